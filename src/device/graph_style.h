@@ -1,0 +1,72 @@
+#pragma once
+
+#include "device/device.h"
+#include "device/text_block.h"
+
+#include <QRectF>
+#include <QString>
+
+namespace ORR::Graph {
+
+// Turns the DOT attributes of graph objects into a device's paint values: engines never read paint
+// attributes themselves. A plain pair of graph and device, neither of them owned.
+//
+//   attribute      of                        meaning, default
+//   color          pens; an edge's fill      colour spec, black
+//   fillcolor      fill of nodes, clusters   colour spec, no fill
+//   style          fill, pen                 holds "radial", "dashed", "dotted"
+//   gradientAngle  fill                      degrees, 0
+//   penwidth       pen                       whole points, 1
+//   fontname       label                     family, default font
+//   fontsize       label                     points, default font
+//   fontcolor      label                     colour string, black
+//   label          label                     text with the escapes \n, \l and \r
+//
+// A colour spec is a colour string, or several of them with ";" between: a gradient through them,
+// where the area that it is to fill is known and not tiny, and otherwise the first of them. Nothing
+// here fails: what does not parse takes its default.
+class GraphStyle
+{
+public:
+    GraphStyle(DotGraph *dotGraph, Device *drawingDevice) : graph(dotGraph), device(drawingDevice)
+    {
+    }
+
+    // `bounds` is the area that a gradient spans; null gives a solid colour. Null if spec is empty.
+    Device::Color *paint(const QString &spec, const QString &style, const QString &angle,
+                         const QRectF *bounds) const;
+    Device::Color *clusterFill(const DotSubgraph *subgraph, const QRectF *bounds) const;
+    Device::Color *edgeFill(const DotEdge *edge, const QRectF *bounds) const;
+    Device::Color *nodeFill(const DotNode *node, const QRectF *bounds) const;
+
+    // The default font unless both a family and a size are given.
+    Device::Font *fontFor(const QString &family, const QString &size) const;
+    Device::Font *clusterFont(const DotSubgraph *subgraph) const;
+    Device::Font *edgeFont(const DotEdge *edge) const;
+    Device::Font *nodeFont(const DotNode *node) const;
+
+    Device::Pen *penFor(const QString &color, const QString &style, const QString &width) const;
+    Device::Pen *clusterPen(const DotSubgraph *subgraph) const;
+    // plain: without the edge's `style`, so that its dashes do not reach its arrow heads.
+    Device::Pen *edgePen(const DotEdge *edge, bool plain) const;
+    Device::Pen *nodePen(const DotNode *node) const;
+
+    // The measured label; an empty block if there is none.
+    TextBlock clusterLabel(const DotSubgraph *subgraph) const;
+    TextBlock edgeLabel(const DotEdge *edge) const;
+    TextBlock nodeLabel(const DotNode *node) const;
+
+    // Splits at the escapes \n (centred), \l (left) and \r (right), each of which ends a line; a
+    // line feed is a \n. A backslash behind another one escapes nothing.
+    TextBlock textBlock(const QString &text, Device::Font *font, const QString &color) const;
+
+    QString clusterAttribute(const DotSubgraph *subgraph, const QString &name) const;
+    QString edgeAttribute(const DotEdge *edge, const QString &name) const;
+    QString nodeAttribute(const DotNode *node, const QString &name) const;
+
+private:
+    DotGraph *graph;
+    Device *device;
+};
+
+} // namespace ORR::Graph

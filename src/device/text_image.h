@@ -1,0 +1,26 @@
+#pragma once
+
+#include "device/device.h"
+
+namespace ORR::Graph {
+
+// The measuring of text, which needs no device object, and the base of the devices that draw rich
+// text as plain.
+class TextImage : public Device
+{
+public:
+    using Device::Device;
+
+    // The size of a text in its own font. Plain text is measured as it stands, with its line feeds;
+    // rich text as an HTML document without a margin. An invalid size for null.
+    static QSize textSize(const Text *text, bool rich);
+    static QSize textSize(const QString &text, const Font *font, bool rich);
+
+    static int fontLeading(const Font *font);
+    static int fontLineSpacing(const Font *font);
+
+    // Draws the plain text of the HTML.
+    void drawRichText(QPoint topLeft, Text *text) override;
+};
+
+} // namespace ORR::Graph

@@ -1,0 +1,295 @@
+#include "graph/dot_graph.h"
+
+#include "graph/palette.h"
+
+namespace ORR::Graph {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A power of two. Trees of ordinary depth never reach the first checkpoint and pay nothing.
+constexpr int checkpointDistance = 64;
+
+bool isCheckpoint(const DotSubgraph *subgraph)
+{
+    return subgraph->depth % checkpointDistance == checkpointDistance - 1;
+}
+
+} // namespace
+
+DotGraph::DotGraph()
+{
+    rootSubgraph = &subgraphs.emplace_back();
+    rootSubgraph->id = u"name"_s;
+
+    const Palette &palette = Palette::instance();
+    const QString all;
+    declareAttribute(rootSubgraph, u"bgcolor"_s, u"none"_s, u"graph"_s);
+    declareAttribute(rootSubgraph, u"fillcolor"_s, palette.background(), u"node,graph"_s);
+    declareAttribute(rootSubgraph, u"fontcolor"_s, palette.foreground(), all);
+    declareAttribute(rootSubgraph, u"color"_s, palette.foreground(), u"node,edge"_s);
+    declareAttribute(rootSubgraph, u"fontname"_s, palette.fontName(), all);
+    declareAttribute(rootSubgraph, u"fontsize"_s, palette.fontSize(), all);
+    declareAttribute(rootSubgraph, u"label"_s, palette.none(), u"node,graph,edge"_s);
+    declareAttribute(rootSubgraph, u"style"_s, u"filled"_s, u"node"_s);
+}
+
+DotGraph::~DotGraph() = default;
+
+// Registers a record under its id, or under the next automatic one, and returns that id.
+template <typename Record>
+QString DotGraph::takeId(const QString &id, QLatin1StringView prefix,
+                         QHash<QString, Record *> &registry, Record *record)
+{
+    const QString taken = id.isEmpty() ? prefix + QString::number(++idCounter) : id;
+    registry.insert(taken, record);
+    return taken;
+}
+
+DotSubgraph *DotGraph::addSubgraph(DotSubgraph *parent, const QString &id, QLatin1StringView prefix)
+{
+    DotSubgraph *subgraph = &subgraphs.emplace_back();
+    subgraph->parent = parent;
+    subgraph->depth = parent->depth + 1;
+    subgraph->id = takeId(id, prefix, subgraphsById, subgraph);
+    parent->subgraphs.append(subgraph);
+    return subgraph;
+}
+
+DotSubgraph *DotGraph::createSubgraph(DotSubgraph *parent, const QString &id)
+{
+    return addSubgraph(parent, id, "__G"_L1);
+}
+
+DotSubgraph *DotGraph::createCluster(DotSubgraph *parent, const QString &label, const QString &id)
+{
+    DotSubgraph *cluster = addSubgraph(parent, id, "cluster_"_L1);
+    if (!label.isEmpty())
+        setGraphAttribute(cluster, u"label"_s, label);
+    return cluster;
+}
+
+DotNode *DotGraph::createNode(DotSubgraph *owner, const QString &label, const QString &id)
+{
+    DotNode *node = &nodes.emplace_back();
+    node->owner = owner;
+    node->id = takeId(id, "__N"_L1, nodesById, node);
+    owner->nodes.append(node);
+    if (!label.isEmpty())
+        setNodeAttribute(node, u"label"_s, label);
+    return node;
+}
+
+DotEdge *DotGraph::createEdge(DotNode *tail, DotNode *head, const QString &label)
+{
+    DotEdge *edge = &edges.emplace_back();
+    edge->tail = tail;
+    edge->head = head;
+    commonSubgraph(tail->owner, head->owner)->edges.append(edge);
+    linkAsNewest(edge);
+    if (!rings.isEmpty())
+        addToRing(edge);
+    if (!label.isEmpty())
+        setEdgeAttribute(edge, u"label"_s, label);
+    return edge;
+}
+
+void DotGraph::linkAsNewest(DotEdge *edge)
+{
+    DotNode *tail = edge->tail;
+    edge->newer = nullptr;
+    edge->older = tail->newestOut;
+    if (tail->newestOut)
+        tail->newestOut->newer = edge;
+    else
+        tail->oldestOut = edge;
+    tail->newestOut = edge;
+}
+
+void DotGraph::unlink(DotEdge *edge)
+{
+    DotNode *tail = edge->tail;
+    if (edge->newer)
+        edge->newer->older = edge->older;
+    else
+        tail->newestOut = edge->older;
+    if (edge->older)
+        edge->older->newer = edge->newer;
+    else
+        tail->oldestOut = edge->newer;
+}
+
+void DotGraph::addToRing(DotEdge *edge)
+{
+    EdgeRing &ring = rings[{edge->tail, edge->head}];
+    // The newest place of the ring is the one just before its oldest edge.
+    if (ring.oldest == 0)
+        ring.edges.append(edge);
+    else
+        ring.edges.insert(ring.oldest++, edge);
+}
+
+void DotGraph::setGraphAttribute(DotSubgraph *subgraph, const QString &name, const QString &value)
+{
+    subgraph->attributes.insert(name, value);
+    graphMemo.remove(name);
+}
+
+void DotGraph::setNodeAttribute(DotNode *node, const QString &name, const QString &value)
+{
+    node->attributes.insert(name, value);
+}
+
+void DotGraph::setEdgeAttribute(DotEdge *edge, const QString &name, const QString &value)
+{
+    edge->attributes.insert(name, value);
+}
+
+void DotGraph::declareAttribute(DotSubgraph *subgraph, const QString &name, const QString &value,
+                                const QString &kinds)
+{
+    QString reached = kinds;
+    if (kinds.isNull()) {
+        if (name == "htmllabels"_L1)
+            htmlLabelsOn = value == "on"_L1;
+        else
+            reached = u"graph,node,edge"_s;
+    }
+    if (reached.contains("edge"_L1)) {
+        subgraph->edgeDefaults.insert(name, value);
+        edgeMemo.remove(name);
+    }
+    if (reached.contains("graph"_L1))
+        setGraphAttribute(subgraph, name, value);
+    if (reached.contains("node"_L1)) {
+        subgraph->nodeDefaults.insert(name, value);
+        nodeMemo.remove(name);
+    }
+}
+
+void DotGraph::setUserData(DotObject *object, const QVariant &data)
+{
+    object->userData = data;
+}
+
+QVariant DotGraph::userData(const DotObject *object)
+{
+    return object ? object->userData : QVariant();
+}
+
+const QString *DotGraph::inherited(const DotSubgraph *start, const QString &name,
+                                   AttributeMap DotSubgraph::*map, InheritanceMemo &memo) const
+{
+    QList<const DotSubgraph *> passed; // checkpoints that knew nothing yet
+    const DotSubgraph *holder = start;
+    for (; holder; holder = holder->parent) {
+        if ((holder->*map).contains(name))
+            break;
+        if (!isCheckpoint(holder))
+            continue;
+        const auto known = std::as_const(memo).constFind(name);
+        if (known != memo.cend()) {
+            const auto entry = known->constFind(holder);
+            if (entry != known->cend()) {
+                holder = *entry;
+                break;
+            }
+        }
+        passed.append(holder);
+    }
+    for (const DotSubgraph *checkpoint : std::as_const(passed))
+        memo[name].insert(checkpoint, holder);
+    return holder ? (holder->*map).find(name) : nullptr;
+}
+
+QString DotGraph::graphAttribute(const DotSubgraph *subgraph, const QString &name) const
+{
+    const QString *value = inherited(subgraph, name, &DotSubgraph::attributes, graphMemo);
+    return value ? *value : QString();
+}
+
+QString DotGraph::nodeDefault(const DotSubgraph *subgraph, const QString &name) const
+{
+    const QString *value = inherited(subgraph, name, &DotSubgraph::nodeDefaults, nodeMemo);
+    return value ? *value : QString();
+}
+
+QString DotGraph::edgeDefault(const DotSubgraph *subgraph, const QString &name) const
+{
+    const QString *value = inherited(subgraph, name, &DotSubgraph::edgeDefaults, edgeMemo);
+    return value ? *value : QString();
+}
+
+QString DotGraph::nodeAttribute(const DotNode *node, const QString &name) const
+{
+    const QString *own = node->attributes.find(name);
+    return own ? *own : nodeDefault(node->owner, name);
+}
+
+QString DotGraph::edgeAttribute(const DotEdge *edge, const QString &name) const
+{
+    const QString *own = edge->attributes.find(name);
+    return own ? *own : edgeDefault(commonSubgraph(edge->tail->owner, edge->head->owner), name);
+}
+
+DotSubgraph *DotGraph::commonSubgraph(DotSubgraph *a, DotSubgraph *b)
+{
+    if (!a || !b)
+        return a ? a : b;
+    while (a != b) {
+        DotSubgraph *&deeper = a->depth >= b->depth ? a : b;
+        deeper = deeper->parent;
+        if (!deeper)
+            return nullptr;
+    }
+    return a;
+}
+
+QList<DotNode *> DotGraph::successors(const DotNode *node) const
+{
+    QList<DotNode *> heads;
+    for (const DotEdge *edge = node->newestOut; edge; edge = edge->older)
+        heads.append(edge->head);
+    return heads;
+}
+
+DotNode *DotGraph::predecessor(const DotNode *node)
+{
+    if (inNeighbours.isEmpty()) {
+        for (const DotEdge &edge : edges)
+            inNeighbours.insert(edge.head, edge.tail);
+    }
+    const auto [first, last] = std::as_const(inNeighbours).equal_range(node);
+    return first != last && std::next(first) == last ? *first : nullptr;
+}
+
+DotEdge *DotGraph::takeEdge(DotNode *tail, DotNode *head)
+{
+    if (rings.isEmpty()) {
+        // By age, tail by tail: creation order is the order of age until the first edge is taken.
+        for (DotEdge &edge : edges)
+            addToRing(&edge);
+    }
+    const auto found = rings.find({tail, head});
+    if (found == rings.end())
+        return nullptr;
+    EdgeRing &ring = *found;
+    DotEdge *edge = ring.edges.at(ring.oldest);
+    ring.oldest = (ring.oldest + 1) % ring.edges.size();
+    unlink(edge);
+    linkAsNewest(edge);
+    return edge;
+}
+
+QList<DotNode *> DotGraph::allNodes() const
+{
+    return nodesById.values();
+}
+
+QList<DotSubgraph *> DotGraph::allSubgraphs() const
+{
+    return subgraphsById.values();
+}
+
+} // namespace ORR::Graph

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "graph/dot_graph.h"
+
+#include <QByteArray>
+
+#include <memory>
+
+namespace ORR::Graph {
+
+// Reads a whole DOT text into a graph. Null if the text is rejected, for whatever reason; there is
+// no message and no position. The dialect:
+//
+//   file      = "digraph" [ID] body
+//   body      = "{" statement* "}"
+//   statement = ( "graph" attrs | "node" attrs | "edge" attrs      defaults of the enclosing body
+//               | "subgraph" [ID] body                             always a new subgraph
+//               | ID attrs | ID "->" ID attrs ) [";"]
+//   attrs     = [ "[" ( ID "=" ID [","] )* "]" ]
+//
+// Keywords may be quoted and are case-sensitive. There are no `name = value` statements, no chains
+// of edges and no ports; the name of the graph is dropped.
+//
+// The work is linear in the text, nesting is bounded by memory only, and a text of 2 GiB or more is
+// rejected.
+std::unique_ptr<DotGraph> parseDot(const QByteArray &input);
+
+} // namespace ORR::Graph

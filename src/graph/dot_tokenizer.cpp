@@ -1,0 +1,159 @@
+#include "graph/dot_tokenizer.h"
+
+#include <array>
+#include <cstring>
+
+namespace ORR::Graph {
+
+namespace {
+
+QByteArray withLineFeeds(const QByteArray &text)
+{
+    if (!text.contains('\r'))
+        return text;
+    QByteArray result;
+    result.reserve(text.size());
+    const char *next = text.constData();
+    const char *const end = next + text.size();
+    while (next < end) {
+        if (*next != '\r') {
+            result.append(*next++);
+            continue;
+        }
+        result.append('\n');
+        ++next;
+        if (next < end && *next == '\n')
+            ++next;
+    }
+    return result;
+}
+
+constexpr auto stopsIdentifier = [] {
+    std::array<bool, 256> stops{};
+    for (const unsigned char c : {'\t', '\n', ' ', ',', ';', '=', ']', '}', '\0'})
+        stops[c] = true;
+    return stops;
+}();
+
+bool isStop(char c)
+{
+    return stopsIdentifier[static_cast<unsigned char>(c)];
+}
+
+} // namespace
+
+DotTokenizer::DotTokenizer(const QByteArray &text) : input(withLineFeeds(text))
+{
+    next();
+}
+
+DotToken DotTokenizer::next()
+{
+    currentText = {};
+    currentKind = readToken();
+    return currentKind;
+}
+
+// Reading one byte past the end is fine throughout: a QByteArray ends in a NUL.
+DotToken DotTokenizer::readToken()
+{
+    const char *const data = input.constData();
+    while (data[position] == ' ' || data[position] == '\t' || data[position] == '\n')
+        ++position;
+    switch (data[position]) {
+    case '\0':
+        return DotToken::End;
+    case ',':
+        ++position;
+        return DotToken::Comma;
+    case '=':
+        ++position;
+        return DotToken::Equals;
+    case '{':
+        ++position;
+        return DotToken::OpenBrace;
+    case '[':
+        ++position;
+        return DotToken::OpenBracket;
+    case '}':
+        ++position;
+        return DotToken::CloseBrace;
+    case ']':
+        ++position;
+        return DotToken::CloseBracket;
+    case ';':
+        ++position;
+        return DotToken::Semicolon;
+    case '-':
+        return readDash();
+    case '"':
+        return readQuoted();
+    default:
+        return readUnquoted(position);
+    }
+}
+
+DotToken DotTokenizer::readUnquoted(qsizetype start)
+{
+    const char *const data = input.constData();
+    while (!isStop(data[position]))
+        ++position;
+    currentText = QByteArrayView(data + start, position - start);
+    return DotToken::Identifier;
+}
+
+DotToken DotTokenizer::readDash()
+{
+    ++position;
+    if (input.constData()[position] == '>') {
+        ++position;
+        return DotToken::Arrow;
+    }
+    // The byte behind the dash is stepped over unseen, whatever it is.
+    if (position < input.size())
+        ++position;
+    readUnquoted(position);
+    assembled = QByteArray("-").append(currentText);
+    currentText = assembled;
+    return DotToken::Identifier;
+}
+
+DotToken DotTokenizer::readQuoted()
+{
+    const char *const data = input.constData();
+    ++position;
+    qsizetype start = position;
+    bool pieces = false; // part of the text stands in `assembled` already
+    const auto flush = [&] {
+        if (!pieces)
+            assembled.truncate(0);
+        pieces = true;
+        assembled.append(data + start, position - start);
+    };
+    for (;; ++position) {
+        const char c = data[position];
+        if (c == '"')
+            break;
+        if (c == '\0')
+            return DotToken::End;
+        if (c != '\\')
+            continue;
+        const char escaped = data[position + 1];
+        if (escaped != '\n' && escaped != '"')
+            continue;
+        flush();
+        ++position;
+        // A line feed vanishes with its backslash; a quote begins the next piece of the text.
+        start = escaped == '"' ? position : position + 1;
+    }
+    if (pieces) {
+        assembled.append(data + start, position - start);
+        currentText = assembled;
+    } else {
+        currentText = QByteArrayView(data + start, position - start);
+    }
+    ++position;
+    return DotToken::Identifier;
+}
+
+} // namespace ORR::Graph

@@ -1,0 +1,86 @@
+#include "graph/dot_tokenizer.h"
+
+#include <gtest/gtest.h>
+
+#include <QList>
+#include <QPair>
+
+using namespace ORR::Graph;
+
+namespace {
+
+using Tokens = QList<QPair<int, QByteArray>>;
+
+constexpr int id = static_cast<int>(DotToken::Identifier);
+
+// All tokens of a text up to its end.
+Tokens tokensOf(const QByteArray &input)
+{
+    Tokens tokens;
+    DotTokenizer tokenizer(input);
+    for (; tokenizer.kind() != DotToken::End; tokenizer.next())
+        tokens.append({static_cast<int>(tokenizer.kind()), tokenizer.text().toByteArray()});
+    return tokens;
+}
+
+} // namespace
+
+TEST(DotTokenizer, reads_every_kind_of_token)
+{
+    const Tokens expected{{id, "a"}, {1, ""}, {id, "b c"}, {3, ""}, {4, ""},
+                          {5, ""},   {6, ""}, {7, ""},     {8, ""}, {9, ""}};
+    EXPECT_EQ(tokensOf("a -> \"b c\",={[}];"), expected);
+}
+
+TEST(DotTokenizer, dash_swallows_the_byte_behind_it)
+{
+    EXPECT_EQ(tokensOf("-12"), (Tokens{{id, "-2"}}));
+    EXPECT_EQ(tokensOf("-5"), (Tokens{{id, "-"}}));
+    EXPECT_EQ(tokensOf("-"), (Tokens{{id, "-"}}));
+    EXPECT_EQ(tokensOf("-1.5]"), (Tokens{{id, "-.5"}, {8, ""}}));
+    EXPECT_EQ(tokensOf("- a"), (Tokens{{id, "-a"}}));
+    EXPECT_EQ(tokensOf("-} b"), (Tokens{{id, "-"}, {id, "b"}}));
+    EXPECT_EQ(tokensOf("--> a"), (Tokens{{id, "->"}, {id, "a"}}));
+}
+
+TEST(DotTokenizer, brackets_and_quotes_do_not_stop_an_unquoted_identifier)
+{
+    EXPECT_EQ(tokensOf("a[b{c\"d-e>f:g<h=i"),
+              (Tokens{{id, "a[b{c\"d-e>f:g<h"}, {4, ""}, {id, "i"}}));
+}
+
+TEST(DotTokenizer, quoted_text_unescapes_only_quotes_and_line_feeds)
+{
+    EXPECT_EQ(tokensOf(R"("x\"y")"), (Tokens{{id, "x\"y"}}));
+    EXPECT_EQ(tokensOf("\"a\\\nb\""), (Tokens{{id, "ab"}}));
+    EXPECT_EQ(tokensOf(R"("a\\b\n\l")"), (Tokens{{id, R"(a\\b\n\l)"}}));
+    EXPECT_EQ(tokensOf(R"("a\\"b")"), (Tokens{{id, R"(a\"b)"}}));
+    EXPECT_EQ(tokensOf(R"("")"), (Tokens{{id, ""}}));
+    EXPECT_EQ(tokensOf(R"("\"" "\"\"")"), (Tokens{{id, "\""}, {id, "\"\""}}));
+}
+
+TEST(DotTokenizer, line_ends_become_line_feeds_everywhere)
+{
+    EXPECT_EQ(tokensOf("\"a\r\nb\rc\""), (Tokens{{id, "a\nb\nc"}}));
+    EXPECT_EQ(tokensOf("a\rb"), (Tokens{{id, "a"}, {id, "b"}}));
+}
+
+TEST(DotTokenizer, ends_at_nul_and_at_an_unterminated_string)
+{
+    EXPECT_EQ(tokensOf(QByteArray("a\0b", 3)), (Tokens{{id, "a"}}));
+    EXPECT_EQ(tokensOf(QByteArray("\"a\0b\"", 5)), Tokens());
+    EXPECT_EQ(tokensOf("\"abc"), Tokens());
+    EXPECT_EQ(tokensOf("\"abc\\"), Tokens());
+    EXPECT_EQ(tokensOf(""), Tokens());
+    EXPECT_EQ(tokensOf(" \t\n"), Tokens());
+}
+
+TEST(DotTokenizer, form_feed_and_no_break_space_are_no_white_space)
+{
+    EXPECT_EQ(tokensOf("a\fb"), (Tokens{{id, "a\fb"}}));
+}
+
+TEST(DotTokenizer, there_are_no_comments)
+{
+    EXPECT_EQ(tokensOf("// #x /*"), (Tokens{{id, "//"}, {id, "#x"}, {id, "/*"}}));
+}
