@@ -1,5 +1,7 @@
 #include "driver/format_table.h"
 
+#include "output/xdot.h"
+
 #include <QFileInfo>
 
 #include <algorithm>
@@ -29,7 +31,7 @@ std::optional<DriverFormat> formatAt(qsizetype position)
 const std::array<FormatRow, 6> &formatTable()
 {
     static constexpr std::array<FormatRow, 6> table{{
-        {"xdot1.2"_L1, 0, nullptr},
+        {"xdot1.2"_L1, 0, make<Graph::XDot>},
         {"jpg"_L1, 5, nullptr},
         {"png"_L1, 4, nullptr},
         {"svg"_L1, 1, nullptr},

@@ -1,8 +1,29 @@
 #include "driver/layout_table.h"
 
+#include "layout/charts/bar_chart.h"
+#include "layout/charts/treemap.h"
+
+using namespace ORR::Graph::Layout;
 using namespace Qt::StringLiterals;
 
 namespace ORR::Driver {
+
+namespace {
+
+// Engines start in one of three ways: from the context, from the graph and the device, or with both
+// given to the constructor. The engine lives as long as its run.
+template <typename Engine>
+QString start(Graph::LayoutContext context)
+{
+    if constexpr (requires { Engine(context.graph, context.device).run(); })
+        return Engine(context.graph, context.device).run();
+    else if constexpr (requires { Engine().run(context); })
+        return Engine().run(context);
+    else
+        return Engine().run(context.graph, context.device);
+}
+
+} // namespace
 
 const std::array<LayoutRow, 8> &layoutTable()
 {
@@ -13,8 +34,8 @@ const std::array<LayoutRow, 8> &layoutTable()
         {"matrix"_L1, nullptr},
         {"flatbubble"_L1, nullptr},
         {"sunburst"_L1, nullptr},
-        {"treemap"_L1, nullptr},
-        {"bar"_L1, nullptr},
+        {"treemap"_L1, start<Treemap>},
+        {"bar"_L1, start<BarChart>},
     }};
     return table;
 }
