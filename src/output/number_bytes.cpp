@@ -2,6 +2,7 @@
 
 #include "graph/numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -35,72 +36,73 @@ constexpr std::array<Decimals, 10> decimalsTable{{
     {1e6, 0, 1e0},
 }};
 
-void appendSlowly(QByteArray &bytes, double value)
+char *writeSlowly(char *out, double value)
 {
-    bytes.append(numberText(value).toLatin1());
+    const QByteArray text = numberText(value).toLatin1();
+    return std::copy(text.cbegin(), text.cend(), out);
 }
 
 // `digits` / 10^decimals without the zeros at its end; `digits` is not 0.
-void appendDecimal(QByteArray &bytes, int digits, int decimals)
+char *writeDecimal(char *out, int digits, int decimals)
 {
     while (decimals > 0 && digits % 10 == 0) {
         digits /= 10;
         --decimals;
     }
-    std::array<char, 16> text;
-    char *const textEnd = std::to_chars(text.begin(), text.end(), digits).ptr;
-    const auto length = static_cast<int>(std::distance(text.begin(), textEnd));
-    const int wholeDigits = length - decimals;
-    if (decimals == 0) {
-        bytes.append(text.data(), length);
-    } else if (wholeDigits > 0) {
-        bytes.append(text.data(), wholeDigits).append('.');
-        bytes.append(text.data() + wholeDigits, decimals);
-    } else {
-        bytes.append("0.").append(-wholeDigits, '0').append(text.data(), length);
+    std::array<char, longestNumber> text;
+    const char *const textEnd = writeNumber(text.data(), digits);
+    const auto wholeDigits = std::distance<const char *>(text.data(), textEnd) - decimals;
+    if (decimals == 0)
+        return std::copy<const char *>(text.data(), textEnd, out);
+    if (wholeDigits <= 0) {
+        *out++ = '0';
+        *out++ = '.';
+        out = std::fill_n(out, -wholeDigits, '0');
+        return std::copy<const char *>(text.data(), textEnd, out);
     }
+    const char *const point = std::next(text.data(), wholeDigits);
+    out = std::copy<const char *>(text.data(), point, out);
+    *out++ = '.';
+    return std::copy(point, textEnd, out);
 }
 
 } // namespace
 
-void appendNumber(QByteArray &bytes, int value)
+char *writeNumber(char *out, int value)
 {
-    std::array<char, 16> text;
-    char *const textEnd = std::to_chars(text.begin(), text.end(), value).ptr;
-    bytes.append(text.data(), std::distance(text.begin(), textEnd));
+    return std::to_chars(out, std::next(out, longestNumber), value).ptr;
 }
 
-void appendNumber(QByteArray &bytes, double value)
+char *writeNumber(char *out, double value)
 {
     const double magnitude = std::fabs(value);
-    if (!(magnitude < beyondSixDigits)) {
-        appendSlowly(bytes, value);
-        return;
-    }
+    if (!(magnitude < beyondSixDigits))
+        return writeSlowly(out, value);
     const int whole = static_cast<int>(value);
-    if (whole == value) {
-        appendNumber(bytes, whole);
-        return;
-    }
-    if (magnitude < 1e-4) {
-        appendSlowly(bytes, value);
-        return;
-    }
+    if (whole == value)
+        return writeNumber(out, whole);
+    if (magnitude < 1e-4)
+        return writeSlowly(out, value);
     const Decimals *row = decimalsTable.data();
     while (magnitude >= row->below)
         ++row;
     const double scaled = magnitude * row->power;
-    const double floor = std::floor(scaled);
     const int digits = static_cast<int>(scaled + 0.5);
     // The product carries an error of some 1e-10. That decides nothing, except near the middle of
     // two texts and where rounding adds a digit.
-    if (std::fabs(scaled - floor - 0.5) < 1e-6 || digits >= beyondSixDigits) {
-        appendSlowly(bytes, value);
-        return;
-    }
+    const bool isDoubtful = std::fabs(scaled - std::floor(scaled) - 0.5) < 1e-6;
+    if (isDoubtful || digits >= beyondSixDigits)
+        return writeSlowly(out, value);
     if (value < 0)
-        bytes.append('-');
-    appendDecimal(bytes, digits, row->count);
+        *out++ = '-';
+    return writeDecimal(out, digits, row->count);
+}
+
+void appendNumber(QByteArray &bytes, double value)
+{
+    std::array<char, longestNumber> text;
+    const char *const textEnd = writeNumber(text.data(), value);
+    bytes.append(text.data(), std::distance<const char *>(text.data(), textEnd));
 }
 
 } // namespace ORR::Graph

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "output/number_bytes.h"
+
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QFile>
 #include <QString>
 
+#include <algorithm>
 #include <memory>
 
 namespace ORR::Graph {
@@ -28,19 +31,40 @@ public:
     // Whether there is anything to write to. If not, what is written is dropped.
     bool isOpen() const { return file || buffer; }
 
-    OutputText &operator<<(QByteArrayView text);
-    OutputText &operator<<(int value);
-    OutputText &operator<<(double value); // as `numberText`
+    OutputText &operator<<(QByteArrayView text)
+    {
+        if (text.size() > room())
+            return appendLong(text);
+        std::copy(text.cbegin(), text.cend(), block.get() + used);
+        used += text.size();
+        return *this;
+    }
+    OutputText &operator<<(int value) { return appendNumber(value); }
+    OutputText &operator<<(double value) { return appendNumber(value); } // as `numberText`
 
     // Hands on everything written so far. False if any of it has not arrived.
     bool flush();
 
 private:
-    void handOnIfLarge();
+    static constexpr qsizetype blockSize = 64 * 1024;
+
+    qsizetype room() const { return blockSize - used; }
+    OutputText &appendLong(QByteArrayView text);
+    void handOn(QByteArrayView text);
+
+    template <typename Number>
+    OutputText &appendNumber(Number value)
+    {
+        if (room() < longestNumber)
+            flush();
+        used = writeNumber(block.get() + used, value) - block.get();
+        return *this;
+    }
 
     std::unique_ptr<QFile> file;
     QByteArray *buffer = nullptr;
-    QByteArray pending;
+    std::unique_ptr<char[]> block = std::make_unique<char[]>(blockSize);
+    qsizetype used = 0;
     bool failed = false;
 };
 

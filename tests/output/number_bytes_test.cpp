@@ -3,6 +3,7 @@
 #include "graph/numbers.h"
 #include "support/golden.h"
 
+#include <array>
 #include <cmath>
 #include <limits>
 #include <random>
@@ -30,8 +31,8 @@ TEST(NumberBytes, integers_are_decimal)
     QByteArray bytes;
     for (const int value :
          {0, -7, 42, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
-        appendNumber(bytes, value);
-        bytes.append(' ');
+        std::array<char, longestNumber> text;
+        bytes.append(text.data(), writeNumber(text.data(), value) - text.data()).append(' ');
     }
     EXPECT_EQ(bytes, QByteArray("0 -7 42 2147483647 -2147483648 "));
 }
