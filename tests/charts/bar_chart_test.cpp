@@ -442,6 +442,17 @@ TEST(BarChart, draws_the_same_on_every_run)
     EXPECT_EQ(barChart(randomChart(3)), barChart(randomChart(3)));
 }
 
+TEST(BarChart, starts_anew_with_each_run)
+{
+    BarChart engine;
+    for (int i = 0; i < 2; ++i) {
+        const auto graph = graphOf("digraph { a [area=10] }");
+        RecordingDevice device;
+        engine.run({graph.get(), &device});
+        EXPECT_EQ(device.callsOf(u"begin"_s), QStringList({u"begin 28 16"_s}));
+    }
+}
+
 TEST(BarChart, takes_any_number_in_any_attribute)
 {
     const QByteArrayList numbers{"0",   "\"-1\"",   "1e308", "\"-1e308\"", "1e-308", "nan",

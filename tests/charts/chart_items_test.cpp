@@ -105,6 +105,19 @@ TEST(ChartItems, of_equal_area_keep_their_order_with_subgraphs_before_nodes)
     EXPECT_EQ(itemsByArea(dot, false), QStringList({u"s"_s, u"a"_s, u"c"_s, u"b"_s}));
 }
 
+// Short lists are sorted by insertion and keep their order by chance.
+TEST(ChartItems, of_equal_area_keep_their_order_in_long_lists)
+{
+    QByteArray dot = "digraph { node [area=1] ";
+    QStringList ids;
+    for (int i = 0; i < 200; ++i) {
+        ids += u'n' + QString::number(i * 7919 % 1000);
+        dot += ids.constLast().toLatin1() + " [] ";
+    }
+    EXPECT_EQ(itemsByArea(dot + "}", true), ids);
+    EXPECT_EQ(itemsByArea(dot + "}", false), ids);
+}
+
 TEST(ChartItems, take_what_is_not_a_number_for_the_smallest)
 {
     const QByteArray dot = "digraph { a [area=nan] b [area=\"-inf\"] c [area=nan] d [area=inf] }";
