@@ -86,11 +86,11 @@ TEST_F(Failures, empty_standard_input)
     EXPECT_TRUE(failedWith(run({.arguments = toStandardOutput}), parseMessage));
 }
 
-TEST_F(Failures, temporary_directory_that_is_not_there)
+TEST_F(Failures, temporary_directory_that_takes_no_file)
 {
     EXPECT_TRUE(failedWith(run({.arguments = toStandardOutput,
                                 .input = smallGraph(),
-                                .environment = {{u"TMPDIR"_s, path(u"missing"_s)}}}),
+                                .environment = {{u"TMPDIR"_s, u"/proc"_s}}}),
                            temporaryFileMessage));
 }
 

@@ -40,7 +40,7 @@ TEST_F(Options, version_is_that_of_the_build)
 
 TEST_F(Options, unknown_option_ends_the_run)
 {
-    EXPECT_TRUE(failedWith(run({.arguments = {u"-X"_s}}), "Unknown option 'X'.\n"));
+    EXPECT_TRUE(failedWith(run({.arguments = {u"-X"_s}}), "orrlayout: Unknown option 'X'.\n"));
 }
 
 TEST_F(Options, every_format_of_the_table_is_written)
@@ -112,17 +112,17 @@ TEST_F(Options, file_may_be_written_over_the_input)
 TEST_F(Options, unknown_format_falls_through_to_the_suffix)
 {
     EXPECT_TRUE(
-        succeeded(run({.arguments = {u"-K"_s, u"treemap"_s, u"-T"_s, u"foo"_s, u"-o"_s, u"x.dot"_s},
+        succeeded(run({.arguments = {u"-K"_s, u"treemap"_s, u"-T"_s, u"foo"_s, u"-o"_s, u"x.svg"_s},
                        .input = smallGraph()})));
-    EXPECT_TRUE(fileContent(u"x.dot"_s).startsWith("digraph"));
+    EXPECT_TRUE(fileContent(u"x.svg"_s).contains("<svg"));
 }
 
 TEST_F(Options, format_beats_the_suffix)
 {
-    EXPECT_TRUE(succeeded(
-        run({.arguments = {u"-K"_s, u"treemap"_s, u"-T"_s, u"xdot1.2"_s, u"-o"_s, u"x.png"_s},
-             .input = smallGraph()})));
-    EXPECT_TRUE(fileContent(u"x.png"_s).startsWith("digraph"));
+    EXPECT_TRUE(
+        succeeded(run({.arguments = {u"-K"_s, u"treemap"_s, u"-T"_s, u"svg"_s, u"-o"_s, u"x.png"_s},
+                       .input = smallGraph()})));
+    EXPECT_TRUE(fileContent(u"x.png"_s).contains("<svg"));
 }
 
 TEST_F(Options, suffix_alias_selects_its_format)
@@ -169,6 +169,29 @@ TEST_F(Options, missing_or_unknown_engine_fails)
     EXPECT_TRUE(failedWith(run({.arguments = {u"-T"_s, u"xdot1.2"_s}, .input = smallGraph()}),
                            layoutMessage + helpText()));
     EXPECT_TRUE(failedWith(draw(smallGraph(), u"xdot1.2"_s, u"foo"_s), layoutMessage + helpText()));
+}
+
+TEST_F(Options, graph_with_its_drawing_is_replayed_without_an_engine)
+{
+    const QByteArray drawn = draw(smallGraph()).output;
+    const ProgramRun replayed = run({.arguments = {u"-T"_s, u"svg"_s}, .input = drawn});
+    EXPECT_TRUE(succeeded(replayed));
+    EXPECT_TRUE(replayed.output.contains(">Alpha<")) << replayed.output.toStdString();
+    EXPECT_EQ(draw(drawn, u"svg"_s, u"foo"_s).output, replayed.output);
+}
+
+TEST_F(Options, empty_version_of_the_drawing_counts)
+{
+    EXPECT_TRUE(succeeded(
+        run({.arguments = {u"-T"_s, u"svg"_s}, .input = "digraph { graph [xdotversion=\"\"]; }"})));
+}
+
+TEST_F(Options, drawing_inside_a_subgraph_is_not_replayed)
+{
+    EXPECT_TRUE(
+        failedWith(run({.arguments = {u"-T"_s, u"svg"_s},
+                        .input = "digraph { subgraph x { graph [xdotversion=\"1.2\"]; } }"}),
+                   layoutMessage + helpText()));
 }
 
 TEST_F(Options, temporary_file_is_gone_after_a_successful_run)

@@ -93,5 +93,5 @@ testing::AssertionResult failedWith(const ProgramRun &run, const QByteArray &mes
 
 QByteArray smallGraph()
 {
-    return "digraph { a [label=\"Alpha\" area=3]; b [label=\"Beta\" area=1]; }";
+    return "digraph { a [label=\"Alpha\" area=3]; b [label=\"Beta\" area=1]; a -> b; }";
 }

@@ -70,5 +70,5 @@ testing::AssertionResult succeeded(const ProgramRun &run);
 // A run that failed with just this on standard error and nothing on standard output.
 testing::AssertionResult failedWith(const ProgramRun &run, const QByteArray &message);
 
-// A small graph that every chart engine draws.
+// A small graph that every engine draws.
 QByteArray smallGraph();

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QStringList arguments{u"-K"_s, u"treemap"_s, u"-T"_s, u"xdot1.2"_s};
+const QStringList arguments{u"-K"_s, u"treemap"_s, u"-T"_s, u"svg"_s};
 
 // A graph whose drawing is full of fractions.
 const QByteArray fractions =
@@ -35,7 +35,7 @@ protected:
         return traced.errors.mid(traced.errors.lastIndexOf("ORRHOME: ["));
     }
 
-    const QByteArray plainly = draw(fractions).output;
+    const QByteArray plainly = draw(fractions, u"svg"_s).output;
     // The build tree is laid out like an installation.
     const QString home =
         QDir::cleanPath(QFileInfo(QStringLiteral(ORR_PROGRAM)).path() + u"/../.."_s);
@@ -61,7 +61,7 @@ TEST_F(Surroundings, nothing_is_printed_in_an_empty_environment)
              .input = fractions,
              .command = u"/usr/bin/env"_s});
     EXPECT_TRUE(succeeded(drawn));
-    EXPECT_TRUE(drawn.output.startsWith("digraph"));
+    EXPECT_TRUE(drawn.output.contains("<svg"));
 }
 
 TEST_F(Surroundings, nothing_is_printed_about_a_font_cache_that_cannot_be_written)
@@ -103,7 +103,7 @@ TEST_F(Surroundings, locale_with_decimal_comma_changes_nothing)
 TEST_F(Surroundings, same_input_gives_the_same_bytes)
 {
     for (int i = 0; i < 3; ++i)
-        EXPECT_EQ(draw(fractions).output, plainly);
+        EXPECT_EQ(draw(fractions, u"svg"_s).output, plainly);
     EXPECT_EQ(drawIn({{u"QT_HASH_SEED"_s, u"4711"_s}}).output, plainly);
 }
 
@@ -111,9 +111,9 @@ TEST_F(Surroundings, file_names_are_utf8_in_every_locale)
 {
     writeFile(u"größe.dot"_s, fractions);
     EXPECT_TRUE(succeeded(
-        run({.arguments = {u"-K"_s, u"treemap"_s, u"-o"_s, u"übersicht.dot"_s, u"größe.dot"_s},
+        run({.arguments = {u"-K"_s, u"treemap"_s, u"-o"_s, u"übersicht.svg"_s, u"größe.dot"_s},
              .environment = {{u"LC_ALL"_s, u"C"_s}}})));
-    EXPECT_EQ(fileContent(u"übersicht.dot"_s), plainly);
+    EXPECT_EQ(fileContent(u"übersicht.svg"_s), plainly);
 }
 
 TEST_F(Surroundings, choice_of_platform_is_respected)
@@ -144,11 +144,15 @@ TEST_F(Surroundings, toolkit_talks_to_those_who_ask_it)
 
 TEST_F(Surroundings, labels_are_html_with_one_exact_entry)
 {
-    const QByteArray graph = "digraph { a [area=1 label=\"<b>bold</b>\"] }";
-    const QByteArray plain = draw(graph).output;
+    const QByteArray graph = draw("digraph { a [area=1 label=\"<b>bold</b>\"] }").output;
     const auto with = [&](const QString &name, const QString &value) {
-        return drawIn({{name, value}}, graph).output;
+        return run({.arguments = {u"-T"_s, u"svg"_s},
+                    .input = graph,
+                    .environment = {{name, value}}})
+            .output;
     };
+    const QByteArray plain = with(u"ORR_GVLAYOUT_USE_HTML"_s, QString());
+    EXPECT_TRUE(plain.contains("&lt;b&gt;")) << plain.toStdString();
     EXPECT_NE(with(u"ORR_GVLAYOUT_USE_HTML"_s, u"1"_s), plain);
     EXPECT_EQ(with(u"ORR_GVLAYOUT_USE_HTML"_s, u"2"_s), plain);
     EXPECT_EQ(with(u"ORR_GVLAYOUT_USE_HTML"_s, u"1 "_s), plain);
