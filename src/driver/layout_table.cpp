@@ -25,6 +25,8 @@ QString start(Graph::LayoutContext context)
         return Engine::run(context);
     else if constexpr (requires { Engine(context.graph, context.device).run(); })
         return Engine(context.graph, context.device).run();
+    else if constexpr (requires { Engine::run(context); })
+        return Engine::run(context);
     else if constexpr (requires { Engine().run(context); })
         return Engine().run(context);
     else
