@@ -21,9 +21,7 @@ namespace {
 template <typename Engine>
 QString start(Graph::LayoutContext context)
 {
-    if constexpr (requires { Engine::run(context); })
-        return Engine::run(context);
-    else if constexpr (requires { Engine(context.graph, context.device).run(); })
+    if constexpr (requires { Engine(context.graph, context.device).run(); })
         return Engine(context.graph, context.device).run();
     else if constexpr (requires { Engine::run(context); })
         return Engine::run(context);
