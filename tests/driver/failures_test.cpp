@@ -88,10 +88,13 @@ TEST_F(Failures, empty_standard_input)
 
 TEST_F(Failures, temporary_directory_that_takes_no_file)
 {
-    EXPECT_TRUE(failedWith(run({.arguments = toStandardOutput,
-                                .input = smallGraph(),
-                                .environment = {{u"TMPDIR"_s, u"/proc"_s}}}),
-                           temporaryFileMessage));
+    writeFile(u"file"_s, "");
+    for (const QString &place : {u"/proc"_s, path(u"missing"_s), path(u"file"_s)})
+        EXPECT_TRUE(failedWith(run({.arguments = toStandardOutput,
+                                    .input = smallGraph(),
+                                    .environment = {{u"TMPDIR"_s, place}}}),
+                               temporaryFileMessage))
+            << place.toStdString();
 }
 
 TEST_F(Failures, output_file_in_a_directory_that_is_not_there)
