@@ -1,6 +1,9 @@
 #pragma once
 
+#include "graph/dot_graph.h"
+
 #include <QByteArray>
+#include <QHash>
 #include <QList>
 #include <QSet>
 
@@ -34,6 +37,45 @@ inline QByteArray glueFormula(const QByteArray &sheet, int connection)
     const QByteArray number = QByteArray::number(connection);
     return "PAR(PNT(Sheet." + sheet + "!Connections.X" + number + ",SHEET." + sheet
         + "!Connections.Y" + number + "))";
+}
+
+// The shapes made for subgraphs. One that is drawn twice is held by its last shape alone.
+template <typename Shape>
+class VisioClusters
+{
+public:
+    void add(const DotSubgraph *subgraph, Shape *shape)
+    {
+        all.append(shape);
+        last.insert(subgraph, shape);
+    }
+    // In the order in which they were made.
+    QList<Shape *> shapes() const
+    {
+        const QSet<Shape *> wanted(last.cbegin(), last.cend());
+        QList<Shape *> found;
+        for (Shape *shape : all) {
+            if (wanted.contains(shape))
+                found.append(shape);
+        }
+        return found;
+    }
+
+private:
+    QList<Shape *> all;
+    QHash<const DotSubgraph *, Shape *> last;
+};
+
+// Those of a device's objects that are of one class of shape.
+template <typename Shape, typename Objects>
+QList<Shape *> visioShapesOf(const Objects &objects)
+{
+    QList<Shape *> found;
+    for (auto *object : objects) {
+        if (auto *shape = dynamic_cast<Shape *>(object))
+            found.append(shape);
+    }
+    return found;
 }
 
 // Walks all clusters from the top-level ones down and ties them and their members together.

@@ -1,27 +1,11 @@
 #include "output/visio/visio_geometry_section.h"
 
-#include "graph/numbers.h"
 #include "output/visio/visio_cells.h"
+#include "output/visio/visio_spline.h"
 
 namespace ORR::Graph {
 
 namespace {
-
-const char *typeName(int kind)
-{
-    switch (kind) {
-    case VisioRow::MoveTo:
-        return "MoveTo";
-    case VisioRow::SplineStart:
-        return "SplineStart";
-    case VisioRow::SplineKnot:
-        return "SplineKnot";
-    case VisioRow::EllipticalArcTo:
-        return "EllipticalArcTo";
-    default:
-        return "LineTo";
-    }
-}
 
 void writePlace(VisioMarkup &section, const char *xName, const char *yName, const VisioRow &row,
                 const VisioFrame &frame)
@@ -46,16 +30,6 @@ void writeArc(VisioMarkup &section, const VisioRow &control, const VisioFrame &f
 
 } // namespace
 
-VisioSpline::VisioSpline(const VisioRow &start) : spanOfKnots(qMax(truncated(start.extra), 1)) { }
-
-VisioSpline VisioSpline::counted(const QList<VisioRow> &rows, qsizetype start)
-{
-    VisioSpline spline(rows.at(start));
-    for (qsizetype i = start + 1; i < rows.size() && rows.at(i).kind == VisioRow::SplineKnot; ++i)
-        spline.count();
-    return spline;
-}
-
 void writeGeometryRows(VisioMarkup &section, int cellsBefore, const QList<VisioRow> &rows,
                        const VisioFrame &frame)
 {
@@ -63,7 +37,7 @@ void writeGeometryRows(VisioMarkup &section, int cellsBefore, const QList<VisioR
     int number = cellsBefore;
     for (qsizetype i = 0; i < rows.size(); ++i) {
         const VisioRow &row = rows.at(i);
-        section.open("Row", {{"T", typeName(row.kind)}, {"IX", QByteArray::number(number++)}});
+        section.open("Row", {{"T", visioRowType(row.kind)}, {"IX", QByteArray::number(number++)}});
         writePlace(section, "X", "Y", row, frame);
         if (row.kind == VisioRow::SplineStart) {
             spline = VisioSpline(row);

@@ -1,6 +1,5 @@
 #include "output/visio/visio_vsdx.h"
 
-#include "output/visio/visio_container.h"
 #include "output/visio/visio_device_path.h"
 #include "output/visio/visio_package.h"
 
@@ -178,8 +177,7 @@ bool VisioVSDX::supportsObjects() const
 Device::Cluster *VisioVSDX::createCluster(DotSubgraph *subgraph)
 {
     VisioShape *shape = createShape(false);
-    clusters.insert(subgraph, shape);
-    clusterOrder.append(shape);
+    clusters.add(subgraph, shape);
     return shape;
 }
 
@@ -269,27 +267,12 @@ void VisioVSDX::glue(const PendingConnection &connection)
     addConnect(connects, edge, "EndX", endPart, *connection.head, head);
 }
 
-// A shape that was made for a subgraph before its last one holds nothing.
 void VisioVSDX::writeContainers()
 {
-    QList<VisioShape *> latest;
-    const QList<VisioShape *> known = clusters.values();
-    const QSet<VisioShape *> last(known.cbegin(), known.cend());
-    for (VisioShape *shape : std::as_const(clusterOrder)) {
-        if (last.contains(shape))
-            latest.append(shape);
-    }
-    const auto shapesOf = [](const auto &objects) {
-        QList<VisioShape *> found;
-        for (auto *object : objects) {
-            if (auto *shape = dynamic_cast<VisioShape *>(object))
-                found.append(shape);
-        }
-        return found;
-    };
     tieContainers(
-        latest, [&](VisioShape *shape) { return shapesOf(clusterObjects(shape)); },
-        [&](VisioShape *shape) { return shapesOf(nodeObjects(shape)); },
+        clusters.shapes(),
+        [this](VisioShape *shape) { return visioShapesOf<VisioShape>(clusterObjects(shape)); },
+        [this](VisioShape *shape) { return visioShapesOf<VisioShape>(nodeObjects(shape)); },
         [](const VisioShape *shape) { return shape->idText(); },
         [](VisioShape *shape, const QByteArray &entries) { shape->setContainer(entries); },
         [](VisioShape *shape, const QByteArray &entries) { shape->setRelationships(entries); });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "device/text_image.h"
+#include "output/visio/visio_container.h"
 #include "output/visio/visio_markup.h"
 #include "output/visio/visio_shape.h"
 
@@ -82,8 +83,7 @@ private:
     QMap<QString, QDomDocument> parts;
     QString fileName;
     QList<VisioShape *> shapeStack; // the open ones, innermost last
-    QHash<const DotSubgraph *, VisioShape *> clusters; // the last shape of each
-    QList<VisioShape *> clusterOrder; // of all that were made
+    VisioClusters<VisioShape> clusters;
     QDomElement shapes;
     int nextId = 1;
     int pageHeight = 0;
