@@ -1,4 +1,5 @@
 // What the program makes of the environment that it is started in.
+#include "driver/format_table.h"
 #include "driver/program_run.h"
 #include "support/golden.h"
 
@@ -9,6 +10,7 @@
 
 #include <unistd.h>
 
+using namespace ORR::Driver;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -102,9 +104,20 @@ TEST_F(Surroundings, locale_with_decimal_comma_changes_nothing)
 
 TEST_F(Surroundings, same_input_gives_the_same_bytes)
 {
-    for (int i = 0; i < 3; ++i)
-        EXPECT_EQ(draw(fractions, u"svg"_s).output, plainly);
-    EXPECT_EQ(drawIn({{u"QT_HASH_SEED"_s, u"4711"_s}}).output, plainly);
+    for (const FormatRow &row : formatTable()) {
+        if (!row.create)
+            continue;
+        const auto drawn = [&](const QString &seed) {
+            return run({.arguments = {u"-K"_s, u"treemap"_s, u"-T"_s, row.name},
+                        .input = fractions,
+                        .environment = {{u"QT_HASH_SEED"_s, seed}}})
+                .output;
+        };
+        const QByteArray first = drawn(QString());
+        EXPECT_FALSE(first.isEmpty()) << row.name.data();
+        EXPECT_TRUE(drawn(QString()) == first) << row.name.data();
+        EXPECT_TRUE(drawn(u"4711"_s) == first) << row.name.data();
+    }
 }
 
 TEST_F(Surroundings, file_names_are_utf8_in_every_locale)
@@ -215,14 +228,28 @@ TEST_F(Surroundings, home_is_found_from_an_installation)
              .command = QStringLiteral(ORR_CMAKE)});
     ASSERT_EQ(installed.status, 0) << installed.errors.toStdString();
     ASSERT_TRUE(QFile::link(prefix + u"/bin/pc-win64/orrlayout"_s, path(u"orrlayout"_s)));
+    const QByteArray package = draw(fractions, u"vsdx"_s).output;
     const QString programs[]{prefix + u"/bin/pc-win64/orrlayout"_s, prefix + u"/bin/orrlayout"_s,
                              path(u"orrlayout"_s)};
     for (const QString &program : programs) {
-        const ProgramRun drawn = run({.arguments = arguments,
+        const ProgramRun drawn = run({.arguments = {u"-K"_s, u"treemap"_s, u"-T"_s, u"vsdx"_s},
                                       .input = fractions,
                                       .environment = {trace},
                                       .command = program});
-        EXPECT_EQ(drawn.output, plainly) << program.toStdString();
         EXPECT_EQ(foundHome(drawn), u"ORRHOME: [%1] from Abs argv0\n"_s.arg(prefix).toUtf8());
+        EXPECT_TRUE(drawn.output == package) << "made from another template";
     }
+}
+
+TEST_F(Surroundings, drawing_without_a_home_is_still_made)
+{
+    ASSERT_TRUE(QFile::copy(QStringLiteral(ORR_PROGRAM), path(u"alone"_s)));
+    const auto drawnBy = [&](const QString &format) {
+        return run({.arguments = {u"-K"_s, u"treemap"_s, u"-T"_s, format},
+                    .input = fractions,
+                    .environment = {{u"PATH"_s, u"/usr/bin"_s}},
+                    .command = path(u"alone"_s)});
+    };
+    EXPECT_EQ(drawnBy(u"svg"_s).output, plainly);
+    EXPECT_TRUE(succeeded(drawnBy(u"vsdx"_s)));
 }
