@@ -120,6 +120,8 @@ std::optional<int> GraflibTree::levelOf(const DotNode *node) const
 bool GraflibTree::levelsAreValid(int levelCount) const
 {
     const QList<DotNode *> &nodes = graph->root()->nodes;
+    if (nodes.size() == reached.size())
+        return true;
     return std::all_of(nodes.cbegin(), nodes.cend(), [&](const DotNode *node) {
         const auto level = levelOf(node);
         return !level || (*level >= 0 && *level < levelCount);
