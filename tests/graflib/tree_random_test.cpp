@@ -122,6 +122,6 @@ TEST(TreeAgainstItsReading, random_graphs_that_may_have_cycles)
 // nearly every parent is pushed.
 TEST(TreeAgainstItsReading, random_graphs_far_out)
 {
-    compareRandomGraphs(14, 200, {.nodes = 40, .crossEdges = 0, .backEdges = 0, .pad = 17146.2});
-    compareRandomGraphs(15, 200, {.nodes = 12, .crossEdges = 6, .backEdges = 0, .pad = 17146.2});
+    compareRandomGraphs(14, 200, {.nodes = 40, .crossEdges = 0, .backEdges = 0, .pad = 17146.17});
+    compareRandomGraphs(15, 200, {.nodes = 12, .crossEdges = 6, .backEdges = 0, .pad = 17146.17});
 }

@@ -225,7 +225,7 @@ std::optional<QSizeF> GraflibTree::placeCompact(int levelCount, double rankSep, 
         if (flipped)
             d1 = levelPositions.back() - d1 - nodeNumber(node, rankExtentAttr);
         graph->setNodeAttribute(node, Names::d1, numberText(d1));
-        graph->setNodeAttribute(node, Names::d2, numberText(placement.positions()[i]));
+        graph->setNodeAttribute(node, Names::d2, numberText(placement.placed()[i]));
     }
     return QSizeF(levelPositions.back(), placement.end() + pad.across);
 }
