@@ -13,13 +13,14 @@ using namespace Qt::StringLiterals;
 
 // The application object: no window is ever shown, but measuring and painting text need it. With it
 // start the libraries below the toolkit, and those complain on standard error of their own accord,
-// about a cache that can't be written for example.
-static void startToolkit(std::optional<QApplication> *application, int *argc, char **argv)
+// about a cache that can't be written for example. It is never taken down, which takes longer than
+// a small drawing; the end of the process does it.
+static void startToolkit(int *argc, char **argv)
 {
     std::optional<QuietStandardError> quiet;
     if (!wantsToolkitMessages())
         quiet.emplace();
-    application->emplace(*argc, argv);
+    new QApplication(*argc, argv);
 }
 
 int main(int argc, char **argv)
@@ -27,8 +28,7 @@ int main(int argc, char **argv)
     const StandardStreams streams = reserveStandardStreams();
     ignoreBrokenPipes();
     prepareToolkit();
-    std::optional<QApplication> application;
-    startToolkit(&application, &argc, argv);
+    startToolkit(&argc, argv);
 
     startApplication(u"orrlayout"_s);
     QApplication::setApplicationVersion(QString::fromLatin1(applicationVersion));
