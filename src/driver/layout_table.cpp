@@ -1,0 +1,64 @@
+#include "driver/layout_table.h"
+
+#include "layout/charts/bar_chart.h"
+#include "layout/charts/treemap.h"
+
+using namespace ORR::Graph::Layout;
+using namespace Qt::StringLiterals;
+
+namespace ORR::Driver {
+
+namespace {
+
+// Engines start in one of three ways: from the context, from the graph and the device, or with both
+// given to the constructor. The engine lives as long as its run.
+template <typename Engine>
+QString start(Graph::LayoutContext context)
+{
+    if constexpr (requires { Engine(context.graph, context.device).run(); })
+        return Engine(context.graph, context.device).run();
+    else if constexpr (requires { Engine().run(context); })
+        return Engine().run(context);
+    else
+        return Engine().run(context.graph, context.device);
+}
+
+} // namespace
+
+const std::array<LayoutRow, 8> &layoutTable()
+{
+    static constexpr std::array<LayoutRow, 8> table{{
+        {"gftree"_L1, nullptr},
+        {"gfdecl"_L1, nullptr},
+        {"umlseq"_L1, nullptr},
+        {"matrix"_L1, nullptr},
+        {"flatbubble"_L1, nullptr},
+        {"sunburst"_L1, nullptr},
+        {"treemap"_L1, start<Treemap>},
+        {"bar"_L1, start<BarChart>},
+    }};
+    return table;
+}
+
+const LayoutRow &layoutRow(LayoutIndex layout)
+{
+    return layoutTable().at(static_cast<size_t>(layout));
+}
+
+QStringList layoutNames()
+{
+    QStringList names;
+    for (const LayoutRow &row : layoutTable())
+        names += row.name;
+    return names;
+}
+
+std::optional<LayoutIndex> chooseLayout(const QString &name)
+{
+    const qsizetype position = layoutNames().indexOf(name.toLower());
+    if (position < 0 || !layoutTable().at(static_cast<size_t>(position)).run)
+        return std::nullopt;
+    return static_cast<LayoutIndex>(position);
+}
+
+} // namespace ORR::Driver
