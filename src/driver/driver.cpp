@@ -1,5 +1,6 @@
 #include "driver/driver.h"
 
+#include "device/xdot_render.h"
 #include "driver/format_table.h"
 #include "driver/layout_table.h"
 #include "graph/dot_parser.h"
@@ -82,11 +83,11 @@ std::optional<QString> makeTemporaryFile(DriverFormat format, QTemporaryFile *fi
 }
 
 // Lets the replay or the chosen engine draw. The message is empty for success.
-QString draw(const CommandLine &commandLine, const QByteArray & /*input*/, Graph::DotGraph *graph,
+QString draw(const CommandLine &commandLine, const QByteArray &input, Graph::DotGraph *graph,
              Graph::Device *device)
 {
     if (graph->root()->attributes.contains(u"xdotversion"_s))
-        return {};
+        return Graph::Graphviz::XDotRender(device, graph).render(input);
     const std::optional<LayoutIndex> layout = chooseLayout(commandLine.layout);
     if (!layout)
         return u"Layout required and layout engine not provided/available.\n\n"_s

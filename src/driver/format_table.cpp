@@ -1,5 +1,6 @@
 #include "driver/format_table.h"
 
+#include "output/svg_rich_text.h"
 #include "output/xdot.h"
 
 #include <QFileInfo>
@@ -34,7 +35,7 @@ const std::array<FormatRow, 6> &formatTable()
         {"xdot1.2"_L1, 0, make<Graph::XDot>},
         {"jpg"_L1, 5, nullptr},
         {"png"_L1, 4, nullptr},
-        {"svg"_L1, 1, nullptr},
+        {"svg"_L1, 1, make<Graph::SvgRichText>},
         {"vsdx"_L1, 2, nullptr},
         {"vdx"_L1, 3, nullptr},
     }};

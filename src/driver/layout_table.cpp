@@ -1,7 +1,13 @@
 #include "driver/layout_table.h"
 
 #include "layout/charts/bar_chart.h"
+#include "layout/charts/flat_bubble.h"
+#include "layout/charts/matrix_layout.h"
+#include "layout/charts/sunburst.h"
 #include "layout/charts/treemap.h"
+#include "layout/graflib/graflib_decl.h"
+#include "layout/graflib/graflib_tree.h"
+#include "layout/sequence/uml_sequence.h"
 
 using namespace ORR::Graph::Layout;
 using namespace Qt::StringLiterals;
@@ -17,6 +23,8 @@ QString start(Graph::LayoutContext context)
 {
     if constexpr (requires { Engine(context.graph, context.device).run(); })
         return Engine(context.graph, context.device).run();
+    else if constexpr (requires { Engine::run(context); })
+        return Engine::run(context);
     else if constexpr (requires { Engine().run(context); })
         return Engine().run(context);
     else
@@ -28,12 +36,12 @@ QString start(Graph::LayoutContext context)
 const std::array<LayoutRow, 8> &layoutTable()
 {
     static constexpr std::array<LayoutRow, 8> table{{
-        {"gftree"_L1, nullptr},
-        {"gfdecl"_L1, nullptr},
-        {"umlseq"_L1, nullptr},
-        {"matrix"_L1, nullptr},
-        {"flatbubble"_L1, nullptr},
-        {"sunburst"_L1, nullptr},
+        {"gftree"_L1, start<GraflibTree>},
+        {"gfdecl"_L1, start<GraflibDecl>},
+        {"umlseq"_L1, start<UmlSequence>},
+        {"matrix"_L1, start<MatrixLayout>},
+        {"flatbubble"_L1, start<FlatBubble>},
+        {"sunburst"_L1, start<Sunburst>},
         {"treemap"_L1, start<Treemap>},
         {"bar"_L1, start<BarChart>},
     }};
