@@ -9,10 +9,10 @@
 
 namespace ORR::Graph {
 
-// How deep shapes may stand within each other. Readers give up on a document of some 256 levels,
-// and what ties a shape to its containers names each of them. Beyond it clusters are no containers,
-// and nested shapes stand within the last one that may hold any.
-constexpr int visioNesting = 100;
+// How many levels of shapes stand within each other. Readers give up on documents of some 256
+// levels, and what ties a shape to its containers names each of them. A shape below the last level
+// is one of the page again, and a cluster there a top-level container.
+constexpr int visioNesting = 32;
 
 // The two entries of a relationship formula: the sheet as a container, the sheet as a member.
 inline QByteArray containerEntry(const QByteArray &sheet)
@@ -110,8 +110,10 @@ void tieContainers(const QList<Shape *> &clusters, Subclusters subclusters, Memb
         QByteArray within = visit.containers;
         addEntry(within, containerEntry(sheetOf(visit.cluster)));
         for (Shape *subcluster : subclusters(visit.cluster)) {
-            if (visit.level == visioNesting)
-                break;
+            if (visit.level == visioNesting) {
+                open.append({subcluster, QByteArray(), 1});
+                continue;
+            }
             addEntry(own, memberEntry(sheetOf(subcluster)));
             open.append({subcluster, within, visit.level + 1});
         }

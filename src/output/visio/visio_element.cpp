@@ -1,6 +1,7 @@
 #include "output/visio/visio_element.h"
 
 #include <algorithm>
+#include <array>
 
 namespace ORR::Graph {
 
@@ -8,6 +9,14 @@ void VisioElement::settle(LatePart &part)
 {
     if (part.at < 0)
         part.at = body.size();
+}
+
+qsizetype VisioElement::size() const
+{
+    qsizetype sum = body.size();
+    for (const LatePart *part : {&connections, &ends, &container})
+        sum += part->head.size() + part->content.size() + part->tail.size();
+    return sum;
 }
 
 void VisioElement::appendTo(QByteArray &document) const

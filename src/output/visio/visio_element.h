@@ -4,8 +4,6 @@
 
 #include <QByteArray>
 
-#include <array>
-
 namespace ORR::Graph {
 
 // The markup of one shape's children. Most of it is written in one go; three things come late and
@@ -32,6 +30,8 @@ public:
     // Gives the part its place, unless it has one.
     void settle(LatePart &part);
 
+    // About that of everything.
+    qsizetype size() const;
     // Appends everything to the document.
     void appendTo(QByteArray &document) const;
 };

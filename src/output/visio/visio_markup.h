@@ -33,6 +33,8 @@ public:
 
     const QByteArray &markup() const { return bytes; }
     qsizetype size() const { return bytes.size(); }
+    // Gives back memory that was taken ahead.
+    void squeeze() { bytes.squeeze(); }
 
 private:
     void start(const char *name, Attributes attributes);

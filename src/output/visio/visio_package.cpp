@@ -23,21 +23,29 @@ zip_fileinfo fixedStamp()
     return info;
 }
 
-int writePart(zipFile zip, const QString &name, const QByteArray &bytes)
+int writePiece(zipFile zip, const QByteArray &bytes)
 {
-    const zip_fileinfo info = fixedStamp();
-    int error = zipOpenNewFileInZip(zip, name.toUtf8().constData(), &info, nullptr, 0, nullptr, 0,
-                                    nullptr, Z_DEFLATED, Z_DEFAULT_COMPRESSION);
+    int error = ZIP_OK;
     for (qsizetype at = 0; error == ZIP_OK && at < bytes.size(); at += largestPiece) {
         const qsizetype size = std::min(largestPiece, bytes.size() - at);
         error = zipWriteInFileInZip(zip, bytes.constData() + at, static_cast<unsigned>(size));
     }
+    return error;
+}
+
+int writePart(zipFile zip, const QString &name, const QByteArrayList &pieces)
+{
+    const zip_fileinfo info = fixedStamp();
+    int error = zipOpenNewFileInZip(zip, name.toUtf8().constData(), &info, nullptr, 0, nullptr, 0,
+                                    nullptr, Z_DEFLATED, Z_DEFAULT_COMPRESSION);
+    for (qsizetype i = 0; error == ZIP_OK && i < pieces.size(); ++i)
+        error = writePiece(zip, pieces.at(i));
     return error == ZIP_OK ? zipCloseFileInZip(zip) : error;
 }
 
 } // namespace
 
-QString saveVisioPackage(const QString &fileName, const QMap<QString, QByteArray> &parts)
+QString saveVisioPackage(const QString &fileName, const QMap<QString, QByteArrayList> &parts)
 {
     zipFile zip = zipOpen(QFile::encodeName(fileName).constData(), APPEND_STATUS_CREATE);
     if (!zip)

@@ -113,6 +113,7 @@ void VisioShape::finish(int pageHeight)
     if (!texts.isEmpty())
         writeText(place);
     writeGeometry(place);
+    element.body.squeeze();
     finished = true;
 }
 
@@ -178,7 +179,7 @@ void VisioShape::setContainer(const QByteArray &entries)
 }
 
 // Without the three style attributes readers apply no style: fills don't show, and texts get a box.
-void VisioShape::appendTo(QByteArray &document) const
+QByteArray VisioShape::takeMarkup()
 {
     VisioMarkup shape(depth);
     shape.open("Shape",
@@ -187,9 +188,14 @@ void VisioShape::appendTo(QByteArray &document) const
                 {"LineStyle", "0"},
                 {"FillStyle", "0"},
                 {"TextStyle", "0"}});
-    document.append(shape.markup());
-    element.appendTo(document);
-    document.append(QByteArray(depth, ' ') + "</Shape>\n");
+    constexpr qsizetype endTag = 16;
+    QByteArray markup;
+    markup.reserve(shape.size() + element.size() + endTag);
+    markup.append(shape.markup());
+    element.appendTo(markup);
+    markup.append(QByteArray(depth, ' ') + "</Shape>\n");
+    element = VisioElement(cellDepth);
+    return markup;
 }
 
 const VisioFrame &VisioShape::frame(int pageHeight)

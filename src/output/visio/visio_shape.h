@@ -51,8 +51,8 @@ public:
     void setRelationships(const QByteArray &entries);
     void setContainer(const QByteArray &entries);
 
-    // Appends the shape's element to the document.
-    void appendTo(QByteArray &document) const;
+    // The shape's element. It is forgotten here.
+    QByteArray takeMarkup();
 
     // The level of the shape's element within its part.
     static constexpr int depth = 2;

@@ -51,11 +51,17 @@ void mark(QDomElement element, const QString &name)
     element.appendChild(document.createProcessingInstruction(name, u"here"_s));
 }
 
-void replaceMark(QByteArray &text, const QString &name, const QByteArray &markup)
+// Puts the pieces in place of the mark. It stands in the last piece that is there.
+void replaceMark(QByteArrayList &text, const QString &name, const QByteArrayList &pieces)
 {
     const QByteArray line = "<?" + name.toLatin1() + " here?>\n";
-    if (const qsizetype at = text.lastIndexOf(line); at >= 0)
-        text.replace(at, line.size(), markup);
+    const QByteArray whole = text.constLast();
+    const qsizetype at = whole.lastIndexOf(line);
+    if (at < 0)
+        return;
+    text.last() = whole.first(at);
+    text.append(pieces);
+    text.append(whole.sliced(at + line.size()));
 }
 
 // The Connect elements of one glued edge: its begin and its end, each at a connection point.
@@ -226,7 +232,7 @@ void VisioVSDX::finishShape(bool loose)
     if (!loose)
         return;
     PageShape &entry = pageShapes.back();
-    shape->appendTo(entry.markup);
+    entry.markup = shape->takeMarkup();
     entry.shape = nullptr;
     delete shape;
 }
@@ -278,9 +284,9 @@ void VisioVSDX::writeContainers()
         [](VisioShape *shape, const QByteArray &entries) { shape->setRelationships(entries); });
 }
 
-QByteArray VisioVSDX::takeShapes()
+QByteArrayList VisioVSDX::takeShapes()
 {
-    QByteArray markup;
+    QByteArrayList markup;
     for (PageShape &entry : pageShapes) {
         if (!entry.shape) {
             markup.append(std::exchange(entry.markup, QByteArray()));
@@ -289,12 +295,12 @@ QByteArray VisioVSDX::takeShapes()
         // The formulas of an edge ask for its ends, also if nothing holds them.
         if (entry.shape->geometry.isEdge && !entry.shape->hasEnds())
             entry.shape->setEnds(pageHeight, QByteArray(), QByteArray());
-        entry.shape->appendTo(markup);
+        markup.append(entry.shape->takeMarkup());
     }
     return markup;
 }
 
-QMap<QString, QByteArray> VisioVSDX::takeParts()
+QMap<QString, QByteArrayList> VisioVSDX::takeParts()
 {
     QDomDocument &page = parts[pagePart];
     QDomElement root = page.documentElement();
@@ -308,11 +314,19 @@ QMap<QString, QByteArray> VisioVSDX::takeParts()
         }
         mark(element, connectsMark);
     }
-    QMap<QString, QByteArray> written;
+    QMap<QString, QByteArrayList> written;
     for (auto part = parts.constBegin(); part != parts.constEnd(); ++part)
-        written.insert(part.key(), part.value().toByteArray(1));
-    replaceMark(written[pagePart], connectsMark, connects.markup());
-    replaceMark(written[pagePart], shapesMark, takeShapes());
+        written.insert(part.key(), {part.value().toByteArray(1)});
+    QByteArrayList &text = written[pagePart];
+    // Connections stand behind the shapes, unless the empty page has a place for them already.
+    const QByteArray whole = text.constLast();
+    if (whole.lastIndexOf(connectsMark.toLatin1()) > whole.lastIndexOf(shapesMark.toLatin1())) {
+        replaceMark(text, shapesMark, takeShapes());
+        replaceMark(text, connectsMark, {connects.markup()});
+    } else {
+        replaceMark(text, connectsMark, {connects.markup()});
+        replaceMark(text, shapesMark, takeShapes());
+    }
     return written;
 }
 

@@ -5,6 +5,7 @@
 #include "output/visio/visio_markup.h"
 #include "output/visio/visio_shape.h"
 
+#include <QByteArrayList>
 #include <QDomDocument>
 #include <QDomElement>
 #include <QHash>
@@ -77,8 +78,8 @@ private:
     void withShape(Draw draw);
     void glue(const PendingConnection &connection);
     void writeContainers();
-    QByteArray takeShapes();
-    QMap<QString, QByteArray> takeParts();
+    QByteArrayList takeShapes();
+    QMap<QString, QByteArrayList> takeParts();
 
     QMap<QString, QDomDocument> parts;
     QString fileName;

@@ -140,12 +140,11 @@ void VisioXML::connectEdge(Edge *edge, Node *tail, Node *head)
         connectShapes(own->shape, ends);
 }
 
-// Beyond the greatest nesting a shape stands beside the one that is open.
 VisioXMLShape *VisioXML::createShape(VisioXMLShape::Kind kind)
 {
     VisioXMLShape *parent = shapeStack.isEmpty() ? nullptr : shapeStack.constLast();
     if (parent && parent->level() >= visioNesting)
-        parent = parent->parent();
+        parent = nullptr;
     VisioXMLShape *shape = &shapes.emplace_back(nextId++, kind, parent);
     shapeStack.append(shape);
     return shape;
@@ -291,9 +290,17 @@ QByteArray VisioXML::takeDocument()
     tail.close("Pages");
     tail.close("VisioDocument");
 
-    QByteArray document = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" + head.markup();
+    constexpr qsizetype tagsOfShape = 128;
+    qsizetype size = head.size() + tail.size() + tagsOfShape;
+    for (const VisioXMLShape &shape : shapes)
+        size += shape.size() + tagsOfShape;
+    QByteArray document;
+    document.reserve(size);
+    document.append("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
+    document.append(head.markup());
     appendShapes(document);
-    return document + tail.markup();
+    document.append(tail.markup());
+    return document;
 }
 
 } // namespace ORR::Graph

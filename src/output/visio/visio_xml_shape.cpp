@@ -94,6 +94,7 @@ void VisioXMLShape::finish(int pageHeight)
         writeUser();
     knownFrame = place;
     geometry.keepEnds();
+    element.body.squeeze();
     finished = true;
 }
 

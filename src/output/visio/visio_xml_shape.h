@@ -56,6 +56,7 @@ public:
     void appendStart(QByteArray &document) const;
     void appendCells(QByteArray &document) const;
     void appendEnd(QByteArray &document) const;
+    qsizetype size() const { return element.size(); } // of the cells
     // Forgets the cells.
     void clear() { element = VisioElement(cellDepth()); }
 
