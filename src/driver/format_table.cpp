@@ -1,6 +1,9 @@
 #include "driver/format_table.h"
 
+#include "driver/home_directory.h"
 #include "output/svg_rich_text.h"
+#include "output/visio/visio_vsdx.h"
+#include "output/visio/visio_xml.h"
 #include "output/xdot.h"
 
 #include <QFileInfo>
@@ -20,6 +23,12 @@ std::unique_ptr<Graph::Device> make(const DeviceRequest &request)
     return std::make_unique<Maker>(request.fileName);
 }
 
+std::unique_ptr<Graph::Device> makeVsdx(const DeviceRequest &request)
+{
+    return std::make_unique<Graph::VisioVSDX>(request.fileName,
+                                              visioTemplateDirectory(request.homeDirectory));
+}
+
 std::optional<DriverFormat> formatAt(qsizetype position)
 {
     if (position < 0 || !formatTable().at(static_cast<size_t>(position)).create)
@@ -36,8 +45,8 @@ const std::array<FormatRow, 6> &formatTable()
         {"jpg"_L1, 5, nullptr},
         {"png"_L1, 4, nullptr},
         {"svg"_L1, 1, make<Graph::SvgRichText>},
-        {"vsdx"_L1, 2, nullptr},
-        {"vdx"_L1, 3, nullptr},
+        {"vsdx"_L1, 2, makeVsdx},
+        {"vdx"_L1, 3, make<Graph::VisioXML>},
     }};
     return table;
 }

@@ -1,6 +1,7 @@
 #include "layout/charts/treemap.h"
 
 #include "chart_fixture.h"
+#include "device/graph_style.h"
 
 #include <QRegularExpression>
 
@@ -393,6 +394,64 @@ TEST(Treemap, tiles_every_parent_with_its_members_in_proportion)
             }
         }
         EXPECT_GT(only(u"rect"_s, device.calls()).size(), 0);
+    }
+}
+
+// Labels are not measured where the cell is lower than a line of text.
+TEST(Treemap, draws_exactly_the_labels_that_fit)
+{
+    QByteArray dot = "digraph { graph [width=1200 height=900 margin=0] ";
+    const QByteArrayList labels{
+        "a", "word", "two\\nlines", "\\n", "\"feed\nline\"", "\xc3\xa9t\xc3\xa9", "~!", "\" \""};
+    const QByteArrayList fonts{"",
+                               "fontsize=6",
+                               "fontsize=20",
+                               "fontsize=1",
+                               "fontsize=inf",
+                               "fontsize=\"-3\"",
+                               "fontname=\"\""};
+    for (int i = 0; i < 3000; ++i)
+        dot += "n" + QByteArray::number(i) + " [area=" + QByteArray::number(1 + i % 97)
+            + " label=" + labels.at(i % labels.size()) + " " + fonts.at(i % fonts.size()) + "] ";
+    const auto graph = graphOf(dot + "}");
+    RecordingDevice device;
+    const GraphStyle style(graph.get(), &device);
+    Treemap().run({graph.get(), &device});
+    int drawn = 0;
+    for (qsizetype i = 0; i < device.calls().size(); ++i) {
+        const QString &call = device.calls().at(i);
+        if (!call.startsWith("beginNode"_L1))
+            continue;
+        const Cell cell = cellOf(device.calls().at(i + 1), 0.0);
+        const TextBlock label = style.nodeLabel(graph->findNode(call.section(u' ', 1)));
+        const bool hasLabel = device.calls().at(i + 2).startsWith("text"_L1);
+        drawn += hasLabel;
+        // The drawn edges are rounded: a cell may be up to a point larger or smaller.
+        if (label.width < cell.right - cell.left - 1 && label.height < cell.bottom - cell.top - 1) {
+            EXPECT_TRUE(hasLabel) << call.toStdString();
+        }
+        if (label.width > cell.right - cell.left + 1 || label.height > cell.bottom - cell.top + 1) {
+            EXPECT_FALSE(hasLabel) << call.toStdString();
+        }
+    }
+    EXPECT_GT(drawn, 300);
+}
+
+// What the above relies on.
+TEST(Treemap, may_take_a_blank_for_the_lowest_text)
+{
+    RecordingDevice device;
+    std::mt19937 random(1);
+    for (const double size : {1.0, 2.0, 5.0, 7.0, 9.0, 12.0, 13.0, 31.0, 200.0, 1000.0}) {
+        const Device::Font *font = device.font(u"Arial"_s, size, -1);
+        const int blank = TextImage::textSize(u" "_s, font, false).height();
+        EXPECT_GE(TextImage::textSize(QString(), font, false).height(), blank);
+        for (int i = 0; i < 200; ++i) {
+            QString text;
+            for (unsigned length = 1 + random() % 12; length > 0; --length)
+                text += QChar::fromLatin1(char(' ' + random() % ('~' - ' ' + 1)));
+            EXPECT_GE(TextImage::textSize(text, font, false).height(), blank) << text.toStdString();
+        }
     }
 }
 

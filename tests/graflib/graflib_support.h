@@ -1,6 +1,7 @@
 #pragma once
 
 #include "graph/dot_graph.h"
+#include "support/golden.h"
 #include "support/recording_device.h"
 
 #include <QByteArray>
@@ -29,8 +30,7 @@ std::unique_ptr<ORR::Graph::DotGraph> parsed(const QByteArray &dot);
 Laid runTree(const QByteArray &dot, bool withExpanders = false);
 Laid runDecl(const QByteArray &dot, bool withExpanders = false);
 
-// The smallest and largest numbers are left out: from zero up to below `bound`, the same on every
-// machine.
+// Random numbers from 0 to below `bound`, the same on every machine.
 class Dice
 {
 public:

@@ -1,12 +1,15 @@
 #include "layout/charts/treemap.h"
 
 #include "device/graph_style.h"
+#include "device/text_image.h"
 #include "graph/attribute_values.h"
 #include "layout/charts/chart_items.h"
 #include "layout/charts/chart_legend.h"
 #include "layout/charts/squarify.h"
 
 #include <QMarginsF>
+
+#include <algorithm>
 
 namespace ORR::Graph::Layout {
 
@@ -16,6 +19,7 @@ namespace {
 
 const QString areaName = u"area"_s;
 const QString heightName = u"height"_s;
+const QString labelName = u"label"_s;
 const QString marginName = u"margin"_s;
 const QString widthName = u"width"_s;
 const QString xName = u"x"_s;
@@ -51,13 +55,23 @@ private:
     Level tiled(DotSubgraph *subgraph, const QRectF &rect) const;
     void paintLevels(const QRectF &rect);
     void paintNode(DotNode *node, const QRectF &cell);
+    bool mayHoldLabel(const QRectF &cell, const DotNode *node);
     QRectF paintSubgraph(DotSubgraph *subgraph, const QRectF &cell);
     void drawCell(const QRectF &cell, Device::Pen *pen, Device::Color *fill);
 
     DotGraph *graph;
     Device *device;
     GraphStyle style;
+    const Device::Font *lastFont = nullptr;
+    int lastLineHeight = 0; // of `lastFont`
 };
+
+// Whether every character has its glyph in any font for Latin.
+bool isPlainLatin(const QString &text)
+{
+    return std::all_of(text.cbegin(), text.cend(),
+                       [](QChar c) { return (c >= u' ' && c <= u'~') || c == u'\n'; });
+}
 
 double centred(double start, double room, double size)
 {
@@ -153,16 +167,36 @@ void Painter::paintLevels(const QRectF &rect)
     }
 }
 
+// Whether it is worth measuring the node's label. Most cells of a large map are lower than a line
+// of text, and measuring all the labels would take longer than all the rest. No text is less high
+// than a blank, unless another font with smaller letters lends it all of its glyphs.
+bool Painter::mayHoldLabel(const QRectF &cell, const DotNode *node)
+{
+    const QString label = style.nodeAttribute(node, labelName);
+    if (label.isEmpty())
+        return false;
+    if (!isPlainLatin(label))
+        return true;
+    const Device::Font *font = style.nodeFont(node);
+    if (font != lastFont) {
+        lastFont = font;
+        lastLineHeight = TextImage::textSize(u" "_s, font, false).height();
+    }
+    return lastLineHeight < cell.height();
+}
+
 void Painter::paintNode(DotNode *node, const QRectF &cell)
 {
     device->beginNode(node);
     drawCell(cell, style.nodePen(node), style.nodeFill(node, &cell));
-    const TextBlock label = style.nodeLabel(node);
-    if (!label.isEmpty() && label.width < cell.width() && label.height < cell.height())
-        TextBlock::draw(label,
-                        {rounded(centred(cell.x(), cell.width(), label.width)),
-                         rounded(centred(cell.y(), cell.height(), label.height))},
-                        device);
+    if (mayHoldLabel(cell, node)) {
+        const TextBlock label = style.nodeLabel(node);
+        if (!label.isEmpty() && label.width < cell.width() && label.height < cell.height())
+            TextBlock::draw(label,
+                            {rounded(centred(cell.x(), cell.width(), label.width)),
+                             rounded(centred(cell.y(), cell.height(), label.height))},
+                            device);
+    }
     device->endNode();
 }
 
