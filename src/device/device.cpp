@@ -2,6 +2,8 @@
 
 #include "graph/numbers.h"
 
+#include <deque>
+
 namespace ORR::Graph {
 
 using namespace Qt::StringLiterals;
@@ -37,20 +39,28 @@ QString gradientKey(const QString &type, std::initializer_list<double> geometry,
     return key.join(u' ');
 }
 
-// The value stored under `key`, made by `make` and put into the pool when there is none.
-template <typename Value, typename Key, typename Make>
-Value *interned(QHash<Key, Value *> &values, std::vector<std::unique_ptr<Value>> &pool,
-                const Key &key, Make make)
+// The value stored under `key`, made from the arguments in the pool when there is none.
+template <typename Value, typename Key, typename... Arguments>
+Value *interned(QHash<Key, Value *> &values, std::deque<Value> &pool, const Key &key,
+                const Arguments &...arguments)
 {
     Value *&value = values[key];
     if (!value)
-        value = pool.emplace_back(make()).get();
+        value = &pool.emplace_back(arguments...);
     return value;
 }
 
 } // namespace
 
-Device::Device(bool owns) : ownsObjects(owns) { }
+struct Device::Pools
+{
+    std::deque<Color> colors;
+    std::deque<Font> fonts;
+    std::deque<Pen> pens;
+    std::deque<Text> texts;
+};
+
+Device::Device(bool owns) : pools(std::make_unique<Pools>()), ownsObjects(owns) { }
 
 Device::~Device()
 {
@@ -183,7 +193,7 @@ QList<Device::Node *> Device::nodeObjects(const Cluster *cluster) const
 Device::Color *Device::color(const QString &name)
 {
     const QString key = name.isEmpty() ? u"black"_s : name;
-    return interned(colors, colorPool, key, [&] { return std::make_unique<Color>(key); });
+    return interned(colors, pools->colors, key, key);
 }
 
 Device::Color *Device::linearGradient(QPointF start, QPointF stop, const QStringList &names,
@@ -191,8 +201,7 @@ Device::Color *Device::linearGradient(QPointF start, QPointF stop, const QString
 {
     const QString key =
         gradientKey(u"linear"_s, {start.x(), start.y(), stop.x(), stop.y()}, names, offsets);
-    return interned(colors, colorPool, key,
-                    [&] { return std::make_unique<Color>(start, stop, names, offsets); });
+    return interned(colors, pools->colors, key, start, stop, names, offsets);
 }
 
 Device::Color *Device::radialGradient(QPointF focus, double focalRadius, QPointF centre,
@@ -202,44 +211,34 @@ Device::Color *Device::radialGradient(QPointF focus, double focalRadius, QPointF
     const QString key = gradientKey(
         u"radial"_s, {focus.x(), focus.y(), focalRadius, centre.x(), centre.y(), radius}, names,
         offsets);
-    return interned(colors, colorPool, key, [&] {
-        return std::make_unique<Color>(focus, focalRadius, centre, radius, names, offsets);
-    });
+    return interned(colors, pools->colors, key, focus, focalRadius, centre, radius, names, offsets);
 }
 
 Device::Font *Device::font(const QString &family, double size, int style)
 {
-    QString wantedFamily = family;
-    double wantedSize = size;
-    int wantedStyle = style;
+    FontKey key{family, rounded(size), style};
     if (family.isEmpty() || size < 0 || style < 0) {
         const Font *standard = defaultFont();
         if (family.isEmpty())
-            wantedFamily = standard->family();
+            key.family = standard->family();
         if (size < 0)
-            wantedSize = standard->size();
+            key.size = standard->size();
         if (style < 0)
-            wantedStyle = standard->style();
+            key.style = standard->style();
     }
-    const int points = rounded(wantedSize);
-    const QString key =
-        u"%1@%2@%3"_s.arg(wantedFamily, QString::number(points), QString::number(wantedStyle));
-    return interned(fonts, fontPool, key,
-                    [&] { return std::make_unique<Font>(wantedFamily, points, wantedStyle); });
+    return interned(fonts, pools->fonts, key, key.family, key.size, key.style);
 }
 
 Device::Pen *Device::pen(Color *color, int style, int width)
 {
-    return interned(pens, penPool, PenKey{color, style, width},
-                    [&] { return std::make_unique<Pen>(color, style, width); });
+    return interned(pens, pools->pens, PenKey{color, style, width}, color, style, width);
 }
 
 Device::Text *Device::text(const QString &string, Font *font, Color *color)
 {
     Font *used = font ? font : defaultFont();
     const TextKey key{string, used, color ? color->name(0) : QString()};
-    return interned(texts, textPool, key,
-                    [&] { return std::make_unique<Text>(string, used, color); });
+    return interned(texts, pools->texts, key, string, used, color);
 }
 
 Device::Color::Color(const QString &name) : gradientType(Solid), names{name} { }

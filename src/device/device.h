@@ -15,7 +15,6 @@
 
 #include <memory>
 #include <optional>
-#include <vector>
 
 namespace ORR::Graph {
 
@@ -135,6 +134,17 @@ private:
             return qHashMulti(seed, key.color, key.style, key.width);
         }
     };
+    struct FontKey
+    {
+        QString family;
+        int size;
+        int style;
+        friend bool operator==(const FontKey &, const FontKey &) = default;
+        friend size_t qHash(const FontKey &key, size_t seed)
+        {
+            return qHashMulti(seed, key.family, key.size, key.style);
+        }
+    };
     // Two gradients that start with the same stop share a text: texts never take a gradient.
     struct TextKey
     {
@@ -147,15 +157,11 @@ private:
             return qHashMulti(seed, key.text, key.font, key.colorName);
         }
     };
-    template <typename Value>
-    using Pool = std::vector<std::unique_ptr<Value>>;
+    struct Pools; // holds the values; the hashes find them
 
-    Pool<Color> colorPool;
-    Pool<Font> fontPool;
-    Pool<Pen> penPool;
-    Pool<Text> textPool;
+    std::unique_ptr<Pools> pools;
     QHash<QString, Color *> colors;
-    QHash<QString, Font *> fonts;
+    QHash<FontKey, Font *> fonts;
     QHash<PenKey, Pen *> pens;
     QHash<TextKey, Text *> texts;
     // An object that is begun a second time hides the first one, which is still to be deleted.

@@ -9,6 +9,9 @@ namespace {
 // Up to this many entries a search through the list is as fast as a hash.
 constexpr qsizetype longestPlainList = 16;
 
+// Room for this many is made at once.
+constexpr qsizetype usualCount = 4;
+
 } // namespace
 
 AttributeMap::AttributeMap(std::initializer_list<Entry> entries)
@@ -46,8 +49,10 @@ void AttributeMap::insert(const QString &name, const QString &value)
 {
     // A null value would read like a missing name.
     const QString stored = value.isNull() ? QStringLiteral("") : value;
-    if (!d)
+    if (!d) {
         d = new Data;
+        d->entries.reserve(usualCount);
+    }
     const qsizetype i = position(*std::as_const(d), name);
     Data &data = *d;
     if (i >= 0) {

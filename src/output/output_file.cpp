@@ -7,7 +7,7 @@ namespace ORR::Graph {
 bool writeOutputFile(const QString &fileName, const QByteArray &bytes)
 {
     QFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+    if (fileName.isEmpty() || !file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         return false;
     return file.write(bytes) == bytes.size() && file.flush();
 }

@@ -27,6 +27,9 @@ QList<ChartItem> chartItems(const DotGraph *graph, const DotSubgraph *subgraph, 
 // "cluster_<number>" (0 for any other id), then by the id itself.
 bool chartItemLess(const ChartItem &a, const ChartItem &b);
 
+// Sorts with `chartItemLess`, reading the number of each id once. Equal items keep their order.
+void sortByIdNumber(QList<ChartItem> &items);
+
 // The colour at `t` (0 to 1) between two colours, opaque; invalid if either of them is.
 ColorValue colorInterpolate(const ColorValue &a, const ColorValue &b, double t);
 

@@ -1,0 +1,157 @@
+#include "driver/driver.h"
+
+#include "device/xdot_render.h"
+#include "driver/format_table.h"
+#include "driver/layout_table.h"
+#include "graph/dot_parser.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryFile>
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace ORR::Driver {
+
+namespace {
+
+// The parser rejects what is longer: there is no use in reading it to its end.
+constexpr qsizetype longestInput = 0x7fffffff;
+
+int fail(const QString &message)
+{
+    std::fputs(message.toLocal8Bit().constData(), stderr);
+    return EXIT_FAILURE;
+}
+
+// All of the input, or nothing once the failure has been told.
+std::optional<QByteArray> readInput(const CommandLine &commandLine, const StandardStreams &streams,
+                                    QFile *inputFile)
+{
+    std::optional<QByteArray> bytes;
+    if (commandLine.hasInputFile) {
+        inputFile->setFileName(commandLine.inputFile);
+        if (inputFile->open(QIODevice::ReadOnly))
+            bytes = readToEnd(inputFile->handle(), longestInput);
+        if (!bytes)
+            fail(u"Unable to open input file\n"_s);
+        return bytes;
+    }
+    if (streams.input)
+        bytes = readToEnd(STDIN_FILENO, longestInput);
+    if (!bytes)
+        fail(u"Unable to read from stdin\n"_s);
+    return bytes;
+}
+
+// The graph lives to the end of the process: to take it apart would only delay that. It stays
+// within reach, so that no leak checker takes it for lost.
+Graph::DotGraph *keepForever(std::unique_ptr<Graph::DotGraph> graph)
+{
+    static auto *const kept = new std::vector<Graph::DotGraph *>;
+    kept->push_back(graph.release());
+    return kept->back();
+}
+
+void applyEnvironment(Graph::DotGraph *graph)
+{
+    static const QString useHtml = u"ORR_GVLAYOUT_USE_HTML=1"_s;
+    if (QProcess::systemEnvironment().contains(useHtml))
+        graph->declareAttribute(graph->root(), u"htmllabels"_s, u"on"_s, QString());
+}
+
+// Makes a file for the device to write, with a name of its own, and gives the name; nothing if it
+// can't be made.
+std::optional<QString> makeTemporaryFile(DriverFormat format, QTemporaryFile *file)
+{
+    // A TMPDIR that is not there; the working directory would stand in for it.
+    if (QDir::tempPath().isEmpty())
+        return std::nullopt;
+    const QString nameTemplate = u"orr_orrlayout_XXXXXX.%1"_s.arg(formatRow(format).name);
+    file->setFileTemplate(QDir::temp().filePath(nameTemplate));
+    if (!file->open())
+        return std::nullopt;
+    const QString name = file->fileName();
+    file->close();
+    return name;
+}
+
+// Lets the replay or the chosen engine draw. The message is empty for success.
+QString draw(const CommandLine &commandLine, const QByteArray &input, Graph::DotGraph *graph,
+             Graph::Device *device)
+{
+    if (graph->root()->attributes.contains(u"xdotversion"_s))
+        return Graph::Graphviz::XDotRender(device, graph).render(input);
+    const std::optional<LayoutIndex> layout = chooseLayout(commandLine.layout);
+    if (!layout)
+        return u"Layout required and layout engine not provided/available.\n\n"_s
+            + commandLine.help;
+    return layoutRow(*layout).run({graph, device});
+}
+
+// A temporary file that is no longer there leaves standard output empty, and is no failure.
+bool copyToStandardOutput(const QString &fileName, const StandardStreams &streams)
+{
+    if (!streams.output)
+        return false;
+    QFile file(fileName);
+    if (file.open(QIODevice::ReadOnly) && !writeToEnd(STDOUT_FILENO, file.readAll()))
+        return false;
+    QFile::remove(fileName);
+    return true;
+}
+
+} // namespace
+
+int runDriver(const CommandLine &commandLine, const QString &homeDirectory,
+              const StandardStreams &streams)
+{
+    QFile inputFile; // open to the end of the run
+    const std::optional<QByteArray> input = readInput(commandLine, streams, &inputFile);
+    if (!input)
+        return EXIT_FAILURE;
+
+    std::unique_ptr<Graph::DotGraph> parsed = Graph::parseDot(*input);
+    if (!parsed)
+        return fail(u"Unable to parse dot input\n"_s);
+    Graph::DotGraph *const graph = keepForever(std::move(parsed));
+    applyEnvironment(graph);
+
+    const auto format = chooseFormat(commandLine.format, commandLine.outputFile);
+    if (!format)
+        return fail(u"Output format could not be determined or is not supported.\n"
+                    " Use -T provide a render engine or provide an output file name with a "
+                    "supported extension.\n\n"_s
+                    + commandLine.help);
+
+    QTemporaryFile temporaryFile;
+    temporaryFile.setAutoRemove(false);
+    const bool toStandardOutput = commandLine.outputFile.isEmpty();
+    const std::optional<QString> outputFile = toStandardOutput
+        ? makeTemporaryFile(*format, &temporaryFile)
+        : std::optional(commandLine.outputFile);
+    if (!outputFile)
+        return fail(u"Unable to create temporary file\n"_s);
+
+    std::unique_ptr<Graph::Device> device = formatRow(*format).create({*outputFile, homeDirectory});
+    const QString message = draw(commandLine, *input, graph, device.get());
+    if (!message.isEmpty())
+        return fail(message);
+
+    // Before the file is read: the device may still hold it open.
+    device.reset();
+    if (toStandardOutput && !copyToStandardOutput(*outputFile, streams))
+        return fail(u"Unable to write to stdout\n"_s);
+    return EXIT_SUCCESS;
+}
+
+} // namespace ORR::Driver

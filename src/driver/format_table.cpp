@@ -1,0 +1,93 @@
+#include "driver/format_table.h"
+
+#include "driver/home_directory.h"
+#include "output/svg_rich_text.h"
+#include "output/visio/visio_vsdx.h"
+#include "output/visio/visio_xml.h"
+#include "output/xdot.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace ORR::Driver {
+
+namespace {
+
+// A device that is made from nothing but the name of its file.
+template <typename Maker>
+std::unique_ptr<Graph::Device> make(const DeviceRequest &request)
+{
+    return std::make_unique<Maker>(request.fileName);
+}
+
+std::unique_ptr<Graph::Device> makeVsdx(const DeviceRequest &request)
+{
+    return std::make_unique<Graph::VisioVSDX>(request.fileName,
+                                              visioTemplateDirectory(request.homeDirectory));
+}
+
+std::optional<DriverFormat> formatAt(qsizetype position)
+{
+    if (position < 0 || !formatTable().at(static_cast<size_t>(position)).create)
+        return std::nullopt;
+    return static_cast<DriverFormat>(position);
+}
+
+} // namespace
+
+const std::array<FormatRow, 6> &formatTable()
+{
+    static constexpr std::array<FormatRow, 6> table{{
+        {"xdot1.2"_L1, 0, make<Graph::XDot>},
+        {"jpg"_L1, 5, nullptr},
+        {"png"_L1, 4, nullptr},
+        {"svg"_L1, 1, make<Graph::SvgRichText>},
+        {"vsdx"_L1, 2, makeVsdx},
+        {"vdx"_L1, 3, make<Graph::VisioXML>},
+    }};
+    return table;
+}
+
+const FormatRow &formatRow(DriverFormat format)
+{
+    return formatTable().at(static_cast<size_t>(format));
+}
+
+QStringList formatNames()
+{
+    QStringList names;
+    for (const FormatRow &row : formatTable())
+        names += row.name;
+    return names;
+}
+
+QStringList formatNamesForHelp()
+{
+    std::array<FormatRow, 6> rows = formatTable();
+    std::sort(rows.begin(), rows.end(),
+              [](const FormatRow &a, const FormatRow &b) { return a.placeInHelp < b.placeInHelp; });
+    QStringList names;
+    for (const FormatRow &row : rows)
+        names += row.name;
+    return names;
+}
+
+QStringList formatSuffixAliases()
+{
+    return {u"dot"_s, u"jpeg"_s};
+}
+
+std::optional<DriverFormat> chooseFormat(const QString &name, const QString &fileName)
+{
+    const auto named = formatAt(formatNames().indexOf(name.toLower()));
+    if (named || fileName.isEmpty())
+        return named;
+    const QString suffix = QFileInfo(fileName).suffix().toLower();
+    const auto ofSuffix = formatAt(formatNames().indexOf(suffix));
+    return ofSuffix ? ofSuffix : formatAt(formatSuffixAliases().indexOf(suffix));
+}
+
+} // namespace ORR::Driver

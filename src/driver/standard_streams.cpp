@@ -1,0 +1,132 @@
+#include "driver/standard_streams.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace ORR::Driver {
+
+namespace {
+
+constexpr qsizetype firstChunk = 64 * 1024;
+
+// True if the descriptor is open. A closed one is taken for the null device: the lowest free number
+// is the one that the next file gets, so the three are to be asked in their order.
+bool isOpenOrReserved(int descriptor)
+{
+    if (::fcntl(descriptor, F_GETFD) != -1 || errno != EBADF)
+        return true;
+    ::open("/dev/null", O_RDWR);
+    return false;
+}
+
+// Whether the call that has just failed is to be made again, after waiting if need be.
+bool isWorthAnotherTry(int descriptor, short event)
+{
+    if (errno == EINTR)
+        return true;
+    if (errno != EAGAIN && errno != EWOULDBLOCK)
+        return false;
+    pollfd waiting{descriptor, event, 0};
+    return ::poll(&waiting, 1, -1) != -1 || errno == EINTR;
+}
+
+// The room to start with: a byte more than a regular file has, so that one read call takes it and
+// the next one meets the end.
+qsizetype expectedSize(int descriptor, qsizetype limit)
+{
+    struct stat status = {};
+    if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode))
+        return firstChunk;
+    return std::clamp<qint64>(status.st_size + 1, firstChunk, limit + 1);
+}
+
+} // namespace
+
+StandardStreams reserveStandardStreams()
+{
+    StandardStreams streams;
+    streams.input = isOpenOrReserved(STDIN_FILENO);
+    streams.output = isOpenOrReserved(STDOUT_FILENO);
+    streams.error = isOpenOrReserved(STDERR_FILENO);
+    return streams;
+}
+
+void ignoreBrokenPipes()
+{
+    std::signal(SIGPIPE, SIG_IGN);
+}
+
+std::optional<QByteArray> readToEnd(int descriptor, qsizetype limit)
+{
+    QByteArray bytes(expectedSize(descriptor, limit), Qt::Uninitialized);
+    qsizetype filled = 0;
+    while (filled <= limit) {
+        if (filled == bytes.size())
+            bytes.resize(std::min(2 * filled, limit + 1));
+        const ssize_t count =
+            ::read(descriptor, bytes.data() + filled, static_cast<size_t>(bytes.size() - filled));
+        if (count == 0)
+            break;
+        if (count > 0)
+            filled += count;
+        else if (!isWorthAnotherTry(descriptor, POLLIN))
+            return std::nullopt;
+    }
+    bytes.truncate(filled);
+    return bytes;
+}
+
+bool writeToEnd(int descriptor, const QByteArray &bytes)
+{
+    qsizetype written = 0;
+    while (written < bytes.size()) {
+        const ssize_t count = ::write(descriptor, bytes.constData() + written,
+                                      static_cast<size_t>(bytes.size() - written));
+        if (count >= 0)
+            written += count;
+        else if (!isWorthAnotherTry(descriptor, POLLOUT))
+            return false;
+    }
+    // Some file systems tell that the disk is full only when a descriptor is closed; closing a
+    // second one asks them without giving up the first.
+    const int second = ::dup(descriptor);
+    return second == -1 || ::close(second) == 0;
+}
+
+QuietStandardError::QuietStandardError()
+{
+    saved() = ::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+    if (saved() != -1 && nowhere != -1)
+        ::dup2(nowhere, STDERR_FILENO);
+    if (nowhere != -1)
+        ::close(nowhere);
+}
+
+QuietStandardError::~QuietStandardError()
+{
+    if (saved() == -1)
+        return;
+    ::dup2(saved(), STDERR_FILENO);
+    ::close(saved());
+    saved() = -1;
+}
+
+int QuietStandardError::messages()
+{
+    return saved() == -1 ? STDERR_FILENO : saved();
+}
+
+int &QuietStandardError::saved()
+{
+    static int descriptor = -1;
+    return descriptor;
+}
+
+} // namespace ORR::Driver

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <optional>
+
+namespace ORR::Driver {
+
+// Which of the standard streams the process was given by whoever started it.
+struct StandardStreams
+{
+    bool input = true;
+    bool output = true;
+    bool error = true;
+};
+
+// Finds out which of the descriptors 0, 1 and 2 are closed and takes their numbers, so that no file
+// that is opened later lands on one of them and is read as the input or written over by a message.
+// To be called before anything else opens a file.
+StandardStreams reserveStandardStreams();
+
+// A pipe that its reader closed shall make a write fail, rather than end the process by a signal.
+void ignoreBrokenPipes();
+
+// Reads to the end of a descriptor, also of a non-blocking one. Nothing if reading fails. Reading
+// stops when `limit` bytes are exceeded; the result is then longer than the limit.
+std::optional<QByteArray> readToEnd(int descriptor, qsizetype limit);
+
+// Writes all bytes to a descriptor, also a non-blocking one. False if not all of them arrived.
+bool writeToEnd(int descriptor, const QByteArray &bytes);
+
+// As long as it lives, nothing reaches standard error but what is written to `messages`.
+class QuietStandardError
+{
+public:
+    QuietStandardError();
+    ~QuietStandardError();
+    QuietStandardError(const QuietStandardError &) = delete;
+    QuietStandardError &operator=(const QuietStandardError &) = delete;
+
+    // The descriptor that leads to the real standard error, whether or not it is quiet.
+    static int messages();
+
+private:
+    static int &saved();
+};
+
+} // namespace ORR::Driver

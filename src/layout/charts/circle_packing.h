@@ -1,0 +1,41 @@
+#pragma once
+
+#include "layout/charts/enclosing_circle.h"
+
+#include <QList>
+
+namespace ORR::Graph::Layout {
+
+// A circle that is to be packed: its radius is given, its centre is found.
+struct PackCircle : Circle
+{
+    PackCircle *next = nullptr; // neighbours on the front chain, while it is being built
+    PackCircle *previous = nullptr;
+};
+
+// Packs the circles tightly around (0, 0), in the order of the list, and returns the radius of the
+// smallest circle around them all, whose centre is then (0, 0). Nothing overlaps by more than 1e-6
+// as long as the radii stay below some ten thousands. 0 for an empty list.
+//
+// This is the front-chain packing of W. Wang, H. Wang, G. Dai and H. Wang, "Visualization of large
+// hierarchical data by circle packing" (CHI 2006): the chain is the outline of what is placed, each
+// circle goes against that neighbouring pair of it which is nearest to (0, 0), and where it would
+// run into another circle of the chain, the chain is cut short up to there.
+//
+// Two circles intersect if the square of their distance falls below that of their radii's sum by
+// more than 1e-6. With radii of some ten thousands and more rounding is larger than that, and a new
+// circle may seem to intersect the very pair that it is put against. As long as the chain has three
+// circles, that pair is not looked at, and every intersection cuts the chain shorter. But a chain of
+// two is cut down to one by such an error, and where the one circle left seems to intersect too, it
+// does so for ever, as nothing is left to cut. This is the only way in which the packing of a list
+// does not end, and it is seen at once. The other is the search for the enclosing circle, which
+// sees it for itself; positions that are not numbers come out there.
+//
+// A list whose packing does not end is packed anew, on a copy of the circles scaled to the size of
+// 1 and with a tolerance in proportion to the circles, 1e-7 of the square: at most some 5e-8 of
+// their radii of overlap. There a chain of two is not cut, and a radius that is negative or no
+// number counts as 1, and one beyond 1e300 as that; the list then holds these radii. A list whose
+// packing does end comes out as it always did, to the last bit.
+double packSiblings(QList<PackCircle> &circles);
+
+} // namespace ORR::Graph::Layout

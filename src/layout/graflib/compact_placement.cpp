@@ -1,0 +1,166 @@
+#include "layout/graflib/compact_placement.h"
+
+#include "graph/numbers.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace ORR::Graph::Layout {
+
+// A subtree that is being placed. Its kids are taken from the last to the first.
+struct CompactPlacement::Visit
+{
+    int node;
+    int kidsLeft;
+    double start; // where its kids may begin
+    double free; // where the node itself may stand
+    double next; // where the next kid may begin
+    double end = 0.0; // of the last kid placed
+    double firstY = 0.0; // of the first one
+    bool firstPlaced = true; // the kid that comes next is the first one
+};
+
+CompactPlacement::CompactPlacement(const ReachedNodes &reachedNodes,
+                                   std::vector<double> nodeExtents, std::vector<int> nodeLevels,
+                                   int levelCount, const Options &placementOptions)
+    : reached(reachedNodes), extents(std::move(nodeExtents)), levels(std::move(nodeLevels)),
+      options(placementOptions), levelEnd(levelCount + 1, 0.0), position(reached.size(), 0.0),
+      mostMoves(reached.isTree ? mostMovesInTree : mostMovesInGraph)
+{
+}
+
+void CompactPlacement::countWays()
+{
+    ways.assign(reached.size(), 1);
+    for (const int node : reached.finished) {
+        qint64 &count = ways[node];
+        for (int i = reached.firstKid[node]; i < reached.firstKid[node + 1]; ++i)
+            count = std::min(count + ways[reached.kids[i]], mostPlacements + 1);
+    }
+}
+
+bool CompactPlacement::place()
+{
+    countWays();
+    if (ways.front() > mostPlacements)
+        return false;
+    placeSubtree(0);
+    return moves <= mostMoves;
+}
+
+// The first position that is free for the node on its level. Subtrees of different parents stand
+// two gaps apart, siblings one.
+double CompactPlacement::freePosition(int node, double start, bool first) const
+{
+    const double taken = levelEnd[levels[node]];
+    // A mark of 0 is a level on which nothing stands yet.
+    const double y = taken == 0.0 ? options.start : taken + options.nodeSep * (first ? 2 : 1);
+    return std::max(start, y);
+}
+
+// Puts a node where it stands and gives back its end. The end is that of the position before it
+// loses its digits.
+double CompactPlacement::settle(int node, double y)
+{
+    position[node] = stored(y);
+    const double end = y + extents[node];
+    double &level = levelEnd[levels[node]];
+    level = std::max(level, end);
+    levelEnd.back() = std::max(levelEnd.back(), end);
+    return end;
+}
+
+// The position of a parent whose kids are placed. The place that is free for it is cut to whole
+// points: a pushed parent may stand up to one point too near to its neighbour, which is meant.
+double CompactPlacement::centre(const Visit &visit)
+{
+    const double y = (visit.end - visit.firstY - extents[visit.node]) * 0.5 + visit.firstY;
+    const double floor = truncated(visit.free);
+    if (!(floor > y))
+        return y;
+    shiftKids(visit.node, floor - y);
+    return floor;
+}
+
+void CompactPlacement::placeSubtree(int root)
+{
+    std::vector<Visit> open;
+    const auto enter = [&](int node, double start, bool first) {
+        open.push_back({.node = node,
+                        .kidsLeft = reached.firstKid[node + 1] - reached.firstKid[node],
+                        .start = start,
+                        .free = freePosition(node, start, first),
+                        .next = start});
+    };
+    enter(root, options.start, false);
+    while (moves <= mostMoves) {
+        if (open.back().kidsLeft > 0) {
+            Visit &visit = open.back();
+            const int kid = reached.kids[reached.firstKid[visit.node] + --visit.kidsLeft];
+            enter(kid, visit.next, visit.firstPlaced);
+            continue;
+        }
+        const Visit done = open.back();
+        open.pop_back();
+        const bool isLeaf = reached.firstKid[done.node + 1] == reached.firstKid[done.node];
+        const double end = settle(done.node, isLeaf ? done.free : centre(done));
+        if (open.empty())
+            return;
+        Visit &parent = open.back();
+        parent.end = end;
+        parent.next = end + options.nodeSep;
+        if (parent.firstPlaced)
+            parent.firstY = position[done.node];
+        parent.firstPlaced = false;
+    }
+}
+
+void CompactPlacement::shiftKids(int node, double delta)
+{
+    moves += ways[node] - 1;
+    if (moves > mostMoves)
+        return;
+    for (int i = reached.firstKid[node]; i < reached.firstKid[node + 1]; ++i)
+        shiftSubtree(reached.kids[i], delta);
+}
+
+// Marks are only ever raised: where a subtree moved away, its old marks stay and leave a gap.
+void CompactPlacement::shiftSubtree(int root, double delta)
+{
+    if (reached.isTree) {
+        shiftRange(root, reached.subtreeEnd[root], delta);
+        return;
+    }
+    // A node that can be reached on two ways from here moves twice.
+    pending.push_back(root);
+    while (!pending.empty()) {
+        const int node = pending.back();
+        pending.pop_back();
+        shiftRange(node, node + 1, delta);
+        pending.insert(pending.end(), reached.kids.begin() + reached.firstKid[node],
+                       reached.kids.begin() + reached.firstKid[node + 1]);
+    }
+}
+
+// The inner loop of trees in which nearly every parent is pushed. It is `settle` with all that it
+// uses at hand.
+void CompactPlacement::shiftRange(int first, int behind, double delta)
+{
+    StoredNumber keep = stored;
+    double furthest = levelEnd.back();
+    double *const ends = levelEnd.data();
+    double *const positions = position.data();
+    const double *const sizes = extents.data();
+    const int *const numbers = levels.data();
+    for (int node = first; node < behind; ++node) {
+        const double y = positions[node] + delta;
+        positions[node] = keep(y);
+        const double end = y + sizes[node];
+        furthest = std::max(furthest, end);
+        ends[numbers[node]] = std::max(ends[numbers[node]], end);
+    }
+    levelEnd.back() = furthest;
+    stored = keep;
+}
+
+} // namespace ORR::Graph::Layout

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "layout/graflib/reached_nodes.h"
+#include "layout/graflib/stored_number.h"
+
+#include <QtGlobal>
+
+#include <vector>
+
+namespace ORR::Graph::Layout {
+
+// The numbers of one level of a compact tree are kept in lists with one entry a level and a last
+// one for all of them.
+using LevelNumbers = std::vector<double>;
+
+// The compact placement of a tree across its levels: a walk from the root that lays out every
+// subtree before its parent and centres the parent over its children. Marks of how far each level
+// is taken keep the subtrees apart, and a parent that would run into what stands before it is
+// pushed on, its whole subtree with it.
+//
+// A node that is reached on several ways is placed on each of them; the last one holds, and the
+// marks of all of them stay. So the work grows with the number of ways and not with that of nodes,
+// and it is limited, see `place`. All positions have the six digits that they have as attributes.
+class CompactPlacement
+{
+public:
+    struct Options
+    {
+        double nodeSep = 0.0; // points
+        double start = 0.0; // where the levels begin, in points
+    };
+
+    // extents: the size of each node across the levels; levels: its level.
+    CompactPlacement(const ReachedNodes &reached, std::vector<double> extents,
+                     std::vector<int> levels, int levelCount, const Options &options);
+
+    // Places all nodes. False, with nothing placed or a part of it, if that takes too many
+    // placements or too many moves of pushed nodes.
+    bool place();
+
+    // Results: the positions, and the largest end on any level.
+    const std::vector<double> &placed() const { return position; }
+    double end() const { return levelEnd.back(); }
+
+    // The limits, which keep every run to seconds: a placement takes some 50 ns, a move in a tree
+    // 3 ns and in any other graph 10 ns. No tree of 100,000 nodes comes to as many moves, and no
+    // tree of 50 million nodes to as many placements.
+    static constexpr qint64 mostPlacements = 50'000'000;
+    static constexpr qint64 mostMovesInTree = 5'000'000'000;
+    static constexpr qint64 mostMovesInGraph = 1'000'000'000;
+
+private:
+    struct Visit;
+    void placeSubtree(int root);
+    double freePosition(int node, double start, bool first) const;
+    double settle(int node, double y);
+    double centre(const Visit &visit);
+    void shiftKids(int node, double delta);
+    void shiftSubtree(int root, double delta);
+    void shiftRange(int first, int behind, double delta);
+    void countWays();
+
+    const ReachedNodes &reached;
+    std::vector<double> extents;
+    std::vector<int> levels;
+    Options options;
+    LevelNumbers levelEnd; // how far each level is taken; last entry: the furthest of all
+    std::vector<double> position;
+    std::vector<qint64> ways; // the number of placements that each subtree takes, limited
+    std::vector<int> pending; // of `shiftSubtree`
+    StoredNumber stored;
+    qint64 mostMoves;
+    qint64 moves = 0;
+};
+
+} // namespace ORR::Graph::Layout

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "device/device.h"
+#include "graph/dot_graph.h"
+#include "layout/sequence/grid_object.h"
+#include "layout/sequence/uml_fragment.h"
+
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace ORR::Graph::Layout {
+
+class PendingEdges;
+
+// Draws a UML sequence diagram. The graph says on which row and column of a grid everything stands;
+// the engine finds the position of each row and column from the size of what stands there, and
+// paints. Nothing is arranged or routed, and nothing is written into the graph.
+//
+//   attribute  of                        meaning, default
+//   uml        node                      "object", "foundmessage", "activation" or "spacer"
+//              edge                      "message", "return" or "lifeline"
+//              subgraph                  "combinedfragment" or "section"
+//   row        node, return, subgraph    grid row, 0
+//   col        node, fragment            grid column, 0
+//   nesting    activation                level among the bars of a lifeline, 0
+//   width      spacer                    points, 0; -1: that of its label
+//   height     spacer                    points, 0; -1: that of its label
+//   visible    return                    drawn if it is "true", not drawn
+//
+// Texts are compared exactly, and a number that does not parse is 0. Styling and labels are read
+// through `GraphStyle`. Inheritance holds for all of them: a subgraph without `uml` or `row` has
+// those of the subgraph around it.
+//
+// What has no known `uml` value is no part of the diagram, and a subgraph without one is skipped
+// with everything in it; so is a section outside a fragment. An edge is dropped unless both its
+// ends have objects, a return also unless it comes from an activation.
+//
+// The time is linear in the graph and the grid, apart from sorting edges that had to wait for their
+// ends. Subgraphs may nest to any depth.
+class UmlSequence
+{
+public:
+    // Rows and columns are numbered from 0 and there are at most this many of either. Every one of
+    // them takes memory and at least 5 points of the page, whether something stands on it or not,
+    // so an input must not be believed any number: a million is far more than a drawing can show
+    // and costs some twenty megabytes.
+    static constexpr int gridLimit = 1'000'000;
+
+    UmlSequence();
+    ~UmlSequence();
+    UmlSequence(const UmlSequence &) = delete;
+    UmlSequence &operator=(const UmlSequence &) = delete;
+
+    // Builds, lays out and draws the diagram; to be called once. Neither is owned, and both must
+    // outlive this object. Returns what the device's `end` returns. If something stands on no row
+    // or column of the grid, nothing is drawn and a message that ends in a line feed is returned;
+    // the device has not been begun then.
+    QString run(DotGraph *graph, Device *device);
+
+    // Takes an object into the diagram, which grows to hold its row and column.
+    void addObject(std::unique_ptr<GridObject> object);
+
+    // What has been built, by kind, in order of creation.
+    using Objects = std::vector<std::unique_ptr<GridObject>>;
+    const Objects &clusters() const { return clusterObjects; }
+    const Objects &nodes() const { return nodeObjects; }
+    const Objects &edges() const { return edgeObjects; }
+    int rows() const { return rowCount; }
+    int cols() const { return colCount; }
+
+private:
+    struct Build;
+
+    bool failed() const { return !failure.isNull(); }
+    QList<const GridObject *> allObjects() const;
+    void collect(Build &build);
+    void collectMembers(Build &build, const DotSubgraph *subgraph);
+    void collectFragment(Build &build, DotSubgraph *subgraph);
+    void collectSection(Build &build, DotSubgraph *subgraph);
+    void closeFragment(Build &build);
+    void addTo(UmlCombinedFragment *parent, std::unique_ptr<GridObject> object);
+
+    Objects clusterObjects;
+    Objects nodeObjects;
+    Objects edgeObjects;
+    int rowCount = 0;
+    int colCount = 0;
+    QString failure; // null while every object stands on the grid
+};
+
+} // namespace ORR::Graph::Layout

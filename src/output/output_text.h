@@ -1,0 +1,71 @@
+#pragma once
+
+#include "output/number_bytes.h"
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QFile>
+#include <QString>
+
+#include <algorithm>
+#include <memory>
+
+namespace ORR::Graph {
+
+// The text of an output file, written piece by piece and handed on in large blocks, so that a
+// drawing of any size takes no memory to speak of. Everything is UTF-8. After a write that failed
+// the rest is dropped.
+class OutputText
+{
+public:
+    // To a file, in place of what stood there.
+    explicit OutputText(const QString &fileName);
+    // To memory, in place of what stood there. The buffer is not owned and is complete after
+    // `flush`.
+    explicit OutputText(QByteArray *buffer);
+    // Hands on what is still held.
+    ~OutputText();
+    OutputText(const OutputText &) = delete;
+    OutputText &operator=(const OutputText &) = delete;
+
+    // Whether there is anything to write to. If not, what is written is dropped.
+    bool isOpen() const { return file || buffer; }
+
+    OutputText &operator<<(QByteArrayView text)
+    {
+        if (text.size() > room())
+            return appendLong(text);
+        std::copy(text.cbegin(), text.cend(), block.get() + used);
+        used += text.size();
+        return *this;
+    }
+    OutputText &operator<<(int value) { return appendNumber(value); }
+    OutputText &operator<<(double value) { return appendNumber(value); } // as `numberText`
+
+    // Hands on everything written so far. False if any of it has not arrived.
+    bool flush();
+
+private:
+    static constexpr qsizetype blockSize = 64 * 1024;
+
+    qsizetype room() const { return blockSize - used; }
+    OutputText &appendLong(QByteArrayView text);
+    void handOn(QByteArrayView text);
+
+    template <typename Number>
+    OutputText &appendNumber(Number value)
+    {
+        if (room() < longestNumber)
+            flush();
+        used = writeNumber(block.get() + used, value) - block.get();
+        return *this;
+    }
+
+    std::unique_ptr<QFile> file;
+    QByteArray *buffer = nullptr;
+    std::unique_ptr<char[]> block = std::make_unique<char[]>(blockSize);
+    qsizetype used = 0;
+    bool failed = false;
+};
+
+} // namespace ORR::Graph

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "output/svg.h"
+
+namespace ORR::Graph {
+
+// The SVG device with rich text: an HTML text is laid out as a document without a margin, and what
+// the toolkit's own SVG painter makes of it becomes a group at the text's place.
+class SvgRichText : public Svg
+{
+public:
+    using Svg::Svg;
+
+    // A text that takes no room gives no group.
+    void drawRichText(QPoint topLeft, Text *text) override;
+};
+
+} // namespace ORR::Graph

@@ -1,0 +1,62 @@
+#include "graph/numbers.h"
+
+#include "support/golden.h"
+
+#include <cmath>
+
+using namespace ORR::Graph;
+
+namespace {
+
+constexpr int lowest = std::numeric_limits<int>::min();
+constexpr int highest = std::numeric_limits<int>::max();
+
+} // namespace
+
+TEST(Numbers, truncation_goes_toward_zero)
+{
+    EXPECT_EQ(truncated(2.9), 2);
+    EXPECT_EQ(truncated(-2.9), -2);
+    EXPECT_EQ(truncated(-0.0), 0);
+}
+
+TEST(Numbers, truncation_saturates_and_takes_no_number_for_zero)
+{
+    EXPECT_EQ(truncated(1e308), highest);
+    EXPECT_EQ(truncated(-1e308), lowest);
+    EXPECT_EQ(truncated(INFINITY), highest);
+    EXPECT_EQ(truncated(-INFINITY), lowest);
+    EXPECT_EQ(truncated(NAN), 0);
+    EXPECT_EQ(truncated(2147483646.5), highest - 1);
+    EXPECT_EQ(truncated(2147483647.5), highest);
+    EXPECT_EQ(truncated(-2147483648.5), lowest);
+}
+
+TEST(Numbers, rounding_adds_a_half_and_truncates)
+{
+    EXPECT_EQ(rounded(2.4), 2);
+    EXPECT_EQ(rounded(2.5), 3);
+    EXPECT_EQ(rounded(-2.5), -2);
+    EXPECT_EQ(rounded(-0.4), 0);
+    EXPECT_EQ(rounded(-1.6), -1);
+}
+
+TEST(Numbers, sums_in_64_bits_saturate)
+{
+    EXPECT_EQ(saturated(qint64(highest) + 1), highest);
+    EXPECT_EQ(saturated(qint64(lowest) - 1), lowest);
+    EXPECT_EQ(saturated(-7), -7);
+}
+
+TEST(Numbers, texts_have_six_significant_digits)
+{
+    EXPECT_EQ(numberText(0), "0");
+    EXPECT_EQ(numberText(-0.0), "0");
+    EXPECT_EQ(numberText(1.0 / 3), "0.333333");
+    EXPECT_EQ(numberText(123456.7), "123457");
+    EXPECT_EQ(numberText(1000000), "1e+06");
+    EXPECT_EQ(numberText(1234567), "1.23457e+06");
+    EXPECT_EQ(numberText(0.00001), "1e-05");
+    EXPECT_EQ(numberText(NAN), "nan");
+    EXPECT_EQ(numberText(INFINITY), "inf");
+}
