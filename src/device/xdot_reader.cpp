@@ -20,15 +20,19 @@ void XDotReader::skipBlanks()
         ++position;
 }
 
-char XDotReader::nextOp()
+bool XDotReader::atEnd()
 {
     skipBlanks();
+    return position == text.size();
+}
+
+char XDotReader::nextOp()
+{
     return atEnd() ? '\0' : text.at(position++);
 }
 
 bool XDotReader::hasWord()
 {
-    skipBlanks();
     return !atEnd() && text.at(position) != ',';
 }
 

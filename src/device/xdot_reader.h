@@ -15,7 +15,8 @@ class XDotReader
 public:
     explicit XDotReader(QByteArrayView bytes) : text(bytes) { }
 
-    bool atEnd() const { return position == text.size(); }
+    // Whether nothing but blanks is left.
+    bool atEnd();
 
     // The next character that is no blank; NUL at the end.
     char nextOp();

@@ -73,6 +73,9 @@ void applyEnvironment(Graph::DotGraph *graph)
 // can't be made.
 std::optional<QString> makeTemporaryFile(DriverFormat format, QTemporaryFile *file)
 {
+    // A TMPDIR that is not there; the working directory would stand in for it.
+    if (QDir::tempPath().isEmpty())
+        return std::nullopt;
     const QString nameTemplate = u"orr_orrlayout_XXXXXX.%1"_s.arg(formatRow(format).name);
     file->setFileTemplate(QDir::temp().filePath(nameTemplate));
     if (!file->open())

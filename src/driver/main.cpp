@@ -33,5 +33,11 @@ int main(int argc, char **argv)
     startApplication(u"orrlayout"_s);
     QApplication::setApplicationVersion(QString::fromLatin1(applicationVersion));
     const QString home = startHome(QString::fromLocal8Bit(argv[0]));
-    return runDriver(readCommandLine(), home, streams);
+    const int status = runDriver(readCommandLine(), home, streams);
+#ifdef __SANITIZE_ADDRESS__
+    // What its fonts hold would be taken for lost.
+    const QuietStandardError quiet;
+    delete qApp;
+#endif
+    return status;
 }

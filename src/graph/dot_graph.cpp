@@ -2,6 +2,8 @@
 
 #include "graph/palette.h"
 
+#include <algorithm>
+
 namespace ORR::Graph {
 
 using namespace Qt::StringLiterals;
@@ -47,11 +49,22 @@ QString DotGraph::takeId(const QString &id, QLatin1StringView prefix,
     return taken;
 }
 
+// Two strides of the same length behind each other become one of twice the length and one step.
+DotSubgraph *DotGraph::shortcutBelow(DotSubgraph *parent)
+{
+    DotSubgraph *first = parent->shortcut;
+    DotSubgraph *second = first ? first->shortcut : nullptr;
+    if (second && parent->depth - first->depth == first->depth - second->depth)
+        return second;
+    return parent;
+}
+
 DotSubgraph *DotGraph::addSubgraph(DotSubgraph *parent, const QString &id, QLatin1StringView prefix)
 {
     DotSubgraph *subgraph = &subgraphs.emplace_back();
     subgraph->parent = parent;
     subgraph->depth = parent->depth + 1;
+    subgraph->shortcut = shortcutBelow(parent);
     subgraph->id = takeId(id, prefix, subgraphsById, subgraph);
     parent->subgraphs.append(subgraph);
     return subgraph;
@@ -86,7 +99,8 @@ DotEdge *DotGraph::createEdge(DotNode *tail, DotNode *head, const QString &label
     DotEdge *edge = &edges.emplace_back();
     edge->tail = tail;
     edge->head = head;
-    commonSubgraph(tail->owner, head->owner)->edges.append(edge);
+    edge->common = commonSubgraph(tail->owner, head->owner);
+    edge->common->edges.append(edge);
     linkAsNewest(edge);
     if (!rings.isEmpty())
         addToRing(edge);
@@ -230,20 +244,25 @@ QString DotGraph::nodeAttribute(const DotNode *node, const QString &name) const
 QString DotGraph::edgeAttribute(const DotEdge *edge, const QString &name) const
 {
     const QString *own = edge->attributes.find(name);
-    return own ? *own : edgeDefault(commonSubgraph(edge->tail->owner, edge->head->owner), name);
+    return own ? *own : edgeDefault(edge->common, name);
 }
 
 DotSubgraph *DotGraph::commonSubgraph(DotSubgraph *a, DotSubgraph *b)
 {
     if (!a || !b)
         return a ? a : b;
-    while (a != b) {
-        DotSubgraph *&deeper = a->depth >= b->depth ? a : b;
-        deeper = deeper->parent;
-        if (!deeper)
-            return nullptr;
+    while (a->depth != b->depth) {
+        DotSubgraph *&deeper = a->depth > b->depth ? a : b;
+        const int level = std::min(a->depth, b->depth);
+        deeper = deeper->shortcut->depth >= level ? deeper->shortcut : deeper->parent;
     }
-    return a;
+    // On one level shortcuts are equally long: where they differ, the common ancestor lies above.
+    while (a != b && a->parent) {
+        const bool far = a->shortcut != b->shortcut;
+        a = far ? a->shortcut : a->parent;
+        b = far ? b->shortcut : b->parent;
+    }
+    return a == b ? a : nullptr;
 }
 
 QList<DotNode *> DotGraph::successors(const DotNode *node) const

@@ -37,6 +37,10 @@ struct DotSubgraph : DotObject
     AttributeMap edgeDefaults;
     AttributeMap nodeDefaults;
     int depth = 0; // number of ancestors
+
+private:
+    friend class DotGraph;
+    DotSubgraph *shortcut = nullptr; // an ancestor some levels up, see `commonSubgraph`
 };
 
 struct DotNode : DotObject
@@ -57,6 +61,7 @@ struct DotEdge : DotObject
 
 private:
     friend class DotGraph;
+    DotSubgraph *common = nullptr; // lowest common subgraph of its ends, which never changes
     DotEdge *newer = nullptr; // neighbours among the out edges of the tail
     DotEdge *older = nullptr;
 };
@@ -119,7 +124,10 @@ public:
     QString nodeDefault(const DotSubgraph *subgraph, const QString &name) const;
     QString edgeDefault(const DotSubgraph *subgraph, const QString &name) const;
 
-    // The lowest common ancestor; the other one if one is null; null if there is none.
+    // The lowest common ancestor; the other one if one is null; null if there is none. The number
+    // of steps grows with the logarithm of the depth: each subgraph has a shortcut besides its
+    // parent, to an ancestor so chosen that a walk by both takes strides of powers of two (Myers,
+    // "An applicative random-access stack", 1983).
     static DotSubgraph *commonSubgraph(DotSubgraph *a, DotSubgraph *b);
 
     // The heads of the node's out edges, newest edge first, with duplicates.
@@ -151,6 +159,7 @@ private:
     template <typename Record>
     QString takeId(const QString &id, QLatin1StringView prefix, QHash<QString, Record *> &registry,
                    Record *record);
+    static DotSubgraph *shortcutBelow(DotSubgraph *parent);
     DotSubgraph *addSubgraph(DotSubgraph *parent, const QString &id, QLatin1StringView prefix);
     void linkAsNewest(DotEdge *edge);
     static void unlink(DotEdge *edge);

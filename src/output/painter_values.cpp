@@ -6,6 +6,8 @@
 #include <QList>
 #include <QRadialGradient>
 
+#include <cmath>
+
 namespace ORR::Graph {
 
 namespace {
@@ -27,6 +29,21 @@ QBrush withStops(QGradient gradient, const Device::Color *fill)
             gradient.setColorAt(offset, colorOfStop(fill, i));
     }
     return gradient;
+}
+
+// The toolkit's painter runs out of its colour tables where the squares of the numbers overflow.
+constexpr double largestNumber = 1e9;
+
+// Whether the gradient lies where a drawing can be, which no coordinate that is not a number does.
+bool isPaintable(const Device::Color *gradient)
+{
+    const QPointF start = gradient->start();
+    const QPointF stop = gradient->stop();
+    for (const double number : {start.x(), start.y(), stop.x(), stop.y(), gradient->radius()}) {
+        if (!(std::fabs(number) <= largestNumber))
+            return false;
+    }
+    return true;
 }
 
 } // namespace
@@ -60,6 +77,8 @@ QBrush painterBrush(const Device::Color *fill)
 {
     if (!fill)
         return Qt::NoBrush;
+    if (!isPaintable(fill))
+        return painterColor(fill);
     switch (fill->type()) {
     case Device::Color::Linear:
         return withStops(QLinearGradient(fill->start(), fill->stop()), fill);

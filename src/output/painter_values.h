@@ -17,7 +17,8 @@ QColor painterColor(const Device::Color *color);
 // nothing.
 QPen painterPen(const Device::Pen *pen);
 
-// No brush for null. Stops whose offset is not within 0 to 1 are left out.
+// No brush for null. Stops whose offset is not within 0 to 1 are left out; a gradient between
+// points that are beyond all drawings, or no points, is its first colour.
 QBrush painterBrush(const Device::Color *fill);
 
 } // namespace ORR::Graph

@@ -68,17 +68,17 @@ void XDotObject::includePoint(QPoint point)
 
 void XDotObject::includeRect(const QRect &rect)
 {
-    if (isNull(rect))
-        return;
     if (isNull(bounds)) {
         bounds = rect;
         return;
     }
-    // A side of a rectangle of negative extent counts from its other end.
-    const auto left = [](const QRect &r) { return widthOf(r) < 0 ? r.right() : r.left(); };
-    const auto right = [](const QRect &r) { return widthOf(r) < 0 ? r.left() : r.right(); };
-    const auto top = [](const QRect &r) { return heightOf(r) < 0 ? r.bottom() : r.top(); };
-    const auto bottom = [](const QRect &r) { return heightOf(r) < 0 ? r.top() : r.bottom(); };
+    if (isNull(rect))
+        return;
+    // A rectangle of negative extent covers what lies between its sides.
+    const auto left = [](const QRect &r) { return widthOf(r) < 0 ? r.right() + 1 : r.left(); };
+    const auto right = [](const QRect &r) { return widthOf(r) < 0 ? r.left() - 1 : r.right(); };
+    const auto top = [](const QRect &r) { return heightOf(r) < 0 ? r.bottom() + 1 : r.top(); };
+    const auto bottom = [](const QRect &r) { return heightOf(r) < 0 ? r.top() - 1 : r.bottom(); };
     bounds.setCoords(std::min(left(bounds), left(rect)), std::min(top(bounds), top(rect)),
                      std::max(right(bounds), right(rect)), std::max(bottom(bounds), bottom(rect)));
 }

@@ -211,6 +211,17 @@ TEST(CirclePacking, large_circles_come_out_as_defined_wherever_that_ends)
     EXPECT_GT(large.unended, 100);
 }
 
+// Next to the larger of two circles the smaller one adds nothing, and a chain of the two is cut
+// nowhere and is not left either.
+TEST(CirclePacking, circles_of_all_magnitudes_come_out_as_defined_wherever_that_ends)
+{
+    const Agreement agreement =
+        compare(3000, [](Random &random, int i) { return randomRadii(random, 3 + i % 20, 1e40); });
+    EXPECT_EQ(agreement.different, 0);
+    EXPECT_GT(agreement.ended, 100);
+    EXPECT_GT(agreement.unended, 100);
+}
+
 TEST(CirclePacking, sizes_of_files_that_never_ended_are_packed_without_overlap)
 {
     const QList<double> radii{172164, 17159, 166489, 78414};

@@ -11,9 +11,13 @@
 #include <limits>
 
 using namespace ORR::Graph;
-using Layout::storedNumber;
 
 namespace {
+
+double storedNumber(double value)
+{
+    return Layout::StoredNumber()(value);
+}
 
 quint64 bits(double value)
 {
@@ -62,6 +66,16 @@ TEST(StoredNumber, has_the_bits_of_the_text_for_halves_and_quarters)
     for (int i = 0; i < 4'000'000; i += 37) {
         ASSERT_EQ(bits(storedNumber(i / 8.0)), bitsThroughText(i / 8.0)) << i / 8.0;
         ASSERT_EQ(bits(storedNumber(-i / 4.0)), bitsThroughText(-i / 4.0)) << -i / 4.0;
+    }
+}
+
+TEST(StoredNumber, goes_from_one_size_to_another)
+{
+    Layout::StoredNumber stored;
+    Dice dice(4);
+    for (int i = 0; i < 10'000; ++i) {
+        const double value = dice.below(1 << 24) * std::pow(10.0, dice.below(30) - 20);
+        ASSERT_EQ(bits(stored(value)), bitsThroughText(value)) << value;
     }
 }
 

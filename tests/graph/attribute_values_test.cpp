@@ -2,6 +2,8 @@
 
 #include "support/golden.h"
 
+#include <bit>
+
 using namespace ORR::Graph;
 using namespace Qt::StringLiterals;
 
@@ -36,4 +38,54 @@ TEST(AttributeValues, a_list_counts_by_its_first_and_last_number)
     expectPair(u" 3 , 8 "_s, 3, 8);
     EXPECT_EQ(pointPairFromInches(u"0.5,1"_s).first, 36.0);
     EXPECT_EQ(pointPairFromInches(u"0.5,1"_s).last, 72.0);
+}
+
+TEST(AttributeValues, a_number_has_the_bits_that_the_toolkit_reads)
+{
+    const auto bits = [](double value) { return std::bit_cast<quint64>(value); };
+    const auto same = [&](const QString &text) {
+        return bits(numberFrom(text)) == bits(text.toDouble());
+    };
+    for (const char *odd : {"",
+                            "-",
+                            ".",
+                            "-.",
+                            ".5",
+                            "5.",
+                            "-.5",
+                            "+5",
+                            "--5",
+                            "0",
+                            "-0",
+                            "-0.0",
+                            "00012.50",
+                            "1.2.3",
+                            " 1",
+                            "1 ",
+                            "1,5",
+                            "1e5",
+                            "1E-5",
+                            "-1e+06",
+                            "nan",
+                            "inf",
+                            "-inf",
+                            "0x10",
+                            "1_0",
+                            "99999999999999",
+                            "999999999999999",
+                            "9999999999999999",
+                            "0.00000000000001",
+                            "0.000000000000001",
+                            "123456789.123456789",
+                            "4503599627370497.5"})
+        EXPECT_TRUE(same(QString::fromLatin1(odd))) << odd;
+
+    quint32 state = 1;
+    for (int i = 0; i < 100'000; ++i) {
+        state = state * 1664525u + 1013904223u;
+        const double value = (state / 4294967296.0 - 0.5) * (i % 3 ? 2e3 : 2e9);
+        const int digits = 1 + i % 17;
+        ASSERT_TRUE(same(QString::number(value, 'g', digits))) << value << ' ' << digits;
+        ASSERT_TRUE(same(QString::number(value, 'f', digits % 8))) << value << ' ' << digits;
+    }
 }

@@ -164,6 +164,33 @@ TEST(DotGraph, the_common_subgraph_is_the_lowest_ancestor_of_both)
     EXPECT_EQ(DotGraph::commonSubgraph(abc, other.root()), nullptr);
 }
 
+TEST(DotGraph, the_common_subgraph_agrees_with_a_plain_walk_on_random_trees)
+{
+    const auto plainly = [](DotSubgraph *x, DotSubgraph *y) {
+        while (x != y) {
+            DotSubgraph *&deeper = x->depth >= y->depth ? x : y;
+            deeper = deeper->parent;
+        }
+        return x;
+    };
+    std::mt19937 random(7);
+    const auto pick = [&](qsizetype count) { return qsizetype(random() % std::size_t(count)); };
+    for (int round = 0; round < 20; ++round) {
+        DotGraph graph;
+        QList<DotSubgraph *> all{graph.root()};
+        while (all.size() < 200) {
+            // Mostly below one of the last, so that the trees are deep.
+            const qsizetype parent = all.size() - 1 - pick(std::min<qsizetype>(all.size(), 4));
+            all.append(graph.createSubgraph(all.at(parent), {}));
+        }
+        for (int i = 0; i < 1000; ++i) {
+            DotSubgraph *x = all.at(pick(all.size()));
+            DotSubgraph *y = all.at(pick(all.size()));
+            ASSERT_EQ(DotGraph::commonSubgraph(x, y), plainly(x, y));
+        }
+    }
+}
+
 TEST(DotGraph, successors_are_newest_first_with_duplicates)
 {
     DotGraph graph;

@@ -150,9 +150,10 @@ bool packChain(QList<PackCircle> &circles)
             const Intersection found = firstIntersection<Rules>(*a, *b, *c);
             if (!found.circle)
                 break;
-            if (a == b)
-                return false; // the chain of one: c will come to the same place again
-            (found.behind ? a : b) = found.circle;
+            PackCircle *&end = found.behind ? a : b;
+            if (end == found.circle)
+                return false; // nothing to cut: c would come to the same place again
+            end = found.circle;
             link(a, b);
         }
         link(a, c);

@@ -23,13 +23,13 @@ struct PackCircle : Circle
 // run into another circle of the chain, the chain is cut short up to there.
 //
 // Two circles intersect if the square of their distance falls below that of their radii's sum by
-// more than 1e-6. With radii of some ten thousands and more rounding is larger than that. Then it
-// happens that a chain of two circles, which the new circle touches by construction, is cut down to
-// one, and that the new circle is then put against that one and found to intersect it, in the same
-// way for ever. A chain of three or more is cut shorter by every intersection, so this is the only
-// way in which the packing of a list does not end, and it is seen at once. The other is the search
-// for the enclosing circle, which sees it for itself; positions that are not numbers come out
-// there.
+// more than 1e-6. With radii of some ten thousands and more rounding is larger than that, and a new
+// circle may seem to intersect the very pair that it is put against. As long as the chain has three
+// circles, that pair is not looked at, and every intersection cuts the chain shorter. But a chain
+// of two may be cut down to one by such an error, and where an intersection is then found that cuts
+// nothing any more, the circle comes to the same place for ever. This is the only way in which the
+// packing of a list does not end, and it is seen at once. The other is the search for the enclosing
+// circle, which sees it for itself; positions that are not numbers come out there.
 //
 // A list whose packing does not end is packed anew, on a copy of the circles scaled to the size of
 // 1 and with a tolerance in proportion to the circles, 1e-7 of the square: at most some 5e-8 of

@@ -1,7 +1,6 @@
 #include "layout/graflib/compact_placement.h"
 
 #include "graph/numbers.h"
-#include "layout/graflib/stored_number.h"
 
 #include <algorithm>
 #include <utility>
@@ -25,7 +24,8 @@ CompactPlacement::CompactPlacement(const ReachedNodes &reachedNodes,
                                    std::vector<double> nodeExtents, std::vector<int> nodeLevels,
                                    int levelCount, const Options &placementOptions)
     : reached(reachedNodes), extents(std::move(nodeExtents)), levels(std::move(nodeLevels)),
-      options(placementOptions), levelEnd(levelCount + 1, 0.0), position(reached.size(), 0.0)
+      options(placementOptions), levelEnd(levelCount + 1, 0.0), position(reached.size(), 0.0),
+      mostMoves(reached.isTree ? mostMovesInTree : mostMovesInGraph)
 {
 }
 
@@ -62,7 +62,7 @@ double CompactPlacement::freePosition(int node, double start, bool first) const
 // loses its digits.
 double CompactPlacement::settle(int node, double y)
 {
-    position[node] = storedNumber(y);
+    position[node] = stored(y);
     const double end = y + extents[node];
     double &level = levelEnd[levels[node]];
     level = std::max(level, end);
@@ -125,16 +125,10 @@ void CompactPlacement::shiftKids(int node, double delta)
 }
 
 // Marks are only ever raised: where a subtree moved away, its old marks stay and leave a gap.
-void CompactPlacement::shiftOne(int node, double delta)
-{
-    settle(node, position[node] + delta);
-}
-
 void CompactPlacement::shiftSubtree(int root, double delta)
 {
     if (reached.isTree) {
-        for (int node = root; node < reached.subtreeEnd[root]; ++node)
-            shiftOne(node, delta);
+        shiftRange(root, reached.subtreeEnd[root], delta);
         return;
     }
     // A node that can be reached on two ways from here moves twice.
@@ -142,10 +136,31 @@ void CompactPlacement::shiftSubtree(int root, double delta)
     while (!pending.empty()) {
         const int node = pending.back();
         pending.pop_back();
-        shiftOne(node, delta);
+        shiftRange(node, node + 1, delta);
         pending.insert(pending.end(), reached.kids.begin() + reached.firstKid[node],
                        reached.kids.begin() + reached.firstKid[node + 1]);
     }
+}
+
+// The inner loop of trees in which nearly every parent is pushed. It is `settle` with all that it
+// uses at hand.
+void CompactPlacement::shiftRange(int first, int behind, double delta)
+{
+    StoredNumber keep = stored;
+    double furthest = levelEnd.back();
+    double *const ends = levelEnd.data();
+    double *const positions = position.data();
+    const double *const sizes = extents.data();
+    const int *const numbers = levels.data();
+    for (int node = first; node < behind; ++node) {
+        const double y = positions[node] + delta;
+        positions[node] = keep(y);
+        const double end = y + sizes[node];
+        furthest = std::max(furthest, end);
+        ends[numbers[node]] = std::max(ends[numbers[node]], end);
+    }
+    levelEnd.back() = furthest;
+    stored = keep;
 }
 
 } // namespace ORR::Graph::Layout

@@ -120,6 +120,8 @@ std::optional<int> GraflibTree::levelOf(const DotNode *node) const
 bool GraflibTree::levelsAreValid(int levelCount) const
 {
     const QList<DotNode *> &nodes = graph->root()->nodes;
+    if (nodes.size() == reached.size())
+        return true;
     return std::all_of(nodes.cbegin(), nodes.cend(), [&](const DotNode *node) {
         const auto level = levelOf(node);
         return !level || (*level >= 0 && *level < levelCount);
@@ -223,7 +225,7 @@ std::optional<QSizeF> GraflibTree::placeCompact(int levelCount, double rankSep, 
         if (flipped)
             d1 = levelPositions.back() - d1 - nodeNumber(node, rankExtentAttr);
         graph->setNodeAttribute(node, Names::d1, numberText(d1));
-        graph->setNodeAttribute(node, Names::d2, numberText(placement.positions()[i]));
+        graph->setNodeAttribute(node, Names::d2, numberText(placement.placed()[i]));
     }
     return QSizeF(levelPositions.back(), placement.end() + pad.across);
 }

@@ -1,5 +1,6 @@
 #include "layout/graflib/polyline_text.h"
 
+#include "graph/attribute_values.h"
 #include "graph/numbers.h"
 
 namespace ORR::Graph::Layout {
@@ -21,7 +22,7 @@ std::optional<FourNumbers> polylineNumbers(const QString &text)
         const qsizetype blank = rest.indexOf(u' ');
         if ((blank < 0) != last)
             return {};
-        numbers[i] = (last ? rest : rest.first(blank)).toDouble();
+        numbers[i] = numberFrom(last ? rest : rest.first(blank));
         rest = rest.mid(blank + 1);
     }
     return numbers;

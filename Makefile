@@ -1,0 +1,48 @@
+# Two commands for a bare Debian 12, as root or as a user with sudo:
+#
+#   make demo    builds the program and draws the examples into out/
+#   make check   builds it twice, optimised and with the sanitizers, and runs the tests of both
+#
+# Both install the Debian packages that are missing. With CI=true warnings are errors.
+
+# To build; to draw the same letters everywhere; to test, with readers and renderers of other hands.
+PACKAGES := cmake ninja-build g++ pkg-config \
+            qt6-base-dev qt6-svg-dev libgl-dev libminizip-dev zlib1g-dev \
+            fonts-liberation python3 \
+            libgtest-dev libvisio-tools libxml2-utils librsvg2-bin locales
+
+SUDO := $(if $(filter-out 0,$(shell id -u)),sudo)
+SETTINGS := -DORR_WERROR=$(if $(filter true,$(CI)),ON,OFF) \
+            -DCMAKE_CXX_COMPILER_LAUNCHER=$(shell command -v ccache)
+
+.PHONY: all demo check packages release release-tests asan-tests
+all: release
+
+demo: release
+	examples/draw_all build/release/bin/orrlayout out
+
+check: release-tests asan-tests
+
+release: packages
+	cmake --preset release $(SETTINGS)
+	cmake --build --preset release --target orrlayout
+
+release-tests asan-tests: %-tests: packages
+	cmake --preset $* $(SETTINGS)
+	cmake --build --preset $*
+	ctest --preset $*
+
+# One after the other: each build takes the whole machine.
+asan-tests: release-tests
+
+# Nothing is asked of apt when nothing is missing, nor where there is no apt.
+packages:
+	@command -v apt-get >/dev/null || exit 0; \
+	have=$$(dpkg-query -W -f '$${Package} $${db:Status-Status}\n' $(PACKAGES) 2>/dev/null \
+	        | sed -n 's/ installed$$//p'); \
+	missing=$$(for p in $(PACKAGES); do echo "$$have" | grep -qxF "$$p" || echo "$$p"; done); \
+	test -z "$$missing" && exit 0; \
+	echo "Installing:" $$missing; \
+	$(SUDO) apt-get -q update; \
+	$(SUDO) env DEBIAN_FRONTEND=noninteractive apt-get -q -y --no-install-recommends \
+	        -o DPkg::Lock::Timeout=300 install $$missing

@@ -1,0 +1,84 @@
+#include "output/visio/visio_markup.h"
+
+#include "output/xml_text.h"
+
+namespace ORR::Graph {
+
+using namespace Qt::StringLiterals;
+
+void VisioMarkup::start(const char *name, Attributes attributes)
+{
+    bytes.append(depth, ' ');
+    bytes.append('<');
+    bytes.append(name);
+    for (const Attribute &attribute : attributes) {
+        bytes.append(' ');
+        bytes.append(attribute.name);
+        bytes.append("=\"");
+        bytes.append(attribute.value);
+        bytes.append('"');
+    }
+}
+
+void VisioMarkup::open(const char *name, Attributes attributes)
+{
+    start(name, attributes);
+    bytes.append(">\n");
+    ++depth;
+}
+
+void VisioMarkup::close(const char *name)
+{
+    --depth;
+    bytes.append(depth, ' ');
+    bytes.append("</");
+    bytes.append(name);
+    bytes.append(">\n");
+}
+
+void VisioMarkup::empty(const char *name, Attributes attributes)
+{
+    start(name, attributes);
+    bytes.append("/>\n");
+}
+
+void VisioMarkup::text(const char *name, Attributes attributes, const QByteArray &content)
+{
+    start(name, attributes);
+    bytes.append('>');
+    bytes.append(content);
+    bytes.append("</");
+    bytes.append(name);
+    bytes.append(">\n");
+}
+
+QByteArray visioAttributeText(const QString &text)
+{
+    QString escaped = withoutForbiddenXml(text);
+    escaped.replace(u'&', "&amp;"_L1);
+    escaped.replace(u'<', "&lt;"_L1);
+    escaped.replace(u'"', "&quot;"_L1);
+    escaped.replace("]]>"_L1, "]]&gt;"_L1);
+    escaped.replace(u'\t', "&#x9;"_L1);
+    escaped.replace(u'\n', "&#xa;"_L1);
+    escaped.replace(u'\r', "&#xd;"_L1);
+    return escaped.toUtf8();
+}
+
+QByteArray visioContentText(const QString &text)
+{
+    QString escaped = withoutForbiddenXml(text);
+    escaped.replace(u'&', "&amp;"_L1);
+    escaped.replace(u'<', "&lt;"_L1);
+    escaped.replace("]]>"_L1, "]]&gt;"_L1);
+    escaped.replace(u'\r', "&#xd;"_L1);
+    return escaped.toUtf8();
+}
+
+QString visioQuoted(const QString &text)
+{
+    QString quoted = text;
+    return quoted.replace(u'"', "\"\""_L1);
+}
+
+} // namespace ORR::Graph

@@ -1,0 +1,234 @@
+#include "layout/sequence/pending_edges.h"
+#include "layout/sequence/uml_fragment.h"
+
+#include "sheet.h"
+#include "support/golden.h"
+
+#include <gtest/gtest.h>
+
+#include <QHash>
+
+#include <random>
+
+using namespace ORR::Graph;
+using namespace ORR::Graph::Layout;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The order and the owners that a plain reading gives: at every level, all edges that still wait
+// are looked at again. What belongs to a fragment is written down by name, in order.
+class PlainCollector
+{
+public:
+    explicit PlainCollector(const DotGraph *dotGraph) : graph(dotGraph) { }
+
+    void collect(DotSubgraph *subgraph)
+    {
+        DotSubgraph *parent = fragmentOf.value(subgraph);
+        for (DotNode *node : subgraph->nodes) {
+            if (graph->nodeAttribute(node, u"uml"_s) != u"activation"_s)
+                continue;
+            known.append(node);
+            contents[parent] += node->id;
+        }
+        pending += subgraph->edges;
+        for (qsizetype i = 0; i < pending.size();) {
+            DotEdge *edge = pending.at(i);
+            if (!known.contains(edge->tail) || !known.contains(edge->head)) {
+                ++i;
+                continue;
+            }
+            if (graph->edgeAttribute(edge, u"uml"_s) == u"message"_s) {
+                made += edge;
+                contents[parent] += edge->attributes.value(u"name"_s);
+            }
+            pending.removeAt(i);
+        }
+        for (DotSubgraph *child : subgraph->subgraphs) {
+            const QString uml = graph->graphAttribute(child, u"uml"_s);
+            if (uml == u"combinedfragment"_s) {
+                fragmentOf.insert(child, child);
+                contents[parent] += child->id;
+                collect(child);
+                contents[parent] += u"closing spacer"_s;
+            } else if (uml == u"section"_s && parent) {
+                contents[parent] += child->id;
+                fragmentOf.insert(child, parent);
+                collect(child);
+            }
+        }
+    }
+
+    const DotGraph *graph;
+    QHash<DotSubgraph *, DotSubgraph *> fragmentOf;
+    QList<DotNode *> known;
+    QList<DotEdge *> pending;
+    QList<DotEdge *> made;
+    QHash<DotSubgraph *, QStringList> contents;
+};
+
+// A graph of nested fragments, sections and skipped subgraphs. Its edges run between any two nodes,
+// some of which have no object or are never reached.
+void fillAtRandom(DotGraph *graph, std::mt19937 &random)
+{
+    const auto pick = [&](int count) { return int(random() % unsigned(count)); };
+    QList<DotSubgraph *> subgraphs{graph->root()};
+    const int subgraphCount = pick(12);
+    for (int i = 0; i < subgraphCount; ++i) {
+        DotSubgraph *child =
+            graph->createSubgraph(subgraphs.at(pick(int(subgraphs.size()))), u"s%1"_s.arg(i));
+        const QStringList kinds{u"combinedfragment"_s,
+                                u"combinedfragment"_s,
+                                u"section"_s,
+                                u"section"_s,
+                                u"other"_s,
+                                {}};
+        const QString kind = kinds.at(pick(int(kinds.size())));
+        if (!kind.isNull()) // otherwise it has that of the subgraph around it
+            graph->setGraphAttribute(child, u"uml"_s, kind);
+        subgraphs.append(child);
+    }
+    QList<DotNode *> nodes;
+    const int nodeCount = 1 + pick(20);
+    for (int i = 0; i < nodeCount; ++i) {
+        DotNode *node =
+            graph->createNode(subgraphs.at(pick(int(subgraphs.size()))), {}, u"n%1"_s.arg(i));
+        graph->setNodeAttribute(node, u"uml"_s, pick(8) ? u"activation"_s : u"nothing"_s);
+        nodes.append(node);
+    }
+    const int edgeCount = pick(40);
+    for (int i = 0; i < edgeCount; ++i) {
+        DotEdge *edge = graph->createEdge(nodes.at(pick(nodeCount)), nodes.at(pick(nodeCount)), {});
+        graph->setEdgeAttribute(edge, u"uml"_s, pick(8) ? u"message"_s : u"nothing"_s);
+        graph->setEdgeAttribute(edge, u"name"_s, u"e%1"_s.arg(i));
+    }
+}
+
+QString nameOf(const GridObject *object)
+{
+    if (!object->element())
+        return u"closing spacer"_s;
+    if (object->objectKind() == GridObject::EdgeKind)
+        return object->element()->attributes.value(u"name"_s);
+    if (object->objectKind() == GridObject::ClusterKind)
+        return static_cast<DotSubgraph *>(object->element())->id;
+    return static_cast<DotNode *>(object->element())->id;
+}
+
+QList<DotEdge *> madeEdges(const UmlSequence &sequence)
+{
+    QList<DotEdge *> edges;
+    for (const auto &object : sequence.edges())
+        edges.append(static_cast<DotEdge *>(object->element()));
+    return edges;
+}
+
+// The names of all edges made by a DOT text, in order.
+QStringList edgeNames(const QByteArray &dot)
+{
+    const Drawing drawing(dot);
+    QStringList names;
+    for (const auto &object : drawing.sequence.edges())
+        names.append(nameOf(object.get()));
+    return names;
+}
+
+// What each fragment of a drawing holds.
+QHash<QString, QStringList> contentsOf(const UmlSequence &sequence)
+{
+    QHash<QString, QStringList> contents;
+    for (const auto &object : sequence.clusters()) {
+        QStringList &names = contents[nameOf(object.get())];
+        const auto *fragment = static_cast<const UmlCombinedFragment *>(object.get());
+        for (const GridObject *child : fragment->children())
+            names += nameOf(child);
+    }
+    return contents;
+}
+
+} // namespace
+
+TEST(Collect, agrees_with_a_plain_reading_on_random_graphs)
+{
+    std::mt19937 random(20240611);
+    int edgesSeen = 0;
+    for (int round = 0; round < 2000; ++round) {
+        DotGraph graph;
+        fillAtRandom(&graph, random);
+        PlainCollector plain(&graph);
+        plain.collect(graph.root());
+
+        RecordingDevice device;
+        UmlSequence sequence;
+        ASSERT_EQ(sequence.run(&graph, &device), u""_s);
+        ASSERT_EQ(madeEdges(sequence), plain.made) << "round " << round;
+        const QHash<QString, QStringList> contents = contentsOf(sequence);
+        for (auto it = plain.contents.cbegin(); it != plain.contents.cend(); ++it) {
+            if (it.key()) {
+                ASSERT_EQ(contents.value(it.key()->id), it.value()) << "round " << round;
+            }
+        }
+        edgesSeen += int(plain.made.size());
+    }
+    EXPECT_GT(edgesSeen, 2000);
+}
+
+TEST(Collect, makes_edges_that_waited_before_later_ones_of_the_same_level)
+{
+    // All three edges stand in the root. "late" could be made there; "first" and "second" wait for
+    // the fragment, and come in their old order although "b", the end of "second", is made first.
+    EXPECT_EQ(edgeNames(R"(digraph {
+                  node [uml=activation] edge [uml=message]
+                  subgraph f { graph [uml=combinedfragment] b c }
+                  a x
+                  a -> c [name=first]
+                  a -> b [name=second]
+                  a -> x [name=late]
+              })"),
+              (QStringList{u"late"_s, u"first"_s, u"second"_s}));
+}
+
+TEST(Collect, gives_an_edge_to_the_fragment_where_its_last_end_turns_up)
+{
+    const Drawing drawing(R"(digraph {
+        node [uml=activation] edge [uml=message]
+        subgraph f { graph [uml=combinedfragment] b
+            subgraph g { graph [uml=combinedfragment] c } }
+        subgraph h { graph [uml=combinedfragment] d }
+        b -> d [name=across]
+        b -> c [name=within]
+    })");
+    const QHash<QString, QStringList> contents = contentsOf(drawing.sequence);
+    EXPECT_EQ(contents.value(u"f"_s), (QStringList{u"b"_s, u"g"_s, u"closing spacer"_s}));
+    EXPECT_EQ(contents.value(u"g"_s), (QStringList{u"c"_s, u"within"_s}));
+    EXPECT_EQ(contents.value(u"h"_s), (QStringList{u"d"_s, u"across"_s}));
+}
+
+TEST(Collect, puts_what_a_section_holds_into_its_fragment_behind_the_marker)
+{
+    const Drawing drawing(R"(digraph {
+        node [uml=activation] edge [uml=message]
+        subgraph f { graph [uml=combinedfragment]
+            subgraph s { graph [uml=section] a b a -> b [name=call] }
+            subgraph t { graph [uml=section] c } }
+    })");
+    EXPECT_EQ(contentsOf(drawing.sequence).value(u"f"_s),
+              (QStringList{u"s"_s, u"a"_s, u"b"_s, u"call"_s, u"t"_s, u"c"_s}));
+}
+
+TEST(PendingEdges, hands_out_a_loop_when_its_node_is_known)
+{
+    Sheet sheet;
+    DotNode *a = sheet.node(u"a"_s);
+    DotEdge *loop = sheet.edge(a, a);
+    NodeObjects objects;
+    PendingEdges pending(objects);
+    pending.add(loop);
+    EXPECT_EQ(pending.takeReady(), QList<DotEdge *>());
+    UmlObject object(0, 0, a);
+    objects.insert(a, &object);
+    pending.nodeIsKnown(a);
+    EXPECT_EQ(pending.takeReady(), QList<DotEdge *>{loop});
+    EXPECT_EQ(pending.takeReady(), QList<DotEdge *>());
+}

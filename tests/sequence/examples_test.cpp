@@ -1,0 +1,144 @@
+// The examples that a user starts from.
+#include "graph/subgraph_walk.h"
+#include "sheet.h"
+#include "support/golden.h"
+
+#include <gtest/gtest.h>
+
+#include <QProcess>
+#include <QRegularExpression>
+
+using namespace ORR::Graph;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString examplePath(const QString &name)
+{
+    return QStringLiteral(ORR_TEST_FOLDER "/../../examples/umlseq/") + name;
+}
+
+struct Finished
+{
+    int status;
+    QByteArray output;
+    QByteArray errors;
+};
+
+Finished trace2dot(const QStringList &arguments, const QByteArray &input = {})
+{
+    QProcess process;
+    process.start(examplePath(u"trace2dot"_s), arguments);
+    process.write(input);
+    process.closeWriteChannel();
+    process.waitForFinished();
+    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+class SequenceExample : public testing::TestWithParam<const char *>
+{
+};
+
+} // namespace
+
+TEST_P(SequenceExample, draws_everything_that_it_names)
+{
+    const Drawing drawing(readTestFile(examplePath(QString::fromLatin1(GetParam()) + u".dot"_s)));
+    ASSERT_TRUE(drawing.graph);
+    EXPECT_EQ(drawing.result, u""_s);
+    qsizetype edges = 0;
+    qsizetype nodes = 0;
+    qsizetype subgraphs = 0;
+    for (const DotSubgraph *subgraph : subgraphsInPreorder(drawing.graph->root())) {
+        edges += subgraph->edges.size();
+        nodes += subgraph->nodes.size();
+        subgraphs += subgraph->subgraphs.size();
+    }
+    EXPECT_EQ(qsizetype(drawing.sequence.edges().size()), edges);
+    // A marker for every section and a spacer for every fragment stand among the nodes.
+    EXPECT_EQ(qsizetype(drawing.sequence.nodes().size()), nodes + subgraphs);
+    EXPECT_EQ(drawing.calls(u"beginCluster"_s).size(), subgraphs);
+}
+
+TEST_P(SequenceExample, lies_on_its_page)
+{
+    const Drawing drawing(readTestFile(examplePath(QString::fromLatin1(GetParam()) + u".dot"_s)));
+    const QStringList page = drawing.device.calls().constFirst().split(u' ');
+    ASSERT_EQ(page.size(), 3);
+    static const QRegularExpression point(u"(-?\\d+),(-?\\d+)"_s);
+    int seen = 0;
+    for (const QString &call : drawing.device.calls()) {
+        if (call.startsWith("text"_L1))
+            continue;
+        for (const auto &match : point.globalMatch(call)) {
+            const int x = match.captured(1).toInt();
+            const int y = match.captured(2).toInt();
+            EXPECT_TRUE(x >= 0 && x <= page.at(1).toInt()) << call.toStdString();
+            EXPECT_TRUE(y >= 0 && y <= page.at(2).toInt()) << call.toStdString();
+            ++seen;
+        }
+    }
+    EXPECT_GT(seen, 50);
+}
+
+INSTANTIATE_TEST_SUITE_P(UmlSequence, SequenceExample, testing::Values("login", "order"),
+                         [](const auto &instance) { return std::string(instance.param); });
+
+TEST(SequenceGuide, shows_a_diagram_that_is_drawn_as_written)
+{
+    const QByteArray guide = readTestFile(QStringLiteral(ORR_TEST_FOLDER "/../../docs/umlseq.md"));
+    const qsizetype start = guide.indexOf("```dot\n") + 7;
+    const Drawing drawing(guide.mid(start, guide.indexOf("```", start) - start));
+    ASSERT_TRUE(drawing.graph);
+    EXPECT_EQ(drawing.result, u""_s);
+    EXPECT_EQ(drawing.sequence.nodes().size(), 6U);
+    EXPECT_EQ(drawing.sequence.edges().size(), 7U);
+}
+
+TEST(Trace2dot, turns_the_sample_trace_into_the_sample_diagram)
+{
+    const Finished run = trace2dot({examplePath(u"order.trace"_s)});
+    EXPECT_EQ(run.status, 0) << run.errors.toStdString();
+    EXPECT_EQ(run.output, readTestFile(examplePath(u"order.dot"_s)));
+}
+
+TEST(Trace2dot, reads_standard_input)
+{
+    const QByteArray trace = readTestFile(examplePath(u"order.trace"_s));
+    EXPECT_EQ(trace2dot({}, trace).output, readTestFile(examplePath(u"order.dot"_s)));
+}
+
+TEST(Trace2dot, quotes_whatever_a_name_holds)
+{
+    const Finished run = trace2dot({}, "\"a \"\"b\"\" \\\",c,\"x, \\\"\n");
+    const Drawing drawing(run.output);
+    ASSERT_TRUE(drawing.graph) << run.output.toStdString();
+    const QStringList texts = drawing.calls(u"text"_s);
+    ASSERT_EQ(texts.size(), 3);
+    EXPECT_TRUE(texts.at(0).contains("\"a \"b\" \\ \""_L1)) << texts.at(0).toStdString();
+    EXPECT_TRUE(texts.at(2).contains("\"x, \\ \""_L1)) << texts.at(2).toStdString();
+}
+
+TEST(Trace2dot, takes_an_empty_trace)
+{
+    const Finished run = trace2dot({}, "");
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(Drawing(run.output).device.calls().constFirst(), u"begin 5 5"_s);
+}
+
+TEST(Trace2dot, names_the_line_that_is_wrong)
+{
+    const Finished many = trace2dot({}, "# comment\na,b\na,b,c,d,e\n");
+    EXPECT_EQ(many.status, 1);
+    EXPECT_EQ(many.errors, "trace2dot: line 3: at most four fields are wanted, not 5\n");
+    const Finished nobody = trace2dot({}, "a,*\n");
+    EXPECT_EQ(nobody.status, 1);
+    EXPECT_EQ(nobody.errors, "trace2dot: line 1: nobody is called\n");
+}
+
+TEST(Trace2dot, explains_itself)
+{
+    const Finished run = trace2dot({u"--help"_s});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_TRUE(run.output.contains("caller, callee, name, return"));
+}

@@ -1,0 +1,338 @@
+#include "layout/sequence/uml_fragment.h"
+
+#include "sheet.h"
+#include "support/golden.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+using namespace ORR::Graph;
+using namespace ORR::Graph::Layout;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A sheet that keeps the markers and spacers that fragments hand out.
+struct FragmentSheet : Sheet
+{
+    std::vector<std::unique_ptr<GridObject>> kept;
+
+    GridObject *keep(std::unique_ptr<GridObject> object)
+    {
+        return kept.emplace_back(std::move(object)).get();
+    }
+    // A section with its marker put into the fragment.
+    GridObject *section(UmlCombinedFragment &fragment, int row, const QString &id,
+                        const QString &label = {})
+    {
+        GridObject *marker = keep(fragment.addSection(row, subgraph(id, label)));
+        fragment.addChild(marker);
+        return marker;
+    }
+    QSize labelSize(const QString &line) { return textSize(line) + QSize(6, 6); }
+};
+
+} // namespace
+
+TEST(UmlCombinedFragment, follows_the_cells_of_its_children)
+{
+    FragmentSheet sheet;
+    UmlCombinedFragment fragment(2, 5, sheet.subgraph(u"f"_s));
+    EXPECT_EQ(fragment.lastRow(), 2);
+    EXPECT_EQ(fragment.lastCol(), 5);
+    UmlObject left(1, 3, sheet.node(u"a"_s));
+    UmlObject below(7, 6, sheet.node(u"b"_s));
+    fragment.addChild(&left);
+    fragment.addChild(&below);
+    EXPECT_EQ(fragment.row(), 2);
+    EXPECT_EQ(fragment.col(), 3);
+    EXPECT_EQ(fragment.lastRow(), 7);
+    EXPECT_EQ(fragment.lastCol(), 6);
+    EXPECT_EQ(fragment.children(), (QList<GridObject *>{&left, &below}));
+}
+
+TEST(UmlCombinedFragment, marks_a_section_on_its_current_column)
+{
+    FragmentSheet sheet;
+    UmlCombinedFragment fragment(0, 5, sheet.subgraph(u"f"_s));
+    UmlObject left(0, 3, sheet.node(u"a"_s));
+    fragment.addChild(&left);
+    const std::unique_ptr<GridObject> marker =
+        fragment.addSection(9, sheet.subgraph(u"s"_s, u"[else]"_s));
+    EXPECT_EQ(fragment.lastRow(), 9);
+    EXPECT_EQ(fragment.sectionCount(), 1);
+    EXPECT_EQ(fragment.children().size(), 1); // the marker is for the caller to add
+    EXPECT_EQ(marker->row(), 9);
+    EXPECT_EQ(marker->col(), 3);
+    EXPECT_EQ(marker->width(sheet.style), 0);
+    EXPECT_EQ(marker->height(sheet.style), sheet.labelSize(u"[else]"_s).height());
+    EXPECT_EQ(marker->xOffset(sheet.style), 0);
+    EXPECT_EQ(marker->yOffset(sheet.style), 0); // hangs below its row
+}
+
+TEST(UmlCombinedFragment, closes_one_row_below_with_room_for_its_frame)
+{
+    FragmentSheet sheet;
+    UmlCombinedFragment fragment(2, 0, sheet.subgraph(u"f"_s));
+    UmlObject object(4, 3, sheet.node(u"a"_s));
+    fragment.addChild(&object);
+    const std::unique_ptr<GridObject> spacer = fragment.close();
+    EXPECT_EQ(fragment.lastRow(), 5);
+    EXPECT_EQ(fragment.nesting(), 0);
+    EXPECT_EQ(spacer->row(), 5);
+    EXPECT_EQ(spacer->col(), 3);
+    EXPECT_EQ(spacer->element(), nullptr);
+    EXPECT_EQ(spacer->width(sheet.style), 12);
+    EXPECT_EQ(spacer->height(sheet.style), 5);
+    EXPECT_EQ(spacer->xOffset(sheet.style), 0); // right of its column
+    EXPECT_EQ(spacer->yOffset(sheet.style), -2); // centred on its row
+}
+
+TEST(UmlCombinedFragment, closes_around_the_fragments_within)
+{
+    FragmentSheet sheet;
+    UmlCombinedFragment outer(0, 0, sheet.subgraph(u"outer"_s));
+    UmlCombinedFragment middle(1, 0, sheet.subgraph(u"middle"_s));
+    UmlCombinedFragment inner(2, 0, sheet.subgraph(u"inner"_s));
+    UmlObject object(2, 4, sheet.node(u"a"_s));
+    outer.addChild(&middle);
+    middle.addChild(&inner);
+    inner.addChild(&object);
+    middle.addChild(sheet.keep(inner.close()));
+    outer.addChild(sheet.keep(middle.close()));
+    const std::unique_ptr<GridObject> spacer = outer.close();
+    EXPECT_EQ(inner.nesting(), 0);
+    EXPECT_EQ(middle.nesting(), 1);
+    EXPECT_EQ(outer.nesting(), 2);
+    EXPECT_EQ(inner.lastRow(), 3);
+    EXPECT_EQ(middle.lastRow(), 4);
+    EXPECT_EQ(outer.lastRow(), 5);
+    EXPECT_EQ(outer.lastCol(), 4);
+    EXPECT_EQ(spacer->width(sheet.style), 7 * 2 + 12);
+}
+
+TEST(UmlCombinedFragment, is_as_high_as_its_label_and_that_of_its_first_section)
+{
+    FragmentSheet sheet;
+    UmlCombinedFragment fragment(0, 0, sheet.subgraph(u"f"_s, u"alt"_s));
+    sheet.section(fragment, 0, u"first"_s, u"[one]\\n[line more]"_s);
+    sheet.section(fragment, 1, u"second"_s, u"[a]\\n[b]\\n[c]"_s);
+    const int expected = labelRectangle(sheet.subgraph(u"t"_s, u"alt"_s), 1, sheet.style).height()
+        + labelRectangle(sheet.subgraph(u"u"_s, u"[one]\\n[line more]"_s), 1, sheet.style).height();
+    EXPECT_EQ(fragment.height(sheet.style), expected);
+    EXPECT_EQ(fragment.yOffset(sheet.style), -expected);
+}
+
+TEST(UmlCombinedFragment, is_as_wide_as_the_widest_of_its_labels)
+{
+    FragmentSheet sheet;
+    UmlCombinedFragment fragment(0, 0, sheet.subgraph(u"f"_s, u"alternative"_s));
+    sheet.section(fragment, 0, u"first"_s, u"[x]"_s);
+    EXPECT_EQ(fragment.width(sheet.style), sheet.labelSize(u"alternative"_s).width());
+
+    UmlCombinedFragment other(0, 0, sheet.subgraph(u"g"_s, u"alt"_s));
+    sheet.section(other, 0, u"third"_s, u"[x]"_s);
+    sheet.section(other, 1, u"fourth"_s, u"[a long condition]"_s);
+    EXPECT_EQ(other.width(sheet.style), sheet.labelSize(u"[a long condition]"_s).width());
+}
+
+TEST(UmlCombinedFragment, spans_columns_and_no_rows)
+{
+    FragmentSheet sheet;
+    const UmlCombinedFragment fragment(0, 0, sheet.subgraph(u"f"_s));
+    EXPECT_TRUE(fragment.spansAxis(true));
+    EXPECT_FALSE(fragment.spansAxis(false));
+    EXPECT_EQ(fragment.objectKind(), 1);
+}
+
+TEST(UmlCombinedFragment, hangs_eight_left_of_its_column)
+{
+    FragmentSheet sheet;
+    const UmlCombinedFragment fragment(0, 0, sheet.subgraph(u"f"_s, u"alt"_s));
+    EXPECT_EQ(fragment.xOffset(sheet.style), -8 - sheet.labelSize(u"alt"_s).width());
+}
+
+TEST(UmlCombinedFragment, stands_seven_left_of_a_fragment_within_on_the_same_column)
+{
+    FragmentSheet sheet;
+    UmlCombinedFragment outer(0, 0, sheet.subgraph(u"outer"_s, u"x"_s));
+    UmlCombinedFragment middle(0, 0, sheet.subgraph(u"middle"_s));
+    UmlCombinedFragment inner(0, 0, sheet.subgraph(u"inner"_s, u"a wide label"_s));
+    outer.addChild(&middle);
+    middle.addChild(&inner);
+    const int innermost = -8 - sheet.labelSize(u"a wide label"_s).width();
+    EXPECT_EQ(outer.xOffset(sheet.style), innermost - 7 - 7);
+    EXPECT_EQ(middle.xOffset(sheet.style), innermost - 7);
+    EXPECT_EQ(inner.xOffset(sheet.style), innermost);
+}
+
+TEST(UmlCombinedFragment, need_not_move_for_a_fragment_on_another_column)
+{
+    FragmentSheet sheet;
+    UmlCombinedFragment outer(0, 0, sheet.subgraph(u"outer"_s, u"x"_s));
+    UmlCombinedFragment inner(0, 1, sheet.subgraph(u"inner"_s, u"a wide label"_s));
+    outer.addChild(&inner);
+    EXPECT_EQ(outer.xOffset(sheet.style), -8 - sheet.labelSize(u"x"_s).width());
+}
+
+TEST(UmlCombinedFragment, keeps_a_label_wider_than_what_the_nesting_asks_for)
+{
+    FragmentSheet sheet;
+    UmlCombinedFragment outer(0, 0, sheet.subgraph(u"outer"_s, u"a very wide label"_s));
+    UmlCombinedFragment inner(0, 0, sheet.subgraph(u"inner"_s, u"x"_s));
+    outer.addChild(&inner);
+    EXPECT_EQ(outer.xOffset(sheet.style), -8 - sheet.labelSize(u"a very wide label"_s).width());
+}
+
+// Sections from the last to the first, each down to where the one below begins; then the tag.
+TEST(UmlCombinedFragment, paints_its_sections_from_the_last_to_the_first_and_then_its_tag)
+{
+    FragmentSheet sheet;
+    UmlCombinedFragment fragment(0, 0, sheet.subgraph(u"f"_s, u"alt"_s));
+    sheet.section(fragment, 0, u"if"_s, u"[yes]"_s);
+    UmlObject object(2, 1, sheet.node(u"a"_s));
+    fragment.addChild(&object);
+    sheet.section(fragment, 3, u"else"_s, u"[no]"_s);
+    fragment.close();
+    const QList<int> colPos{100, 200, 300};
+    const QList<int> rowPos{60, 90, 120, 150, 190};
+    fragment.paint(&sheet.device, colPos, rowPos, sheet.style);
+
+    const int width =
+        std::max(sheet.labelSize(u"alt"_s).width(), sheet.labelSize(u"[yes]"_s).width());
+    const int left = 100 - 8 - width;
+    const int top = 60 - sheet.labelSize(u"alt"_s).height() - sheet.labelSize(u"[yes]"_s).height();
+    const int tagRight = left + sheet.labelSize(u"alt"_s).width() - 1;
+    const int tagBottom = top + sheet.labelSize(u"alt"_s).height() - 1;
+    const auto text = [](int x, int y, const QString &label) {
+        return u"text %1,%2 \"%3\" Arial 12 #000000"_s.arg(x).arg(y).arg(label);
+    };
+    const auto rect = [&](int y, int bottom) {
+        return u"rect %1,%2 212,%3 radius 0 pen black solid 1 fill #FFFFFF"_s.arg(left).arg(y).arg(
+            bottom);
+    };
+    const QStringList expected{
+        u"beginCluster else"_s,
+        rect(150, 190),
+        text(left + 3, 153, u"[no]"_s),
+        u"endCluster"_s,
+        u"beginCluster if"_s,
+        rect(top, 150),
+        text(left + 3, tagBottom + 3, u"[yes]"_s),
+        u"endCluster"_s,
+        u"beginCluster f"_s,
+        u"polygon %1,%2 %3,%2 %3,%5 %4,%6 %1,%6 %1,%2 pen black solid 1 fill #FFFFFF"_s.arg(left)
+            .arg(top)
+            .arg(tagRight)
+            .arg(tagRight - 3)
+            .arg(tagBottom - 3)
+            .arg(tagBottom),
+        text(left + 3, top + 3, u"alt"_s),
+        u"endCluster"_s,
+    };
+    EXPECT_EQ(sheet.device.calls(), expected);
+}
+
+TEST(UmlCombinedFragment, on_one_column_ends_where_its_widest_child_does)
+{
+    FragmentSheet sheet;
+    UmlCombinedFragment fragment(0, 0, sheet.subgraph(u"f"_s));
+    sheet.section(fragment, 0, u"s"_s);
+    UmlActivation activation(0, 0, 3, sheet.node(u"a"_s));
+    InvisibleGridObject wide(0, 0, {50, 0}, InvisibleGridObject::After, InvisibleGridObject::Centre,
+                             sheet.node(u"b"_s));
+    fragment.addChild(&activation);
+    fragment.addChild(&wide);
+    fragment.close();
+    fragment.paint(&sheet.device, {100, 200}, {60, 90}, sheet.style);
+    EXPECT_EQ(sheet.device.callsOf(u"rect"_s),
+              (QStringList{u"rect 92,60 150,90 radius 0 pen black solid 1 fill #FFFFFF"_s}));
+}
+
+TEST(UmlCombinedFragment, on_one_column_never_ends_left_of_it)
+{
+    FragmentSheet sheet;
+    UmlCombinedFragment fragment(0, 0, sheet.subgraph(u"f"_s));
+    sheet.section(fragment, 0, u"s"_s);
+    InvisibleGridObject before(0, 0, {50, 0}, InvisibleGridObject::Before,
+                               InvisibleGridObject::Centre, sheet.node(u"b"_s));
+    fragment.addChild(&before);
+    fragment.close();
+    fragment.paint(&sheet.device, {100, 200}, {60, 90}, sheet.style);
+    EXPECT_EQ(sheet.device.callsOf(u"rect"_s),
+              (QStringList{u"rect 92,60 100,90 radius 0 pen black solid 1 fill #FFFFFF"_s}));
+}
+
+TEST(UmlCombinedFragment, over_several_columns_ends_further_out_for_each_level_within)
+{
+    FragmentSheet sheet;
+    UmlCombinedFragment outer(0, 0, sheet.subgraph(u"outer"_s));
+    sheet.section(outer, 0, u"s"_s);
+    UmlCombinedFragment inner(0, 0, sheet.subgraph(u"inner"_s));
+    outer.addChild(&inner);
+    UmlObject object(1, 1, sheet.node(u"a"_s));
+    inner.addChild(&object);
+    outer.addChild(sheet.keep(inner.close()));
+    outer.close();
+    outer.paint(&sheet.device, {100, 200, 300}, {60, 90, 120, 150}, sheet.style);
+    EXPECT_EQ(sheet.device.callsOf(u"rect"_s),
+              (QStringList{u"rect 85,60 219,150 radius 0 pen black solid 1 fill #FFFFFF"_s}));
+}
+
+TEST(UmlCombinedFragment, without_a_section_is_its_tag_alone)
+{
+    FragmentSheet sheet;
+    UmlCombinedFragment fragment(0, 0, sheet.subgraph(u"f"_s, u"opt"_s));
+    fragment.close();
+    EXPECT_EQ(fragment.height(sheet.style), sheet.labelSize(u"opt"_s).height());
+    EXPECT_EQ(fragment.width(sheet.style), sheet.labelSize(u"opt"_s).width());
+    fragment.paint(&sheet.device, {100, 200}, {60, 90}, sheet.style);
+    EXPECT_EQ(sheet.device.callsOf(u"rect"_s), QStringList());
+    EXPECT_EQ(sheet.device.callsOf(u"polygon"_s).size(), 1);
+    EXPECT_EQ(sheet.device.callsOf(u"text"_s).size(), 1);
+}
+
+TEST(UmlCombinedFragment, tells_the_device_what_it_and_its_sections_hold)
+{
+    class MemberDevice : public RecordingDevice
+    {
+    public:
+        Cluster *createCluster(DotSubgraph *subgraph) override
+        {
+            made.append(RecordingDevice::createCluster(subgraph));
+            return made.constLast();
+        }
+        QList<Cluster *> made;
+    };
+    FragmentSheet sheet;
+    UmlCombinedFragment fragment(0, 0, sheet.subgraph(u"f"_s));
+    DotSubgraph *section = sheet.graph.createSubgraph(sheet.graph.findSubgraph(u"f"_s), u"s"_s);
+    DotNode *node = sheet.graph.createNode(section, {}, u"a"_s);
+    fragment.addChild(sheet.keep(fragment.addSection(0, section)));
+    fragment.close();
+
+    MemberDevice device;
+    fragment.paint(&device, {100, 200}, {60, 90}, GraphStyle(&sheet.graph, &device));
+    ASSERT_EQ(device.made.size(), 2);
+    EXPECT_EQ(device.made.at(0)->members, QList<DotNode *>{node});
+    EXPECT_EQ(device.made.at(1)->subclusters, QList<DotSubgraph *>{section});
+}
+
+TEST(UmlCombinedFragment, measures_a_chain_of_a_hundred_thousand)
+{
+    FragmentSheet sheet;
+    DotSubgraph *subgraph = sheet.subgraph(u"f"_s);
+    std::vector<std::unique_ptr<UmlCombinedFragment>> chain;
+    for (int i = 0; i < 100'000; ++i) {
+        chain.push_back(std::make_unique<UmlCombinedFragment>(0, 0, subgraph));
+        if (i > 0)
+            chain[i - 1]->addChild(chain[i].get());
+    }
+    for (int i = 100'000; i-- > 1;)
+        chain[i - 1]->addChild(sheet.keep(chain[i]->close()));
+    chain.front()->close();
+    EXPECT_EQ(chain.front()->nesting(), 99'999);
+    EXPECT_EQ(chain.front()->lastRow(), 100'000);
+    EXPECT_EQ(chain.front()->xOffset(sheet.style), -8 - 7 * 99'999);
+}
