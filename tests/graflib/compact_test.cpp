@@ -1,3 +1,5 @@
+#include "layout/graflib/graflib_tree.h"
+
 #include "graflib_support.h"
 
 #include <gtest/gtest.h>
@@ -191,11 +193,27 @@ TEST(CompactTreeLimits, chains_of_100000_nodes_are_placed)
     QByteArray chain;
     for (int i = 0; i < 99'999; ++i)
         chain += QByteArray::number(i) + " -> " + QByteArray::number(i + 1) + " []\n";
-    const Laid laid = compact(chain);
-    EXPECT_EQ(laid.result, QString());
-    EXPECT_EQ(laid.ofNode(u"99999"_s, u"level"_s), u"99999"_s);
-    EXPECT_EQ(laid.ofNode(u"99999"_s, u"d2"_s), u"9"_s);
-    EXPECT_EQ(runTree("digraph {" + chain + "}").result, QString());
+    for (const char *crossing : {"true", "false"}) {
+        const auto graph = parsed("digraph { graph [pad=0.125 crossing=" + QByteArray(crossing)
+                                  + "] " + chain + "}");
+        SilentDevice device;
+        EXPECT_EQ(Layout::GraflibTree(graph.get(), &device).run(), QString());
+        const DotNode *last = graph->findNode(u"99999"_s);
+        EXPECT_EQ(graph->nodeAttribute(last, u"level"_s), u"99999"_s);
+        EXPECT_EQ(graph->nodeAttribute(last, u"d2"_s), u"9"_s);
+    }
+}
+
+// Every parent is pushed by two points, which are lost again in six digits.
+TEST(CompactTreeLimits, a_chain_in_which_every_parent_is_pushed_is_placed)
+{
+    QByteArray chain;
+    for (int i = 0; i < 5'000; ++i)
+        chain += QByteArray::number(i) + " -> " + QByteArray::number(i + 1) + " []\n";
+    const auto graph = parsed("digraph { graph [pad=17146.17 crossing=false] " + chain + "}");
+    SilentDevice device;
+    EXPECT_EQ(Layout::GraflibTree(graph.get(), &device).run(), QString());
+    EXPECT_EQ(graph->nodeAttribute(graph->findNode(u"5000"_s), u"d2"_s), u"1.23452e+06"_s);
 }
 
 TEST(CompactTreeLimits, numbers_beyond_all_measure_end_in_a_drawing)

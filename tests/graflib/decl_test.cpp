@@ -396,10 +396,10 @@ TEST(DeclBadInput, numbers_beyond_all_measure_end_in_a_drawing)
 TEST(DeclBadInput, nesting_100000_deep_is_laid_out)
 {
     const int depth = 100'000;
-    const Laid laid =
-        decl("nodesep=0.1 margin=0.001",
-             QByteArray("subgraph {").repeated(depth) + "a []" + QByteArray("}").repeated(depth));
-    EXPECT_EQ(laid.result, QString());
-    EXPECT_EQ(laid.ofNode(u"a"_s, u"d2"_s), u"0"_s);
-    EXPECT_EQ(laid.device->callsOf(u"endCluster"_s).size(), depth);
+    const auto graph = parsed("digraph { graph [nodesep=0.1 margin=0.001]"
+                              + QByteArray("subgraph {").repeated(depth) + "a []"
+                              + QByteArray("}").repeated(depth) + "}");
+    SilentDevice device;
+    EXPECT_EQ(Layout::GraflibDecl::run({graph.get(), &device}), QString());
+    EXPECT_EQ(graph->nodeAttribute(graph->findNode(u"a"_s), u"d1"_s), u"7200.07"_s);
 }
