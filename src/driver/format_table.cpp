@@ -1,6 +1,7 @@
 #include "driver/format_table.h"
 
 #include "driver/home_directory.h"
+#include "output/file.h"
 #include "output/svg_rich_text.h"
 #include "output/visio/visio_vsdx.h"
 #include "output/visio/visio_xml.h"
@@ -31,9 +32,7 @@ std::unique_ptr<Graph::Device> makeVsdx(const DeviceRequest &request)
 
 std::optional<DriverFormat> formatAt(qsizetype position)
 {
-    if (position < 0 || !formatTable().at(static_cast<size_t>(position)).create)
-        return std::nullopt;
-    return static_cast<DriverFormat>(position);
+    return position < 0 ? std::nullopt : std::optional(static_cast<DriverFormat>(position));
 }
 
 } // namespace
@@ -42,8 +41,8 @@ const std::array<FormatRow, 6> &formatTable()
 {
     static constexpr std::array<FormatRow, 6> table{{
         {"xdot1.2"_L1, 0, make<Graph::XDot>},
-        {"jpg"_L1, 5, nullptr},
-        {"png"_L1, 4, nullptr},
+        {"jpg"_L1, 5, make<Graph::File>},
+        {"png"_L1, 4, make<Graph::File>},
         {"svg"_L1, 1, make<Graph::SvgRichText>},
         {"vsdx"_L1, 2, makeVsdx},
         {"vdx"_L1, 3, make<Graph::VisioXML>},

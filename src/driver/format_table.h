@@ -28,8 +28,7 @@ struct FormatRow
     QLatin1StringView
         name; // the value of -T, the suffix of an output file and of the temporary one
     int placeInHelp; // the formats that people ask for most come first there
-    // Makes the device. Null for a format that this build does not have; it is then not found.
-    std::unique_ptr<Graph::Device> (*create)(const DeviceRequest &request);
+    std::unique_ptr<Graph::Device> (*create)(const DeviceRequest &request); // makes the device
 };
 
 // All formats, each at its position.

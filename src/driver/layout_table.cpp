@@ -64,9 +64,7 @@ QStringList layoutNames()
 std::optional<LayoutIndex> chooseLayout(const QString &name)
 {
     const qsizetype position = layoutNames().indexOf(name.toLower());
-    if (position < 0 || !layoutTable().at(static_cast<size_t>(position)).run)
-        return std::nullopt;
-    return static_cast<LayoutIndex>(position);
+    return position < 0 ? std::nullopt : std::optional(static_cast<LayoutIndex>(position));
 }
 
 } // namespace ORR::Driver

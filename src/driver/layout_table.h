@@ -19,7 +19,7 @@ struct LayoutRow
 {
     QLatin1StringView name; // the value of -K
     // Lays out and draws. Empty for success, otherwise a message for the user that ends in a line
-    // feed. Null for an engine that this build does not have; it is then not found.
+    // feed.
     QString (*run)(Graph::LayoutContext context);
 };
 

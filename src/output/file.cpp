@@ -111,14 +111,15 @@ void File::drawRect(QPoint topLeft, QPoint bottomRight, int radius, Pen *pen, Co
 
 void File::drawText(QPoint topLeft, Text *text)
 {
-    if (!painter || !text)
+    if (!painter || !text || text->text().isEmpty())
         return;
+    const Font *font = text->font() ? text->font() : defaultFont();
+    // The image has the resolution that fonts are measured for, so that this is the size of the
+    // painter's own metrics, and layout has mostly asked for it already.
+    const QSize size = text->font() ? textSize(text, false) : textSize(text->text(), font, false);
     painter->setBrush(Qt::NoBrush);
     painter->setPen(text->color() ? QPen(painterColor(text->color())) : QPen());
-    painter->setFont((text->font() ? text->font() : defaultFont())->qFont());
-    if (text->text().isEmpty())
-        return;
-    const QSize size = painter->fontMetrics().size(0, text->text());
+    painter->setFont(font->qFont());
     painter->drawText(QRectF(topLeft, QSizeF(size)), 0, text->text());
 }
 

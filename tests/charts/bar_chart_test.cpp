@@ -229,6 +229,12 @@ TEST(BarChart, adds_up_stacks_of_any_size)
               QStringList({u"4,4 104,12"_s, u"104,4 204,12"_s}));
 }
 
+TEST(BarChart, passes_over_what_is_not_a_number_in_a_stack)
+{
+    EXPECT_EQ(rectsOf("graph [width=200] subgraph { a [area=nan] b [area=5] c [area=5] }"),
+              QStringList({u"4,4 104,12"_s, u"104,4 204,12"_s}));
+}
+
 TEST(BarChart, writes_the_caption_below_bars_that_grow_upward)
 {
     const QByteArray chart = towards("BT", "subgraph s { graph [label=Kind] a [area=4] }");

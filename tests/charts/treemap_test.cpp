@@ -187,6 +187,17 @@ TEST(Treemap, of_no_area_draws_nothing_but_the_legend)
     EXPECT_EQ(only(u"beginCluster"_s, calls), QStringList({u"beginCluster key"_s}));
 }
 
+TEST(Treemap, leaves_out_the_areas_of_the_other_sign)
+{
+    // The total is -9, so that the negative area is the one with a share.
+    EXPECT_EQ(treemap(sized("40", "40", "a [area=1] b [area=\"-10\"]")),
+              QStringList({u"begin 40 40"_s, u"beginNode b"_s,
+                           u"rect 0,0 44,40 radius 0 pen #000000 solid 1 fill #FFFFFF"_s,
+                           u"endNode"_s, u"end"_s}));
+    EXPECT_EQ(rectsOf(sized("40", "40", "a [area=10] b [area=\"-1\"]")),
+              QStringList({u"0,0 40,40"_s}));
+}
+
 TEST(Treemap, of_nothing_is_an_empty_page)
 {
     EXPECT_EQ(treemap("digraph {}"), QStringList({u"begin 640 480"_s, u"end"_s}));

@@ -59,6 +59,11 @@ private:
     }
 };
 
+std::string nameOf(const testing::TestParamInfo<Drawing> &drawing)
+{
+    return (drawing.param.engine + u'_' + drawing.param.name).toStdString();
+}
+
 } // namespace
 
 TEST_P(Drawings, svg)
@@ -119,7 +124,4 @@ TEST_P(Drawings, the_same_bytes_on_every_run)
         EXPECT_EQ(drawn(format), drawn(format)) << format.toStdString();
 }
 
-INSTANTIATE_TEST_SUITE_P(All, Drawings, testing::ValuesIn(allDrawings()),
-                         [](const testing::TestParamInfo<Drawing> &info) {
-                             return (info.param.engine + u'_' + info.param.name).toStdString();
-                         });
+INSTANTIATE_TEST_SUITE_P(All, Drawings, testing::ValuesIn(allDrawings()), nameOf);

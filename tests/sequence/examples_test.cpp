@@ -84,6 +84,17 @@ TEST_P(SequenceExample, lies_on_its_page)
 INSTANTIATE_TEST_SUITE_P(UmlSequence, SequenceExample, testing::Values("login", "order"),
                          [](const auto &instance) { return std::string(instance.param); });
 
+TEST(SequenceGuide, shows_a_diagram_that_is_drawn_as_written)
+{
+    const QByteArray guide = readTestFile(QStringLiteral(ORR_TEST_FOLDER "/../../docs/umlseq.md"));
+    const qsizetype start = guide.indexOf("```dot\n") + 7;
+    const Drawing drawing(guide.mid(start, guide.indexOf("```", start) - start));
+    ASSERT_TRUE(drawing.graph);
+    EXPECT_EQ(drawing.result, u""_s);
+    EXPECT_EQ(drawing.sequence.nodes().size(), 6U);
+    EXPECT_EQ(drawing.sequence.edges().size(), 7U);
+}
+
 TEST(Trace2dot, turns_the_sample_trace_into_the_sample_diagram)
 {
     const Finished run = trace2dot({examplePath(u"order.trace"_s)});

@@ -445,7 +445,20 @@ TEST(UmlSequence, draws_fragments_nested_ten_thousand_deep)
 
 TEST(UmlSequence, draws_fragments_nested_a_hundred_thousand_deep)
 {
-    const Drawing drawing(nestedFragments(100'000));
+    QByteArray dot = "digraph { graph [uml=combinedfragment] ";
+    dot += QByteArray("subgraph { ").repeated(100'000) + "a [uml=activation]";
+    const Drawing drawing(dot + QByteArray(100'001, '}'));
     EXPECT_EQ(drawing.result, u""_s);
     EXPECT_EQ(drawing.sequence.rows(), 100'001);
+}
+
+TEST(UmlSequence, draws_edges_from_the_top_to_every_level_of_nested_fragments)
+{
+    QByteArray dot = "digraph { graph [uml=combinedfragment] node [uml=activation, col=1] "
+                     "edge [uml=message] top ";
+    for (int i = 0; i < 5'000; ++i)
+        dot += "subgraph { top -> n" + QByteArray::number(i) + " ";
+    const Drawing drawing(dot + QByteArray(5'001, '}'));
+    EXPECT_EQ(drawing.result, u""_s);
+    EXPECT_EQ(drawing.calls(u"beginEdge"_s).size(), 5'000);
 }

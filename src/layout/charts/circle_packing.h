@@ -25,11 +25,11 @@ struct PackCircle : Circle
 // Two circles intersect if the square of their distance falls below that of their radii's sum by
 // more than 1e-6. With radii of some ten thousands and more rounding is larger than that, and a new
 // circle may seem to intersect the very pair that it is put against. As long as the chain has three
-// circles, that pair is not looked at, and every intersection cuts the chain shorter. But a chain of
-// two is cut down to one by such an error, and where the one circle left seems to intersect too, it
-// does so for ever, as nothing is left to cut. This is the only way in which the packing of a list
-// does not end, and it is seen at once. The other is the search for the enclosing circle, which
-// sees it for itself; positions that are not numbers come out there.
+// circles, that pair is not looked at, and every intersection cuts the chain shorter. But a chain
+// of two may be cut down to one by such an error, and where an intersection is then found that cuts
+// nothing any more, the circle comes to the same place for ever. This is the only way in which the
+// packing of a list does not end, and it is seen at once. The other is the search for the enclosing
+// circle, which sees it for itself; positions that are not numbers come out there.
 //
 // A list whose packing does not end is packed anew, on a copy of the circles scaled to the size of
 // 1 and with a tolerance in proportion to the circles, 1e-7 of the square: at most some 5e-8 of

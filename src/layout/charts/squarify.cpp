@@ -67,7 +67,7 @@ public:
     double ratio() const
     {
         const double thickness = total / side;
-        if (!(thickness > 0.0) || thickness == infinity)
+        if (!(thickness > 0.0))
             return 0.0;
         const double longest = largest / thickness;
         if (!(longest > 0.0))
@@ -107,8 +107,6 @@ private:
 qsizetype rowLength(const QList<double> &values, const QRectF &rect, qsizetype start,
                     qsizetype count)
 {
-    if (!rect.isValid())
-        return count;
     GrowingRow row(rowSide(rect));
     row.append(values.at(start));
     double ratio = row.ratio();

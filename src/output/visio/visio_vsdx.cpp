@@ -98,10 +98,10 @@ void VisioVSDX::begin(int width, int height)
         else if (name == "PageHeight"_L1)
             cell.setAttribute(u"V"_s, height / pointsPerInch);
     }
-    if (shapes.isNull()) {
-        QDomDocument &page = parts[pagePart];
-        shapes = page.createElement(u"Shapes"_s);
-        page.documentElement().appendChild(shapes);
+    QDomElement root = parts[pagePart].documentElement();
+    if (shapes.isNull() && !root.isNull()) {
+        shapes = parts[pagePart].createElement(u"Shapes"_s);
+        root.appendChild(shapes);
     }
     pageHeight = height;
 }
