@@ -124,4 +124,21 @@ TEST_P(Drawings, the_same_bytes_on_every_run)
         EXPECT_EQ(drawn(format), drawn(format)) << format.toStdString();
 }
 
+// docs/pictures/<engine>-<example>.png is what examples/<engine>/<example>.dot draws.
+TEST(Pictures, of_the_documents_are_what_the_examples_draw)
+{
+    const QDir project(QStringLiteral(ORR_TEST_FOLDER "/../.."));
+    const QDir pictures(project.filePath(u"docs/pictures"_s));
+    const QStringList files = pictures.entryList({u"*.png"_s}, QDir::Files, QDir::Name);
+    EXPECT_GE(files.size(), 8) << "one an engine";
+    for (const QString &file : files) {
+        const QString engine = file.section(u'-', 0, 0);
+        const QString example = QFileInfo(file).completeBaseName().section(u'-', 1);
+        const QString input = u"examples/%1/%2.dot"_s.arg(engine, example);
+        const FinishedDrawing drawing = draw(project.filePath(input), engine, u"png"_s);
+        EXPECT_EQ(drawing.status, 0) << input.toStdString();
+        EXPECT_TRUE(matchesPicture(drawing.bytes, pictures.filePath(file), 0));
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(All, Drawings, testing::ValuesIn(allDrawings()), nameOf);

@@ -88,7 +88,7 @@ TEST(CompactTree, children_begin_where_their_parent_may)
     EXPECT_EQ(laid.number(u"d"_s, u"d2"_s), 85.0);
 }
 
-// The child of c may begin at 9 + 4 and is 40 lower than c; c cannot stand over its middle.
+// Centred over its only child, the tall b would begin before the start.
 TEST(CompactTree, a_parent_that_would_run_into_its_neighbour_is_pushed_with_its_subtree)
 {
     const Laid laid =

@@ -1,66 +1,12 @@
+#include "importer.h"
 #include "visio_reading.h"
 
 #include "support/golden.h"
 
-#include <QProcess>
-#include <QRegularExpression>
-#include <QStandardPaths>
-
 using namespace ORR::Graph;
 using namespace Qt::StringLiterals;
 
-// What an importer that is not ours says it saw.
 namespace {
-
-struct Seen
-{
-    bool skipped = false;
-    QString calls;
-
-    int count(const QString &call) const { return int(calls.count(call)); }
-    // The texts in their order.
-    QStringList texts() const
-    {
-        QStringList found;
-        static const QRegularExpression text(u"insertText \\(([^\\n]*)\\)\\n"_s);
-        for (auto it = text.globalMatch(calls); it.hasNext();)
-            found += it.next().captured(1);
-        return found;
-    }
-    // The points of the nth outline, "M 1,2 L 3,4", in points.
-    QString outline(int index) const
-    {
-        static const QRegularExpression path(u"drawPath \\([^\\n]*"_s);
-        static const QRegularExpression step(
-            u"path-action: ([A-Z])[^()]*?svg:x: ([-0-9.]+)in[^()]*?svg:y: ([-0-9.]+)in"_s);
-        QStringList found;
-        int at = 0;
-        for (auto it = path.globalMatch(calls); it.hasNext();) {
-            const QString line = it.next().captured(0);
-            if (at++ != index)
-                continue;
-            for (auto steps = step.globalMatch(line); steps.hasNext();) {
-                const QRegularExpressionMatch match = steps.next();
-                found += u"%1 %2,%3"_s.arg(match.captured(1))
-                             .arg(qRound(match.captured(2).toDouble() * 72))
-                             .arg(qRound(match.captured(3).toDouble() * 72));
-            }
-        }
-        return found.join(u' ');
-    }
-};
-
-Seen readBy(const QString &path)
-{
-    const QString program = QStandardPaths::findExecutable(u"vsd2raw"_s);
-    if (program.isEmpty())
-        return {true, QString()};
-    QProcess process;
-    process.start(program, {path});
-    EXPECT_TRUE(process.waitForFinished());
-    EXPECT_EQ(process.exitCode(), 0);
-    return {false, QString::fromUtf8(process.readAllStandardOutput())};
-}
 
 void drawNodesAndEdge(Device &device, const SmallGraph &graph)
 {
@@ -101,10 +47,10 @@ TEST(VisioReaders, an_importer_sees_every_shape_of_a_package)
     EXPECT_EQ(seen.texts().join(u' '), u"first second loose"_s);
     // The filled rectangle, its border, the ellipse, the edge and the curve.
     EXPECT_EQ(seen.count(u"drawPath ("_s), 5);
-    EXPECT_EQ(seen.outline(0), u"M 40,60 L 140,60 L 140,100 L 40,100 L 40,60"_s);
-    EXPECT_EQ(seen.outline(2), u"M 170,200 A 270,200 A 170,200"_s);
-    EXPECT_EQ(seen.outline(3), u"M 140,80 L 180,80 L 220,120 L 220,170"_s);
-    EXPECT_EQ(seen.outline(4), u"M 600,300 C 660,300"_s);
+    EXPECT_EQ(seen.outlines().value(0), u"M 40,60 L 140,60 L 140,100 L 40,100 L 40,60"_s);
+    EXPECT_EQ(seen.outlines().value(2), u"M 170,200 A 270,200 A 170,200"_s);
+    EXPECT_EQ(seen.outlines().value(3), u"M 140,80 L 180,80 L 220,120 L 220,170"_s);
+    EXPECT_EQ(seen.outlines().value(4), u"M 600,300 C 660,300"_s);
     EXPECT_EQ(seen.count(u"draw:fill-color: #ffff00, draw:stroke: none"_s), 1);
     EXPECT_EQ(seen.count(u"draw:marker-end-path"_s), 1);
     EXPECT_EQ(seen.count(u"draw:marker-start-path"_s), 0);
@@ -126,9 +72,9 @@ TEST(VisioReaders, an_importer_sees_every_shape_of_a_single_file_but_for_connect
     EXPECT_EQ(seen.count(u"svg:height: 5.0000in, svg:width: 10.0000in)"_s), 1);
     EXPECT_EQ(seen.texts().join(u' '), u"first second loose"_s);
     EXPECT_EQ(seen.count(u"drawPath ("_s), 4);
-    EXPECT_EQ(seen.outline(0), u"M 40,60 L 140,60 L 140,100 L 40,100 L 40,60"_s);
-    EXPECT_EQ(seen.outline(2), u"M 170,200 A 270,200 A 170,200"_s);
-    EXPECT_EQ(seen.outline(3), u"M 600,300 C 660,300"_s);
+    EXPECT_EQ(seen.outlines().value(0), u"M 40,60 L 140,60 L 140,100 L 40,100 L 40,60"_s);
+    EXPECT_EQ(seen.outlines().value(2), u"M 170,200 A 270,200 A 170,200"_s);
+    EXPECT_EQ(seen.outlines().value(3), u"M 600,300 C 660,300"_s);
     EXPECT_EQ(seen.count(u"draw:fill-color: #ffff00, draw:stroke: none"_s), 1);
 }
 
@@ -176,5 +122,5 @@ TEST(VisioReaders, an_importer_sees_the_members_of_a_cluster_in_a_single_file)
     if (seen.skipped)
         GTEST_SKIP() << "vsd2raw is not installed";
     EXPECT_EQ(seen.count(u"drawPath ("_s), 3);
-    EXPECT_EQ(seen.outline(0), u"M 40,60 L 140,60 L 140,100 L 40,100 L 40,60"_s);
+    EXPECT_EQ(seen.outlines().value(0), u"M 40,60 L 140,60 L 140,100 L 40,100 L 40,60"_s);
 }
