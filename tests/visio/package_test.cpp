@@ -234,4 +234,10 @@ TEST(VisioPackage, a_drawing_that_never_began_has_no_shapes)
     PackageDrawing drawing;
     drawing.device.drawRect({0, 0}, {9, 9}, 0, nullptr, nullptr);
     EXPECT_TRUE(shapesOf(drawing.page()).isEmpty());
+    XmlDrawing xml;
+    SmallGraph graph;
+    xml.device.beginCluster(graph.cluster, true);
+    xml.device.drawRect({0, 0}, {9, 9}, 0, nullptr, nullptr);
+    xml.device.endCluster();
+    EXPECT_TRUE(shapesOf(xml.document()).isEmpty());
 }

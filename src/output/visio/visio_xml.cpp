@@ -33,7 +33,8 @@ VisioXML::VisioXML(const QString &file) : fileName(file), connects(connectDepth)
 
 void VisioXML::begin(int width, int height)
 {
-    pageId = nextId++;
+    if (pageId < 0)
+        pageId = nextId++;
     pageWidth = width;
     pageHeight = height;
 }
@@ -42,6 +43,13 @@ QString VisioXML::end()
 {
     while (!shapeStack.isEmpty())
         finishShape();
+    if (pageId < 0) {
+        // There was never a page to draw on.
+        shapes.clear();
+        clusters = VisioClusters<VisioXMLCluster>();
+        connects = VisioMarkup(connectDepth);
+        begin(0, 0);
+    }
     writeRelationships();
     return writeOutputFile(fileName, takeDocument()) ? QString() : u"Unable to write to file\n"_s;
 }

@@ -95,7 +95,7 @@ private:
     VisioMarkup connects;
     QHash<VisioXMLShape *, PendingConnection> pending;
     int nextId = 0;
-    int pageId = 0;
+    int pageId = -1; // until the drawing begins
     int pageWidth = 0;
     int pageHeight = 0;
 };
