@@ -22,7 +22,6 @@ bool isCheckpoint(const DotSubgraph *subgraph)
 
 DotGraph::DotGraph()
 {
-    rootSubgraph = &subgraphs.emplace_back();
     rootSubgraph->id = u"name"_s;
 
     const Palette &palette = Palette::instance();

@@ -167,12 +167,13 @@ private:
     const QString *inherited(const DotSubgraph *start, const QString &name,
                              AttributeMap DotSubgraph::*map, InheritanceMemo &memo) const;
 
-    // The destruction order of these is edges, nodes, subgraphs, from the last member to the first.
+    // Freed from the last to the first: edges, nodes, subgraphs, the root.
+    DotSubgraph rootRecord;
     std::deque<DotSubgraph> subgraphs;
     std::deque<DotNode> nodes;
     std::deque<DotEdge> edges;
 
-    DotSubgraph *rootSubgraph = nullptr;
+    DotSubgraph *rootSubgraph = &rootRecord;
     int idCounter = 0;
     QHash<QString, DotSubgraph *> subgraphsById;
     QMultiHash<const DotNode *, DotNode *> inNeighbours; // empty until `predecessor` is asked

@@ -173,7 +173,8 @@ std::unique_ptr<DotGraph> parseDot(const QByteArray &input)
         return nullptr;
     try {
         return DotParser(input).parse();
-    } catch (int) {
+    } catch (...) {
+        // Not only a rejection: a text that takes more memory than there is ends here as well.
         return nullptr;
     }
 }

@@ -87,7 +87,7 @@ char *writeNumber(char *out, double value)
     while (magnitude >= row->below)
         ++row;
     const double scaled = magnitude * row->power;
-    const int digits = static_cast<int>(scaled + 0.5);
+    const int digits = rounded(scaled);
     // The product carries an error of some 1e-10. That decides nothing, except near the middle of
     // two texts and where rounding adds a digit.
     const bool isDoubtful = std::fabs(scaled - std::floor(scaled) - 0.5) < 1e-6;

@@ -46,7 +46,7 @@ public:
     bool flush();
 
 private:
-    static constexpr qsizetype blockSize = 64 * 1024;
+    static constexpr qsizetype blockSize = qsizetype(64) * 1024;
 
     qsizetype room() const { return blockSize - used; }
     OutputText &appendLong(QByteArrayView text);

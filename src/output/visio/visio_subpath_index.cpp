@@ -99,13 +99,14 @@ int VisioSubpathIndex::candidate(const QList<VisioRow> &rows, int after) const
     int next = earlier(nextIn(at(openLast, first), after), nextIn(at(openFirst, last), after));
     if (rows.size() < 2)
         return next;
-    const Subpaths *rarest = nullptr;
-    for (qsizetype k = 1; k < rows.size(); ++k) {
-        const Subpaths &found = having({pointOf(rows.at(k - 1)), pointOf(rows.at(k))});
-        if (!rarest || found.size() < rarest->size())
+    const auto ofPiece = [&](qsizetype k) -> const Subpaths & {
+        return having({pointOf(rows.at(k - 1)), pointOf(rows.at(k))});
+    };
+    const Subpaths *rarest = &ofPiece(1);
+    for (qsizetype k = 2; k < rows.size() && !rarest->empty(); ++k) {
+        const Subpaths &found = ofPiece(k);
+        if (found.size() < rarest->size())
             rarest = &found;
-        if (rarest->empty())
-            break;
     }
     next = earlier(next, nextIn(*rarest, after));
     if (rows.constLast().kind == VisioRow::SplineKnot)
