@@ -22,6 +22,7 @@ if(ORR_SANITIZE)
     target_compile_options(orr_options INTERFACE -fsanitize=address,undefined
                                                  -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(orr_options INTERFACE -fsanitize=address,undefined)
+    set(ORR_SANITIZER_SOURCES "${PROJECT_SOURCE_DIR}/cmake/sanitizer_options.cpp")
 endif()
 
 # orr_add_library(NAME SOURCES ... LINKS ...)

@@ -1,0 +1,11 @@
+// Part of every program of a sanitizer build.
+
+extern "C" const char *__asan_default_options();
+
+// The sanitizer guesses where the thread-local data of a library lie that is loaded at run time, a
+// plugin for a picture format for one. Where the heap happens to put them at a certain offset in a
+// page the guess is wrong, and the search for leaks ends in a crash of its own.
+extern "C" const char *__asan_default_options()
+{
+    return "intercept_tls_get_addr=0";
+}
