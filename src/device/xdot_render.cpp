@@ -249,8 +249,8 @@ void XDotRender::beginPage(QByteArrayView bb)
     const auto field = [&](qsizetype i) { return numberFrom(fields.value(i)); };
     canvasWidth = truncated(field(2) - field(0));
     canvasHeight = truncated(field(3) - field(1));
-    device->begin(saturated(qint64(canvasWidth) + 2 * pageMargin),
-                  saturated(qint64(canvasHeight) + 2 * pageMargin));
+    constexpr qint64 bothMargins = qint64(2) * pageMargin;
+    device->begin(saturated(canvasWidth + bothMargins), saturated(canvasHeight + bothMargins));
 }
 
 void XDotRender::replayOps(ReplayObjectKind kind, QByteArrayView ops)
@@ -331,8 +331,10 @@ void XDotRender::placeTexts()
             widest = std::max(widest, pending.width);
     }
     int left = 0;
-    if (widest < frame.objectWidth && frame.posX > 0)
-        left = truncated(frame.posX - widest / 2 + 4.0);
+    if (widest < frame.objectWidth && frame.posX > 0) {
+        const int half = widest / 2;
+        left = truncated(frame.posX - half + 4.0);
+    }
     for (const PendingText &pending : frame.pendingTexts) {
         const QPoint position(pending.leftAligned && left != 0 ? left : pending.position.x(),
                               pending.position.y());

@@ -13,7 +13,7 @@ namespace ORR::Driver {
 
 namespace {
 
-constexpr qsizetype firstChunk = 64 * 1024;
+constexpr qsizetype firstChunk = 65536;
 
 // True if the descriptor is open. A closed one is taken for the null device: the lowest free number
 // is the one that the next file gets, so the three are to be asked in their order.

@@ -108,8 +108,9 @@ void drawRectangle(const NodeBox &b, const OutlineStyle &style, Device *device)
     if (style.rounded) {
         // The larger half and not the smaller one: a flat node may get a radius above half its
         // height. That is meant.
+        const qint64 quarter = roundness(style.fontSize) / 4;
         const double half = std::max((b.y1 - b.y0) / 2, (b.x1 - b.x0) / 2);
-        radius = std::max(std::min(half, double(roundness(style.fontSize) / 4)), 0.0);
+        radius = std::max(std::min(half, double(quarter)), 0.0);
     }
     device->drawRect(pixel(b.x0, b.y0), pixel(b.x1, b.y1), truncated(radius), style.pen,
                      style.fill);

@@ -18,7 +18,9 @@ public:
         if (!(size >= decade.start && size < decade.end) && !findDecade(size))
             return throughText(value);
         const double scaled = size * decade.scale;
-        const double digits = static_cast<int>(scaled + 0.5);
+        // Never negative, and where it lies near the middle of two integers the text decides.
+        const double digits =
+            static_cast<int>(scaled + 0.5); // NOLINT(bugprone-incorrect-roundings)
         const double off = scaled - digits;
         if (off > surelyNearest || off < -surelyNearest)
             return throughText(value);

@@ -63,7 +63,7 @@ QRect labelRectangle(const TextBlock &label)
 {
     if (label.isEmpty())
         return {};
-    constexpr qint64 padding = 2 * labelPadding;
+    constexpr qint64 padding = qint64(2) * labelPadding;
     return gridRect(0, 0, saturated(label.width + padding), saturated(label.height + padding));
 }
 

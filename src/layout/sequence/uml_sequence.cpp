@@ -180,7 +180,8 @@ void UmlSequence::addObject(std::unique_ptr<GridObject> object)
 QList<const GridObject *> UmlSequence::allObjects() const
 {
     QList<const GridObject *> objects;
-    objects.reserve(qsizetype(clusterObjects.size() + nodeObjects.size() + edgeObjects.size()));
+    const std::size_t count = clusterObjects.size() + nodeObjects.size() + edgeObjects.size();
+    objects.reserve(static_cast<qsizetype>(count));
     for (const Objects *list : {&clusterObjects, &nodeObjects, &edgeObjects}) {
         for (const std::unique_ptr<GridObject> &object : *list)
             objects.append(object.get());
