@@ -1,0 +1,125 @@
+// Spoiled inputs, many of them: every one is rejected or drawn, in every format, twice the same.
+// ORR_MUTATIONS sets how many, ORR_MUTATION_SEED where to start.
+#include "mutation/mutator.h"
+
+#include "device/xdot_render.h"
+#include "driver/format_table.h"
+#include "driver/layout_table.h"
+#include "graph/dot_parser.h"
+#include "support/recording_device.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <optional>
+
+using namespace ORR;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int ordinaryRounds = 3000;
+constexpr qint64 timeLimit = 20000; // milliseconds for one drawing, under the sanitizers
+constexpr qint64 largestPicture = 2000 * 2000; // pixels; larger ones only cost time
+
+struct Input
+{
+    Driver::LayoutIndex layout;
+    QByteArray text;
+};
+
+// The small drawings of all engines, and the xdot texts that they give.
+QList<Input> wellMeantInputs()
+{
+    QList<Input> inputs;
+    for (const QString &engine : Driver::layoutNames()) {
+        const QDir folder(QStringLiteral(ORR_DRAWINGS_FOLDER) + u'/' + engine);
+        const QStringList names =
+            folder.entryList({u"*.dot"_s, u"*.xdot"_s}, QDir::Files, QDir::Name);
+        for (const QString &name : names) {
+            QFile file(folder.filePath(name));
+            if (file.open(QIODevice::ReadOnly))
+                inputs.append({*Driver::chooseLayout(engine), file.readAll()});
+        }
+    }
+    return inputs;
+}
+
+// What came of one input on a device: the message of the run, or nothing if the text is no graph.
+std::optional<QString> drawOn(Graph::Device *device, const Input &input)
+{
+    const std::unique_ptr<Graph::DotGraph> graph = Graph::parseDot(input.text);
+    if (!graph)
+        return std::nullopt;
+    if (graph->root()->attributes.contains(u"xdotversion"_s))
+        return Graph::Graphviz::XDotRender(device, graph.get()).render(input.text);
+    return Driver::layoutRow(input.layout).run({graph.get(), device});
+}
+
+qint64 pagePixels(const RecordingDevice &device)
+{
+    const QString begin = device.callsOf(u"begin"_s).value(0);
+    return qAbs(begin.section(u' ', 1, 1).toLongLong() * begin.section(u' ', 2, 2).toLongLong());
+}
+
+QByteArray drawnFile(Driver::DriverFormat format, const Input &input)
+{
+    const QTemporaryDir folder;
+    const QString name = folder.filePath(u"drawing"_s);
+    const auto device = Driver::formatRow(format).create({name, QStringLiteral(ORR_HOME)});
+    const std::optional<QString> message = drawOn(device.get(), input);
+    EXPECT_TRUE(message.has_value());
+    QFile file(name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+int numberFromEnvironment(const char *name, int otherwise)
+{
+    bool isNumber = false;
+    const int number = qEnvironmentVariableIntValue(name, &isNumber);
+    return isNumber ? number : otherwise;
+}
+
+} // namespace
+
+TEST(Mutations, are_rejected_or_drawn_and_twice_the_same)
+{
+    const QList<Input> inputs = wellMeantInputs();
+    ASSERT_GE(inputs.size(), 16);
+    const int first = numberFromEnvironment("ORR_MUTATION_SEED", 1);
+    const int rounds = numberFromEnvironment("ORR_MUTATIONS", ordinaryRounds);
+    int drawn = 0;
+    for (int seed = first; seed < first + rounds; ++seed) {
+        Mutator mutator(static_cast<quint64>(seed));
+        Input input = inputs[mutator.below(inputs.size())];
+        input.text = mutator.mutated(input.text);
+        SCOPED_TRACE("ORR_MUTATIONS=1 ORR_MUTATION_SEED=" + std::to_string(seed));
+        if (qEnvironmentVariableIsSet("ORR_MUTATION_SEED"))
+            std::fprintf(stderr, "%d\n", seed);
+
+        QElapsedTimer timer;
+        timer.start();
+        RecordingDevice once;
+        const std::optional<QString> message = drawOn(&once, input);
+        if (!message)
+            continue;
+        RecordingDevice twice;
+        EXPECT_EQ(drawOn(&twice, input), message);
+        EXPECT_EQ(once.log(), twice.log());
+
+        auto format = Driver::DriverFormat(mutator.below(6));
+        const bool raster =
+            format == Driver::DriverFormat::Png || format == Driver::DriverFormat::Jpg;
+        if (raster && pagePixels(once) > largestPicture)
+            format = Driver::DriverFormat::Svg;
+        EXPECT_EQ(drawnFile(format, input), drawnFile(format, input));
+        EXPECT_LT(timer.elapsed(), timeLimit);
+        drawn += message->isEmpty() ? 1 : 0;
+    }
+    // Else the changes would be so crude that only the reader sees them.
+    EXPECT_GE(drawn, rounds / 4);
+}
