@@ -34,7 +34,7 @@ QByteArray generated(qsizetype megabytes)
 void readText(benchmark::State &state)
 {
     const QByteArray text = generated(state.range(0));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const auto graph = parseDot(text);
         if (!graph)
             state.SkipWithError("the text was rejected");
@@ -53,7 +53,7 @@ void lookUp(benchmark::State &state)
         graph.setGraphAttribute(subgraph, u"area"_s, u"1"_s);
     }
     DotNode *node = graph.createNode(subgraph, u"label"_s, {});
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(graph.nodeAttribute(node, u"fillcolor"_s));
     state.SetItemsProcessed(state.iterations());
 }

@@ -25,7 +25,7 @@ std::function<void()> redirected(int descriptor, const char *file, int flags)
     };
 }
 
-std::function<void()> closed(QList<int> descriptors)
+std::function<void()> closed(const QList<int> &descriptors)
 {
     return [=] {
         for (const int descriptor : descriptors)

@@ -39,10 +39,8 @@ TEST_F(HostileInput, texts_that_are_no_graphs_are_rejected)
         QByteArray("\0digraph {}", 11),
         QByteArray(1'000'000, '\0'),
         QByteArray(1'000'000, '{'),
-        "\xFF\xFE"
-        "d\0i\0",
-        "\xEF\xBB\xBF"
-        "digraph {}",
+        QByteArray("\xFF\xFE") + QByteArray("d\0i\0", 4),
+        QByteArray("\xEF\xBB\xBF") + "digraph {}",
     };
     for (const QByteArray &text : texts)
         EXPECT_TRUE(failedWith(draw(text), parseMessage)) << text.left(60).toStdString();

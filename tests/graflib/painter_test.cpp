@@ -2,6 +2,7 @@
 
 #include "device/text_image.h"
 #include "graflib_support.h"
+#include "graph/numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -243,8 +244,8 @@ TEST(PainterLabel, stands_in_the_middle_of_its_node)
 {
     RecordingDevice device;
     const QSize size = TextImage::textSize(device.text(u"xy"_s, nullptr, nullptr), false);
-    const int x = int(10 + (40 - size.width()) * 0.5 + 0.5);
-    const int y = int(20 + (20 - size.height()) * 0.5 + 0.5);
+    const int x = rounded(10 + (40 - size.width()) * 0.5);
+    const int y = rounded(20 + (20 - size.height()) * 0.5);
     EXPECT_EQ(drawn("label=xy" + QByteArray(box40x20)),
               QStringList(u"text %1,%2 \"xy\" Arial 12 #000000"_s.arg(x).arg(y)));
 }
@@ -301,8 +302,8 @@ QSize glyphSize()
 QString expanderAt(double x, double y)
 {
     return u"richtext %1,%2 \"<a style=\"color: red; text-decoration: none;\" "
-           u"href=\"16384\">&#11044;</a>\" Arial 12 red"_s.arg(int(x + 0.5))
-               .arg(int(y + 0.5));
+           u"href=\"16384\">&#11044;</a>\" Arial 12 red"_s.arg(rounded(x))
+               .arg(rounded(y));
 }
 
 QString expanderUnder(const QByteArray &rankdir)

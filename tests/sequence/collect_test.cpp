@@ -84,7 +84,7 @@ void fillAtRandom(DotGraph *graph, std::mt19937 &random)
                                 u"section"_s,
                                 u"other"_s,
                                 {}};
-        const QString kind = kinds.at(pick(int(kinds.size())));
+        const QString &kind = kinds.at(pick(int(kinds.size())));
         if (!kind.isNull()) // otherwise it has that of the subgraph around it
             graph->setGraphAttribute(child, u"uml"_s, kind);
         subgraphs.append(child);
