@@ -119,8 +119,8 @@ void drawBoth(File &device, Reference &reference)
             device.drawPath(path, pen, fill);
             reference.paint(pen, fill, [&](QPainter &p) { p.drawPath(outline); });
 
-            const int size = 8 + shift / 4;
-            Device::Font *font = device.font(u"Arial"_s, size, shift % 4);
+            const int fontSize = 8 + shift / 4;
+            Device::Font *font = device.font(u"Arial"_s, fontSize, shift % 4);
             Device::Text *text = device.text(u"Label\n %1\tfi"_s.arg(shift), font, fill);
             device.drawText(at, text);
             reference.paint(nullptr, nullptr, [&](QPainter &p) {
