@@ -1,10 +1,12 @@
 #include "output/file.h"
 
+#include "device/point_resolution.h"
 #include "graph/numbers.h"
 #include "output/output_file.h"
 #include "output/painter_path.h"
 #include "output/painter_values.h"
 #include "output/pixel_rect.h"
+#include "output/plain_colors.h"
 
 #include <QBuffer>
 #include <QFileInfo>
@@ -57,6 +59,7 @@ void File::begin(int width, int height)
                    QImage::Format_ARGB32_Premultiplied);
     if (image.isNull())
         return;
+    setPointResolution(&image);
     image.fill(fileName.endsWith(u"png"_s) ? Qt::transparent : Qt::white);
     // One painter for all primitives; each of them sets every value that it depends on.
     painter = std::make_unique<QPainter>(&image);
@@ -69,6 +72,7 @@ QString File::end()
     if (!painter)
         return u"Draw too large\n"_s;
     painter.reset();
+    makeColorsPlain(&image);
     const QByteArray bytes = encoded(image, fileName, quality);
     image = QImage();
     if (bytes.isEmpty() || !writeOutputFile(fileName, bytes))

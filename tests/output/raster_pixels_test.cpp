@@ -4,6 +4,7 @@
 #include "device/color_value.h"
 #include "output/painter_path.h"
 #include "output/painter_values.h"
+#include "output/plain_colors.h"
 #include "raster.h"
 #include "support/golden.h"
 
@@ -47,9 +48,10 @@ private:
     double scale;
 };
 
-QImage asSaved(const QImage &image)
+QImage asSaved(QImage image)
 {
-    return image.convertToFormat(QImage::Format_ARGB32);
+    makeColorsPlain(&image);
+    return image;
 }
 
 // Every primitive with every paint, once on the device and once on the reference. Both get the same
