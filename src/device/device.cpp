@@ -1,5 +1,6 @@
 #include "device/device.h"
 
+#include "device/point_resolution.h"
 #include "graph/numbers.h"
 
 #include <deque>
@@ -285,7 +286,7 @@ const QFont &Device::Font::qFont() const
                                                    | QFont::PreferAntialias));
         made.setWeight(styleBits & Bold ? QFont::Bold : QFont::Normal);
         made.setStyle(styleBits & Italic ? QFont::StyleItalic : QFont::StyleNormal);
-        toolkitFont = made;
+        toolkitFont = atPointResolution(made);
     }
     return *toolkitFont;
 }
@@ -293,7 +294,7 @@ const QFont &Device::Font::qFont() const
 const QFontMetrics &Device::Font::metrics() const
 {
     if (!toolkitMetrics)
-        toolkitMetrics.emplace(qFont());
+        toolkitMetrics.emplace(qFont(), pointDevice());
     return *toolkitMetrics;
 }
 

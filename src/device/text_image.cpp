@@ -1,5 +1,6 @@
 #include "device/text_image.h"
 
+#include "device/point_resolution.h"
 #include "graph/numbers.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -13,6 +14,7 @@ QSize richSize(const QString &html, const QFont &font)
 {
     QTextDocument document;
     document.setDocumentMargin(0);
+    document.documentLayout()->setPaintDevice(pointDevice());
     document.setDefaultFont(font);
     document.setHtml(html);
     const QSizeF size = document.documentLayout()->documentSize();

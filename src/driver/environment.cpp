@@ -1,5 +1,6 @@
 #include "driver/environment.h"
 
+#include "device/point_resolution.h"
 #include "driver/standard_streams.h"
 
 #include <QCoreApplication>
@@ -99,6 +100,8 @@ void prepareToolkit()
     QHashSeed::setDeterministicGlobalSeed();
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Margins in rich text are scaled by this, whatever they are measured for.
+    qputenv("QT_FONT_DPI", QByteArray::number(Graph::pointsPerInch));
     if (!wantsToolkitMessages())
         qInstallMessageHandler(passFatalMessagesOnly);
 }

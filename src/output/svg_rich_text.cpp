@@ -1,5 +1,6 @@
 #include "output/svg_rich_text.h"
 
+#include "device/point_resolution.h"
 #include "graph/numbers.h"
 #include "output/painter_values.h"
 #include "output/xml_text.h"
@@ -29,6 +30,7 @@ QByteArray paintedAsSvg(QTextDocument &document, const QSizeF &size, const QColo
     {
         QSvgGenerator generator;
         generator.setOutputDevice(&buffer);
+        generator.setResolution(pointsPerInch);
         generator.setSize({truncated(size.width()), truncated(size.height())});
         generator.setViewBox(QRectF(QPointF(), size));
         QPainter painter(&generator);
@@ -140,6 +142,7 @@ void SvgRichText::drawRichText(QPoint topLeft, Text *text)
     const Font *font = text->font() ? text->font() : defaultFont();
     QTextDocument document;
     document.setDocumentMargin(0.0);
+    document.documentLayout()->setPaintDevice(pointDevice());
     document.setDefaultFont(font->qFont());
     document.setHtml(text->text());
     const QSizeF size = document.documentLayout()->documentSize();

@@ -3,6 +3,7 @@
 #include "support/golden.h"
 #include "support/recording_device.h"
 
+#include <QFontInfo>
 #include <QTextDocument>
 
 using namespace ORR::Graph;
@@ -54,4 +55,16 @@ TEST(TextImage, fonts_convert_in_one_way)
     EXPECT_EQ(device.font(u"Arial"_s, 11, Device::Font::Bold)->qFont().weight(), 700);
     EXPECT_EQ(device.font(u"Arial"_s, 11, Device::Font::Italic)->qFont().style(),
               QFont::StyleItalic);
+}
+
+// The pinned font, Liberation Sans, has 2,048 units to its size; a capital H takes 1,479 of them
+// and ascent and descent 1,854 and 434.
+TEST(TextImage, a_point_of_a_font_is_a_unit_of_the_drawing)
+{
+    RecordingDevice device;
+    Device::Font *font = device.font(u"Arial"_s, 100, 0);
+    EXPECT_NEAR(TextImage::textSize(u"HHHHHHHHHH"_s, font, false).width(), 722, 5);
+    EXPECT_NEAR(TextImage::textSize(u"H"_s, font, false).height(), 91 + 21, 2);
+    EXPECT_NEAR(TextImage::textSize(u"HHHHHHHHHH"_s, font, true).width(), 722, 5);
+    EXPECT_EQ(QFontInfo(font->qFont()).pixelSize(), 100);
 }

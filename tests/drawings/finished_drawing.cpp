@@ -2,6 +2,7 @@
 
 #include "support/golden.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -16,9 +17,13 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int timeLimit = 120000; // milliseconds; far more than any drawing takes
+constexpr int tolerance = 2; // of 255
 
-int channelDifference(QRgb a, QRgb b)
+int channelDifference(QRgb plainA, QRgb plainB)
 {
+    // The colour of a pixel that is hardly there says little.
+    const QRgb a = qPremultiply(plainA);
+    const QRgb b = qPremultiply(plainB);
     return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
                      std::abs(qBlue(a) - qBlue(b)), std::abs(qAlpha(a) - qAlpha(b))});
 }
@@ -88,8 +93,25 @@ QByteArray packagePart(const QByteArray &package, const QString &part)
     return content;
 }
 
-testing::AssertionResult matchesPicture(const QByteArray &encoded, const QString &path,
-                                        int tolerance)
+QByteArray onWhite(const QByteArray &png)
+{
+    const QImage drawn = QImage::fromData(png);
+    QImage page(drawn.size(), QImage::Format_RGB32);
+    for (int y = 0; y < page.height(); ++y) {
+        for (int x = 0; x < page.width(); ++x) {
+            const QRgb color = qPremultiply(drawn.pixel(x, y));
+            const int white = 255 - qAlpha(color);
+            page.setPixel(x, y,
+                          qRgb(qRed(color) + white, qGreen(color) + white, qBlue(color) + white));
+        }
+    }
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    EXPECT_TRUE(buffer.open(QIODevice::WriteOnly) && page.save(&buffer, "PNG"));
+    return bytes;
+}
+
+testing::AssertionResult matchesPicture(const QByteArray &encoded, const QString &path)
 {
     if (qEnvironmentVariableIsSet("ORR_UPDATE_GOLDENS"))
         return matchesGolden(encoded, path);

@@ -109,7 +109,7 @@ QString drawReference(DotGraph *graph, Device *device)
     node(u"text"_s, [&](Device *d) {
         Device::Color *blue = d->color(u"#0000ff"_s);
         d->drawText({120, 90}, d->text(u"one line"_s, d->font(u"Arial"_s, 12, 0), blue));
-        d->drawText({120, 110}, d->text(u"two\nlines, ü"_s, d->font(u"Arial"_s, 10, 0), blue));
+        d->drawText({120, 110}, d->text(u"two\nlines, ü"_s, d->font(u"Arial"_s, 13, 0), blue));
     });
     return device->end();
 }

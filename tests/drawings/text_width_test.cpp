@@ -1,0 +1,201 @@
+// The texts of finished SVG drawings as a second renderer draws them: as wide as the boxes that
+// layout made for them.
+#include "finished_drawing.h"
+
+#include "device/text_image.h"
+#include "support/golden.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QXmlStreamReader>
+
+#include <algorithm>
+
+using namespace ORR::Graph;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int zoom = 4; // pixels a unit
+constexpr int rowsASheet = 40;
+constexpr int room = 4; // around a row, in units
+
+// A line of text with the attributes that it has in the drawing.
+struct SvgText
+{
+    QString text;
+    QString family;
+    int size = 0;
+    int style = 0; // bits of Device::Font::Style
+
+    friend bool operator==(const SvgText &, const SvgText &) = default;
+};
+
+// Adds the lines of the drawing that are not there yet.
+void addTexts(const QByteArray &svg, QList<SvgText> *texts)
+{
+    SvgText current;
+    QXmlStreamReader xml(svg);
+    while (!xml.atEnd()) {
+        xml.readNext();
+        if (xml.isStartElement() && xml.name() == "text"_L1) {
+            const auto attributes = xml.attributes();
+            current.family = attributes.value("font-family"_L1).toString();
+            current.size = attributes.value("font-size"_L1).toInt();
+            current.style = (attributes.hasAttribute("font-weight"_L1) ? Device::Font::Bold : 0)
+                | (attributes.hasAttribute("font-style"_L1) ? Device::Font::Italic : 0);
+        } else if (xml.isCharacters() && !xml.isWhitespace()) {
+            current.text = xml.text().toString();
+            if (!texts->contains(current))
+                texts->append(current);
+        }
+    }
+    EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
+}
+
+QByteArray rowElement(const SvgText &text, const QString &content, int baseline)
+{
+    return u" <text x=\"%1\" y=\"%2\" font-family=\"%3\" font-size=\"%4\"%5%6"
+           " xml:space=\"preserve\">%7</text>\n"_s.arg(room)
+               .arg(baseline)
+               .arg(text.family.toHtmlEscaped())
+               .arg(text.size)
+               .arg(text.style & Device::Font::Bold ? u" font-weight=\"bold\""_s : QString())
+               .arg(text.style & Device::Font::Italic ? u" font-style=\"italic\""_s : QString())
+               .arg(content.toHtmlEscaped())
+               .toUtf8();
+}
+
+// What rsvg-convert paints of an SVG text, with the pinned fonts.
+QImage renderedElsewhere(const QByteArray &svg)
+{
+    const QTemporaryDir folder;
+    const QString input = folder.filePath(u"sheet.svg"_s);
+    const QString output = folder.filePath(u"sheet.png"_s);
+    QFile file(input);
+    if (!file.open(QIODevice::WriteOnly) || file.write(svg) != svg.size())
+        return {};
+    file.close();
+    QProcess renderer;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"FONTCONFIG_FILE"_s, QStringLiteral(ORR_TEST_FONTS));
+    renderer.setProcessEnvironment(environment);
+    renderer.start(
+        u"rsvg-convert"_s,
+        {u"--zoom"_s, QString::number(zoom), u"-b"_s, u"white"_s, u"-o"_s, output, input});
+    EXPECT_TRUE(renderer.waitForFinished() && renderer.exitCode() == 0)
+        << renderer.readAllStandardError().toStdString();
+    return QImage(output);
+}
+
+bool hasInk(const QImage &image, int x, int top, int bottom)
+{
+    for (int y = top; y < bottom; ++y) {
+        if (qGray(image.pixel(x, y)) < 128)
+            return true;
+    }
+    return false;
+}
+
+// From the first to the last column with ink, in units.
+double inkWidth(const QImage &image, int top, int bottom)
+{
+    int left = 0;
+    while (left < image.width() && !hasInk(image, left, top, bottom))
+        ++left;
+    int right = image.width() - 1;
+    while (right > left && !hasInk(image, right, top, bottom))
+        --right;
+    return double(right - left) / zoom;
+}
+
+// The width of the box that layout makes for the text.
+int boxWidth(const SvgText &text)
+{
+    const Device::Font font(text.family, text.size, text.style);
+    return TextImage::textSize(text.text, &font, false).width();
+}
+
+// How wide each of the texts is drawn by the second renderer. The ink of a text is not its width,
+// so each is drawn between two bars, and the bars alone in the row below.
+QList<double> drawnWidths(const QList<SvgText> &texts)
+{
+    int pitch = 0;
+    int widest = 0;
+    for (const SvgText &text : texts) {
+        pitch = std::max(pitch, 2 * text.size);
+        widest = std::max(widest, 2 * boxWidth(text) + 2 * text.size);
+    }
+    const int height = 2 * pitch * int(texts.size());
+    QByteArray svg = u"<svg xmlns=\"http://www.w3.org/2000/svg\" version=\"1.1\" width=\"%1\""
+                     " height=\"%2\">\n"_s.arg(widest)
+                         .arg(height)
+                         .toUtf8();
+    for (int i = 0; i < texts.size(); ++i) {
+        const SvgText &text = texts.at(i);
+        svg += rowElement(text, u'I' + text.text + u'I', 2 * i * pitch + text.size + room);
+        svg += rowElement(text, u"II"_s, (2 * i + 1) * pitch + text.size + room);
+    }
+    const QImage sheet = renderedElsewhere(svg + "</svg>\n");
+    QList<double> widths;
+    const int step = pitch * zoom;
+    for (int top = 0; top + 2 * step <= sheet.height(); top += 2 * step)
+        widths += inkWidth(sheet, top, top + step) - inkWidth(sheet, top + step, top + 2 * step);
+    return widths;
+}
+
+QList<double> widthRatios(const QList<SvgText> &texts)
+{
+    QList<double> ratios;
+    for (qsizetype first = 0; first < texts.size(); first += rowsASheet) {
+        const QList<SvgText> rows = texts.mid(first, rowsASheet);
+        const QList<double> widths = drawnWidths(rows);
+        EXPECT_EQ(widths.size(), rows.size());
+        for (qsizetype i = 0; i < std::min(widths.size(), rows.size()); ++i)
+            ratios += widths.at(i) / boxWidth(rows.at(i));
+    }
+    std::sort(ratios.begin(), ratios.end());
+    return ratios;
+}
+
+QStringList engines()
+{
+    const QDir examples(QStringLiteral(ORR_TEST_FOLDER "/../../examples"));
+    QStringList names = examples.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
+    names.removeOne(u"xdot"_s);
+    return names;
+}
+
+class TextWidths : public testing::TestWithParam<QString>
+{
+};
+
+} // namespace
+
+TEST_P(TextWidths, of_the_examples_are_those_of_their_boxes_in_a_second_renderer)
+{
+    if (QStandardPaths::findExecutable(u"rsvg-convert"_s).isEmpty())
+        GTEST_SKIP() << "rsvg-convert is not installed";
+    const QDir folder(QStringLiteral(ORR_TEST_FOLDER "/../../examples/") + GetParam());
+    QList<SvgText> texts;
+    for (const QString &input : folder.entryList({u"*.dot"_s}, QDir::Files, QDir::Name)) {
+        const FinishedDrawing drawing = draw(folder.filePath(input), GetParam(), u"svg"_s);
+        ASSERT_EQ(drawing.status, 0) << input.toStdString();
+        addTexts(drawing.bytes, &texts);
+    }
+    ASSERT_FALSE(texts.isEmpty());
+    const QList<double> ratios = widthRatios(texts);
+    ASSERT_FALSE(ratios.isEmpty());
+    const double median = ratios.at(ratios.size() / 2);
+    EXPECT_GT(median, 0.95) << texts.size() << " texts";
+    EXPECT_LT(median, 1.05) << texts.size() << " texts";
+    EXPECT_GT(ratios.first(), 0.8) << "the narrowest of all";
+    EXPECT_LT(ratios.last(), 1.2) << "the widest of all";
+}
+
+INSTANTIATE_TEST_SUITE_P(All, TextWidths, testing::ValuesIn(engines()),
+                         [](const auto &engine) { return engine.param.toStdString(); });
