@@ -3,6 +3,11 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
+
+#include <functional>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -16,6 +21,40 @@ std::string firstDifference(const QByteArray &actual, const QByteArray &expected
         ++i;
     return "line " + std::to_string(i + 1) + "\n  expected: " + e.value(i).toStdString()
         + "\n  actual:   " + a.value(i).toStdString();
+}
+
+QByteArray withoutLastDigits(const QByteArray &bytes)
+{
+    static const QRegularExpression longNumber(u"\\d+\\.\\d{11,}"_s);
+    const QString text = QString::fromUtf8(bytes);
+    QString shortened;
+    qsizetype copied = 0;
+    for (const QRegularExpressionMatch &match : longNumber.globalMatch(text)) {
+        shortened += QStringView(text).mid(copied, match.capturedStart() - copied);
+        shortened += QString::number(match.capturedView().toDouble(), 'g', 12);
+        copied = match.capturedEnd();
+    }
+    shortened += QStringView(text).mid(copied);
+    return shortened.toUtf8();
+}
+
+// What `comparable` leaves of both is compared; the golden is written as it is.
+testing::AssertionResult matches(const QByteArray &actual, const QString &path,
+                                 const std::function<QByteArray(const QByteArray &)> &comparable)
+{
+    if (qEnvironmentVariableIsSet("ORR_UPDATE_GOLDENS")) {
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        if (!file.open(QIODevice::WriteOnly) || file.write(actual) != actual.size())
+            return testing::AssertionFailure() << "cannot write " << path.toStdString();
+        return testing::AssertionFailure() << "golden written: " << path.toStdString();
+    }
+    const QByteArray drawn = comparable(actual);
+    const QByteArray expected = comparable(readTestFile(path));
+    if (drawn == expected)
+        return testing::AssertionSuccess();
+    return testing::AssertionFailure()
+        << path.toStdString() << ": " << firstDifference(drawn, expected);
 }
 
 } // namespace
@@ -32,16 +71,10 @@ QByteArray readTestFile(const QString &path)
 
 testing::AssertionResult matchesGolden(const QByteArray &actual, const QString &path)
 {
-    if (qEnvironmentVariableIsSet("ORR_UPDATE_GOLDENS")) {
-        QDir().mkpath(QFileInfo(path).path());
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly) || file.write(actual) != actual.size())
-            return testing::AssertionFailure() << "cannot write " << path.toStdString();
-        return testing::AssertionFailure() << "golden written: " << path.toStdString();
-    }
-    const QByteArray expected = readTestFile(path);
-    if (actual == expected)
-        return testing::AssertionSuccess();
-    return testing::AssertionFailure()
-        << path.toStdString() << ": " << firstDifference(actual, expected);
+    return matches(actual, path, [](const QByteArray &bytes) { return bytes; });
+}
+
+testing::AssertionResult matchesGoldenNumbers(const QByteArray &actual, const QString &path)
+{
+    return matches(actual, path, withoutLastDigits);
 }

@@ -15,6 +15,10 @@ QByteArray readTestFile(const QString &path);
 // nobody renews a golden without noticing.
 testing::AssertionResult matchesGolden(const QByteArray &actual, const QString &path);
 
+// The same, with all numbers of more than ten decimals taken to twelve digits. The last digits of
+// sines and roots are the processor's: some of them fuse a multiplication with an addition.
+testing::AssertionResult matchesGoldenNumbers(const QByteArray &actual, const QString &path);
+
 // So that a failed comparison shows the text.
 QT_BEGIN_NAMESPACE
 inline void PrintTo(const QString &text, std::ostream *out)
