@@ -22,19 +22,12 @@ QString textPaint(const Device::Text *text)
     QString ops;
     const QString color = text->color() ? text->color()->name(0) : QString();
     if (!color.isEmpty())
-        ops += " c "_L1 + QString::number(color.size()) + " -"_L1 + color;
+        ops += " c "_L1 + xdotCounted(color);
     const Device::Font *font = text->font();
-    ops += " F "_L1 + QString::number(font->size()) + u' ' + QString::number(font->family().size())
-        + " -"_L1 + font->family();
+    ops += " F "_L1 + QString::number(font->size()) + u' ' + xdotCounted(font->family());
     if (font->style() != 0)
         ops += " t "_L1 + QString::number(font->style());
     return ops;
-}
-
-// A string as a field, its length counted in the bytes of its UTF-8 form.
-QString countedText(const QString &text)
-{
-    return QString::number(text.toUtf8().size()) + " -"_L1 + text;
 }
 
 QRect textBox(QPoint topLeft, QSize size)
@@ -195,7 +188,7 @@ void XDot::drawTextLines(QPoint topLeft, Text *text, bool rich)
         y += i == 0 ? text->font()->size() : step;
         const QPoint point(truncated(width * 0.5 + topLeft.x()), saturated(y));
         const QString entry = paint + op + xdotPoint(point, height) + " 0 "_L1
-            + QString::number(width) + u' ' + countedText(line);
+            + QString::number(width) + u' ' + xdotCounted(line);
         object->appendLabel(entry.sliced(1));
     }
     object->includeRect(textBox(topLeft, size));
@@ -212,7 +205,7 @@ void XDot::drawPath(Path *path, Pen *pen, Color *fill)
     const auto *drawn = dynamic_cast<const XDotPath *>(path);
     if (!drawn || !openObject())
         return;
-    drawShape(pen, fill, {(fill ? u"D "_s : u"d "_s) + countedText(drawn->text())},
+    drawShape(pen, fill, {(fill ? u"D "_s : u"d "_s) + xdotCounted(drawn->text())},
               drawn->boundingPoints());
 }
 

@@ -15,8 +15,7 @@ QString stopsText(const Device::Color *gradient)
     QString text = QString::number(gradient->stopCount());
     for (int i = 0; i < gradient->stopCount(); ++i) {
         const QString name = gradient->name(i);
-        text += u' ' + numberText(gradient->offset(i)) + u' ' + QString::number(name.size())
-            + " -"_L1 + name;
+        text += u' ' + numberText(gradient->offset(i)) + u' ' + xdotCounted(name);
     }
     return text;
 }
@@ -54,13 +53,17 @@ QString styleOp(int style)
     }
 }
 
-// The length counts characters: these names are ASCII.
 QString colorOp(QChar op, const QString &name)
 {
-    return op + u' ' + QString::number(name.size()) + " -"_L1 + name + u' ';
+    return op + u' ' + xdotCounted(name) + u' ';
 }
 
 } // namespace
+
+QString xdotCounted(const QString &text)
+{
+    return QString::number(text.toUtf8().size()) + " -"_L1 + text;
+}
 
 QString xdotPoint(QPoint point, int pageHeight)
 {

@@ -14,6 +14,10 @@ namespace ORR::Graph {
 QString xdotPoint(QPoint point, int pageHeight);
 QString xdotPoints(const QList<QPoint> &points, int pageHeight);
 
+// A string as a field: its length, counted in the bytes of its UTF-8 form as the replay counts them,
+// " -" and the string.
+QString xdotCounted(const QString &text);
+
 // The ops that set pen and fill ahead of a shape; each may be null. Those that set a colour bring a
 // blank of their own, so that two blanks stand behind them.
 QString xdotPaint(const Device::Pen *pen, const Device::Color *fill, int pageHeight);

@@ -177,6 +177,23 @@ TEST(RoundTrip, a_text_comes_back_to_its_place)
     }
 }
 
+TEST(RoundTrip, names_of_any_characters_come_back_with_what_follows_them)
+{
+    for (const QString &name : {u"Déjà Vu"_s, u"新細明體"_s, u"x\"y"_s, u"a - 3 -b"_s, u"🎈"_s,
+                                u"\\n"_s, u"\\\"n"_s, u"tab\tand <b> & ]"_s}) {
+        EXPECT_EQ(replayedCalls([&](Device *d) {
+                      d->drawPolygon({{0, 0}, {9, 0}, {9, 9}}, black(d), d->color(name));
+                      d->drawPolygon({{0, 0}}, black(d),
+                                     d->linearGradient({1, 2}, {3, 4}, {name, name}, {0, 1}));
+                      d->drawText({10, 20}, d->text(name, d->font(name, 9, 0), d->color(name)));
+                  }),
+                  (QStringList{
+                      u"polygon 4,4 13,4 13,13 4,4 pen #000000 solid 1 fill %1"_s.arg(name),
+                      u"polygon 4,4 pen #000000 solid 1 fill linear(5,6 7,8 %1@0 %1@1)"_s.arg(name),
+                      u"text 14,24 \"%1\" %1 9 %1"_s.arg(name)}));
+    }
+}
+
 TEST(RoundTrip, a_text_of_several_lines_comes_back_as_several_texts)
 {
     const QStringList calls = replayedCalls([](Device *d) {
