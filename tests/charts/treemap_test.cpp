@@ -234,6 +234,8 @@ TEST(Treemap, draws_the_label_of_a_node_only_inside_its_cell)
     EXPECT_EQ(textsOf(sized("8", "15", "a [area=1 label=a]")).size(), 1);
     EXPECT_EQ(textsOf(sized("7", "15", "a [area=1 label=a]")).size(), 0);
     EXPECT_EQ(textsOf(sized("8", "14", "a [area=1 label=a]")).size(), 0);
+    EXPECT_EQ(textsOf(sized("8", "29", "a [area=1 label=\"a\\na\"]")).size(), 2);
+    EXPECT_EQ(textsOf(sized("8", "28", "a [area=1 label=\"a\\na\"]")).size(), 0);
 }
 
 TEST(Treemap, draws_the_label_of_a_subgraph_above_its_members)
