@@ -10,8 +10,8 @@ using namespace ORR::Graph;
 using namespace ORR::Graph::Layout;
 using namespace Qt::StringLiterals;
 
-// Labels are in Arial 12 with the fonts that the tests are pinned to: 18 high, "a" 9 wide, "bb" 18,
-// "ccc" 24, "Kind" 32.
+// Labels are in Arial 12 with the fonts that the tests are pinned to: 14 high, "a" 7 wide, "bb" 14,
+// "ccc" 18, "Kind" 24.
 namespace {
 
 const QByteArrayList directions{"BT", "TB", "RL", "LR"};
@@ -136,58 +136,58 @@ TEST(BarChart, makes_the_shortest_bar_four_long)
 TEST(BarChart, grows_until_every_label_fits_along_its_bar)
 {
     const QByteArray nodes = "a [area=10 label=ccc] b [area=1 label=bb]";
-    EXPECT_EQ(rectsOf(nodes), QStringList({u"4,4 184,22"_s, u"4,26 22,44"_s})); // 18 for 1
-    EXPECT_EQ(rectsOf(towards("BT", nodes)), // 18 high for 1, and 24 wide
-              QStringList({u"4,8 28,188"_s, u"32,170 56,188"_s}));
-    EXPECT_EQ(rectsOf("graph [width=20] " + nodes).constFirst(), "4,4 184,22");
+    EXPECT_EQ(rectsOf(nodes), QStringList({u"4,4 144,18"_s, u"4,22 18,36"_s})); // 14 for 1
+    EXPECT_EQ(rectsOf(towards("BT", nodes)), // 14 high for 1, and 18 wide
+              QStringList({u"4,8 22,148"_s, u"26,134 44,148"_s}));
+    EXPECT_EQ(rectsOf("graph [width=20] " + nodes).constFirst(), "4,4 144,18");
 }
 
 TEST(BarChart, does_not_grow_for_the_label_of_a_bar_that_is_not_drawn)
 {
     EXPECT_EQ(rectsOf("a [area=10] b [label=ccc] c [area=\"-1\" label=ccc]"),
-              QStringList({u"4,4 20,22"_s})); // though it makes bars as thick as the label
+              QStringList({u"4,4 20,18"_s})); // though it makes bars as thick as the label
 }
 
 TEST(BarChart, centres_labels)
 {
     EXPECT_EQ(textsOf("a [area=10 label=ccc] b [area=1 label=bb]"),
-              QStringList({u"text 82,4 \"ccc\""_s, u"text 4,26 \"bb\""_s})); // (180 - 24) / 2 + 4
+              QStringList({u"text 65,4 \"ccc\""_s, u"text 4,22 \"bb\""_s})); // (140 - 18) / 2 + 4
     EXPECT_EQ(textsOf("graph [width=101 height=56] a [area=10 label=a]"),
-              QStringList({u"text 50,21 \"a\""_s})); // (101 - 9) / 2 + 4, (52 - 18) / 2 + 4
+              QStringList({u"text 51,23 \"a\""_s})); // (101 - 7) / 2 + 4, (52 - 14) / 2 + 4
 }
 
 TEST(BarChart, truncates_half_points_when_it_centres)
 {
     EXPECT_EQ(textsOf("graph [width=100 height=55] a [area=10 label=a]"),
-              QStringList({u"text 49,20 \"a\""_s})); // 45.5 + 4, 33 / 2 + 4
+              QStringList({u"text 50,22 \"a\""_s})); // 46.5 + 4, 37 / 2 + 4
 }
 
 TEST(BarChart, centres_labels_of_bars_to_the_left)
 {
     EXPECT_EQ(textsOf(towards("RL", "a [area=10 label=ccc] b [area=1 label=bb]")),
-              QStringList({u"text 86,4 \"ccc\""_s, u"text 170,26 \"bb\""_s})); // 8 + (180 - 24) / 2
+              QStringList({u"text 69,4 \"ccc\""_s, u"text 134,22 \"bb\""_s})); // 8 + (140 - 18) / 2
 }
 
 TEST(BarChart, centres_labels_of_bars_upward_and_downward)
 {
     const QByteArray nodes = "a [area=10 label=ccc] b [area=1 label=a]";
     EXPECT_EQ(textsOf(towards("BT", nodes)),
-              QStringList({u"text 4,89 \"ccc\""_s, u"text 39,170 \"a\""_s})); // 32 + 7.5
+              QStringList({u"text 4,71 \"ccc\""_s, u"text 31,134 \"a\""_s})); // 26 + 5.5
     EXPECT_EQ(textsOf(towards("TB", nodes)),
-              QStringList({u"text 4,85 \"ccc\""_s, u"text 39,4 \"a\""_s}));
+              QStringList({u"text 4,67 \"ccc\""_s, u"text 31,4 \"a\""_s}));
 }
 
-// 24 / 47 * 47 is a little less than 24, and so is 18 / 16.3 * 16.3 than 18: each bar is a point
-// short of its label.
+// 18 / 16.3 * 16.3 is a little less than 18: each bar is a point short of its label. "ccc" is 18
+// wide, and a line of Arial 16 is 18 high.
 TEST(BarChart, lets_a_label_stick_out_on_the_left_or_below)
 {
-    ASSERT_LT(24.0 / 47.0 * 47.0, 24.0);
-    EXPECT_EQ(rectsOf("a [area=47 label=ccc]"), QStringList({u"4,4 27,22"_s}));
-    EXPECT_EQ(textsOf("a [area=47 label=ccc]"), QStringList({u"text 3,4 \"ccc\""_s})); // 3.5
-    const QByteArray high = towards("TB", "a [area=16.3 label=a]");
     ASSERT_LT(18.0 / 16.3 * 16.3, 18.0);
+    const QByteArray wide = "a [area=16.3 label=ccc]";
+    EXPECT_EQ(rectsOf(wide), QStringList({u"4,4 21,18"_s}));
+    EXPECT_EQ(textsOf(wide), QStringList({u"text 3,4 \"ccc\""_s})); // 3.5
+    const QByteArray high = towards("TB", "a [area=16.3 label=a fontsize=16]");
     EXPECT_EQ(rectsOf(high), QStringList({u"4,4 13,21"_s}));
-    EXPECT_EQ(textsOf(high), QStringList({u"text 4,4 \"a\""_s})); // -1 / 2 + 4
+    EXPECT_EQ(textsOf(high), QStringList({u"text 4,4 \"a\" Arial 16 #000000"_s})); // -1 / 2 + 4
 }
 
 TEST(BarChart, counts_a_bar_of_zero_that_it_does_not_draw)
@@ -238,48 +238,47 @@ TEST(BarChart, passes_over_what_is_not_a_number_in_a_stack)
 TEST(BarChart, writes_the_caption_below_bars_that_grow_upward)
 {
     const QByteArray chart = towards("BT", "subgraph s { graph [label=Kind] a [area=4] }");
-    EXPECT_EQ(rectsOf(chart), QStringList({u"4,8 36,44"_s})); // 2 * 18 long, 32 thick
-    EXPECT_EQ(textsOf(chart), QStringList({u"text 4,48 \"Kind\""_s}));
-    EXPECT_EQ(pageOf(chart), "begin 40 70"); // 36 + 4 + 18 + 4 + 8
+    EXPECT_EQ(rectsOf(chart), QStringList({u"4,8 28,36"_s})); // 2 * 14 long, 24 thick
+    EXPECT_EQ(textsOf(chart), QStringList({u"text 4,40 \"Kind\""_s}));
+    EXPECT_EQ(pageOf(chart), "begin 32 58"); // 28 + 4 + 14 + 4 + 8
 }
 
 TEST(BarChart, writes_the_caption_above_bars_that_grow_downward)
 {
     const QByteArray chart = towards("TB", "subgraph s { graph [label=Kind] a [area=4] }");
-    EXPECT_EQ(rectsOf(chart), QStringList({u"4,26 36,62"_s}));
+    EXPECT_EQ(rectsOf(chart), QStringList({u"4,22 28,50"_s}));
     EXPECT_EQ(textsOf(chart), QStringList({u"text 4,4 \"Kind\""_s}));
 }
 
 TEST(BarChart, writes_the_caption_to_the_left_of_bars_that_grow_to_the_right)
 {
     const QByteArray chart = "subgraph s { graph [label=Kind] a [area=4] }";
-    EXPECT_EQ(rectsOf(chart), QStringList({u"40,4 104,22"_s})); // 2 * 32 long, 18 thick
+    EXPECT_EQ(rectsOf(chart), QStringList({u"32,4 80,18"_s})); // 2 * 24 long, 14 thick
     EXPECT_EQ(textsOf(chart), QStringList({u"text 4,4 \"Kind\""_s}));
-    EXPECT_EQ(pageOf(chart), "begin 112 26");
+    EXPECT_EQ(pageOf(chart), "begin 88 22");
 }
 
 TEST(BarChart, writes_the_caption_to_the_right_of_bars_that_grow_to_the_left)
 {
     const QByteArray chart = towards("RL", "subgraph s { graph [label=Kind] a [area=4] }");
-    EXPECT_EQ(rectsOf(chart), QStringList({u"8,4 72,22"_s}));
-    EXPECT_EQ(textsOf(chart), QStringList({u"text 76,4 \"Kind\""_s}));
+    EXPECT_EQ(rectsOf(chart), QStringList({u"8,4 56,18"_s}));
+    EXPECT_EQ(textsOf(chart), QStringList({u"text 60,4 \"Kind\""_s}));
 }
 
 TEST(BarChart, centres_captions_across_their_bars)
 {
     EXPECT_EQ(textsOf("graph [height=57] subgraph s { graph [label=a] a [area=4] }"),
-              QStringList({u"text 4,21 \"a\""_s})); // (53 - 18) / 2 + 4
+              QStringList({u"text 4,23 \"a\""_s})); // (53 - 14) / 2 + 4
     EXPECT_EQ(textsOf(towards("BT", "graph [width=56] subgraph s { graph [label=a] a [area=4] }")),
-              QStringList({u"text 25,48 \"a\""_s})); // (52 - 9) / 2 + 4
+              QStringList({u"text 26,40 \"a\""_s})); // (52 - 7) / 2 + 4
 }
 
 TEST(BarChart, gives_all_bars_the_band_of_the_largest_caption)
 {
     const QByteArray chart = "a [area=4] subgraph s { graph [label=Kind] b [area=4] } "
                              "subgraph t { graph [label=a] c [area=4] }";
-    EXPECT_EQ(rectsOf(chart),
-              QStringList({u"40,4 104,22"_s, u"40,26 104,44"_s, u"40,48 104,66"_s}));
-    EXPECT_EQ(textsOf(chart), QStringList({u"text 4,26 \"Kind\""_s, u"text 27,48 \"a\""_s}));
+    EXPECT_EQ(rectsOf(chart), QStringList({u"32,4 80,18"_s, u"32,22 80,36"_s, u"32,40 80,54"_s}));
+    EXPECT_EQ(textsOf(chart), QStringList({u"text 4,22 \"Kind\""_s, u"text 21,40 \"a\""_s}));
 }
 
 TEST(BarChart, keeps_the_place_and_the_caption_of_an_empty_stack)
@@ -287,8 +286,8 @@ TEST(BarChart, keeps_the_place_and_the_caption_of_an_empty_stack)
     const QByteArray chart = towards("BT",
                                      "subgraph cluster_1 { graph [label=Kind] a [area=0] } "
                                      "subgraph cluster_2 { graph [label=Kind] b [area=4] }");
-    EXPECT_EQ(rectsOf(chart), QStringList({u"40,8 72,44"_s}));
-    EXPECT_EQ(textsOf(chart), QStringList({u"text 4,48 \"Kind\""_s, u"text 40,48 \"Kind\""_s}));
+    EXPECT_EQ(rectsOf(chart), QStringList({u"32,8 56,36"_s}));
+    EXPECT_EQ(textsOf(chart), QStringList({u"text 4,40 \"Kind\""_s, u"text 32,40 \"Kind\""_s}));
 }
 
 TEST(BarChart, follows_the_numbers_of_automatic_ids)

@@ -11,8 +11,8 @@ using namespace ORR::Graph;
 using namespace ORR::Graph::Layout;
 using namespace Qt::StringLiterals;
 
-// Labels are in Arial 12 with the fonts that the tests are pinned to: 18 high, "a" 9 wide, "Title"
-// 30 wide.
+// Labels are in Arial 12 with the fonts that the tests are pinned to: 14 high, "a" 7 wide, "Title"
+// 23 wide.
 namespace {
 
 QStringList treemap(const QByteArray &dot)
@@ -226,14 +226,16 @@ TEST(Treemap, reads_areas_that_nodes_inherit)
 TEST(Treemap, centres_the_label_of_a_node)
 {
     EXPECT_EQ(textsOf(sized("40", "40", "a [area=1 label=a]")),
-              QStringList({u"text 16,11 \"a\""_s})); // (40 - 9) / 2 + 0.5, (40 - 18) / 2 + 0.5
+              QStringList({u"text 17,13 \"a\""_s})); // (40 - 7) / 2 + 0.5, (40 - 14) / 2 + 0.5
 }
 
 TEST(Treemap, draws_the_label_of_a_node_only_inside_its_cell)
 {
-    EXPECT_EQ(textsOf(sized("10", "19", "a [area=1 label=a]")).size(), 1);
-    EXPECT_EQ(textsOf(sized("9", "19", "a [area=1 label=a]")).size(), 0);
-    EXPECT_EQ(textsOf(sized("10", "18", "a [area=1 label=a]")).size(), 0);
+    EXPECT_EQ(textsOf(sized("8", "15", "a [area=1 label=a]")).size(), 1);
+    EXPECT_EQ(textsOf(sized("7", "15", "a [area=1 label=a]")).size(), 0);
+    EXPECT_EQ(textsOf(sized("8", "14", "a [area=1 label=a]")).size(), 0);
+    EXPECT_EQ(textsOf(sized("8", "29", "a [area=1 label=\"a\\na\"]")).size(), 2);
+    EXPECT_EQ(textsOf(sized("8", "28", "a [area=1 label=\"a\\na\"]")).size(), 0);
 }
 
 TEST(Treemap, draws_the_label_of_a_subgraph_above_its_members)
@@ -242,24 +244,26 @@ TEST(Treemap, draws_the_label_of_a_subgraph_above_its_members)
         treemap(sized("100", "80", "subgraph s { graph [label=Title] a [area=1 label=\"\"] }")),
         QStringList({u"begin 100 80"_s, u"beginCluster s"_s,
                      u"rect 0,0 100,80 radius 0 pen black solid 1 fill #FFFFFF"_s,
-                     u"text 35,3 \"Title\" Arial 12 #000000"_s, // (100 - 30) / 2, 5 / 2
+                     u"text 39,3 \"Title\" Arial 12 #000000"_s, // (100 - 23) / 2, 5 / 2
                      u"beginNode a"_s,
-                     u"rect 5,23 95,75 radius 0 pen #000000 solid 1 fill #FFFFFF"_s, u"endNode"_s,
+                     u"rect 5,19 95,75 radius 0 pen #000000 solid 1 fill #FFFFFF"_s, u"endNode"_s,
                      u"endCluster"_s, u"end"_s}));
 }
 
 TEST(Treemap, keeps_the_room_of_a_label_that_does_not_fit)
 {
-    const QByteArray narrow = sized("30", "80", "subgraph s { graph [label=Title] a [area=1] }");
+    const QByteArray statements = "subgraph s { graph [label=Title] a [area=1] }";
+    EXPECT_EQ(textsOf(sized("24", "80", statements)).size(), 1);
+    const QByteArray narrow = sized("23", "80", statements);
     EXPECT_EQ(textsOf(narrow), QStringList());
-    EXPECT_EQ(rectsOf(narrow), QStringList({u"0,0 30,80"_s, u"5,23 25,75"_s}));
+    EXPECT_EQ(rectsOf(narrow), QStringList({u"0,0 23,80"_s, u"5,19 18,75"_s}));
 }
 
 TEST(Treemap, counts_the_upper_margin_when_a_subgraphs_label_is_to_fit)
 {
     const QByteArray statements = "subgraph s { graph [label=Title] a [area=1] }";
-    EXPECT_EQ(textsOf(sized("100", "24", statements)).size(), 1);
-    EXPECT_EQ(textsOf(sized("100", "23", statements)).size(), 0);
+    EXPECT_EQ(textsOf(sized("100", "20", statements)).size(), 1);
+    EXPECT_EQ(textsOf(sized("100", "19", statements)).size(), 0);
 }
 
 TEST(Treemap, gives_a_gradient_the_bounds_of_its_cell)
