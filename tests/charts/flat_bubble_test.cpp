@@ -298,6 +298,34 @@ TEST(FlatBubble, wanted_sizes_that_are_none_end)
     }
 }
 
+TEST(FlatBubble, what_no_int_could_measure_is_scaled_down)
+{
+    for (const QByteArray huge : {"1e10", "1e300", "1e308", "inf"}) {
+        const QStringList calls =
+            callsFor("digraph { node [radius=" + huge
+                     + "] subgraph g { a [] b [] } subgraph h { c [] } d [] }");
+        EXPECT_EQ(calls.constFirst(), u"begin 2147483647 2147483647"_s);
+        const QList<Ellipse> drawn = ellipsesIn(calls);
+        ASSERT_EQ(drawn.size(), 6);
+        for (const Ellipse &circle : drawn) {
+            EXPECT_GT(circle.r, 1e8) << huge.toStdString();
+            EXPECT_LT(circle.r, 1.1e9) << huge.toStdString();
+            EXPECT_GE(circle.x, circle.r) << huge.toStdString();
+            EXPECT_LE(circle.x, 2147483647 - circle.r) << huge.toStdString();
+        }
+        EXPECT_NE(drawn.at(1).x, drawn.at(2).x); // a and b
+    }
+}
+
+TEST(FlatBubble, a_wanted_size_that_no_int_holds_is_scaled_down_too)
+{
+    const QList<Ellipse> drawn =
+        ellipsesIn(callsFor("digraph { graph [width=1e12] a [radius=3] b [radius=3] }"));
+    ASSERT_EQ(drawn.size(), 2);
+    EXPECT_EQ(drawn.at(0).r, drawn.at(1).r);
+    EXPECT_GT(drawn.at(1).x - drawn.at(0).x, 1e9);
+}
+
 TEST(FlatBubble, draws_a_deep_nest_of_groups)
 {
     constexpr int depth = 100000;

@@ -1,5 +1,7 @@
 #include "layout/charts/circle_packing.h"
 
+#include "layout/charts/circle_overlap.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -8,7 +10,9 @@ namespace ORR::Graph::Layout {
 namespace {
 
 constexpr double squareTolerance = 1e-6;
-constexpr double relativeSquareTolerance = 1e-7;
+// In parts of the smaller circle's radius.
+constexpr double partTolerance = 1e-6;
+constexpr double mostOverlap = 1e-4;
 
 constexpr double radiusOfNone = 1.0;
 constexpr double largestRadius = 1e300;
@@ -17,6 +21,7 @@ constexpr double largestRadius = 1e300;
 struct PlainRules
 {
     static constexpr bool cutsChainOfTwo = true;
+    static constexpr bool looksForPocket = false;
 
     static bool intersects(const PackCircle &a, const PackCircle &b)
     {
@@ -25,46 +30,69 @@ struct PlainRules
         const double dy = b.y - a.y;
         return sum * sum - squareTolerance > dx * dx + dy * dy;
     }
-    static double cosine(double value) { return value; }
+
+    // Places c so that it touches a and b, on the outer side of a chain that goes from a to b.
+    static void placeTangent(const PackCircle &a, const PackCircle &b, PackCircle &c)
+    {
+        const double dx = b.x - a.x;
+        const double dy = b.y - a.y;
+        const double d = std::sqrt(dx * dx + dy * dy);
+        if (d <= 0.0) {
+            c.x = a.x + c.r + a.r;
+            c.y = a.y;
+            return;
+        }
+        const double ra = c.r + a.r;
+        const double rb = c.r + b.r;
+        const double cosA = (ra * ra + d * d - rb * rb) / (2 * ra * d);
+        const double p = cosA * ra;
+        const double s = std::sin(std::acos(cosA));
+        c.x = (dx / d) * p + a.x + (dy / d) * s * ra;
+        c.y = (dy / d) * p + a.y - (dx / d) * s * ra;
+    }
 };
 
 // The packing that stands rounding at every size.
 struct SturdyRules
 {
     static constexpr bool cutsChainOfTwo = false;
+    static constexpr bool looksForPocket = true;
 
     static bool intersects(const PackCircle &a, const PackCircle &b)
     {
-        const double sum = a.r + b.r;
+        const double reach = a.r + b.r - partTolerance * std::min(a.r, b.r);
         const double dx = b.x - a.x;
         const double dy = b.y - a.y;
-        return sum * sum * (1.0 - relativeSquareTolerance) > dx * dx + dy * dy;
+        return reach * reach > dx * dx + dy * dy;
     }
-    // Three circles in one line may seem to be out of reach by a rounding. What is not a number,
-    // for two circles of no size, counts as such a line.
-    static double cosine(double value) { return std::fmax(-1.0, std::fmin(1.0, value)); }
-};
 
-// Places c so that it touches a and b, on the outer side of a chain that goes from a to b.
-template <typename Rules>
-void placeTangent(const PackCircle &a, const PackCircle &b, PackCircle &c)
-{
-    const double dx = b.x - a.x;
-    const double dy = b.y - a.y;
-    const double d = std::sqrt(dx * dx + dy * dy);
-    if (d <= 0.0) {
-        c.x = a.x + c.r + a.r;
-        c.y = a.y;
-        return;
+    // Measured from the smaller of a and b: next to the larger one's radius and the squares of it,
+    // the digits that decide where small circles lie are lost.
+    static void placeTangent(const PackCircle &a, const PackCircle &b, PackCircle &c)
+    {
+        const bool fromA = a.r <= b.r;
+        const PackCircle &from = fromA ? a : b;
+        const PackCircle &to = fromA ? b : a;
+        const double dx = to.x - from.x;
+        const double dy = to.y - from.y;
+        const double d = std::sqrt(dx * dx + dy * dy);
+        if (d <= 0.0) {
+            c.x = a.x + c.r + a.r;
+            c.y = a.y;
+            return;
+        }
+        const double rFrom = c.r + from.r;
+        const double rTo = c.r + to.r;
+        const double cosine = (rFrom * rFrom + (d - rTo) * (d + rTo)) / (2 * rFrom * d);
+        // Three circles in one line may seem to be out of reach by a rounding. What is not a
+        // number, for two circles of no size, counts as such a line.
+        const double p = std::fmax(-1.0, std::fmin(1.0, cosine)) * rFrom;
+        const double s = std::sqrt((rFrom - p) * (rFrom + p));
+        const double h = fromA ? s : -s;
+        c.x = from.x + (dx / d) * p + (dy / d) * h;
+        c.y = from.y + (dy / d) * p - (dx / d) * h;
     }
-    const double ra = c.r + a.r;
-    const double rb = c.r + b.r;
-    const double cosA = Rules::cosine((ra * ra + d * d - rb * rb) / (2 * ra * d));
-    const double p = cosA * ra;
-    const double s = std::sin(std::acos(cosA));
-    c.x = (dx / d) * p + a.x + (dy / d) * s * ra;
-    c.y = (dy / d) * p + a.y - (dx / d) * s * ra;
-}
+};
 
 // The first circle of the chain that intersects c, as seen from c's place between a and b: both
 // ways are followed in turn, always the one that has come less far.
@@ -95,6 +123,49 @@ Intersection firstIntersection(const PackCircle &a, const PackCircle &b, const P
         }
     } while (j != k->next);
     return {};
+}
+
+// Twice the area of the polygon of the centres of a part of the chain and of c, seen along the
+// chain: above 0 if the polygon lies on the side of what is packed.
+double doubledArea(const PackCircle &from, const PackCircle &to, const PackCircle &c)
+{
+    const auto cross = [&from](const PackCircle &p, const PackCircle &q) {
+        return (p.x - from.x) * (q.y - from.y) - (q.x - from.x) * (p.y - from.y);
+    };
+    double area = cross(to, c);
+    for (const PackCircle *p = &from; p != &to; p = p->next)
+        area += cross(*p, *p->next);
+    return area;
+}
+
+// Whether c, put against a and b, lies clear of the part of the chain between them.
+bool isClear(const PackCircle &a, const PackCircle &b, PackCircle c)
+{
+    SturdyRules::placeTangent(a, b, c);
+    for (const PackCircle *p = a.next; p != &b; p = p->next) {
+        if (SturdyRules::intersects(*p, c))
+            return false;
+    }
+    return true;
+}
+
+// Whether the chain is to be cut from a back to the circle that c intersects, and not from b forth
+// to it. What is cut off has to lie in the pocket that c closes. The way on which the circle was
+// found is the shorter one by the radii; about once in a thousand lists that is the outer one, and
+// what comes later would be put over it. Where neither way is a pocket, c lies deep in what is
+// packed, and the shorter way is as good as any.
+bool cutsPocketBehind(const PackCircle &a, const PackCircle &b, const PackCircle &c,
+                      const Intersection &found)
+{
+    const PackCircle &j = *found.circle;
+    const auto isPocket = [&](bool behind) {
+        return (behind ? doubledArea(j, a, c) : doubledArea(b, j, c)) <= 0.0;
+    };
+    const bool other = !found.behind;
+    if (isPocket(found.behind) || !isPocket(other))
+        return found.behind;
+    const bool otherIsClear = other ? isClear(j, b, c) : isClear(a, j, c);
+    return otherIsClear ? other : found.behind;
 }
 
 double squaredNorm(const PackCircle &circle)
@@ -134,7 +205,7 @@ bool packChain(QList<PackCircle> &circles)
     a->x = -b->r;
     b->x = a->r;
     a->y = b->y = 0.0;
-    placeTangent<Rules>(*b, *a, *c);
+    Rules::placeTangent(*b, *a, *c);
     link(a, b);
     link(b, c);
     link(c, a);
@@ -144,13 +215,15 @@ bool packChain(QList<PackCircle> &circles)
         a = nearestToOrigin(a);
         b = a->next;
         for (;;) {
-            placeTangent<Rules>(*a, *b, *c);
+            Rules::placeTangent(*a, *b, *c);
             if (!Rules::cutsChainOfTwo && b->next == a)
                 break;
             const Intersection found = firstIntersection<Rules>(*a, *b, *c);
             if (!found.circle)
                 break;
-            PackCircle *&end = found.behind ? a : b;
+            const bool behind =
+                Rules::looksForPocket ? cutsPocketBehind(*a, *b, *c, found) : found.behind;
+            PackCircle *&end = behind ? a : b;
             if (end == found.circle)
                 return false; // nothing to cut: c would come to the same place again
             end = found.circle;
@@ -213,8 +286,11 @@ double packSiblings(QList<PackCircle> &circles)
         return circles[0].r + circles[1].r;
     }
     if (packChain<PlainRules>(circles)) {
-        if (const auto e = searchEnclosingCircle(outlines(circles)))
-            return centre(circles, *e);
+        if (const auto e = searchEnclosingCircle(outlines(circles))) {
+            const double radius = centre(circles, *e);
+            if (!overlap(outlines(circles), mostOverlap))
+                return radius;
+        }
     }
     return packSturdily(circles);
 }

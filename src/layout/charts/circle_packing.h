@@ -14,8 +14,7 @@ struct PackCircle : Circle
 };
 
 // Packs the circles tightly around (0, 0), in the order of the list, and returns the radius of the
-// smallest circle around them all, whose centre is then (0, 0). Nothing overlaps by more than 1e-6
-// as long as the radii stay below some ten thousands. 0 for an empty list.
+// smallest circle around them all, whose centre is then (0, 0). 0 for an empty list.
 //
 // This is the front-chain packing of W. Wang, H. Wang, G. Dai and H. Wang, "Visualization of large
 // hierarchical data by circle packing" (CHI 2006): the chain is the outline of what is placed, each
@@ -31,11 +30,19 @@ struct PackCircle : Circle
 // packing of a list does not end, and it is seen at once. The other is the search for the enclosing
 // circle, which sees it for itself; positions that are not numbers come out there.
 //
-// A list whose packing does not end is packed anew, on a copy of the circles scaled to the size of
-// 1 and with a tolerance in proportion to the circles, 1e-7 of the square: at most some 5e-8 of
-// their radii of overlap. There a chain of two is not cut, and a radius that is negative or no
-// number counts as 1, and one beyond 1e300 as that; the list then holds these radii. A list whose
-// packing does end comes out as it always did, to the last bit.
+// Rounding has a second effect long before that: circles overlap. And with radii of any size there
+// are lists, some in ten thousand, in which the chain is cut on the wrong side.
+//
+// A list whose packing does not end, or whose circles then overlap by more than 1e-4 of the smaller
+// one's radius (`overlap`, which takes less time than the packing), is packed anew the sturdy way:
+// - on a copy of the circles scaled to the size of 1,
+// - with a tolerance in proportion to the circles, 1e-6 of the smaller one's radius,
+// - each circle placed as seen from the smaller of the two that it goes against,
+// - with the chain cut on the side of the pocket that the new circle closes, and never one of two.
+// The sturdy way leaves no such overlap as long as the largest radius is at most some 1e8 times the
+// smallest; beyond some 1e10 times, no double holds the places of the smallest circles. A radius
+// that is negative or no number counts as 1, and one beyond 1e300 as that; the list then holds
+// these radii. Every other list comes out as it always did, to the last bit.
 double packSiblings(QList<PackCircle> &circles);
 
 } // namespace ORR::Graph::Layout

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace ORR::Graph::Layout {
 
@@ -27,6 +28,9 @@ constexpr double areaDivisor = 3.14;
 constexpr double padding = 1.0;
 // What a label needs around it, both sides together.
 constexpr double labelMargin = 4.0;
+// The sum of any number of them is below what the packing takes.
+constexpr double largestNode = 1e290;
+constexpr double infinity = std::numeric_limits<double>::infinity();
 
 double ownNumber(const DotObject *object, const QString &name)
 {
@@ -50,6 +54,14 @@ double fittingScale(const DotObject *object, const TextBlock &label)
     return (std::max(label.width, label.height) + labelMargin) / (r + r);
 }
 
+// The scale at which the drawing is as large as an int can measure. Beyond it all circles would
+// come to lie in the same place, and a device would paint the page once for each of them.
+double largestScale(double radius)
+{
+    constexpr double largestSide = std::numeric_limits<int>::max();
+    return radius > 0.0 && std::isfinite(radius) ? largestSide * 0.5 / radius : infinity;
+}
+
 } // namespace
 
 FlatBubble::FlatBubble(DotGraph *dotGraph, Device *drawingDevice)
@@ -69,6 +81,7 @@ QString FlatBubble::run()
                                    numberFrom(graph->graphAttribute(root, widthName)));
     if (radius > 0.0)
         scale = std::max(scale, wanted * 0.5 / radius);
+    scale = std::min(scale, largestScale(radius));
     const double scaledRadius = scale * radius;
     const int side = rounded(scaledRadius + scaledRadius);
 
@@ -124,10 +137,10 @@ double FlatBubble::packLevel(DotSubgraph *subgraph)
 
 double FlatBubble::nodeRadius(const DotNode *node) const
 {
-    const double radius = numberFrom(graph->nodeAttribute(node, radiusName));
-    if (radius > 0.0)
-        return radius;
-    return std::sqrt(numberFrom(graph->nodeAttribute(node, areaName)) / areaDivisor);
+    double radius = numberFrom(graph->nodeAttribute(node, radiusName));
+    if (!(radius > 0.0))
+        radius = std::sqrt(numberFrom(graph->nodeAttribute(node, areaName)) / areaDivisor);
+    return std::min(radius, largestNode); // not a number stays that
 }
 
 // The scale that the labels of all nodes and of all subgraphs but the root ask for.

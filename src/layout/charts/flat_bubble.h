@@ -30,6 +30,9 @@ namespace ORR::Graph::Layout {
 // from the packing to the drawing as texts of six digits. The 1 that every radius is packed with is
 // taken off again after the scaling, so that the gap between two circles is 2 points at any scale.
 //
+// A drawing that would be larger than an int can measure is scaled down until it is not, also where
+// labels ask for more. Radii beyond 1e290 count as that.
+//
 // An area below 0 has no root, and its circle no place: it is packed as `packSiblings` says for
 // what is no number. Nesting may be of any depth.
 class FlatBubble
