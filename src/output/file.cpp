@@ -53,6 +53,7 @@ File::File(const QString &name, int saveQuality) : fileName(name), quality(saveQ
 
 void File::begin(int width, int height)
 {
+    begun = true;
     painter.reset();
     const double scale = scaleFor(width, height);
     image = QImage(truncated(width * scale), truncated(height * scale),
@@ -69,8 +70,9 @@ void File::begin(int width, int height)
 
 QString File::end()
 {
-    if (!painter)
+    if (!begun)
         return u"Draw too large\n"_s;
+    begun = false;
     painter.reset();
     makeColorsPlain(&image);
     const QByteArray bytes = encoded(image, fileName, quality);

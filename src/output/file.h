@@ -22,8 +22,9 @@ public:
     explicit File(const QString &fileName, int quality = -1);
 
     void begin(int width, int height) override;
-    // "Draw too large\n" if there is no image, which is so again after the first call; "Could not
-    // save image to file\n" if the suffix is not known or the file did not take every byte.
+    // "Draw too large\n" if nothing was begun, which is so again after the first call; "Could not
+    // save image to file\n" if there is no image, the suffix is not known or the file did not take
+    // every byte.
     QString end() override;
     void drawEllipse(QPoint centre, int rx, int ry, Pen *pen, Color *fill) override;
     // Line by line: there are no joins, and each line starts its dashes anew.
@@ -39,6 +40,7 @@ private:
 
     QString fileName;
     int quality;
+    bool begun = false; // and not ended yet, with an image or without
     QImage image; // null if there is none
     std::unique_ptr<QPainter> painter; // while there is an image
 };

@@ -112,6 +112,23 @@ TEST_F(Failures, output_file_on_a_full_disk)
                    "Unable to write to file\n"));
 }
 
+TEST_F(Failures, picture_of_a_drawing_without_an_area)
+{
+    for (const QString &format : {u"png"_s, u"jpg"_s}) {
+        EXPECT_TRUE(failedWith(draw("digraph { }", format, u"flatbubble"_s),
+                               "Could not save image to file\n"));
+        EXPECT_TRUE(
+            failedWith(draw("digraph { graph [xdotversion=\"1.2\", bb=\"0,0,-100,50\"]; }", format),
+                       "Could not save image to file\n"));
+    }
+}
+
+TEST_F(Failures, picture_of_a_drawing_that_never_begins)
+{
+    EXPECT_TRUE(
+        failedWith(draw("digraph { graph [xdotversion=\"1.2\"]; }", u"png"_s), "Draw too large\n"));
+}
+
 TEST_F(Failures, closed_standard_output)
 {
     EXPECT_TRUE(failedWith(

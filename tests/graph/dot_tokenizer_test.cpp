@@ -1,5 +1,7 @@
 #include "graph/dot_tokenizer.h"
 
+#include "support/guarded_text.h"
+
 #include <gtest/gtest.h>
 
 #include <QList>
@@ -83,4 +85,14 @@ TEST(DotTokenizer, form_feed_and_no_break_space_are_no_white_space)
 TEST(DotTokenizer, there_are_no_comments)
 {
     EXPECT_EQ(tokensOf("// #x /*"), (Tokens{{id, "//"}, {id, "#x"}, {id, "/*"}}));
+}
+
+TEST(DotTokenizer, a_text_cut_off_anywhere_is_not_read_beyond_its_end)
+{
+    const QByteArray whole = "digraph g { a -> \"b \\\" \\\n c\" [x=-1, y=\"-\"]; --\\ }";
+    for (qsizetype size = 0; size <= whole.size(); ++size) {
+        const QByteArray text = whole.first(size);
+        const GuardedText guarded(text);
+        EXPECT_EQ(tokensOf(guarded.bytes()), tokensOf(text)) << text.toStdString();
+    }
 }

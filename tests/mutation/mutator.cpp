@@ -9,6 +9,12 @@ const QByteArrayList oddValues{
     "1e-320", "0.5", "65536", "2147483647", "-2147483648", "4294967296", "99999999999999999999",
     "",       "x",   "1,2",   "1e300,nan"};
 
+// Ends of a text at which a reader looks for more.
+const QByteArrayList openEnds{"-", "\"", "\"\\", "\"x", "x", "->", "[", "="};
+
+// The bytes that mean something to a reader.
+const QByteArray telling = "-\"\\[]{};=,\r";
+
 bool isSpace(char c)
 {
     return c == ' ' || c == '\n' || c == '\t';
@@ -64,6 +70,18 @@ bool isWord(const QByteArray &token)
     return !isPunctuation(token[0]) && token != "->";
 }
 
+bool isQuoted(const QByteArray &token)
+{
+    return token.size() > 1 && token.startsWith('"') && token.endsWith('"');
+}
+
+// Of an xdot text.
+bool isOp(const QByteArray &word)
+{
+    return word.size() == 1
+        && ((word[0] >= 'A' && word[0] <= 'Z') || (word[0] >= 'a' && word[0] <= 'z'));
+}
+
 bool startsLikeANumber(const QByteArray &token)
 {
     const qsizetype at = token.startsWith('"') ? 1 : 0;
@@ -78,7 +96,7 @@ QByteArray Mutator::mutated(const QByteArray &text)
     QByteArrayList tokens = tokensOf(text);
     for (qsizetype left = 1 + below(5); left > 0 && !tokens.isEmpty(); --left)
         changeOnce(&tokens);
-    return tokens.join(' ');
+    return below(12) == 0 ? cutOff(tokens) : tokens.join(' ');
 }
 
 qsizetype Mutator::below(qsizetype end)
@@ -91,7 +109,7 @@ void Mutator::changeOnce(QByteArrayList *tokens)
     const qsizetype at = below(tokens->size());
     const qsizetype other = below(tokens->size());
     const qsizetype run = 1 + below(std::min<qsizetype>(8, tokens->size() - at));
-    switch (below(10)) {
+    switch (below(13)) {
     case 0:
         changeByte(&(*tokens)[at]);
         break;
@@ -110,8 +128,16 @@ void Mutator::changeOnce(QByteArrayList *tokens)
         if (isWord(tokens->at(at)) && isWord(tokens->at(other)))
             (*tokens)[at] = tokens->at(other);
         break;
+    case 6:
+    case 7:
+        changeWithin(&(*tokens)[anyWhere(*tokens, isQuoted)]);
+        break;
+    case 8:
+        (*tokens)[anyWhere(*tokens, isQuoted)] = "\"\"";
+        break;
     default:
-        (*tokens)[anyNumber(*tokens)] = '"' + oddValues[below(oddValues.size())] + '"';
+        (*tokens)[anyWhere(*tokens, startsLikeANumber)] =
+            '"' + oddValues[below(oddValues.size())] + '"';
         break;
     }
 }
@@ -119,16 +145,59 @@ void Mutator::changeOnce(QByteArrayList *tokens)
 void Mutator::changeByte(QByteArray *token)
 {
     if (!token->isEmpty())
-        (*token)[below(token->size())] = static_cast<char>(below(256));
+        (*token)[below(token->size())] = anyByte();
 }
 
-// The place of a token that reads as a number, or of any where a few tries find none.
-qsizetype Mutator::anyNumber(const QByteArrayList &tokens)
+// The words of a quoted text: ops lose their letter or some of what they set, or are others, counts
+// lie, and the rest is missing.
+void Mutator::changeWithin(QByteArray *token)
+{
+    if (!isQuoted(*token))
+        return;
+    QByteArrayList words = token->sliced(1, token->size() - 2).split(' ');
+    const qsizetype at = anyWhere(words, isOp);
+    const qsizetype run = 1 + below(std::min<qsizetype>(4, words.size() - at));
+    switch (below(4)) {
+    case 0:
+        words.remove(at, run);
+        break;
+    case 1:
+        words[at] = words[below(words.size())];
+        break;
+    case 2:
+        words.resize(at);
+        break;
+    default:
+        words[anyWhere(words, startsLikeANumber)] = oddValues[below(oddValues.size())];
+        break;
+    }
+    *token = '"' + words.join(' ') + '"';
+}
+
+// A text that ends in the middle, half of the time with what a reader looks beyond.
+QByteArray Mutator::cutOff(const QByteArrayList &tokens)
+{
+    if (below(2) == 0) {
+        const QByteArray text = tokens.join(' ');
+        return text.first(below(text.size() + 1));
+    }
+    const QByteArrayList left = tokens.first(below(tokens.size() + 1));
+    return left.join(' ') + ' ' + openEnds[below(openEnds.size())];
+}
+
+// Half of the time one that means something to a reader.
+char Mutator::anyByte()
+{
+    return below(2) == 0 ? telling[below(telling.size())] : static_cast<char>(below(256));
+}
+
+// The place of a word of the kind, or of any where a few tries find none.
+qsizetype Mutator::anyWhere(const QByteArrayList &words, bool (*isOfKind)(const QByteArray &))
 {
     qsizetype at = 0;
     for (int tries = 0; tries < 30; ++tries) {
-        at = below(tokens.size());
-        if (startsLikeANumber(tokens[at]))
+        at = below(words.size());
+        if (isOfKind(words[at]))
             break;
     }
     return at;

@@ -7,7 +7,8 @@
 
 // Spoils DOT texts in ways that still read as DOT more often than not: numbers that break what was
 // computed with ordinary ones in mind, names and values in the place of others, statements that are
-// missing or stand twice, and now and then a byte that belongs nowhere.
+// missing or stand twice, the same within the words of a quoted text, and now and then a byte that
+// belongs nowhere or a text that ends in the middle.
 class Mutator
 {
 public:
@@ -22,7 +23,10 @@ public:
 private:
     void changeOnce(QByteArrayList *tokens);
     void changeByte(QByteArray *token);
-    qsizetype anyNumber(const QByteArrayList &tokens);
+    void changeWithin(QByteArray *token);
+    QByteArray cutOff(const QByteArrayList &tokens);
+    char anyByte();
+    qsizetype anyWhere(const QByteArrayList &words, bool (*isOfKind)(const QByteArray &));
 
     std::mt19937_64 random;
 };

@@ -63,14 +63,14 @@ TEST(RasterFile, a_page_at_the_limit_keeps_its_size)
     EXPECT_EQ(painted({32767, 2}, nothing).size(), QSize(32767, 2));
 }
 
-TEST(RasterFile, pages_without_an_image_are_too_large)
+TEST(RasterFile, pages_without_an_image_cannot_be_saved)
 {
     const QTemporaryDir folder;
     const QString name = folder.filePath(u"a.png"_s);
     for (const QSize page :
          {QSize(0, 0), QSize(0, 10), QSize(-5, 10), QSize(-10000, -10000), QSize(1, 2000000000),
           QSize(2000000000, 1), QSize(lowest, lowest), QSize(lowest, highest)}) {
-        EXPECT_EQ(resultOf(page.width(), page.height(), name), u"Draw too large\n"_s)
+        EXPECT_EQ(resultOf(page.width(), page.height(), name), u"Could not save image to file\n"_s)
             << page.width() << " by " << page.height();
     }
     EXPECT_FALSE(QFile::exists(name));
@@ -95,6 +95,10 @@ TEST(RasterFile, a_second_end_is_too_large)
     device.begin(10, 10);
     EXPECT_EQ(device.end(), QString());
     device.drawRect({0, 0}, {5, 5}, 0, nullptr, nullptr);
+    EXPECT_EQ(device.end(), u"Draw too large\n"_s);
+    // Whether there was an image or not.
+    device.begin(0, 10);
+    EXPECT_EQ(device.end(), u"Could not save image to file\n"_s);
     EXPECT_EQ(device.end(), u"Draw too large\n"_s);
 }
 

@@ -338,6 +338,27 @@ TEST(VisioVdx, splines_and_arcs_have_their_own_cells)
     EXPECT_EQ(textAt(arc, u"D"_s), u"2"_s);
 }
 
+// The shared point takes the place of the arc's end, and its control row has no row to be in.
+TEST(VisioVdx, an_arc_that_opens_a_joined_path_leaves_no_row)
+{
+    XmlDrawing drawing;
+    SmallGraph graph;
+    Device &device = drawing.device;
+    device.begin(108, 208);
+    device.beginNode(graph.a);
+    device.drawPolyline({{4, 204}, {34, 194}}, nullptr);
+    Device::Path *path = device.createPath();
+    path->arcTo({14, 194}, {54, 174}, 0, 90); // ends at 34,194
+    path->lineTo({60, 190});
+    device.drawPath(path, nullptr, nullptr);
+    device.endNode();
+    const QList<QDomElement> rows = rowsOfGeom(shapeById(drawing.document(), 1));
+    QStringList written;
+    for (const QDomElement &row : rows)
+        written += row.attribute(u"IX"_s) + u' ' + row.tagName();
+    EXPECT_EQ(written.join(u", "_s), u"1 MoveTo, 2 LineTo, 3 LineTo"_s);
+}
+
 TEST(VisioVdx, shapes_begun_within_an_object_stand_inside_its_shape)
 {
     XmlDrawing drawing;

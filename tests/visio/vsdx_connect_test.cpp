@@ -144,6 +144,36 @@ TEST(VisioVsdxConnect, an_end_that_is_not_drawn_leaves_no_connection)
     EXPECT_TRUE(sectionOf(shapeById(page, 1), u"Connection"_s).isNull());
 }
 
+TEST(VisioVsdxConnect, a_drawing_that_never_began_connects_nothing)
+{
+    PackageDrawing drawing;
+    Device &device = drawing.device;
+    SmallGraph graph;
+    drawNode(device, graph.a, {0, 0});
+    drawNode(device, graph.b, {144, 0});
+    drawEdge(device, graph.ab, {{72, 18}, {144, 18}});
+    device.connect(graph.ab, graph.a, graph.b);
+    const QDomDocument page = drawing.page();
+    EXPECT_FALSE(page.documentElement().isNull());
+    EXPECT_TRUE(shapesOf(page).isEmpty());
+    EXPECT_TRUE(elementsWithin(page.documentElement(), u"Connects"_s).isEmpty());
+}
+
+TEST(VisioVsdxConnect, a_drawing_that_begins_late_keeps_its_connections)
+{
+    PackageDrawing drawing;
+    Device &device = drawing.device;
+    SmallGraph graph;
+    drawNode(device, graph.a, {0, 0});
+    drawNode(device, graph.b, {144, 0});
+    drawEdge(device, graph.ab, {{72, 18}, {144, 18}});
+    device.connect(graph.ab, graph.a, graph.b);
+    device.begin(720, 360);
+    const QDomDocument page = drawing.page();
+    EXPECT_EQ(shapesOf(page).size(), 3);
+    EXPECT_EQ(elementsWithin(page.documentElement(), u"Connect"_s).size(), 2);
+}
+
 TEST(VisioVsdxConnect, a_cluster_is_a_container_of_its_members)
 {
     PackageDrawing drawing;

@@ -379,6 +379,27 @@ TEST(VisioVsdx, an_arc_row_has_its_control_point_and_ratio)
     EXPECT_TRUE(formulaOf(part, u"D"_s).isEmpty());
 }
 
+// The shared point takes the place of the arc's end, and its control row has no row to be in.
+TEST(VisioVsdx, an_arc_that_opens_a_joined_path_leaves_no_row)
+{
+    PackageDrawing drawing;
+    SmallGraph graph;
+    Device &device = drawing.device;
+    device.begin(108, 208);
+    device.beginNode(graph.a);
+    device.drawPolyline({{4, 204}, {34, 194}}, nullptr);
+    Device::Path *path = device.createPath();
+    path->arcTo({14, 194}, {54, 174}, 0, 90); // ends at 34,194
+    path->lineTo({60, 190});
+    device.drawPath(path, nullptr, nullptr);
+    device.endNode();
+    const QDomElement shape = shapeById(drawing.page(), 1);
+    EXPECT_EQ(outlineOf(shape).join(u", "_s), u"MoveTo 0,0, LineTo 30,10, LineTo 56,14"_s);
+    const QList<QDomElement> rows = rowsOf(sectionOf(shape, u"Geometry"_s));
+    EXPECT_EQ(rows.constLast().attribute(u"IX"_s).toInt(),
+              rows.constFirst().attribute(u"IX"_s).toInt() + 2);
+}
+
 TEST(VisioVsdx, a_foreign_path_is_deleted_and_not_drawn)
 {
     struct ForeignPath : Device::Path

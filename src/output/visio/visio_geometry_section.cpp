@@ -37,7 +37,10 @@ void writeGeometryRows(VisioMarkup &section, int cellsBefore, const QList<VisioR
     int number = cellsBefore;
     for (qsizetype i = 0; i < rows.size(); ++i) {
         const VisioRow &row = rows.at(i);
-        section.open("Row", {{"T", visioRowType(row.kind)}, {"IX", QByteArray::number(number++)}});
+        const char *type = visioRowType(row.kind);
+        if (!type)
+            continue;
+        section.open("Row", {{"T", type}, {"IX", QByteArray::number(number++)}});
         writePlace(section, "X", "Y", row, frame);
         if (row.kind == VisioRow::SplineStart) {
             spline = VisioSpline(row);

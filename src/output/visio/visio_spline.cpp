@@ -15,6 +15,8 @@ const char *visioRowType(int kind)
         return "SplineKnot";
     case VisioRow::EllipticalArcTo:
         return "EllipticalArcTo";
+    case VisioRow::ArcControl:
+        return nullptr;
     default:
         return "LineTo";
     }

@@ -6,7 +6,9 @@
 
 namespace ORR::Graph {
 
-// The row type of a kind in both formats.
+// The row type of a kind in both formats; null for a control row, which is none of its own. One
+// whose arc is gone is not written at all: where a path that opens with an arc is joined to
+// another, the arc's end is the point that both share, and nothing is left to draw.
 const char *visioRowType(int kind);
 
 // The knots of one spline as they are counted row by row: each row's knot is its number divided by

@@ -306,7 +306,8 @@ QMap<QString, QByteArrayList> VisioVSDX::takeParts()
     QDomElement root = page.documentElement();
     if (!pageShapes.empty() && !shapes.isNull())
         mark(shapes, shapesMark);
-    if (connects.size() > 0 && !root.isNull()) {
+    // Without a page to draw on there are no shapes that could be connected.
+    if (connects.size() > 0 && !shapes.isNull()) {
         QDomElement element = root.firstChildElement(u"Connects"_s);
         if (element.isNull()) {
             element = page.createElement(u"Connects"_s);

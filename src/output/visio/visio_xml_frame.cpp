@@ -82,6 +82,8 @@ void VisioXMLFrame::writeGeometry(VisioMarkup &shape, const QList<VisioRow> &row
     for (qsizetype i = 0; i < rows.size(); ++i) {
         const VisioRow &row = rows.at(i);
         const char *type = visioRowType(row.kind);
+        if (!type)
+            continue;
         shape.open(type, {{"IX", QByteArray::number(++written)}});
         writePlace(shape, row);
         if (row.kind == VisioRow::SplineStart) {
