@@ -92,9 +92,9 @@ TEST(StandardStreams, quiet_standard_error_leaves_a_way_out)
     const int real = ::dup(STDERR_FILENO);
     ::dup2(pipe.ends[1], STDERR_FILENO);
     {
-        const QuietStandardError quiet;
+        const HeldStandardError held;
         writeToEnd(STDERR_FILENO, "unheard ");
-        writeToEnd(QuietStandardError::messages(), "message ");
+        writeToEnd(HeldStandardError::messages(), "message ");
     }
     writeToEnd(STDERR_FILENO, "afterwards");
     ::dup2(real, STDERR_FILENO);
