@@ -40,13 +40,32 @@ constexpr Variable variables[] = {
     {.name = "FC_*"},
 
     {.name = "QT_QPA_PLATFORM", .value = "offscreen"},
-    // The platform would open the X server's display if the server of the default name runs.
-    {.name = "QT_QPA_OFFSCREEN_NO_GLX", .value = "1"},
     // A loop of events that asks no other library, and that fails with a message.
     {.name = "QT_NO_GLIB", .value = "1"},
     // The language of a locale decides between forms of a letter and between fonts.
     {.name = "LC_ALL", .value = "C.UTF-8"},
 };
+
+// The toolkit reads the seed of its hashes when it is loaded, and says so if it does not like it.
+// This runs before, on nothing but the environment's own list; not even the C library has been
+// started, and a sanitizer may not have been.
+[[gnu::no_sanitize("address", "undefined")]] void takeSeedAway(int /*argc*/, char ** /*argv*/,
+                                                               char **environment)
+{
+    constexpr char seed[] = "QT_HASH_SEED=";
+    char **kept = environment;
+    for (char **entry = environment; *entry; ++entry) {
+        int i = 0;
+        while (seed[i] && (*entry)[i] == seed[i])
+            ++i;
+        if (seed[i])
+            *kept++ = *entry;
+    }
+    *kept = nullptr;
+}
+
+[[gnu::section(".preinit_array"),
+  gnu::used]] void (*const runBeforeLibraries)(int, char **, char **) = takeSeedAway;
 
 bool matches(std::string_view pattern, std::string_view name)
 {
