@@ -20,10 +20,9 @@ struct Variable
 
 // From top to bottom: what is set below has been taken away above.
 constexpr Variable variables[] = {
-    // The toolkit's own: platform, theme, style and their plugins, scales and resolutions,
-    // direction
-    // of writing, caches of glyphs, instructions of the processor, logging, warnings that end the
-    // process. There are a hundred, and a later version has others.
+    // The toolkit's own: platform, theme, style and their plugins, scales and resolutions, the
+    // direction of writing, caches of glyphs, instructions of the processor, logging, warnings that
+    // end the process. There are a hundred, and a later version has others.
     {.name = "QT_*"},
     // The servers of a desktop; a theme or a platform would ask them.
     {.name = "DISPLAY"},
@@ -47,12 +46,12 @@ constexpr Variable variables[] = {
 };
 
 // The toolkit reads the seed of its hashes when it is loaded, and says so if it does not like it.
-// This runs before, on nothing but the environment's own list; not even the C library has been
-// started, and a sanitizer may not have been.
+// This runs before, as the executable format (ELF) provides for; not even the C library has been
+// started, nor may a sanitizer have been, so it does with the list of the environment alone.
 [[gnu::no_sanitize("address", "undefined")]] void takeSeedAway(int /*argc*/, char ** /*argv*/,
                                                                char **environment)
 {
-    constexpr char seed[] = "QT_HASH_SEED=";
+    static constexpr char seed[] = "QT_HASH_SEED=";
     char **kept = environment;
     for (char **entry = environment; *entry; ++entry) {
         int i = 0;
@@ -64,8 +63,8 @@ constexpr Variable variables[] = {
     *kept = nullptr;
 }
 
-[[gnu::section(".preinit_array"),
-  gnu::used]] void (*const runBeforeLibraries)(int, char **, char **) = takeSeedAway;
+using BeforeLibraries = void (*)(int, char **, char **);
+[[gnu::section(".preinit_array"), gnu::used]] const BeforeLibraries seedTaker = takeSeedAway;
 
 bool matches(std::string_view pattern, std::string_view name)
 {

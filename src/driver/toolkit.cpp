@@ -9,7 +9,6 @@
 #include <QHashSeed>
 
 #include <csignal>
-#include <cstdio>
 #include <cstdlib>
 #include <string>
 
@@ -75,7 +74,7 @@ void tellFailedStart()
         inWord = !isBlank;
     }
     line[length++] = '\n';
-    // There is no one left to tell if this fails.
+    // There is nobody to tell if this fails.
     [[maybe_unused]] const auto written = ::write(HeldStandardError::messages(), line, length);
 }
 
@@ -103,7 +102,9 @@ void passFatalMessagesOnly(QtMsgType type, const QMessageLogContext & /*context*
 {
     if (type != QtFatalMsg)
         return;
-    std::fputs((message + u'\n').toLocal8Bit().constData(), stderr);
+    // While the toolkit starts it is told with whatever else was said.
+    const int descriptor = isStarting ? STDERR_FILENO : HeldStandardError::messages();
+    writeToEnd(descriptor, message.toLocal8Bit() + '\n');
     endProcess();
 }
 
