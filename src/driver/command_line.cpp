@@ -2,6 +2,7 @@
 
 #include "driver/format_table.h"
 #include "driver/layout_table.h"
+#include "driver/toolkit_arguments.h"
 
 #include <QCoreApplication>
 
@@ -50,11 +51,11 @@ void describeCommandLine(QCommandLineParser *parser)
     });
 }
 
-CommandLine readCommandLine()
+CommandLine readCommandLine(const QStringList &arguments)
 {
     QCommandLineParser parser;
     describeCommandLine(&parser);
-    parser.process(*QCoreApplication::instance());
+    parser.process(withoutToolkitArguments(arguments));
     const QStringList positional = parser.positionalArguments();
     return {!positional.isEmpty(),      positional.value(0),        parser.value(outputOption),
             parser.value(formatOption), parser.value(layoutOption), parser.helpText()};

@@ -3,6 +3,7 @@
 #include "device/xdot_render.h"
 #include "driver/format_table.h"
 #include "driver/layout_table.h"
+#include "driver/toolkit.h"
 #include "graph/dot_parser.h"
 
 #include <QDir>
@@ -132,6 +133,9 @@ int runDriver(const CommandLine &commandLine, const QString &homeDirectory,
                     " Use -T provide a render engine or provide an output file name with a "
                     "supported extension.\n\n"_s
                     + commandLine.help);
+
+    if (const QString fault = fontFault(); !fault.isEmpty())
+        return fail(fault);
 
     QTemporaryFile temporaryFile;
     temporaryFile.setAutoRemove(false);
