@@ -3,6 +3,7 @@
 #include "driver/environment.h"
 #include "driver/home_directory.h"
 #include "driver/standard_streams.h"
+#include "driver/sudden_end.h"
 
 #include <QApplication>
 
@@ -26,14 +27,15 @@ static void startToolkit(int *argc, char **argv)
 int main(int argc, char **argv)
 {
     const StandardStreams streams = reserveStandardStreams();
-    ignoreBrokenPipes();
+    ignoreSignalsOfWriting();
+    prepareForSuddenEnd();
     prepareToolkit();
     startToolkit(&argc, argv);
 
     startApplication(u"orrlayout"_s);
     QApplication::setApplicationVersion(QString::fromLatin1(applicationVersion));
     const QString home = startHome(QString::fromLocal8Bit(argv[0]));
-    const int status = runDriver(readCommandLine(), home, streams);
+    const int status = runDriver(readCommandLine(argc, argv), home, streams);
 #ifdef __SANITIZE_ADDRESS__
     // What its fonts hold would be taken for lost.
     const QuietStandardError quiet;
