@@ -4,35 +4,71 @@
 #include "output/files/descriptor.h"
 #include "output/files/unfinished_file.h"
 
+#include <array>
+#include <csignal>
 #include <cstdlib>
 #include <exception>
 #include <new>
+
+#include <sys/mman.h>
 
 namespace ORR::Driver {
 
 namespace {
 
-// Whatever else was thrown is a mistake of ours, and ends as such.
-bool isLackOfMemory()
+// What the start of the toolkit and the search for fonts take, with room to spare. The libraries
+// behind them crash where they get none, or go on with less than they should have.
+constexpr size_t memoryOfStart = size_t(16) * 1024 * 1024;
+
+alignas(16) constinit std::array<char, 65536> handlerStack{};
+
+bool isMemoryLeft()
 {
-    try {
-        if (std::current_exception())
-            throw;
-    } catch (const std::bad_alloc &) {
-        return true;
-    } catch (...) {
-        return false;
-    }
-    return false;
+    void *const room =
+        ::mmap(nullptr, memoryOfStart, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    return room != MAP_FAILED && ::munmap(room, memoryOfStart) == 0;
 }
 
 void endWithoutMemory()
 {
     Graph::removeUnfinishedFiles();
-    if (!isLackOfMemory())
-        std::abort();
     Graph::writeToEnd(QuietStandardError::messages(), "Out of memory\n");
     std::_Exit(EXIT_FAILURE);
+}
+
+// Something was thrown that nobody catches. What is not about memory is a mistake of ours, and ends
+// as such.
+void endAfterThrow()
+{
+    try {
+        if (std::current_exception())
+            throw;
+    } catch (const std::bad_alloc &) {
+        endWithoutMemory();
+    } catch (...) { // NOLINT(bugprone-empty-catch)
+    }
+    std::abort();
+}
+
+// A crash where hardly any memory is left comes from a library that did not look at what it got.
+// Any other is one, and ends as such.
+void endAfterCrash(int signal)
+{
+    if (!isMemoryLeft())
+        endWithoutMemory();
+    Graph::removeUnfinishedFiles();
+    ::raise(signal);
+}
+
+// A handler that stands already, that of a sanitizer for one, knows better what to do.
+void watchForCrash(int signal)
+{
+    struct sigaction action = {};
+    if (::sigaction(signal, nullptr, &action) != 0 || action.sa_handler != SIG_DFL)
+        return;
+    action.sa_handler = endAfterCrash;
+    action.sa_flags = static_cast<int>(SA_RESETHAND | SA_ONSTACK);
+    ::sigaction(signal, &action, nullptr);
 }
 
 } // namespace
@@ -40,7 +76,17 @@ void endWithoutMemory()
 void prepareForSuddenEnd()
 {
     Graph::removeUnfinishedFilesOnSignals();
-    std::set_terminate(endWithoutMemory);
+    std::set_terminate(endAfterThrow);
+    // A crash may be one of the stack.
+    stack_t stack = {};
+    stack.ss_sp = handlerStack.data();
+    stack.ss_size = handlerStack.size();
+    if (::sigaltstack(&stack, nullptr) == 0) {
+        for (const int signal : {SIGSEGV, SIGBUS, SIGABRT})
+            watchForCrash(signal);
+    }
+    if (!isMemoryLeft())
+        endWithoutMemory();
 }
 
 } // namespace ORR::Driver
