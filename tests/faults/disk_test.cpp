@@ -79,3 +79,24 @@ TEST_P(Disk, device_that_is_full_is_told)
     EXPECT_TRUE(failedWith(run({.arguments = arguments(), .input = smallGraph()}), writeMessage()));
     EXPECT_EQ(QFile::symLinkTarget(path(output())), u"/dev/full"_s);
 }
+
+// Disks of the right size, where there may be such: one has no room for a second file, the other
+// none for a second name.
+TEST_P(Disk, real_one_that_is_full_leaves_what_stood_there)
+{
+    const auto drawOn = [&](const QString &disk) {
+        const QString script =
+            u"mkdir -p disk; mount -t tmpfs -o %1 none disk || exit 77; cp \"out.$1\" disk/; "
+            "\"$0\" -K treemap -T \"$1\" -o \"disk/out.$1\"; status=$?; "
+            "cmp \"out.$1\" \"disk/out.$1\" || exit 78; "
+            "test $(ls -A disk | wc -l) = 1 || exit 79; exit $status"_s.arg(disk);
+        return runMounted(script, largeGraph(700));
+    };
+    const auto withoutRoom = drawOn(u"size=12k"_s);
+    if (!withoutRoom)
+        GTEST_SKIP() << "nothing can be mounted here";
+    EXPECT_TRUE(failedWith(*withoutRoom, writeMessage()));
+    const auto withoutNames = drawOn(u"nr_inodes=2"_s);
+    ASSERT_TRUE(withoutNames);
+    EXPECT_TRUE(failedWith(*withoutNames, openMessage()));
+}

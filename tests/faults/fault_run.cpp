@@ -73,6 +73,27 @@ QByteArray FaultTest::writeMessage() const
     return isImage ? "Could not save image to file\n" : "Unable to write to file\n";
 }
 
+QByteArray FaultTest::openMessage() const
+{
+    if (format() == "svg"_L1)
+        return "Unable to open file\n";
+    return format() == "vsdx"_L1 ? "Couldn't open output file for writing\n" : writeMessage();
+}
+
+std::optional<ProgramRun> FaultTest::runMounted(const QString &script,
+                                                const QByteArray &graph) const
+{
+    constexpr int cannotMount = 77;
+    const QStringList shell{u"-m"_s, u"/bin/sh"_s, u"-c"_s};
+    const QStringList called{QStringLiteral(ORR_PROGRAM), format()};
+    if (run({.arguments = shell + QStringList(u"exit 0"_s), .command = u"unshare"_s}).status != 0)
+        return std::nullopt;
+    const ProgramRun done = run({.arguments = shell + QStringList(script) + called,
+                                 .input = graph,
+                                 .command = u"unshare"_s});
+    return done.status == cannotMount ? std::nullopt : std::optional(done);
+}
+
 std::unique_ptr<QProcess> FaultTest::start(const QStringList &arguments, const QByteArray &graph,
                                            const std::function<void()> &before) const
 {

@@ -5,6 +5,7 @@
 #include <QProcess>
 
 #include <memory>
+#include <optional>
 
 #include <sys/resource.h>
 
@@ -35,8 +36,15 @@ protected:
 
     // The drawing as it is when nothing goes wrong.
     QByteArray drawing(const QByteArray &graph) const;
-    // What the device says of an output that takes less than everything.
+    // What the device says of an output that takes less than everything, and of one that can't be
+    // opened.
     QByteArray writeMessage() const;
+    QByteArray openMessage() const;
+
+    // The program with the arguments, called by a shell that does something before. The script has
+    // the program as "$0", the format as "$1" and file systems of its own to mount; it ends with
+    // status 77 if it could not. Nothing if that is so.
+    std::optional<ProgramRun> runMounted(const QString &script, const QByteArray &graph) const;
 
     // The program at work on the graph, in the folder of the test.
     std::unique_ptr<QProcess> start(const QStringList &arguments, const QByteArray &graph,

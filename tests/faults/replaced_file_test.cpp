@@ -108,16 +108,13 @@ TEST_P(ReplacedFile, standard_output_as_a_file_is_written_over)
 // Another file that is mounted there, as containers do it, can't be replaced by a rename.
 TEST_P(ReplacedFile, mounted_one_is_written_over)
 {
-    const QString mount = u"mount --bind mounted \"out.$1\" || exit 77; "_s;
-    const QString script = mount + u"exec \"$0\" -K treemap -T \"$1\" -o \"out.$1\" in.dot"_s;
-    writeFile(u"in.dot"_s, smallGraph());
+    const QString script = u"mount --bind mounted \"out.$1\" || exit 77; "
+                           "exec \"$0\" -K treemap -T \"$1\" -o \"out.$1\""_s;
     writeFile(u"mounted"_s, QByteArray(100'000, 'x'));
-    const ProgramRun drawn = run({.arguments = {u"-m"_s, u"/bin/sh"_s, u"-c"_s, script,
-                                                QStringLiteral(ORR_PROGRAM), format()},
-                                  .command = u"unshare"_s});
-    if (drawn.errors.contains("unshare") || drawn.errors.contains("mount:") || drawn.status == 77)
-        GTEST_SKIP() << "nothing can be mounted here: " << drawn.errors.toStdString();
-    EXPECT_TRUE(succeeded(drawn));
+    const auto drawn = runMounted(script, smallGraph());
+    if (!drawn)
+        GTEST_SKIP() << "nothing can be mounted here";
+    EXPECT_TRUE(succeeded(*drawn));
     EXPECT_EQ(fileContent(u"mounted"_s), drawing(smallGraph()));
     EXPECT_EQ(fileContent(output()), oldContent);
 }
