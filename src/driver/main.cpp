@@ -3,6 +3,7 @@
 #include "driver/environment.h"
 #include "driver/home_directory.h"
 #include "driver/standard_streams.h"
+#include "driver/sudden_end.h"
 #include "driver/toolkit.h"
 
 #include <QCoreApplication>
@@ -13,17 +14,15 @@ using namespace Qt::StringLiterals;
 int main(int argc, char **argv)
 {
     const StandardStreams streams = reserveStandardStreams();
-    ignoreBrokenPipes();
+    ignoreSignalsOfWriting();
+    prepareForSuddenEnd();
     prepareToolkit();
     startToolkit(argv[0]);
 
     startApplication(u"orrlayout"_s);
     QCoreApplication::setApplicationVersion(QString::fromLatin1(applicationVersion));
     const QString home = startHome(QString::fromLocal8Bit(argv[0]));
-    QStringList arguments;
-    for (int i = 0; i < argc; ++i)
-        arguments.append(QString::fromLocal8Bit(argv[i]));
-    const int status = runDriver(readCommandLine(arguments), home, streams);
+    const int status = runDriver(readCommandLine(argc, argv), home, streams);
 #ifdef __SANITIZE_ADDRESS__
     // What its fonts hold would be taken for lost.
     const HeldStandardError held;

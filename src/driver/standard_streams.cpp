@@ -1,5 +1,7 @@
 #include "driver/standard_streams.h"
 
+#include "output/files/descriptor.h"
+
 #include <QVarLengthArray>
 
 #include <algorithm>
@@ -29,17 +31,6 @@ bool isOpenOrReserved(int descriptor)
     return false;
 }
 
-// Whether the call that has just failed is to be made again, after waiting if need be.
-bool isWorthAnotherTry(int descriptor, short event)
-{
-    if (errno == EINTR)
-        return true;
-    if (errno != EAGAIN && errno != EWOULDBLOCK)
-        return false;
-    pollfd waiting{descriptor, event, 0};
-    return ::poll(&waiting, 1, -1) != -1 || errno == EINTR;
-}
-
 // The room to start with: a byte more than a regular file has, so that one read call takes it and
 // the next one meets the end.
 qsizetype expectedSize(int descriptor, qsizetype limit)
@@ -61,9 +52,10 @@ StandardStreams reserveStandardStreams()
     return streams;
 }
 
-void ignoreBrokenPipes()
+void ignoreSignalsOfWriting()
 {
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 std::optional<QByteArray> readToEnd(int descriptor, qsizetype limit)
@@ -79,7 +71,7 @@ std::optional<QByteArray> readToEnd(int descriptor, qsizetype limit)
             break;
         if (count > 0)
             filled += count;
-        else if (!isWorthAnotherTry(descriptor, POLLIN))
+        else if (!Graph::isWorthAnotherTry(descriptor, POLLIN))
             return std::nullopt;
     }
     bytes.truncate(filled);
@@ -88,15 +80,8 @@ std::optional<QByteArray> readToEnd(int descriptor, qsizetype limit)
 
 bool writeToEnd(int descriptor, const QByteArray &bytes)
 {
-    qsizetype written = 0;
-    while (written < bytes.size()) {
-        const ssize_t count = ::write(descriptor, bytes.constData() + written,
-                                      static_cast<size_t>(bytes.size() - written));
-        if (count >= 0)
-            written += count;
-        else if (!isWorthAnotherTry(descriptor, POLLOUT))
-            return false;
-    }
+    if (!Graph::writeToEnd(descriptor, bytes))
+        return false;
     // Some file systems tell that the disk is full only when a descriptor is closed; closing a
     // second one asks them without giving up the first.
     const int second = ::dup(descriptor);

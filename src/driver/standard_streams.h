@@ -19,14 +19,16 @@ struct StandardStreams
 // To be called before anything else opens a file.
 StandardStreams reserveStandardStreams();
 
-// A pipe that its reader closed shall make a write fail, rather than end the process by a signal.
-void ignoreBrokenPipes();
+// A pipe that its reader closed and a file that has grown to the limit of the process shall make a
+// write fail, rather than end the process by a signal.
+void ignoreSignalsOfWriting();
 
 // Reads to the end of a descriptor, also of a non-blocking one. Nothing if reading fails. Reading
 // stops when `limit` bytes are exceeded; the result is then longer than the limit.
 std::optional<QByteArray> readToEnd(int descriptor, qsizetype limit);
 
-// Writes all bytes to a descriptor, also a non-blocking one. False if not all of them arrived.
+// Writes all bytes to a descriptor that stays open, also to a non-blocking one. False if not all of
+// them arrived.
 bool writeToEnd(int descriptor, const QByteArray &bytes);
 
 // True if so many more files can be opened.

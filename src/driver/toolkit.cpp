@@ -2,6 +2,7 @@
 
 #include "driver/standard_streams.h"
 #include "driver/surroundings.h"
+#include "output/files/unfinished_file.h"
 
 #include <QApplication>
 #include <QByteArray>
@@ -82,6 +83,7 @@ void tellFailedStart()
 {
     if (isStarting)
         tellFailedStart();
+    Graph::removeUnfinishedFiles();
     ::_exit(EXIT_FAILURE);
 }
 
@@ -131,13 +133,16 @@ void startToolkit(const char *programName)
     const NoTemporaryFolder nowhere;
     const HeldStandardError held;
     std::atexit(endFailedStart);
-    const auto formerHandler = std::signal(SIGABRT, endAbortedStart);
+    struct sigaction former = {};
+    struct sigaction action = {};
+    action.sa_handler = endAbortedStart;
+    ::sigaction(SIGABRT, &action, &former);
     isStarting = 1;
     // It is never taken down, which takes longer than a small drawing; the end of the process does
     // it.
     new QApplication(count, arguments);
     isStarting = 0;
-    std::signal(SIGABRT, formerHandler);
+    ::sigaction(SIGABRT, &former, nullptr);
 }
 
 QString fontFault()
