@@ -4,6 +4,7 @@
 #include "driver/format_table.h"
 #include "driver/layout_table.h"
 #include "graph/dot_parser.h"
+#include "graph/message_text.h"
 
 #include <QDir>
 #include <QFile>
@@ -29,7 +30,7 @@ constexpr qsizetype longestInput = 0x7fffffff;
 
 int fail(const QString &message)
 {
-    std::fputs(message.toLocal8Bit().constData(), stderr);
+    std::fputs(Graph::printableMessage(message).toLocal8Bit().constData(), stderr);
     return EXIT_FAILURE;
 }
 
