@@ -21,10 +21,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// A document without resources, whose layout, whenever it is made, knows no pictures but those of
+// the text.
 class FencedDocument : public QTextDocument
 {
 public:
-    FencedDocument() { setUndoRedoEnabled(false); }
+    FencedDocument()
+    {
+        setUndoRedoEnabled(false);
+        // The signal comes before the new layout is asked for anything.
+        connect(this, &QTextDocument::documentLayoutChanged, this, [this] {
+            QAbstractTextDocumentLayout *layout = documentLayout();
+            layout->registerHandler(QTextFormat::ImageObject, new RichTextImages(layout));
+        });
+    }
 
 protected:
     QVariant loadResource(int, const QUrl &) override { return {}; }
@@ -128,15 +138,10 @@ qint64 gridPlacesOf(const QTextDocument &document)
 }
 
 // Tables that do not hold what belongs into tables end up within one another in ways that only the
-// toolkit knows. So they are made once without being laid out, which takes little; a text is not
-// what it seemed if it has far more to lay out than it was priced for.
-bool isAsPriced(const QString &html, const RichTextPrice &price)
+// toolkit knows. A text is not what it seemed if it has far more to lay out than it was priced for.
+bool isAsPriced(const QTextDocument &document, const RichTextPrice &price)
 {
     constexpr qint64 tolerance = 100;
-    if (price.gridPlaces == 0)
-        return true;
-    FencedDocument document;
-    document.setHtml(html);
     return gridPlacesOf(document) <= price.gridPlaces + tolerance;
 }
 
@@ -155,16 +160,17 @@ bool startsLine(const QString &element)
 std::unique_ptr<QTextDocument> richTextDocument(const QString &html, const QFont &font)
 {
     const RichTextPrice price = richTextPrice(html);
-    if (!price.isAffordable || !isAsPriced(html, price))
+    if (!price.isAffordable)
         return nullptr;
     auto document = std::make_unique<FencedDocument>();
     document->setDocumentMargin(0.0);
     document->setDefaultFont(fencedFont(font));
-    // Before there is anything to lay out.
-    QAbstractTextDocumentLayout *layout = document->documentLayout();
-    layout->registerHandler(QTextFormat::ImageObject, new RichTextImages(layout));
+    // Reading takes little; it is the layout that takes its time, and there is none yet.
     document->setHtml(html);
+    if (!isAsPriced(*document, price))
+        return nullptr;
     fenceFamilies(document.get());
+    document->documentLayout();
     return document;
 }
 

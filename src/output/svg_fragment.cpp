@@ -215,7 +215,7 @@ void FragmentCopy::append(const QXmlStreamAttribute &attribute)
 {
     fragment.append(' ').append(attribute.qualifiedName().toLatin1()).append("=\"");
     if (attribute.qualifiedName() == "font-family"_L1)
-        append(familyFromFenced(attribute.value().toString()), true);
+        append(withoutForbiddenXml(familyFromFenced(attribute.value().toString())), true);
     else
         append(attribute.value(), true);
     fragment.append('"');
