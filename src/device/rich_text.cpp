@@ -213,8 +213,10 @@ bool RichTextBudget::take(const QString &html)
     const RichTextPrice price = richTextPrice(html);
     if (!price.isAffordable)
         return false;
+    // Pictures are never free: a few characters may hold many pixels.
+    const qint64 free = (html.size() - price.pictureCharacters) * Limits::freeStepsPerCharacter;
     const qint64 dear =
-        std::max<qint64>(0, price.steps - html.size() * Limits::freeStepsPerCharacter);
+        std::max<qint64>(0, price.steps - price.pictureSteps - free) + price.pictureSteps;
     if (spent + dear > Limits::dearestRichTexts)
         return false;
     spent += dear;

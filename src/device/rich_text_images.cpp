@@ -109,6 +109,14 @@ qint64 pixelsOf(const QImageReader &reader)
     return size.isValid() && pixels <= Limits::mostPicturePixels ? pixels : 0;
 }
 
+// The toolkit gives no picture where there is no memory for one, as it does for one that is
+// spoiled. The drawing would lose it without a word: this throws as any other lack of memory does.
+void askForMemory(qint64 pixels)
+{
+    constexpr qint64 bytesPerPixel = 8; // the picture and a copy in another format
+    const QByteArray room(pixels * bytesPerPixel, Qt::Uninitialized);
+}
+
 // The resolution of the layout in relation to the one that sizes of pictures are given for.
 double scaleFor(const QTextDocument *document)
 {
@@ -143,7 +151,13 @@ QPixmap pictureFrom(QStringView address)
     QBuffer buffer;
     QImageReader reader;
     prepare(&reader, &buffer, *stored);
-    return pixelsOf(reader) > 0 ? QPixmap::fromImage(reader.read()) : QPixmap();
+    const qint64 pixels = pixelsOf(reader);
+    if (pixels == 0)
+        return {};
+    const QPixmap picture = QPixmap::fromImage(reader.read());
+    if (picture.isNull())
+        askForMemory(pixels);
+    return picture;
 }
 
 void *RichTextImages::qt_metacast(const char *className)

@@ -31,6 +31,8 @@ public:
 
     qint64 steps() const { return sum + gridPlaces() * stepsPerGridPlace; }
     qint64 gridPlaces() const { return elements.gridPlaces(); }
+    qint64 ofPictures() const { return sumOfPictures; }
+    qint64 charactersOfPictures() const { return pictureCharacters; }
     bool isAffordable() const
     {
         return steps() <= Limits::dearestRichText && elements.depth() <= Limits::deepestRichText;
@@ -40,12 +42,14 @@ private:
     void addText(QStringView text);
     void addTag(const MarkupPiece &tag);
     qint64 attributeSteps(const MarkupPiece &tag) const;
-    qint64 pictureSteps(const QString &address);
+    void addPicture(const QString &address);
 
     OpenElements elements;
     qint64 sum = 0;
     qint64 listItems = 0;
     qint64 pictures = 0;
+    qint64 sumOfPictures = 0;
+    qint64 pictureCharacters = 0;
     qint64 sheetCharacters = 0;
     bool isWithinSheet = false;
 };
@@ -111,7 +115,7 @@ void PriceCount::addTag(const MarkupPiece &tag)
     if (tag.name == "img"_L1) {
         steps += ++pictures / itemsPerStep;
         for (const auto &[name, value] : tag.attributes)
-            steps += pictureSteps(value);
+            addPicture(value);
     }
     sum += steps * elements.passes();
     isWithinSheet = tag.name == "style"_L1;
@@ -131,9 +135,14 @@ qint64 PriceCount::attributeSteps(const MarkupPiece &tag) const
     return steps;
 }
 
-qint64 PriceCount::pictureSteps(const QString &address)
+void PriceCount::addPicture(const QString &address)
 {
-    return isPictureAddress(address) ? picturePixels(address) / pixelsPerStep : 0;
+    if (!isPictureAddress(address))
+        return;
+    const qint64 steps = picturePixels(address) / pixelsPerStep * elements.passes();
+    sum += steps;
+    sumOfPictures += steps;
+    pictureCharacters += address.size();
 }
 
 RichTextPrice priceOf(QStringView html)
@@ -142,7 +151,8 @@ RichTextPrice priceOf(QStringView html)
     MarkupReader reader(html);
     while (count.isAffordable() && reader.next())
         count.add(reader.piece());
-    return {count.steps(), count.isAffordable(), count.gridPlaces()};
+    return {count.steps(), count.ofPictures(), count.charactersOfPictures(), count.isAffordable(),
+            count.gridPlaces()};
 }
 
 } // namespace
@@ -150,7 +160,7 @@ RichTextPrice priceOf(QStringView html)
 RichTextPrice richTextPrice(QStringView html)
 {
     if (html.size() > Limits::longestRichText)
-        return {html.size(), false, 0};
+        return {html.size(), 0, 0, false, 0};
     RichTextPrice price = priceOf(html);
     // Of a text from a clipboard the toolkit takes only what the comment announces, which is not to
     // hide within a tag from here.
@@ -158,6 +168,7 @@ RichTextPrice richTextPrice(QStringView html)
     if (fragment > 0 && price.isAffordable) {
         const RichTextPrice inner = priceOf(html.sliced(fragment));
         price.steps = std::max(price.steps, inner.steps);
+        price.pictureSteps = std::max(price.pictureSteps, inner.pictureSteps);
         price.isAffordable = inner.isAffordable;
         price.gridPlaces = std::max(price.gridPlaces, inner.gridPlaces);
     }

@@ -26,6 +26,10 @@ struct RichTextPrice
 {
     qint64 steps = 0; // once beyond a limit, the counting ends
 
+    // Of these, what its pictures cost, and the characters that their addresses take.
+    qint64 pictureSteps = 0;
+    qint64 pictureCharacters = 0;
+
     // Whether the text is to be laid out at all; see limits.h.
     bool isAffordable = true;
 

@@ -3,8 +3,12 @@
 #include "driver/format_table.h"
 #include "driver/layout_table.h"
 #include "driver/toolkit_arguments.h"
+#include "graph/message_text.h"
 
 #include <QCoreApplication>
+
+#include <cstdio>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -55,7 +59,17 @@ CommandLine readCommandLine(const QStringList &arguments)
 {
     QCommandLineParser parser;
     describeCommandLine(&parser);
-    parser.process(withoutToolkitArguments(arguments));
+    // What the parser itself would do, but for what a terminal might take from an argument.
+    if (!parser.parse(withoutToolkitArguments(arguments))) {
+        const QString message =
+            QCoreApplication::applicationName() + ": "_L1 + parser.errorText() + u'\n';
+        std::fputs(Graph::printableMessage(message).toLocal8Bit().constData(), stderr);
+        std::exit(EXIT_FAILURE);
+    }
+    if (parser.isSet(u"version"_s))
+        parser.showVersion();
+    if (parser.isSet(u"help"_s))
+        parser.showHelp();
     const QStringList positional = parser.positionalArguments();
     return {!positional.isEmpty(),      positional.value(0),        parser.value(outputOption),
             parser.value(formatOption), parser.value(layoutOption), parser.helpText()};

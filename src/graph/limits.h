@@ -39,9 +39,9 @@ inline constexpr int deepestShapes = 32;
 inline constexpr qint64 mostRowVisits = 20'000'000;
 
 // Stops of a gradient; those beyond it are left out. SVG defines a gradient anew for each shape
-// that it fills, so that a few bytes of input may name thousands of stops a thousand times; at 256
-// stops an eye sees one even ramp.
-inline constexpr qsizetype mostGradientStops = 256;
+// that it fills, so that a few bytes of input may name thousands of stops a thousand times; a ramp of
+// colours has a dozen, and at 64 an eye sees no steps.
+inline constexpr qsizetype mostGradientStops = 64;
 
 // Rich text. The price of a text is an estimate of the time to lay it out and paint it, in steps of
 // about five microseconds: see `RichTextPrice`.
@@ -58,9 +58,10 @@ inline constexpr int deepestRichText = 100;
 inline constexpr qsizetype longestRichText = 4 << 20;
 
 // What the rich texts of one drawing may cost together beyond four steps for each of their
-// characters: ten seconds. Many labels that are meant well stay within the four steps; only a short
-// text that costs much draws on this, and when it is used up such a text is drawn as plain text.
-inline constexpr qint64 dearestRichTexts = 2'000'000;
+// characters: three seconds. Many labels that are meant well stay within the four steps; only a
+// short text that costs much and pictures draw on this, and when it is used up such a text is drawn
+// as plain text.
+inline constexpr qint64 dearestRichTexts = 600'000;
 inline constexpr qint64 freeStepsPerCharacter = 4;
 
 // Pictures within rich text. A picture beyond a limit is an empty box.

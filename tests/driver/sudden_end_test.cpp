@@ -71,7 +71,7 @@ TEST(SuddenEndDeathTest, crash_stays_one_and_leaves_no_file)
 
 TEST(SuddenEndDeathTest, signals_end_the_process_and_leave_no_file)
 {
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGXCPU}) {
         const QTemporaryDir folder;
         EXPECT_EXIT(endWithFile(folder, [=] { std::raise(signal); }),
                     testing::KilledBySignal(signal), "^$");

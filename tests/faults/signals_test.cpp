@@ -86,7 +86,7 @@ TEST_P(Signals, kill_while_the_file_is_written_leaves_the_old_or_the_new)
 
 TEST_P(Signals, ended_by_one_the_program_removes_the_file_for_standard_output)
 {
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGXCPU}) {
         endBy(signal, toStandardOutput(), u"orr_orrlayout_"_s);
         EXPECT_TRUE(isUntouched()) << "by signal " << signal;
     }
@@ -106,7 +106,7 @@ TEST_P(Signals, one_that_is_ignored_does_not_end_the_program)
 // The file beside the output is there for long only where the drawing streams into it.
 TEST_P(StreamingSignals, ended_by_one_the_program_removes_the_file_beside_the_output)
 {
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGXCPU}) {
         endBy(signal, arguments(), u".orrlayout-"_s);
         EXPECT_TRUE(isUntouched()) << "by signal " << signal;
     }

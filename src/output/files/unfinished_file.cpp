@@ -25,7 +25,7 @@ struct Slot
 
 static_assert(std::atomic<Slot::State>::is_always_lock_free);
 
-constexpr std::array endingSignals{SIGINT, SIGTERM, SIGHUP};
+constexpr std::array endingSignals{SIGINT, SIGTERM, SIGHUP, SIGXCPU};
 
 std::array<Slot, 8> &slots()
 {

@@ -29,7 +29,7 @@ private:
 // Removes all files that are known. Can be called from a signal handler.
 void removeUnfinishedFiles();
 
-// From now on SIGINT, SIGTERM and SIGHUP remove those files before they end the process as ever. A
+// From now on SIGINT, SIGTERM, SIGHUP and SIGXCPU remove those files before they end the process as ever. A
 // signal that is ignored stays so.
 void removeUnfinishedFilesOnSignals();
 
