@@ -1,4 +1,4 @@
-# Two commands for a bare Debian 12, as root or as a user with sudo:
+# Two commands for Debian 12, as root or as a user with sudo; ./demo and ./check install make before:
 #
 #   make demo    builds the program and draws the examples into out/
 #   make check   builds it twice, optimised and with the sanitizers, and runs the tests of both
@@ -42,6 +42,8 @@ packages:
 	        | sed -n 's/ installed$$//p'); \
 	missing=$$(for p in $(PACKAGES); do echo "$$have" | grep -qxF "$$p" || echo "$$p"; done); \
 	test -z "$$missing" && exit 0; \
+	test -z "$(SUDO)" || command -v sudo >/dev/null \
+	    || { echo "To be installed by root:" $$missing >&2; exit 1; }; \
 	echo "Installing:" $$missing; \
 	$(SUDO) apt-get -q update; \
 	$(SUDO) env DEBIAN_FRONTEND=noninteractive apt-get -q -y --no-install-recommends \

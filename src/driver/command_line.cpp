@@ -2,8 +2,11 @@
 
 #include "driver/format_table.h"
 #include "driver/layout_table.h"
+#include "driver/toolkit_arguments.h"
+#include "output/files/file_name.h"
 
 #include <QCoreApplication>
+#include <QStringList>
 
 using namespace Qt::StringLiterals;
 
@@ -50,11 +53,16 @@ void describeCommandLine(QCommandLineParser *parser)
     });
 }
 
-CommandLine readCommandLine()
+CommandLine readCommandLine(int argc, const char *const *argv)
 {
+    // Not those of the application object: in them, names that are no UTF-8 are no longer told
+    // apart.
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments.append(Graph::fileNameText(argv[i]));
     QCommandLineParser parser;
     describeCommandLine(&parser);
-    parser.process(*QCoreApplication::instance());
+    parser.process(withoutToolkitArguments(arguments));
     const QStringList positional = parser.positionalArguments();
     return {!positional.isEmpty(),      positional.value(0),        parser.value(outputOption),
             parser.value(formatOption), parser.value(layoutOption), parser.helpText()};

@@ -2,6 +2,7 @@
 
 #include <QCommandLineParser>
 #include <QString>
+#include <QStringList>
 
 namespace ORR::Driver {
 
@@ -9,7 +10,7 @@ namespace ORR::Driver {
 struct CommandLine
 {
     bool hasInputFile = false; // standard input is read otherwise
-    QString inputFile;
+    QString inputFile; // file names are texts as `Graph::fileNameText` gives them
     QString outputFile; // empty for standard output
     QString format; // as it was given
     QString layout; // as it was given
@@ -22,8 +23,8 @@ inline constexpr char applicationVersion[] = "(Build 1262)";
 // help text names the program.
 void describeCommandLine(QCommandLineParser *parser);
 
-// Reads the command line of the process. Ends the process for a call for help or version and for
-// what the parser does not know.
-CommandLine readCommandLine();
+// Reads the command line of the process, from the program's name on. Ends the process for a call for
+// help or version and for what the parser does not know.
+CommandLine readCommandLine(int argc, const char *const *argv);
 
 } // namespace ORR::Driver

@@ -3,7 +3,11 @@
 #include "device/xdot_render.h"
 #include "driver/format_table.h"
 #include "driver/layout_table.h"
+#include "driver/toolkit.h"
 #include "graph/dot_parser.h"
+#include "output/files/descriptor.h"
+#include "output/files/file_name.h"
+#include "output/files/unfinished_file.h"
 
 #include <QDir>
 #include <QFile>
@@ -13,9 +17,11 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <new>
 #include <optional>
 #include <vector>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -35,13 +41,14 @@ int fail(const QString &message)
 
 // All of the input, or nothing once the failure has been told.
 std::optional<QByteArray> readInput(const CommandLine &commandLine, const StandardStreams &streams,
-                                    QFile *inputFile)
+                                    Graph::Descriptor *inputFile)
 {
     std::optional<QByteArray> bytes;
     if (commandLine.hasInputFile) {
-        inputFile->setFileName(commandLine.inputFile);
-        if (inputFile->open(QIODevice::ReadOnly))
-            bytes = readToEnd(inputFile->handle(), longestInput);
+        const QByteArray name = Graph::fileNameBytes(commandLine.inputFile);
+        *inputFile = Graph::Descriptor(::open(name.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY));
+        if (*inputFile)
+            bytes = readToEnd(inputFile->number(), longestInput);
         if (!bytes)
             fail(u"Unable to open input file\n"_s);
         return bytes;
@@ -69,18 +76,29 @@ void applyEnvironment(Graph::DotGraph *graph)
         graph->declareAttribute(graph->root(), u"htmllabels"_s, u"on"_s, QString());
 }
 
+// The file that stands in for standard output. It stays if the run fails.
+struct StandIn
+{
+    QTemporaryFile file;
+    Graph::UnfinishedFile unfinished;
+};
+
 // Makes a file for the device to write, with a name of its own, and gives the name; nothing if it
 // can't be made.
-std::optional<QString> makeTemporaryFile(DriverFormat format, QTemporaryFile *file)
+std::optional<QString> makeTemporaryFile(DriverFormat format, StandIn *standIn)
 {
+    QTemporaryFile *const file = &standIn->file;
+    file->setAutoRemove(false);
     // A TMPDIR that is not there; the working directory would stand in for it.
     if (QDir::tempPath().isEmpty())
         return std::nullopt;
     const QString nameTemplate = u"orr_orrlayout_XXXXXX.%1"_s.arg(formatRow(format).name);
     file->setFileTemplate(QDir::temp().filePath(nameTemplate));
+    const Graph::HeldSignals held;
     if (!file->open())
         return std::nullopt;
     const QString name = file->fileName();
+    standIn->unfinished = Graph::UnfinishedFile(AT_FDCWD, QFile::encodeName(name));
     file->close();
     return name;
 }
@@ -110,12 +128,10 @@ bool copyToStandardOutput(const QString &fileName, const StandardStreams &stream
     return true;
 }
 
-} // namespace
-
-int runDriver(const CommandLine &commandLine, const QString &homeDirectory,
-              const StandardStreams &streams)
+int run(const CommandLine &commandLine, const QString &homeDirectory,
+        const StandardStreams &streams)
 {
-    QFile inputFile; // open to the end of the run
+    Graph::Descriptor inputFile; // open to the end of the run
     const std::optional<QByteArray> input = readInput(commandLine, streams, &inputFile);
     if (!input)
         return EXIT_FAILURE;
@@ -133,11 +149,13 @@ int runDriver(const CommandLine &commandLine, const QString &homeDirectory,
                     "supported extension.\n\n"_s
                     + commandLine.help);
 
-    QTemporaryFile temporaryFile;
-    temporaryFile.setAutoRemove(false);
+    if (const QString fault = fontFault(); !fault.isEmpty())
+        return fail(fault);
+
+    StandIn standIn;
     const bool toStandardOutput = commandLine.outputFile.isEmpty();
     const std::optional<QString> outputFile = toStandardOutput
-        ? makeTemporaryFile(*format, &temporaryFile)
+        ? makeTemporaryFile(*format, &standIn)
         : std::optional(commandLine.outputFile);
     if (!outputFile)
         return fail(u"Unable to create temporary file\n"_s);
@@ -152,6 +170,16 @@ int runDriver(const CommandLine &commandLine, const QString &homeDirectory,
     if (toStandardOutput && !copyToStandardOutput(*outputFile, streams))
         return fail(u"Unable to write to stdout\n"_s);
     return EXIT_SUCCESS;
+}
+
+} // namespace
+
+int runDriver(const CommandLine &commandLine, const QString &homeDirectory,
+              const StandardStreams &streams)
+try {
+    return run(commandLine, homeDirectory, streams);
+} catch (const std::bad_alloc &) {
+    return fail(u"Out of memory\n"_s);
 }
 
 } // namespace ORR::Driver

@@ -1,41 +1,19 @@
 #include "driver/environment.h"
 
-#include "device/point_resolution.h"
-#include "driver/standard_streams.h"
-
 #include <QCoreApplication>
 #include <QDir>
-#include <QHashSeed>
 #include <QLocale>
 #include <QLoggingCategory>
 #include <QSettings>
 
 #include <clocale>
-#include <cstdlib>
 #include <cstring>
-
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
 namespace ORR::Driver {
 
 namespace {
-
-// A platform that the user chose and that can't be had, for one: the message, and the status of any
-// other failure instead of a crash.
-void endProcess(const QString &message)
-{
-    writeToEnd(QuietStandardError::messages(), message.toLocal8Bit() + '\n');
-    std::_Exit(EXIT_FAILURE);
-}
-
-void passFatalMessagesOnly(QtMsgType type, const QMessageLogContext & /*context*/,
-                           const QString &message)
-{
-    if (type == QtFatalMsg)
-        endProcess(message);
-}
 
 // The numbers that the toolkit and the libraries below it read and write are those of a file, not
 // of a country.
@@ -87,24 +65,6 @@ void installCategoryFilter()
 }
 
 } // namespace
-
-bool wantsToolkitMessages()
-{
-    return !qEnvironmentVariableIsEmpty("QT_LOGGING_RULES")
-        || !qEnvironmentVariableIsEmpty("QT_LOGGING_CONF")
-        || qEnvironmentVariableIntValue("QT_DEBUG_PLUGINS") != 0;
-}
-
-void prepareToolkit()
-{
-    QHashSeed::setDeterministicGlobalSeed();
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    // Margins in rich text are scaled by this, whatever they are measured for.
-    qputenv("QT_FONT_DPI", QByteArray::number(Graph::pointsPerInch));
-    if (!wantsToolkitMessages())
-        qInstallMessageHandler(passFatalMessagesOnly);
-}
 
 void startApplication(const QString &name)
 {

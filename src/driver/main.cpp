@@ -3,40 +3,29 @@
 #include "driver/environment.h"
 #include "driver/home_directory.h"
 #include "driver/standard_streams.h"
+#include "driver/sudden_end.h"
+#include "driver/toolkit.h"
 
-#include <QApplication>
-
-#include <optional>
+#include <QCoreApplication>
 
 using namespace ORR::Driver;
 using namespace Qt::StringLiterals;
 
-// The application object: no window is ever shown, but measuring and painting text need it. With it
-// start the libraries below the toolkit, and those complain on standard error of their own accord,
-// about a cache that can't be written for example. It is never taken down, which takes longer than
-// a small drawing; the end of the process does it.
-static void startToolkit(int *argc, char **argv)
-{
-    std::optional<QuietStandardError> quiet;
-    if (!wantsToolkitMessages())
-        quiet.emplace();
-    new QApplication(*argc, argv);
-}
-
 int main(int argc, char **argv)
 {
     const StandardStreams streams = reserveStandardStreams();
-    ignoreBrokenPipes();
+    ignoreSignalsOfWriting();
+    prepareForSuddenEnd();
     prepareToolkit();
-    startToolkit(&argc, argv);
+    startToolkit(argv[0]);
 
     startApplication(u"orrlayout"_s);
-    QApplication::setApplicationVersion(QString::fromLatin1(applicationVersion));
+    QCoreApplication::setApplicationVersion(QString::fromLatin1(applicationVersion));
     const QString home = startHome(QString::fromLocal8Bit(argv[0]));
-    const int status = runDriver(readCommandLine(), home, streams);
+    const int status = runDriver(readCommandLine(argc, argv), home, streams);
 #ifdef __SANITIZE_ADDRESS__
     // What its fonts hold would be taken for lost.
-    const QuietStandardError quiet;
+    const HeldStandardError held;
     delete qApp;
 #endif
     return status;

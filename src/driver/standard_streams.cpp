@@ -1,11 +1,17 @@
 #include "driver/standard_streams.h"
 
+#include "output/files/descriptor.h"
+
+#include <QVarLengthArray>
+
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <utility>
 
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -23,17 +29,6 @@ bool isOpenOrReserved(int descriptor)
         return true;
     ::open("/dev/null", O_RDWR);
     return false;
-}
-
-// Whether the call that has just failed is to be made again, after waiting if need be.
-bool isWorthAnotherTry(int descriptor, short event)
-{
-    if (errno == EINTR)
-        return true;
-    if (errno != EAGAIN && errno != EWOULDBLOCK)
-        return false;
-    pollfd waiting{descriptor, event, 0};
-    return ::poll(&waiting, 1, -1) != -1 || errno == EINTR;
 }
 
 // The room to start with: a byte more than a regular file has, so that one read call takes it and
@@ -57,9 +52,10 @@ StandardStreams reserveStandardStreams()
     return streams;
 }
 
-void ignoreBrokenPipes()
+void ignoreSignalsOfWriting()
 {
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 std::optional<QByteArray> readToEnd(int descriptor, qsizetype limit)
@@ -75,7 +71,7 @@ std::optional<QByteArray> readToEnd(int descriptor, qsizetype limit)
             break;
         if (count > 0)
             filled += count;
-        else if (!isWorthAnotherTry(descriptor, POLLIN))
+        else if (!Graph::isWorthAnotherTry(descriptor, POLLIN))
             return std::nullopt;
     }
     bytes.truncate(filled);
@@ -84,49 +80,70 @@ std::optional<QByteArray> readToEnd(int descriptor, qsizetype limit)
 
 bool writeToEnd(int descriptor, const QByteArray &bytes)
 {
-    qsizetype written = 0;
-    while (written < bytes.size()) {
-        const ssize_t count = ::write(descriptor, bytes.constData() + written,
-                                      static_cast<size_t>(bytes.size() - written));
-        if (count >= 0)
-            written += count;
-        else if (!isWorthAnotherTry(descriptor, POLLOUT))
-            return false;
-    }
+    if (!Graph::writeToEnd(descriptor, bytes))
+        return false;
     // Some file systems tell that the disk is full only when a descriptor is closed; closing a
     // second one asks them without giving up the first.
     const int second = ::dup(descriptor);
     return second == -1 || ::close(second) == 0;
 }
 
-QuietStandardError::QuietStandardError()
+bool canOpenFiles(int count)
 {
-    saved() = ::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
-    const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
-    if (saved() != -1 && nowhere != -1)
-        ::dup2(nowhere, STDERR_FILENO);
-    if (nowhere != -1)
-        ::close(nowhere);
+    QVarLengthArray<int, 32> opened;
+    while (opened.size() < count) {
+        const int descriptor = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+        if (descriptor == -1)
+            break;
+        opened.append(descriptor);
+    }
+    for (const int descriptor : std::as_const(opened))
+        ::close(descriptor);
+    return opened.size() == count;
 }
 
-QuietStandardError::~QuietStandardError()
+int HeldStandardError::saved = -1;
+int HeldStandardError::memory = -1;
+
+HeldStandardError::HeldStandardError()
 {
-    if (saved() == -1)
-        return;
-    ::dup2(saved(), STDERR_FILENO);
-    ::close(saved());
-    saved() = -1;
+    saved = ::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    memory = ::memfd_create("standard error", MFD_CLOEXEC);
+    if (memory == -1)
+        memory = ::open("/dev/null", O_RDWR | O_CLOEXEC);
+    if (saved != -1 && memory != -1)
+        ::dup2(memory, STDERR_FILENO);
 }
 
-int QuietStandardError::messages()
+HeldStandardError::~HeldStandardError()
 {
-    return saved() == -1 ? STDERR_FILENO : saved();
+    if (saved != -1) {
+        ::dup2(saved, STDERR_FILENO);
+        ::close(saved);
+    }
+    if (memory != -1)
+        ::close(memory);
+    saved = -1;
+    memory = -1;
 }
 
-int &QuietStandardError::saved()
+QByteArray HeldStandardError::text() const
 {
-    static int descriptor = -1;
-    return descriptor;
+    QByteArray bytes(memory == -1 ? 0 : ::lseek(memory, 0, SEEK_END), Qt::Uninitialized);
+    bytes.truncate(
+        static_cast<qsizetype>(copyText(bytes.data(), static_cast<size_t>(bytes.size()))));
+    return bytes;
+}
+
+size_t HeldStandardError::copyText(char *buffer, size_t room)
+{
+    const ssize_t count = memory == -1 ? 0 : ::pread(memory, buffer, room, 0);
+    return count > 0 ? static_cast<size_t>(count) : 0;
+}
+
+int HeldStandardError::messages()
+{
+    return saved == -1 ? STDERR_FILENO : saved;
 }
 
 } // namespace ORR::Driver

@@ -19,30 +19,43 @@ struct StandardStreams
 // To be called before anything else opens a file.
 StandardStreams reserveStandardStreams();
 
-// A pipe that its reader closed shall make a write fail, rather than end the process by a signal.
-void ignoreBrokenPipes();
+// A pipe that its reader closed and a file that has grown to the limit of the process shall make a
+// write fail, rather than end the process by a signal.
+void ignoreSignalsOfWriting();
 
 // Reads to the end of a descriptor, also of a non-blocking one. Nothing if reading fails. Reading
 // stops when `limit` bytes are exceeded; the result is then longer than the limit.
 std::optional<QByteArray> readToEnd(int descriptor, qsizetype limit);
 
-// Writes all bytes to a descriptor, also a non-blocking one. False if not all of them arrived.
+// Writes all bytes to a descriptor that stays open, also to a non-blocking one. False if not all of
+// them arrived.
 bool writeToEnd(int descriptor, const QByteArray &bytes);
 
-// As long as it lives, nothing reaches standard error but what is written to `messages`.
-class QuietStandardError
+// True if so many more files can be opened.
+bool canOpenFiles(int count);
+
+// As long as it lives, what is written to standard error is held back, and lost in the end: nothing
+// gets there but what is written to `messages`. One at a time.
+class HeldStandardError
 {
 public:
-    QuietStandardError();
-    ~QuietStandardError();
-    QuietStandardError(const QuietStandardError &) = delete;
-    QuietStandardError &operator=(const QuietStandardError &) = delete;
+    HeldStandardError();
+    ~HeldStandardError();
+    HeldStandardError(const HeldStandardError &) = delete;
+    HeldStandardError &operator=(const HeldStandardError &) = delete;
 
-    // The descriptor that leads to the real standard error, whether or not it is quiet.
+    // What has been held back so far.
+    QByteArray text() const;
+    // Its beginning, as far as there is room for it, and the length of that; none if nothing is
+    // held at present. A handler of a signal may call it.
+    static size_t copyText(char *buffer, size_t room);
+
+    // The descriptor that leads to the real standard error, whether or not it is held.
     static int messages();
 
 private:
-    static int &saved();
+    static int saved;
+    static int memory;
 };
 
 } // namespace ORR::Driver

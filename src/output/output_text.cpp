@@ -2,14 +2,7 @@
 
 namespace ORR::Graph {
 
-OutputText::OutputText(const QString &fileName) : file(std::make_unique<QFile>(fileName))
-{
-    // The blocks are buffer enough, and without another one each failure shows at its own write.
-    constexpr QIODevice::OpenMode mode =
-        QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered;
-    if (fileName.isEmpty() || !file->open(mode))
-        file.reset();
-}
+OutputText::OutputText(const QString &fileName) : file(std::make_unique<OutputFile>(fileName)) { }
 
 OutputText::OutputText(QByteArray *target) : buffer(target)
 {
@@ -19,7 +12,8 @@ OutputText::OutputText(QByteArray *target) : buffer(target)
 
 OutputText::~OutputText()
 {
-    flush();
+    if (buffer)
+        flush();
 }
 
 bool OutputText::flush()
@@ -27,6 +21,11 @@ bool OutputText::flush()
     handOn({block.get(), used});
     used = 0;
     return isOpen() && !failed;
+}
+
+bool OutputText::finish()
+{
+    return flush() && (buffer || file->commit());
 }
 
 OutputText &OutputText::appendLong(QByteArrayView text)
@@ -44,7 +43,7 @@ void OutputText::handOn(QByteArrayView text)
     if (buffer)
         buffer->append(text);
     else if (file && !failed)
-        failed = file->write(text.data(), text.size()) != text.size();
+        failed = !file->write(text);
 }
 
 } // namespace ORR::Graph

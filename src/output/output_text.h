@@ -1,10 +1,10 @@
 #pragma once
 
 #include "output/number_bytes.h"
+#include "output/output_file.h"
 
 #include <QByteArray>
 #include <QByteArrayView>
-#include <QFile>
 #include <QString>
 
 #include <algorithm>
@@ -18,18 +18,18 @@ namespace ORR::Graph {
 class OutputText
 {
 public:
-    // To a file, in place of what stood there.
+    // To a file, which appears with `finish`.
     explicit OutputText(const QString &fileName);
     // To memory, in place of what stood there. The buffer is not owned and is complete after
     // `flush`.
     explicit OutputText(QByteArray *buffer);
-    // Hands on what is still held.
+    // A buffer gets what is still held. A file that is not finished is none.
     ~OutputText();
     OutputText(const OutputText &) = delete;
     OutputText &operator=(const OutputText &) = delete;
 
     // Whether there is anything to write to. If not, what is written is dropped.
-    bool isOpen() const { return file || buffer; }
+    bool isOpen() const { return buffer || (file && file->isOpen()); }
 
     OutputText &operator<<(QByteArrayView text)
     {
@@ -44,6 +44,10 @@ public:
 
     // Hands on everything written so far. False if any of it has not arrived.
     bool flush();
+
+    // Does so for the last time. A file takes the place of what stood there, and is closed. False
+    // if any of it has not arrived.
+    bool finish();
 
 private:
     static constexpr qsizetype blockSize = qsizetype(64) * 1024;
@@ -61,7 +65,7 @@ private:
         return *this;
     }
 
-    std::unique_ptr<QFile> file;
+    std::unique_ptr<OutputFile> file;
     QByteArray *buffer = nullptr;
     std::unique_ptr<char[]> block = std::make_unique<char[]>(blockSize);
     qsizetype used = 0;

@@ -85,7 +85,7 @@ QString Svg::end()
     if (!out.isOpen())
         return u"Unable to open file\n"_s;
     out << "</svg>\n";
-    return out.flush() ? QString() : u"Unable to write to file\n"_s;
+    return out.finish() ? QString() : u"Unable to write to file\n"_s;
 }
 
 void Svg::drawBezier(const QList<QPoint> &points, Pen *pen, Color *fill)

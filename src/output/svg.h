@@ -13,8 +13,9 @@ namespace ORR::Graph {
 // first in the file, and nothing is kept. There is no object protocol.
 //
 // The file is well-formed for every input: characters that XML forbids are left out of all texts.
-// If the output can't be opened the device draws nothing, and `end` returns "Unable to open
-// file\n". If it takes less than everything, `end` returns "Unable to write to file\n".
+// A file appears whole when the drawing ends. If the output can't be opened the device draws
+// nothing, and `end` returns "Unable to open file\n". If it takes less than everything, `end`
+// returns "Unable to write to file\n".
 class Svg : public Device
 {
 public:

@@ -160,8 +160,10 @@ TEST(CircleOverlap, looks_at_few_pairs_of_very_many_circles)
 
     // Small circles in a corner of the boxes of large ones that lie over each other.
     QList<Circle> largeInOnePlace(count / 2, {0, 0, 1e6});
-    for (int i = 0; i < count / 2; ++i)
-        largeInOnePlace.append({9e5 + 3.0 * (i % 250), 9e5 + 3.0 * (i / 250), 1});
+    for (int x = 0; x < 250; ++x) {
+        for (int y = 0; y < 200; ++y)
+            largeInOnePlace.append({9e5 + 3.0 * x, 9e5 + 3.0 * y, 1});
+    }
     EXPECT_TRUE(overlap(largeInOnePlace, part));
 
     EXPECT_LT(std::clock() - start, 5 * CLOCKS_PER_SEC);

@@ -127,32 +127,6 @@ TEST_F(Surroundings, file_names_are_utf8_in_every_locale)
     EXPECT_EQ(fileContent(u"übersicht.svg"_s), plainly);
 }
 
-TEST_F(Surroundings, choice_of_platform_is_respected)
-{
-    EXPECT_TRUE(succeeded(drawIn({{u"QT_QPA_PLATFORM"_s, u"minimal"_s}})));
-    const ProgramRun failed = drawIn({{u"QT_QPA_PLATFORM"_s, u"nonesuch"_s}});
-    EXPECT_EQ(failed.status, 1);
-    EXPECT_TRUE(failed.errors.contains("platform plugin")) << failed.errors.toStdString();
-}
-
-TEST_F(Surroundings, display_is_not_needed_and_not_asked)
-{
-    const ProgramRun drawn = drawIn({{u"QT_QPA_PLATFORM"_s, QString()},
-                                     {u"DISPLAY"_s, u":4711"_s},
-                                     {u"WAYLAND_DISPLAY"_s, u"wayland-4711"_s}});
-    EXPECT_TRUE(succeeded(drawn));
-    EXPECT_EQ(drawn.output, plainly);
-}
-
-TEST_F(Surroundings, toolkit_talks_to_those_who_ask_it)
-{
-    const ProgramRun drawn = drawIn(
-        {{u"QT_LOGGING_RULES"_s, u"qt.qpa.fonts.debug=true"_s}, {u"XDG_RUNTIME_DIR"_s, QString()}});
-    EXPECT_EQ(drawn.status, 0);
-    EXPECT_TRUE(drawn.errors.contains("XDG_RUNTIME_DIR")) << drawn.errors.toStdString();
-    EXPECT_EQ(drawn.output, plainly);
-}
-
 TEST_F(Surroundings, labels_are_html_with_one_exact_entry)
 {
     const QByteArray graph = draw("digraph { a [area=1 label=\"<b>bold</b>\"] }").output;

@@ -425,7 +425,7 @@ TEST(Replay, the_saved_render_is_an_empty_file_in_the_home_directory)
     EXPECT_EQ(replayOn("digraph g { }", device), u""_s);
     EXPECT_EQ(readTestFile(path), QByteArray());
 
-    qputenv("HOME", "/nonexistent");
+    qputenv("HOME", "/dev/null/none");
     EXPECT_EQ(replayOn("digraph g { }", device), u""_s);
     qunsetenv("ORR_SAVE_RENDER");
     qputenv("HOME", oldHome);

@@ -1,10 +1,12 @@
 #include "output/visio/visio_package.h"
 
-#include <QFile>
+#include "output/output_file.h"
 
 #include <zip.h>
 
 #include <algorithm>
+#include <cstring>
+#include <new>
 
 namespace ORR::Graph {
 
@@ -43,20 +45,82 @@ int writePart(zipFile zip, const QString &name, const QByteArrayList &pieces)
     return error == ZIP_OK ? zipCloseFileInZip(zip) : error;
 }
 
+// The package while it is put together. The library goes back to the head of a part once the part
+// is complete, which not every output could do.
+struct Package
+{
+    QByteArray bytes;
+    qsizetype position = 0;
+};
+
+void *openPackage(void *package, const void * /*name*/, int /*mode*/)
+{
+    return package;
+}
+
+uLong readPackage(void * /*opaque*/, void * /*stream*/, void * /*buffer*/, uLong /*size*/)
+{
+    return 0;
+}
+
+uLong writePackage(void * /*opaque*/, void *stream, const void *buffer, uLong size)
+try {
+    auto *package = static_cast<Package *>(stream);
+    const auto count = static_cast<qsizetype>(size);
+    const qsizetype end = package->position + count;
+    if (end > package->bytes.size())
+        package->bytes.resize(end);
+    std::memcpy(package->bytes.data() + package->position, buffer, size);
+    package->position = end;
+    return size;
+} catch (const std::bad_alloc &) {
+    return 0; // the library is C, through which nothing is thrown
+}
+
+ZPOS64_T tellPackage(void * /*opaque*/, void *stream)
+{
+    return static_cast<ZPOS64_T>(static_cast<const Package *>(stream)->position);
+}
+
+long seekPackage(void * /*opaque*/, void *stream, ZPOS64_T offset, int origin)
+{
+    auto *package = static_cast<Package *>(stream);
+    const qsizetype starts[]{0, package->position, package->bytes.size()};
+    package->position = starts[origin] + static_cast<qsizetype>(offset);
+    return 0;
+}
+
+int closePackage(void * /*opaque*/, void * /*stream*/)
+{
+    return 0;
+}
+
+// Compresses all parts. Gives the library's error code.
+int zipParts(const QMap<QString, QByteArrayList> &parts, Package *package)
+{
+    zlib_filefunc64_def functions{openPackage, readPackage,  writePackage, tellPackage,
+                                  seekPackage, closePackage, closePackage, package};
+    zipFile zip = zipOpen2_64("", APPEND_STATUS_CREATE, nullptr, &functions);
+    if (!zip)
+        return ZIP_INTERNALERROR;
+    int error = ZIP_OK;
+    for (auto part = parts.constBegin(); error == ZIP_OK && part != parts.constEnd(); ++part)
+        error = writePart(zip, part.key(), part.value());
+    const int closing = zipClose(zip, nullptr);
+    return error == ZIP_OK ? closing : error;
+}
+
 } // namespace
 
 QString saveVisioPackage(const QString &fileName, const QMap<QString, QByteArrayList> &parts)
 {
-    zipFile zip = zipOpen(QFile::encodeName(fileName).constData(), APPEND_STATUS_CREATE);
-    if (!zip)
+    OutputFile file(fileName);
+    if (!file.isOpen())
         return u"Couldn't open output file for writing\n"_s;
-    int error = ZIP_OK;
-    for (auto part = parts.constBegin(); error == ZIP_OK && part != parts.constEnd(); ++part)
-        error = writePart(zip, part.key(), part.value());
-    // A full disk may show only now.
-    const int closing = zipClose(zip, nullptr);
-    if (error == ZIP_OK)
-        error = closing;
+    Package package;
+    int error = zipParts(parts, &package);
+    if (error == ZIP_OK && (!file.write(package.bytes) || !file.commit()))
+        error = ZIP_ERRNO;
     return error == ZIP_OK ? QString() : u"Unable to save file. Error code %1\n"_s.arg(error);
 }
 
