@@ -16,6 +16,5 @@ using Run = std::function<QString(ORR::Graph::DotGraph *graph, ORR::Graph::Devic
 // no graph is none of a run's business.
 void checkCalls(const QByteArray &text, const Run &run);
 
-// The same for the file of a format. Pictures beyond four million pixels are not painted, since
-// they would take all the time.
+// The same for the file of a format. Large pictures are not painted: they would take all the time.
 void checkFile(const QByteArray &text, const Run &run, ORR::Driver::DriverFormat format);
