@@ -1,8 +1,10 @@
 #include "device/device.h"
 
 #include "device/point_resolution.h"
+#include "graph/limits.h"
 #include "graph/numbers.h"
 
+#include <algorithm>
 #include <deque>
 
 namespace ORR::Graph {
@@ -38,6 +40,12 @@ QString gradientKey(const QString &type, std::initializer_list<double> geometry,
     for (const double offset : offsets)
         key.append(numberText(offset));
     return key.join(u' ');
+}
+
+template <typename List>
+List keptStops(const List &stops)
+{
+    return stops.first(std::min(stops.size(), Limits::mostGradientStops));
 }
 
 // The value stored under `key`, made from the arguments in the pool when there is none.
@@ -197,18 +205,22 @@ Device::Color *Device::color(const QString &name)
     return interned(colors, pools->colors, key, key);
 }
 
-Device::Color *Device::linearGradient(QPointF start, QPointF stop, const QStringList &names,
-                                      const QList<double> &offsets)
+Device::Color *Device::linearGradient(QPointF start, QPointF stop, const QStringList &allNames,
+                                      const QList<double> &allOffsets)
 {
+    const QStringList names = keptStops(allNames);
+    const QList<double> offsets = keptStops(allOffsets);
     const QString key =
         gradientKey(u"linear"_s, {start.x(), start.y(), stop.x(), stop.y()}, names, offsets);
     return interned(colors, pools->colors, key, start, stop, names, offsets);
 }
 
 Device::Color *Device::radialGradient(QPointF focus, double focalRadius, QPointF centre,
-                                      double radius, const QStringList &names,
-                                      const QList<double> &offsets)
+                                      double radius, const QStringList &allNames,
+                                      const QList<double> &allOffsets)
 {
+    const QStringList names = keptStops(allNames);
+    const QList<double> offsets = keptStops(allOffsets);
     const QString key = gradientKey(
         u"radial"_s, {focus.x(), focus.y(), focalRadius, centre.x(), centre.y(), radius}, names,
         offsets);

@@ -110,6 +110,7 @@ public:
 
     // A solid colour, by its colour string as it stands; an empty one is black.
     Color *color(const QString &name);
+    // Of the stops of a gradient only so many are kept as limits.h allows.
     Color *linearGradient(QPointF start, QPointF stop, const QStringList &names,
                           const QList<double> &offsets);
     Color *radialGradient(QPointF focus, double focalRadius, QPointF centre, double radius,

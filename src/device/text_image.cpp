@@ -1,23 +1,20 @@
 #include "device/text_image.h"
 
-#include "device/point_resolution.h"
+#include "device/rich_text.h"
 #include "graph/numbers.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QTextDocument>
 
 namespace ORR::Graph {
 
 namespace {
 
-QSize richSize(const QString &html, const QFont &font)
+QSize richSize(const QString &html, const Device::Font *font)
 {
-    QTextDocument document;
-    document.setDocumentMargin(0);
-    document.documentLayout()->setPaintDevice(pointDevice());
-    document.setDefaultFont(font);
-    document.setHtml(html);
-    const QSizeF size = document.documentLayout()->documentSize();
+    const std::unique_ptr<QTextDocument> document = richTextDocument(html, font->qFont());
+    if (!document)
+        return font->metrics().size(0, withoutMarkup(html));
+    const QSizeF size = document->documentLayout()->documentSize();
     return {truncated(size.width()), truncated(size.height())};
 }
 
@@ -36,7 +33,7 @@ QSize TextImage::textSize(const Text *text, bool rich)
 
 QSize TextImage::textSize(const QString &text, const Font *font, bool rich)
 {
-    return rich ? richSize(text, font->qFont()) : font->metrics().size(0, text);
+    return rich ? richSize(text, font) : font->metrics().size(0, text);
 }
 
 int TextImage::fontLeading(const Font *font)
@@ -53,9 +50,9 @@ void TextImage::drawRichText(QPoint topLeft, Text *richText)
 {
     if (!richText)
         return;
-    QTextDocument document;
-    document.setHtml(richText->text());
-    drawText(topLeft, text(document.toPlainText(), richText->font(), richText->color()));
+    const QString html = richText->text();
+    const QString plain = richTexts.take(html) ? plainTextOf(html) : withoutMarkup(html);
+    drawText(topLeft, text(plain, richText->font(), richText->color()));
 }
 
 } // namespace ORR::Graph

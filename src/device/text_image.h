@@ -1,6 +1,7 @@
 #pragma once
 
 #include "device/device.h"
+#include "device/rich_text.h"
 
 namespace ORR::Graph {
 
@@ -12,7 +13,8 @@ public:
     using Device::Device;
 
     // The size of a text in its own font. Plain text is measured as it stands, with its line feeds;
-    // rich text as an HTML document without a margin. An invalid size for null.
+    // rich text as an HTML document without a margin, or as its plain text if it is beyond the
+    // limits of rich text. An invalid size for null.
     static QSize textSize(const Text *text, bool rich);
     static QSize textSize(const QString &text, const Font *font, bool rich);
 
@@ -21,6 +23,9 @@ public:
 
     // Draws the plain text of the HTML.
     void drawRichText(QPoint topLeft, Text *text) override;
+
+protected:
+    RichTextBudget richTexts; // what those of this drawing may still cost
 };
 
 } // namespace ORR::Graph

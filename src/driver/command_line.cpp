@@ -3,10 +3,8 @@
 #include "driver/format_table.h"
 #include "driver/layout_table.h"
 #include "driver/toolkit_arguments.h"
-#include "output/files/file_name.h"
 
 #include <QCoreApplication>
-#include <QStringList>
 
 using namespace Qt::StringLiterals;
 
@@ -53,13 +51,8 @@ void describeCommandLine(QCommandLineParser *parser)
     });
 }
 
-CommandLine readCommandLine(int argc, const char *const *argv)
+CommandLine readCommandLine(const QStringList &arguments)
 {
-    // Not those of the application object: in them, names that are no UTF-8 are no longer told
-    // apart.
-    QStringList arguments;
-    for (int i = 0; i < argc; ++i)
-        arguments.append(Graph::fileNameText(argv[i]));
     QCommandLineParser parser;
     describeCommandLine(&parser);
     parser.process(withoutToolkitArguments(arguments));

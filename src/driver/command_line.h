@@ -23,8 +23,8 @@ inline constexpr char applicationVersion[] = "(Build 1262)";
 // help text names the program.
 void describeCommandLine(QCommandLineParser *parser);
 
-// Reads the command line of the process, from the program's name on. Ends the process for a call for
-// help or version and for what the parser does not know.
-CommandLine readCommandLine(int argc, const char *const *argv);
+// Reads the command line, from the program's name on. Ends the process for a call for help or
+// version and for what the parser does not know.
+CommandLine readCommandLine(const QStringList &arguments);
 
 } // namespace ORR::Driver

@@ -5,6 +5,7 @@
 #include "driver/layout_table.h"
 #include "driver/toolkit.h"
 #include "graph/dot_parser.h"
+#include "graph/message_text.h"
 #include "output/files/descriptor.h"
 #include "output/files/file_name.h"
 #include "output/files/unfinished_file.h"
@@ -35,7 +36,7 @@ constexpr qsizetype longestInput = 0x7fffffff;
 
 int fail(const QString &message)
 {
-    std::fputs(message.toLocal8Bit().constData(), stderr);
+    std::fputs(Graph::printableMessage(message).toLocal8Bit().constData(), stderr);
     return EXIT_FAILURE;
 }
 
@@ -107,6 +108,10 @@ std::optional<QString> makeTemporaryFile(DriverFormat format, StandIn *standIn)
 QString draw(const CommandLine &commandLine, const QByteArray &input, Graph::DotGraph *graph,
              Graph::Device *device)
 {
+#ifndef __SANITIZE_ADDRESS__
+    // The libraries of pictures complain there about those that an input holds.
+    const HeldStandardError held;
+#endif
     if (graph->root()->attributes.contains(u"xdotversion"_s))
         return Graph::Graphviz::XDotRender(device, graph).render(input);
     const std::optional<LayoutIndex> layout = chooseLayout(commandLine.layout);

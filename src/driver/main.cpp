@@ -5,6 +5,7 @@
 #include "driver/standard_streams.h"
 #include "driver/sudden_end.h"
 #include "driver/toolkit.h"
+#include "output/files/file_name.h"
 
 #include <QCoreApplication>
 
@@ -22,7 +23,12 @@ int main(int argc, char **argv)
     startApplication(u"orrlayout"_s);
     QCoreApplication::setApplicationVersion(QString::fromLatin1(applicationVersion));
     const QString home = startHome(QString::fromLocal8Bit(argv[0]));
-    const int status = runDriver(readCommandLine(argc, argv), home, streams);
+    // Not as the application object has them: there, names that are no UTF-8 are no longer told
+    // apart.
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments.append(ORR::Graph::fileNameText(argv[i]));
+    const int status = runDriver(readCommandLine(arguments), home, streams);
 #ifdef __SANITIZE_ADDRESS__
     // What its fonts hold would be taken for lost.
     const HeldStandardError held;

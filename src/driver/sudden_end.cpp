@@ -59,6 +59,7 @@ void endAfterCrash(int signal)
     if (!isMemoryLeft())
         endWithoutMemory();
     Graph::removeUnfinishedFiles();
+    std::signal(signal, SIG_DFL);
     ::raise(signal);
 }
 
@@ -69,7 +70,7 @@ void watchForCrash(int signal)
     if (::sigaction(signal, nullptr, &action) != 0 || action.sa_handler != SIG_DFL)
         return;
     action.sa_handler = endAfterCrash;
-    action.sa_flags = static_cast<int>(SA_RESETHAND | SA_ONSTACK);
+    action.sa_flags = SA_ONSTACK;
     ::sigaction(signal, &action, nullptr);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "device/rich_text.h"
 #include "output/svg.h"
 
 namespace ORR::Graph {
@@ -11,8 +12,11 @@ class SvgRichText : public Svg
 public:
     using Svg::Svg;
 
-    // A text that takes no room gives no group.
+    // A text that takes no room gives no group, and one beyond the limits is drawn as plain text.
     void drawRichText(QPoint topLeft, Text *text) override;
+
+private:
+    RichTextBudget richTexts; // what those of this drawing may still cost
 };
 
 } // namespace ORR::Graph

@@ -165,7 +165,12 @@ void XDot::drawText(QPoint topLeft, Text *text)
 
 void XDot::drawRichText(QPoint topLeft, Text *text)
 {
-    drawTextLines(topLeft, text, true);
+    if (!text)
+        return;
+    if (richTexts.take(text->text()))
+        drawTextLines(topLeft, text, true);
+    else
+        drawText(topLeft, Device::text(withoutMarkup(text->text()), text->font(), text->color()));
 }
 
 // Each line is an op of its own, centred: x is the middle of the line and y its baseline, taken to

@@ -1,5 +1,6 @@
 #include "device/device.h"
 
+#include "graph/limits.h"
 #include "support/golden.h"
 #include "support/recording_device.h"
 
@@ -236,4 +237,16 @@ TEST(Device, an_object_begun_again_takes_the_place_of_the_first)
     device.beginNode(node);
     ASSERT_EQ(device.nodeObjects(&cluster).size(), 1);
     EXPECT_NE(device.nodeObjects(&cluster).at(0), first);
+}
+
+TEST(Device, a_gradient_keeps_only_so_many_stops)
+{
+    RecordingDevice device;
+    const qsizetype most = Limits::mostGradientStops;
+    const QStringList names(most + 100, u"red"_s);
+    const QList<double> offsets(most + 100, 0.5);
+    EXPECT_EQ(device.linearGradient({}, {1, 1}, names, offsets)->stopCount(), most);
+    EXPECT_EQ(device.radialGradient({}, 0, {1, 1}, 2, names, offsets)->stopCount(), most);
+    EXPECT_EQ(device.linearGradient({}, {1, 1}, names.first(most), offsets.first(most)),
+              device.linearGradient({}, {1, 1}, names, offsets));
 }

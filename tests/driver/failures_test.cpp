@@ -188,3 +188,21 @@ TEST_F(Failures, messages_go_nowhere_but_to_standard_error)
     EXPECT_EQ(failed.output, "");
     EXPECT_EQ(fileContent(u"in.dot"_s), "digraph {");
 }
+
+// A terminal obeys control characters.
+TEST_F(Failures, messages_show_the_control_characters_of_the_input)
+{
+    for (const QByteArray controls : {"\x1b]0;title\x07", "a\nb\r",
+                                      "\x7f\xc2\x9b"
+                                      "2J",
+                                      "\xc2\x85\x01"}) {
+        const QByteArray graph = "digraph { \"" + controls + "\" [uml=spacer row=1000000 col=0]; }";
+        const ProgramRun drawn = draw(graph, u"svg"_s, u"umlseq"_s);
+        EXPECT_EQ(drawn.status, 1);
+        EXPECT_TRUE(drawn.errors.contains("\\x")) << drawn.errors.toStdString();
+        const QString shown = QString::fromUtf8(drawn.errors);
+        EXPECT_EQ(shown.count(u'\n'), 1);
+        for (const QChar c : shown)
+            EXPECT_TRUE(c == u'\n' || c.category() != QChar::Other_Control) << shown.toStdString();
+    }
+}

@@ -133,3 +133,29 @@ TEST(SvgRichText, characters_that_xml_forbids_do_not_end_the_text)
     EXPECT_TRUE(bytes.contains(">behind</text>"));
     EXPECT_TRUE(isWellFormed(bytes));
 }
+
+TEST(SvgRichText, a_text_beyond_the_limits_is_drawn_as_its_plain_text)
+{
+    const QString nested = u"<table><tr><td>"_s.repeated(22) + u"deep<br>and &lt;deeper&gt;"_s;
+    EXPECT_EQ(richAt({7, 8}, nested, u"blue"_s), drawn([](Svg &device) {
+                  device.drawText({7, 8},
+                                  device.text(u"deep\nand <deeper>"_s,
+                                              device.font(u"Arial"_s, 10, 0),
+                                              device.color(u"blue"_s)));
+              }));
+}
+
+TEST(SvgRichText, the_rich_texts_of_a_drawing_share_a_budget)
+{
+    const QString dear = u"<table><tr><td colspan=5000>a</table>"_s;
+    const QByteArray bytes = drawn<SvgRichText>([&](Svg &device) {
+        Device::Text *text =
+            device.text(dear, device.font(u"Arial"_s, 10, 0), device.color(u"blue"_s));
+        for (int i = 0; i < 100; ++i)
+            device.drawRichText({0, 0}, text);
+    });
+    const qsizetype rich = bytes.count("<g transform=\"translate(");
+    EXPECT_GT(rich, 20);
+    EXPECT_LT(rich, 100);
+    EXPECT_EQ(bytes.count("<text x=\"0\""), 100 - rich);
+}

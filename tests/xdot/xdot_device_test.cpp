@@ -275,6 +275,15 @@ TEST_F(XDotDrawing, rich_text_is_an_h)
         u"c 3 -red F 12 5 -Arial H %1 88 0 %2 8 -<b>x</b>"_s.arg(int(width * 0.5)).arg(width));
 }
 
+TEST_F(XDotDrawing, rich_text_beyond_the_limits_is_a_t_of_its_plain_text)
+{
+    const QString nested = u"<table><tr><td>"_s.repeated(22) + u"deep"_s;
+    device.drawRichText({0, 0}, device.text(nested, arial, red));
+    const int width = TextImage::textSize(u"deep"_s, arial, false).width();
+    EXPECT_EQ(labelled(),
+              u"c 3 -red F 12 5 -Arial T %1 88 0 %2 4 -deep"_s.arg(int(width * 0.5)).arg(width));
+}
+
 TEST_F(XDotDrawing, texts_and_shapes_go_to_attributes_of_their_own)
 {
     device.drawText({0, 0}, device.text(u""_s, arial, nullptr));

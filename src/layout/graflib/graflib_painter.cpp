@@ -29,7 +29,7 @@ constexpr char16_t expanderGlyph = 0x2B24; // a large black circle
 // The link target is what viewers of these drawings listen for.
 QString expanderHtml(const QString &color)
 {
-    return "<a style=\"color: "_L1 + color
+    return "<a style=\"color: "_L1 + color.toHtmlEscaped()
         + "; text-decoration: none;\" href=\"16384\">&#11044;</a>"_L1;
 }
 

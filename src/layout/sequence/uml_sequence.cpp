@@ -1,6 +1,7 @@
 #include "layout/sequence/uml_sequence.h"
 
 #include "graph/attribute_values.h"
+#include "graph/message_text.h"
 #include "graph/subgraph_walk.h"
 #include "layout/sequence/grid_solver.h"
 #include "layout/sequence/pending_edges.h"
@@ -84,12 +85,12 @@ QString describe(const GridObject &object)
         return u"the end of a fragment"_s;
     switch (object.objectKind()) {
     case GridObject::NodeKind:
-        return u"\"%1\""_s.arg(static_cast<const DotNode *>(object.element())->id);
+        return u"\"%1\""_s.arg(messageText(static_cast<const DotNode *>(object.element())->id));
     case GridObject::ClusterKind:
-        return u"\"%1\""_s.arg(static_cast<const DotSubgraph *>(object.element())->id);
+        return u"\"%1\""_s.arg(messageText(static_cast<const DotSubgraph *>(object.element())->id));
     default: {
         const auto *edge = static_cast<const DotEdge *>(object.element());
-        return u"\"%1\" -> \"%2\""_s.arg(edge->tail->id, edge->head->id);
+        return u"\"%1\" -> \"%2\""_s.arg(messageText(edge->tail->id), messageText(edge->head->id));
     }
     }
 }

@@ -1,0 +1,269 @@
+#include "output/svg_fragment.h"
+
+#include "device/rich_text.h"
+#include "output/xml_text.h"
+
+#include <QXmlStreamReader>
+
+#include <algorithm>
+#include <array>
+
+namespace ORR::Graph {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// What draws, and what holds it together: nothing that runs, links or brings in other documents.
+constexpr std::array elements{
+    "circle"_L1,   "clipPath"_L1,       "defs"_L1, "ellipse"_L1, "g"_L1,       "image"_L1,
+    "line"_L1,     "linearGradient"_L1, "mask"_L1, "path"_L1,    "pattern"_L1, "polygon"_L1,
+    "polyline"_L1, "radialGradient"_L1, "rect"_L1, "stop"_L1,    "text"_L1,    "tspan"_L1,
+    "use"_L1,
+};
+
+constexpr std::array attributes{
+    "clip-path"_L1,
+    "cx"_L1,
+    "cy"_L1,
+    "d"_L1,
+    "fill"_L1,
+    "fill-opacity"_L1,
+    "fill-rule"_L1,
+    "font-family"_L1,
+    "font-size"_L1,
+    "font-style"_L1,
+    "font-weight"_L1,
+    "fx"_L1,
+    "fy"_L1,
+    "gradientTransform"_L1,
+    "gradientUnits"_L1,
+    "height"_L1,
+    "id"_L1,
+    "image-rendering"_L1,
+    "mask"_L1,
+    "maskUnits"_L1,
+    "offset"_L1,
+    "opacity"_L1,
+    "patternTransform"_L1,
+    "patternUnits"_L1,
+    "points"_L1,
+    "preserveAspectRatio"_L1,
+    "r"_L1,
+    "rx"_L1,
+    "ry"_L1,
+    "spreadMethod"_L1,
+    "stop-color"_L1,
+    "stop-opacity"_L1,
+    "stroke"_L1,
+    "stroke-dasharray"_L1,
+    "stroke-dashoffset"_L1,
+    "stroke-linecap"_L1,
+    "stroke-linejoin"_L1,
+    "stroke-miterlimit"_L1,
+    "stroke-opacity"_L1,
+    "stroke-width"_L1,
+    "transform"_L1,
+    "vector-effect"_L1,
+    "width"_L1,
+    "x"_L1,
+    "x1"_L1,
+    "x2"_L1,
+    "xlink:href"_L1,
+    "xml:id"_L1,
+    "xml:space"_L1,
+    "y"_L1,
+    "y1"_L1,
+    "y2"_L1,
+};
+
+template <size_t count>
+bool isOneOf(const std::array<QLatin1StringView, count> &names, QStringView name)
+{
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+bool isLink(QStringView attribute)
+{
+    return attribute == "xlink:href"_L1;
+}
+
+// A picture that lies in the link itself, or another element of the fragment.
+bool isAllowedLink(QStringView address)
+{
+    return address.startsWith("data:image/png;base64,"_L1)
+        || address.startsWith("data:image/jpeg;base64,"_L1) || address.startsWith(u'#');
+}
+
+bool isAllowed(const QXmlStreamAttribute &attribute)
+{
+    const QStringView name = attribute.qualifiedName();
+    const QStringView value = attribute.value();
+    if (isLink(name))
+        return isAllowedLink(value);
+    return isOneOf(attributes, name)
+        && (!value.contains("url("_L1, Qt::CaseInsensitive) || value.startsWith("url(#"_L1)
+            || name == "font-family"_L1);
+}
+
+class FragmentCopy
+{
+public:
+    explicit FragmentCopy(const QString &svg) : reader(svg)
+    {
+        reader.setNamespaceProcessing(false);
+        fragment.reserve(svg.size());
+    }
+
+    QByteArray take();
+
+private:
+    static constexpr int unset = -1;
+    static constexpr int childDepth = 2; // of the root's own children
+
+    void copyToken();
+    void startElement();
+    void endElement();
+    void append(const QXmlStreamAttribute &attribute);
+    void append(QStringView text, bool withinAttribute);
+    void closeTag();
+    bool isCopying() const { return skipDepth == unset && depth >= childDepth; }
+
+    QXmlStreamReader reader;
+    QByteArray fragment;
+    QList<QByteArray> open; // the names of the elements that are copied
+    bool isTagOpen = false; // its end is not written yet
+    int depth = 0;
+    int skipDepth = unset;
+};
+
+QByteArray FragmentCopy::take()
+{
+    while (!reader.atEnd()) {
+        reader.readNext();
+        if (reader.hasError())
+            break;
+        copyToken();
+    }
+    while (!open.isEmpty()) {
+        depth = childDepth;
+        skipDepth = unset;
+        endElement();
+    }
+    return fragment;
+}
+
+void FragmentCopy::copyToken()
+{
+    switch (reader.tokenType()) {
+    case QXmlStreamReader::StartElement:
+        startElement();
+        break;
+    case QXmlStreamReader::EndElement:
+        endElement();
+        break;
+    case QXmlStreamReader::Characters:
+        if (isCopying()) {
+            closeTag();
+            append(reader.text(), false);
+        }
+        break;
+    default:
+        break;
+    }
+}
+
+void FragmentCopy::startElement()
+{
+    ++depth;
+    if (skipDepth == unset && depth >= childDepth && !isOneOf(elements, reader.qualifiedName()))
+        skipDepth = depth;
+    if (!isCopying())
+        return;
+    closeTag();
+    open.append(reader.qualifiedName().toLatin1());
+    fragment.append('<').append(open.constLast());
+    bool usesLinks = false;
+    for (const QXmlStreamAttribute &attribute : reader.attributes()) {
+        if (!isAllowed(attribute))
+            continue;
+        append(attribute);
+        usesLinks = usesLinks || isLink(attribute.qualifiedName());
+    }
+    // The declaration stood on the root, which is gone.
+    if (usesLinks)
+        fragment.append(" xmlns:xlink=\"http://www.w3.org/1999/xlink\"");
+    isTagOpen = true;
+}
+
+void FragmentCopy::endElement()
+{
+    if (isCopying()) {
+        const QByteArray name = open.takeLast();
+        if (isTagOpen)
+            fragment.append("/>");
+        else
+            fragment.append("</").append(name).append('>');
+        isTagOpen = false;
+    } else if (depth == skipDepth) {
+        skipDepth = unset;
+    }
+    --depth;
+}
+
+void FragmentCopy::append(const QXmlStreamAttribute &attribute)
+{
+    fragment.append(' ').append(attribute.qualifiedName().toLatin1()).append("=\"");
+    if (attribute.qualifiedName() == "font-family"_L1)
+        append(withoutForbiddenXml(familyFromFenced(attribute.value().toString())), true);
+    else
+        append(attribute.value(), true);
+    fragment.append('"');
+}
+
+void FragmentCopy::append(QStringView text, bool withinAttribute)
+{
+    const QByteArray bytes = text.toUtf8();
+    for (const char c : bytes) {
+        switch (c) {
+        case '&':
+            fragment.append("&amp;");
+            break;
+        case '<':
+            fragment.append("&lt;");
+            break;
+        case '>':
+            fragment.append("&gt;");
+            break;
+        case '"':
+            fragment.append("&quot;");
+            break;
+        case '\t':
+        case '\n':
+        case '\r':
+            if (withinAttribute) {
+                fragment.append("&#").append(QByteArray::number(int(c))).append(';');
+                break;
+            }
+            [[fallthrough]];
+        default:
+            fragment.append(c);
+        }
+    }
+}
+
+void FragmentCopy::closeTag()
+{
+    if (isTagOpen)
+        fragment.append('>');
+    isTagOpen = false;
+}
+
+} // namespace
+
+QByteArray svgFragment(const QByteArray &svg)
+{
+    return FragmentCopy(withoutForbiddenXml(QString::fromUtf8(svg))).take();
+}
+
+} // namespace ORR::Graph
