@@ -5,6 +5,7 @@
 #include "driver/layout_table.h"
 #include "driver/toolkit.h"
 #include "graph/dot_parser.h"
+#include "graph/limits.h"
 #include "graph/message_text.h"
 #include "output/files/descriptor.h"
 #include "output/files/file_name.h"
@@ -31,9 +32,6 @@ namespace ORR::Driver {
 
 namespace {
 
-// The parser rejects what is longer: there is no use in reading it to its end.
-constexpr qsizetype longestInput = 0x7fffffff;
-
 int fail(const QString &message)
 {
     std::fputs(Graph::printableMessage(message).toLocal8Bit().constData(), stderr);
@@ -49,13 +47,13 @@ std::optional<QByteArray> readInput(const CommandLine &commandLine, const Standa
         const QByteArray name = Graph::fileNameBytes(commandLine.inputFile);
         *inputFile = Graph::Descriptor(::open(name.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY));
         if (*inputFile)
-            bytes = readToEnd(inputFile->number(), longestInput);
+            bytes = readToEnd(inputFile->number(), Graph::Limits::longestInput);
         if (!bytes)
             fail(u"Unable to open input file\n"_s);
         return bytes;
     }
     if (streams.input)
-        bytes = readToEnd(STDIN_FILENO, longestInput);
+        bytes = readToEnd(STDIN_FILENO, Graph::Limits::longestInput);
     if (!bytes)
         fail(u"Unable to read from stdin\n"_s);
     return bytes;

@@ -3,8 +3,40 @@
 #include <QtGlobal>
 
 // What one input may cost, in one place. Each limit is far above what a drawing needs that is meant
-// well; what goes beyond one is drawn in a simpler way, and the drawing goes on.
+// well; what goes beyond one is drawn in a simpler way, and the drawing goes on, or ends the run in
+// a message where the comment says so.
 namespace ORR::Graph::Limits {
+
+// Bytes of the input. The reader rejects what is longer, so there is no use in reading it to its
+// end.
+inline constexpr qsizetype longestInput = 0x7fffffff;
+
+// Rows and columns of a sequence, of either; more is a message. Every one of them takes memory and
+// at least 5 points of the page, whether something stands on it or not, so an input must not be
+// believed any number: a million is far more than a drawing can show and costs some twenty
+// megabytes.
+inline constexpr int mostGridLines = 1'000'000;
+
+// Steps of a compact tree; more are a message. They keep every run to seconds: a placement takes
+// some 50 ns, a move in a tree 3 ns and in any other graph 10 ns. No tree of 100,000 nodes comes to
+// as many moves, and no tree of 50 million nodes to as many placements.
+inline constexpr qint64 mostPlacements = 50'000'000;
+inline constexpr qint64 mostMovesInTree = 5'000'000'000;
+inline constexpr qint64 mostMovesInGraph = 1'000'000'000;
+
+// An image: its bytes, and its longer side, which the toolkit's painter can't go beyond. A larger
+// drawing is scaled down to both.
+inline constexpr double mostImageBytes = 200'000'000;
+inline constexpr double longestImageSide = 32767;
+
+// Levels of Visio shapes within each other. Readers give up on documents of some 256 levels, and
+// what ties a shape to its containers names each of them. A shape below the last level is one of
+// the page again, and a cluster there a top-level container.
+inline constexpr int deepestShapes = 32;
+
+// Visits of rows that one Visio shape may spend on joining its subpaths, which is quadratic. What
+// is not joined by then stays as it is.
+inline constexpr qint64 mostRowVisits = 20'000'000;
 
 // Stops of a gradient; those beyond it are left out. SVG defines a gradient anew for each shape
 // that it fills, so that a few bytes of input may name thousands of stops a thousand times; at 256

@@ -1,6 +1,7 @@
 #include "output/file.h"
 
 #include "device/point_resolution.h"
+#include "graph/limits.h"
 #include "graph/numbers.h"
 #include "output/output_file.h"
 #include "output/painter_path.h"
@@ -20,20 +21,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double mostBytes = 200000000.0;
-constexpr double longestSide = 32767.0;
-
 // The factor that brings a drawing to a size that an image can have.
 double scaleFor(int width, int height)
 {
     double scale = 1.0;
     // Exact as far as it decides anything, and it can't overflow as an integer would.
     const double byteCount = static_cast<double>(width) * height * 4.0;
-    if (byteCount > mostBytes)
-        scale = std::sqrt(mostBytes / byteCount);
+    if (byteCount > Limits::mostImageBytes)
+        scale = std::sqrt(Limits::mostImageBytes / byteCount);
     const int longer = std::max(width, height);
-    if (longer * scale > longestSide)
-        scale = longestSide / longer;
+    if (longer * scale > Limits::longestImageSide)
+        scale = Limits::longestImageSide / longer;
     return scale;
 }
 

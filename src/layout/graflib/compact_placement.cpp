@@ -1,5 +1,6 @@
 #include "layout/graflib/compact_placement.h"
 
+#include "graph/limits.h"
 #include "graph/numbers.h"
 
 #include <algorithm>
@@ -25,7 +26,7 @@ CompactPlacement::CompactPlacement(const ReachedNodes &reachedNodes,
                                    int levelCount, const Options &placementOptions)
     : reached(reachedNodes), extents(std::move(nodeExtents)), levels(std::move(nodeLevels)),
       options(placementOptions), levelEnd(levelCount + 1, 0.0), position(reached.size(), 0.0),
-      mostMoves(reached.isTree ? mostMovesInTree : mostMovesInGraph)
+      mostMoves(reached.isTree ? Limits::mostMovesInTree : Limits::mostMovesInGraph)
 {
 }
 
@@ -35,14 +36,14 @@ void CompactPlacement::countWays()
     for (const int node : reached.finished) {
         qint64 &count = ways[node];
         for (int i = reached.firstKid[node]; i < reached.firstKid[node + 1]; ++i)
-            count = std::min(count + ways[reached.kids[i]], mostPlacements + 1);
+            count = std::min(count + ways[reached.kids[i]], Limits::mostPlacements + 1);
     }
 }
 
 bool CompactPlacement::place()
 {
     countWays();
-    if (ways.front() > mostPlacements)
+    if (ways.front() > Limits::mostPlacements)
         return false;
     placeSubtree(0);
     return moves <= mostMoves;

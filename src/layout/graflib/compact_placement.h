@@ -42,13 +42,6 @@ public:
     const std::vector<double> &placed() const { return position; }
     double end() const { return levelEnd.back(); }
 
-    // The limits, which keep every run to seconds: a placement takes some 50 ns, a move in a tree
-    // 3 ns and in any other graph 10 ns. No tree of 100,000 nodes comes to as many moves, and no
-    // tree of 50 million nodes to as many placements.
-    static constexpr qint64 mostPlacements = 50'000'000;
-    static constexpr qint64 mostMovesInTree = 5'000'000'000;
-    static constexpr qint64 mostMovesInGraph = 1'000'000'000;
-
 private:
     struct Visit;
     void placeSubtree(int root);

@@ -1,6 +1,7 @@
 #include "layout/sequence/uml_sequence.h"
 
 #include "graph/attribute_values.h"
+#include "graph/limits.h"
 #include "graph/message_text.h"
 #include "graph/subgraph_walk.h"
 #include "layout/sequence/grid_solver.h"
@@ -98,11 +99,10 @@ QString describe(const GridObject &object)
 // Null if the index is one of the grid.
 QString gridFailure(const GridObject &object, const QString &axis, int index)
 {
-    if (index >= 0 && index < UmlSequence::gridLimit)
+    if (index >= 0 && index < Limits::mostGridLines)
         return {};
     return u"Unable to lay out the sequence diagram: %1 %2 of %3 is not between 0 and %4\n"_s.arg(
-        axis, QString::number(index), describe(object),
-        QString::number(UmlSequence::gridLimit - 1));
+        axis, QString::number(index), describe(object), QString::number(Limits::mostGridLines - 1));
 }
 
 } // namespace

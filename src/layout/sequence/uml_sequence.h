@@ -42,12 +42,6 @@ class PendingEdges;
 class UmlSequence
 {
 public:
-    // Rows and columns are numbered from 0 and there are at most this many of either. Every one of
-    // them takes memory and at least 5 points of the page, whether something stands on it or not,
-    // so an input must not be believed any number: a million is far more than a drawing can show
-    // and costs some twenty megabytes.
-    static constexpr int gridLimit = 1'000'000;
-
     UmlSequence();
     ~UmlSequence();
     UmlSequence(const UmlSequence &) = delete;

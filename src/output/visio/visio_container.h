@@ -1,6 +1,7 @@
 #pragma once
 
 #include "graph/dot_graph.h"
+#include "graph/limits.h"
 
 #include <QByteArray>
 #include <QHash>
@@ -8,11 +9,6 @@
 #include <QSet>
 
 namespace ORR::Graph {
-
-// How many levels of shapes stand within each other. Readers give up on documents of some 256
-// levels, and what ties a shape to its containers names each of them. A shape below the last level
-// is one of the page again, and a cluster there a top-level container.
-constexpr int visioNesting = 32;
 
 // The two entries of a relationship formula: the sheet as a container, the sheet as a member.
 inline QByteArray containerEntry(const QByteArray &sheet)
@@ -110,7 +106,7 @@ void tieContainers(const QList<Shape *> &clusters, Subclusters subclusters, Memb
         QByteArray within = visit.containers;
         addEntry(within, containerEntry(sheetOf(visit.cluster)));
         for (Shape *subcluster : subclusters(visit.cluster)) {
-            if (visit.level == visioNesting) {
+            if (visit.level == Limits::deepestShapes) {
                 open.append({subcluster, QByteArray(), 1});
                 continue;
             }

@@ -1,5 +1,6 @@
 #include "output/visio/visio_geometry.h"
 
+#include "graph/limits.h"
 #include "output/visio/visio_subpath_index.h"
 
 namespace ORR::Graph {
@@ -21,9 +22,6 @@ constexpr qsizetype arrowHeadPoints = 4;
 // From here on searching pays for keeping an index.
 constexpr qsizetype scannedSubpaths = 8;
 constexpr qsizetype scannedRows = 64;
-
-// Row visits that one shape may spend on merging.
-constexpr qint64 mergeBudget = 20'000'000;
 
 double squaredDistance(QPointF a, QPointF b)
 {
@@ -111,7 +109,7 @@ void VisioGeometry::add(const QList<VisioRow> &rows)
         return;
     const bool few = subpaths.size() < scannedSubpaths && offeredRows < scannedRows;
     offeredRows += rows.size();
-    if (spent < mergeBudget && (few ? mergedByScan(rows) : mergedByIndex(rows)))
+    if (spent < Limits::mostRowVisits && (few ? mergedByScan(rows) : mergedByIndex(rows)))
         return;
     subpaths.append(rows);
     if (index)
@@ -138,7 +136,7 @@ bool VisioGeometry::mergedByIndex(const QList<VisioRow> &rows)
             spent += subpath.size() * VisioSubpathIndex::costOfRow;
     }
     int candidate = -1;
-    while (spent < mergeBudget && (candidate = index->candidate(rows, candidate)) >= 0) {
+    while (spent < Limits::mostRowVisits && (candidate = index->candidate(rows, candidate)) >= 0) {
         QList<VisioRow> &subpath = subpaths[candidate];
         const qsizetype i = index->indexOf(subpath, candidate, rows.constFirst(), 0);
         const qsizetype j =

@@ -1,5 +1,6 @@
 #include "output/visio/visio_xml.h"
 
+#include "graph/limits.h"
 #include "output/output_file.h"
 #include "output/visio/visio_device_path.h"
 
@@ -151,7 +152,7 @@ void VisioXML::connectEdge(Edge *edge, Node *tail, Node *head)
 VisioXMLShape *VisioXML::createShape(VisioXMLShape::Kind kind)
 {
     VisioXMLShape *parent = shapeStack.isEmpty() ? nullptr : shapeStack.constLast();
-    if (parent && parent->level() >= visioNesting)
+    if (parent && parent->level() >= Limits::deepestShapes)
         parent = nullptr;
     VisioXMLShape *shape = &shapes.emplace_back(nextId++, kind, parent);
     shapeStack.append(shape);
