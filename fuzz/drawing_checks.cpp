@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 mostPixels = 400 * 400; // larger pictures only cost time
+constexpr qint64 mostPixels = qint64(400) * 400; // larger pictures only cost time
 
 // The raster device, for which a page is too large earlier.
 class SmallPicture : public Graph::File

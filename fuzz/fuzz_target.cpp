@@ -33,8 +33,9 @@ extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
     // It takes options of its own out of the list, and libFuzzer's are none of its business.
     static int count = 1;
     static char *name[] = {(*argv)[0], nullptr};
+    static const auto *const application = new QApplication(count, name);
+    Q_UNUSED(application)
     Q_UNUSED(argc)
-    new QApplication(count, name);
     return 0;
 }
 
