@@ -296,6 +296,8 @@ const QFont &Device::Font::qFont() const
         QFont made(familyName, pointSize, -1, false);
         made.setStyleStrategy(QFont::StyleStrategy(QFont::PreferOutline | QFont::PreferQuality
                                                    | QFont::PreferAntialias));
+        // Light hinting, as Debian has it, whatever the settings of a desktop say of it.
+        made.setHintingPreference(QFont::PreferVerticalHinting);
         made.setWeight(styleBits & Bold ? QFont::Bold : QFont::Normal);
         made.setStyle(styleBits & Italic ? QFont::StyleItalic : QFont::StyleNormal);
         toolkitFont = atPointResolution(made);

@@ -21,8 +21,8 @@ struct Variable
 // From top to bottom: what is set below has been taken away above.
 constexpr Variable variables[] = {
     // The toolkit's own: platform, theme, style and their plugins, scales and resolutions, the
-    // direction of writing, caches of glyphs, instructions of the processor, logging, warnings that
-    // end the process. There are a hundred, and a later version has others.
+    // direction of writing, caches of glyphs, logging, warnings that end the process. There are a
+    // hundred, and a later version has others.
     {.name = "QT_*"},
     // The servers of a desktop; a theme or a platform would ask them.
     {.name = "DISPLAY"},

@@ -1,5 +1,6 @@
 #include "driver/toolkit.h"
 
+#include "driver/font_rules.h"
 #include "driver/standard_streams.h"
 #include "driver/surroundings.h"
 #include "output/files/unfinished_file.h"
@@ -148,6 +149,7 @@ void startToolkit(const char *programName)
 QString fontFault()
 {
     const HeldStandardError held;
+    settleFontRules();
     const bool isFound = !QFontInfo(QFont()).family().isEmpty();
     // Without its configuration the library takes one that is built in, and other fonts.
     if (held.text().contains("Cannot load default config file"))

@@ -17,9 +17,9 @@ void prepareToolkit();
 // error says in one line what was said.
 void startToolkit(const char *programName);
 
-// Finds a font, which loads the configuration of the fonts and the list of them. The message if
-// that can't be had: texts would be measured and painted in whatever stands in for it. Empty for
-// success.
+// Settles how fonts are painted and finds one, which loads their configuration and list. The
+// message if that can't be had: texts would be measured and painted in whatever stands in for it.
+// Empty for success.
 QString fontFault();
 
 } // namespace ORR::Driver

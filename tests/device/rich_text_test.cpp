@@ -5,9 +5,9 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QBuffer>
-#include <QElapsedTimer>
 #include <QImage>
 
+#include <ctime>
 #include <random>
 
 using namespace ORR::Graph;
@@ -199,10 +199,9 @@ TEST(RichText, every_text_is_laid_out_soon_or_not_at_all)
     int refused = 0;
     for (int round = 0; round < 1000; ++round) {
         const QString html = some(4) + some(8).repeated(12);
-        QElapsedTimer timer;
-        timer.start();
+        const std::clock_t start = std::clock();
         ++(richTextDocument(html, font) ? laidOut : refused);
-        EXPECT_LT(timer.elapsed(), 5000) << html.toStdString();
+        EXPECT_LT(std::clock() - start, 5 * CLOCKS_PER_SEC) << html.toStdString();
     }
     EXPECT_GT(laidOut, 100);
     EXPECT_GT(refused, 10);

@@ -102,7 +102,6 @@ const Surrounding surroundings[] = {
     {"no_cache_of_fonts", {{u"QT_NO_FT_CACHE"_s, u"1"_s}}},
     {"subpixels", {{u"QT_SUBPIXEL_AA_TYPE"_s, u"RGB"_s}}},
     {"no_bold_made_of_regular", {{u"QT_NO_SYNTHESIZED_BOLD"_s, u"1"_s}}},
-    {"plain_processor", {{u"QT_NO_CPU_FEATURE"_s, u"sse4.2 avx avx2 fma f16c"_s}}},
     {"small_images", {{u"QT_IMAGEIO_MAXALLOC"_s, u"1"_s}}},
     {"seed_of_hashes", {{u"QT_HASH_SEED"_s, u"4711"_s}}},
     {"warnings_are_fatal",

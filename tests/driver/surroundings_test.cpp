@@ -66,6 +66,29 @@ TEST_F(Surroundings, nothing_is_printed_in_an_empty_environment)
     EXPECT_TRUE(drawn.output.contains("<svg"));
 }
 
+TEST_F(Surroundings, settings_of_how_fonts_are_painted_change_no_drawing)
+{
+    const QByteArray graph = "digraph { a [area=3 label=\"Waltz, 1234\"]; b [area=2 label=fi]; }";
+    for (const QByteArray &setting :
+         {QByteArray("antialias\" mode=\"assign\"><bool>false</bool>"),
+          QByteArray("hintstyle\" mode=\"assign\"><const>hintfull</const>"),
+          QByteArray("hintstyle\" mode=\"assign\"><const>hintnone</const>"),
+          QByteArray("rgba\" mode=\"assign\"><const>rgb</const>")}) {
+        writeFile(u"fonts.conf"_s,
+                  "<?xml version=\"1.0\"?>\n<fontconfig><include>" ORR_TEST_FONTS
+                  "</include>\n<match target=\"font\"><edit name=\""
+                      + setting + "</edit></match></fontconfig>\n");
+        for (const QString &format : {u"svg"_s, u"png"_s}) {
+            const ProgramRun drawn =
+                run({.arguments = {u"-K"_s, u"treemap"_s, u"-T"_s, format},
+                     .input = graph,
+                     .environment = {{u"FONTCONFIG_FILE"_s, path(u"fonts.conf"_s)}}});
+            EXPECT_TRUE(succeeded(drawn));
+            EXPECT_TRUE(drawn.output == draw(graph, format).output) << setting.toStdString();
+        }
+    }
+}
+
 TEST_F(Surroundings, nothing_is_printed_about_a_font_cache_that_cannot_be_written)
 {
     writeFile(u"fonts.conf"_s, R"(<?xml version="1.0"?>
