@@ -3,11 +3,23 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QHashSeed>
+#include <QProcessEnvironment>
 
 #include <cstdio>
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 namespace {
+
+// No setting of the toolkit but ours: what an input does is to depend on the input alone.
+void dropToolkitSettings()
+{
+    for (const QString &name : QProcessEnvironment::systemEnvironment().keys()) {
+        if (name.startsWith("QT_"_L1))
+            qunsetenv(name.toLocal8Bit().constData());
+    }
+}
 
 // What the toolkit has to say of odd fonts and pictures would only cost time.
 void ignoreMessage(QtMsgType, const QMessageLogContext &, const QString &) { }
@@ -15,7 +27,7 @@ void ignoreMessage(QtMsgType, const QMessageLogContext &, const QString &) { }
 // Where there is a file system in memory, drawings are written there.
 void chooseTemporaryFolder()
 {
-    if (!qEnvironmentVariableIsSet("TMPDIR") && QFileInfo(QStringLiteral("/dev/shm")).isWritable())
+    if (!qEnvironmentVariableIsSet("TMPDIR") && QFileInfo(u"/dev/shm"_s).isWritable())
         qputenv("TMPDIR", "/dev/shm");
 }
 
@@ -24,6 +36,7 @@ void chooseTemporaryFolder()
 // Linked because it stands beside `require`: libFuzzer alone takes it only if it is there.
 extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 {
+    dropToolkitSettings();
     QHashSeed::setDeterministicGlobalSeed();
     qputenv("FONTCONFIG_FILE", ORR_TEST_FONTS);
     qputenv("QT_QPA_PLATFORM", "offscreen");
