@@ -24,6 +24,14 @@ if(ORR_SANITIZE)
     target_link_options(orr_options INTERFACE -fsanitize=address,undefined)
     set(ORR_SANITIZER_SOURCES "${PROJECT_SOURCE_DIR}/cmake/sanitizer_options.cpp")
 endif()
+if(ORR_FUZZ)
+    # A double beyond all integers is undefined as an integer, though `undefined` does not say so.
+    set(ORR_FUZZ_FLAGS -fsanitize=fuzzer-no-link,address,undefined,float-cast-overflow)
+    target_compile_options(orr_options INTERFACE ${ORR_FUZZ_FLAGS} -fno-sanitize-recover=all
+                                                 -fno-omit-frame-pointer)
+    target_link_options(orr_options INTERFACE ${ORR_FUZZ_FLAGS})
+    set(ORR_SANITIZER_SOURCES "${PROJECT_SOURCE_DIR}/cmake/sanitizer_options.cpp")
+endif()
 
 # orr_add_library(NAME SOURCES ... LINKS ...)
 #
