@@ -88,10 +88,11 @@ public:
     {
         // Within a power of two of the radius they stay in the order of the tree, which is the one
         // of places: neighbours are found in the processor's caches.
-        std::vector<std::pair<int, size_t>> order;
+        std::vector<std::pair<qint64, size_t>> order;
         order.reserve(circles.size());
+        // What the scaling left nothing of has the lowest int for its power.
         for (size_t i = 0; i < circles.size(); ++i)
-            order.emplace_back(-std::ilogb(circles[i].r), i);
+            order.emplace_back(-qint64(std::ilogb(circles[i].r)), i);
         std::sort(order.begin(), order.end());
         return std::any_of(order.begin(), order.end(),
                            [&](const auto &entry) { return overlapsSmaller(entry.second, part); });
