@@ -39,8 +39,8 @@ inline constexpr int deepestShapes = 32;
 inline constexpr qint64 mostRowVisits = 20'000'000;
 
 // Stops of a gradient; those beyond it are left out. SVG defines a gradient anew for each shape
-// that it fills, so that a few bytes of input may name thousands of stops a thousand times; a ramp of
-// colours has a dozen, and at 64 an eye sees no steps.
+// that it fills, so that a few bytes of input may name thousands of stops a thousand times; a ramp
+// of colours has a dozen, and at 64 an eye sees no steps.
 inline constexpr qsizetype mostGradientStops = 64;
 
 // Rich text. The price of a text is an estimate of the time to lay it out and paint it, in steps of

@@ -14,8 +14,8 @@ namespace ORR::Graph {
 QString xdotPoint(QPoint point, int pageHeight);
 QString xdotPoints(const QList<QPoint> &points, int pageHeight);
 
-// A string as a field: its length, counted in the bytes of its UTF-8 form as the replay counts them,
-// " -" and the string.
+// A string as a field: its length, counted in the bytes of its UTF-8 form as the replay counts
+// them, " -" and the string.
 QString xdotCounted(const QString &text);
 
 // The ops that set pen and fill ahead of a shape; each may be null. Those that set a colour bring a

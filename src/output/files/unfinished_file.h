@@ -29,8 +29,8 @@ private:
 // Removes all files that are known. Can be called from a signal handler.
 void removeUnfinishedFiles();
 
-// From now on SIGINT, SIGTERM, SIGHUP and SIGXCPU remove those files before they end the process as ever. A
-// signal that is ignored stays so.
+// From now on SIGINT, SIGTERM, SIGHUP and SIGXCPU remove those files before they end the process as
+// ever. A signal that is ignored stays so.
 void removeUnfinishedFilesOnSignals();
 
 // As long as it lives those signals wait, for a file whose name is known only once it is there.
