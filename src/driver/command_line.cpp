@@ -59,17 +59,15 @@ CommandLine readCommandLine(const QStringList &arguments)
 {
     QCommandLineParser parser;
     describeCommandLine(&parser);
-    // What the parser itself would do, but for what a terminal might take from an argument.
-    if (!parser.parse(withoutToolkitArguments(arguments))) {
+    const QStringList ours = withoutToolkitArguments(arguments);
+    // The parser would tell a fault itself, but with the argument as a terminal might obey it.
+    if (!parser.parse(ours)) {
         const QString message =
             QCoreApplication::applicationName() + ": "_L1 + parser.errorText() + u'\n';
         std::fputs(Graph::printableMessage(message).toLocal8Bit().constData(), stderr);
         std::exit(EXIT_FAILURE);
     }
-    if (parser.isSet(u"version"_s))
-        parser.showVersion();
-    if (parser.isSet(u"help"_s))
-        parser.showHelp();
+    parser.process(ours);
     const QStringList positional = parser.positionalArguments();
     return {!positional.isEmpty(),      positional.value(0),        parser.value(outputOption),
             parser.value(formatOption), parser.value(layoutOption), parser.helpText()};

@@ -38,6 +38,20 @@ TEST_F(Options, version_is_that_of_the_build)
     }
 }
 
+TEST_F(Options, help_with_the_options_of_the_toolkit_ends_the_run_well_too)
+{
+    const ProgramRun help = run({.arguments = {u"--help-all"_s}});
+    EXPECT_TRUE(succeeded(help));
+    EXPECT_TRUE(help.output.startsWith("Usage: "));
+}
+
+TEST_F(Options, unknown_option_is_told_without_what_a_terminal_obeys)
+{
+    const ProgramRun told = run({.arguments = {u"--no\x1b[31m"_s}});
+    EXPECT_EQ(told.status, 1);
+    EXPECT_EQ(told.errors, "orrlayout: Unknown option 'no\\x1b[31m'.\n");
+}
+
 TEST_F(Options, unknown_option_ends_the_run)
 {
     EXPECT_TRUE(failedWith(run({.arguments = {u"-X"_s}}), "orrlayout: Unknown option 'X'.\n"));
