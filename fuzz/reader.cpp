@@ -41,7 +41,7 @@ bool isBareWord(const QString &word)
 bool areWritable(const AttributeMap &attributes)
 {
     return std::all_of(attributes.begin(), attributes.end(), [](const AttributeMap::Entry &entry) {
-        return isBareWord(entry.name) && isWritable(entry.value);
+        return isBareWord(entry.name.text()) && isWritable(entry.value);
     });
 }
 

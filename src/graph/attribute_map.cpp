@@ -9,9 +9,6 @@ namespace {
 // Up to this many entries a search through the list is as fast as a hash.
 constexpr qsizetype longestPlainList = 16;
 
-// Room for this many is made at once.
-constexpr qsizetype usualCount = 4;
-
 } // namespace
 
 AttributeMap::AttributeMap(std::initializer_list<Entry> entries)
@@ -20,43 +17,40 @@ AttributeMap::AttributeMap(std::initializer_list<Entry> entries)
         insert(entry.name, entry.value);
 }
 
-qsizetype AttributeMap::position(const Data &data, const QString &name)
+const AttributeMap::Entry *AttributeMap::entryOf(const Data &data, const AttributeName &name)
 {
-    if (data.entries.size() > longestPlainList)
-        return data.index.value(name, -1);
-    for (qsizetype i = 0; i < data.entries.size(); ++i) {
-        if (data.entries.at(i).name == name)
-            return i;
+    if (data.entries.size() > longestPlainList) {
+        const auto place = data.index.constFind(name);
+        return place == data.index.cend() ? nullptr : &data.entries.at(*place);
     }
-    return -1;
+    for (const Entry &entry : data.entries) {
+        if (entry.name == name)
+            return &entry;
+    }
+    return nullptr;
 }
 
-const QString *AttributeMap::find(const QString &name) const
+const QString *AttributeMap::find(const AttributeName &name) const
 {
-    if (!d)
-        return nullptr;
-    const qsizetype i = position(*d, name);
-    return i < 0 ? nullptr : &d->entries.at(i).value;
+    const Entry *entry = d ? entryOf(*d, name) : nullptr;
+    return entry ? &entry->value : nullptr;
 }
 
-QString AttributeMap::value(const QString &name) const
+QString AttributeMap::value(const AttributeName &name) const
 {
     const QString *found = find(name);
     return found ? *found : QString();
 }
 
-void AttributeMap::insert(const QString &name, const QString &value)
+void AttributeMap::insert(const AttributeName &name, const QString &value)
 {
     // A null value would read like a missing name.
     const QString stored = value.isNull() ? QStringLiteral("") : value;
-    if (!d) {
+    if (!d)
         d = new Data;
-        d->entries.reserve(usualCount);
-    }
-    const qsizetype i = position(*std::as_const(d), name);
     Data &data = *d;
-    if (i >= 0) {
-        data.entries[i].value = stored;
+    if (const Entry *entry = entryOf(data, name)) {
+        data.entries[entry - data.entries.cbegin()].value = stored;
         return;
     }
     data.entries.append({name, stored});

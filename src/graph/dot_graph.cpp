@@ -18,6 +18,11 @@ bool isCheckpoint(const DotSubgraph *subgraph)
     return subgraph->depth % checkpointDistance == checkpointDistance - 1;
 }
 
+QString copyOf(const QString *text)
+{
+    return text ? *text : QString();
+}
+
 } // namespace
 
 DotGraph::DotGraph()
@@ -26,26 +31,25 @@ DotGraph::DotGraph()
 
     const Palette &palette = Palette::instance();
     const QString all;
-    declareAttribute(rootSubgraph, u"bgcolor"_s, u"none"_s, u"graph"_s);
-    declareAttribute(rootSubgraph, u"fillcolor"_s, palette.background(), u"node,graph"_s);
-    declareAttribute(rootSubgraph, u"fontcolor"_s, palette.foreground(), all);
-    declareAttribute(rootSubgraph, u"color"_s, palette.foreground(), u"node,edge"_s);
-    declareAttribute(rootSubgraph, u"fontname"_s, palette.fontName(), all);
-    declareAttribute(rootSubgraph, u"fontsize"_s, palette.fontSize(), all);
-    declareAttribute(rootSubgraph, u"label"_s, palette.none(), u"node,graph,edge"_s);
-    declareAttribute(rootSubgraph, u"style"_s, u"filled"_s, u"node"_s);
+    declareAttribute(rootSubgraph, "bgcolor"_attribute, u"none"_s, u"graph"_s);
+    declareAttribute(rootSubgraph, "fillcolor"_attribute, palette.background(), u"node,graph"_s);
+    declareAttribute(rootSubgraph, "fontcolor"_attribute, palette.foreground(), all);
+    declareAttribute(rootSubgraph, "color"_attribute, palette.foreground(), u"node,edge"_s);
+    declareAttribute(rootSubgraph, "fontname"_attribute, palette.fontName(), all);
+    declareAttribute(rootSubgraph, "fontsize"_attribute, palette.fontSize(), all);
+    declareAttribute(rootSubgraph, "label"_attribute, palette.none(), u"node,graph,edge"_s);
+    declareAttribute(rootSubgraph, "style"_attribute, u"filled"_s, u"node"_s);
 }
 
 DotGraph::~DotGraph() = default;
 
-// Registers a record under its id, or under the next automatic one, and returns that id.
+// Gives a record its id, or the next automatic one, under which it is found from then on.
 template <typename Record>
-QString DotGraph::takeId(const QString &id, QLatin1StringView prefix,
-                         QHash<QString, Record *> &registry, Record *record)
+void DotGraph::enter(Record *record, const QString &id, QLatin1StringView prefix,
+                     IdIndex<Record> &records)
 {
-    const QString taken = id.isEmpty() ? prefix + QString::number(++idCounter) : id;
-    registry.insert(taken, record);
-    return taken;
+    record->id = id.isEmpty() ? prefix + QString::number(++idCounter) : id;
+    records.insert(record);
 }
 
 // Two strides of the same length behind each other become one of twice the length and one step.
@@ -64,7 +68,7 @@ DotSubgraph *DotGraph::addSubgraph(DotSubgraph *parent, const QString &id, QLati
     subgraph->parent = parent;
     subgraph->depth = parent->depth + 1;
     subgraph->shortcut = shortcutBelow(parent);
-    subgraph->id = takeId(id, prefix, subgraphsById, subgraph);
+    enter(subgraph, id, prefix, subgraphsById);
     parent->subgraphs.append(subgraph);
     return subgraph;
 }
@@ -78,7 +82,7 @@ DotSubgraph *DotGraph::createCluster(DotSubgraph *parent, const QString &label, 
 {
     DotSubgraph *cluster = addSubgraph(parent, id, "cluster_"_L1);
     if (!label.isEmpty())
-        setGraphAttribute(cluster, u"label"_s, label);
+        setGraphAttribute(cluster, "label"_attribute, label);
     return cluster;
 }
 
@@ -86,10 +90,10 @@ DotNode *DotGraph::createNode(DotSubgraph *owner, const QString &label, const QS
 {
     DotNode *node = &nodes.emplace_back();
     node->owner = owner;
-    node->id = takeId(id, "__N"_L1, nodesById, node);
+    enter(node, id, "__N"_L1, nodesById);
     owner->nodes.append(node);
     if (!label.isEmpty())
-        setNodeAttribute(node, u"label"_s, label);
+        setNodeAttribute(node, "label"_attribute, label);
     return node;
 }
 
@@ -104,7 +108,7 @@ DotEdge *DotGraph::createEdge(DotNode *tail, DotNode *head, const QString &label
     if (!rings.isEmpty())
         addToRing(edge);
     if (!label.isEmpty())
-        setEdgeAttribute(edge, u"label"_s, label);
+        setEdgeAttribute(edge, "label"_attribute, label);
     return edge;
 }
 
@@ -143,28 +147,29 @@ void DotGraph::addToRing(DotEdge *edge)
         ring.edges.insert(ring.oldest++, edge);
 }
 
-void DotGraph::setGraphAttribute(DotSubgraph *subgraph, const QString &name, const QString &value)
+void DotGraph::setGraphAttribute(DotSubgraph *subgraph, const AttributeName &name,
+                                 const QString &value)
 {
     subgraph->attributes.insert(name, value);
     graphMemo.remove(name);
 }
 
-void DotGraph::setNodeAttribute(DotNode *node, const QString &name, const QString &value)
+void DotGraph::setNodeAttribute(DotNode *node, const AttributeName &name, const QString &value)
 {
     node->attributes.insert(name, value);
 }
 
-void DotGraph::setEdgeAttribute(DotEdge *edge, const QString &name, const QString &value)
+void DotGraph::setEdgeAttribute(DotEdge *edge, const AttributeName &name, const QString &value)
 {
     edge->attributes.insert(name, value);
 }
 
-void DotGraph::declareAttribute(DotSubgraph *subgraph, const QString &name, const QString &value,
-                                const QString &kinds)
+void DotGraph::declareAttribute(DotSubgraph *subgraph, const AttributeName &name,
+                                const QString &value, const QString &kinds)
 {
     QString reached = kinds;
     if (kinds.isNull()) {
-        if (name == "htmllabels"_L1)
+        if (name == "htmllabels"_attribute)
             htmlLabelsOn = value == "on"_L1;
         else
             reached = u"graph,node,edge"_s;
@@ -183,15 +188,15 @@ void DotGraph::declareAttribute(DotSubgraph *subgraph, const QString &name, cons
 
 void DotGraph::setUserData(DotObject *object, const QVariant &data)
 {
-    object->userData = data;
+    object->userData = std::make_unique<QVariant>(data);
 }
 
 QVariant DotGraph::userData(const DotObject *object)
 {
-    return object ? object->userData : QVariant();
+    return object && object->userData ? *object->userData : QVariant();
 }
 
-const QString *DotGraph::inherited(const DotSubgraph *start, const QString &name,
+const QString *DotGraph::inherited(const DotSubgraph *start, const AttributeName &name,
                                    AttributeMap DotSubgraph::*map, InheritanceMemo &memo) const
 {
     QList<const DotSubgraph *> passed; // checkpoints that knew nothing yet
@@ -216,34 +221,46 @@ const QString *DotGraph::inherited(const DotSubgraph *start, const QString &name
     return holder ? (holder->*map).find(name) : nullptr;
 }
 
-QString DotGraph::graphAttribute(const DotSubgraph *subgraph, const QString &name) const
+const QString *DotGraph::findAttribute(const DotSubgraph *subgraph, const AttributeName &name) const
 {
-    const QString *value = inherited(subgraph, name, &DotSubgraph::attributes, graphMemo);
-    return value ? *value : QString();
+    return inherited(subgraph, name, &DotSubgraph::attributes, graphMemo);
 }
 
-QString DotGraph::nodeDefault(const DotSubgraph *subgraph, const QString &name) const
-{
-    const QString *value = inherited(subgraph, name, &DotSubgraph::nodeDefaults, nodeMemo);
-    return value ? *value : QString();
-}
-
-QString DotGraph::edgeDefault(const DotSubgraph *subgraph, const QString &name) const
-{
-    const QString *value = inherited(subgraph, name, &DotSubgraph::edgeDefaults, edgeMemo);
-    return value ? *value : QString();
-}
-
-QString DotGraph::nodeAttribute(const DotNode *node, const QString &name) const
+const QString *DotGraph::findAttribute(const DotNode *node, const AttributeName &name) const
 {
     const QString *own = node->attributes.find(name);
-    return own ? *own : nodeDefault(node->owner, name);
+    return own ? own : inherited(node->owner, name, &DotSubgraph::nodeDefaults, nodeMemo);
 }
 
-QString DotGraph::edgeAttribute(const DotEdge *edge, const QString &name) const
+const QString *DotGraph::findAttribute(const DotEdge *edge, const AttributeName &name) const
 {
     const QString *own = edge->attributes.find(name);
-    return own ? *own : edgeDefault(edge->common, name);
+    return own ? own : inherited(edge->common, name, &DotSubgraph::edgeDefaults, edgeMemo);
+}
+
+QString DotGraph::graphAttribute(const DotSubgraph *subgraph, const AttributeName &name) const
+{
+    return copyOf(findAttribute(subgraph, name));
+}
+
+QString DotGraph::nodeAttribute(const DotNode *node, const AttributeName &name) const
+{
+    return copyOf(findAttribute(node, name));
+}
+
+QString DotGraph::edgeAttribute(const DotEdge *edge, const AttributeName &name) const
+{
+    return copyOf(findAttribute(edge, name));
+}
+
+QString DotGraph::nodeDefault(const DotSubgraph *subgraph, const AttributeName &name) const
+{
+    return copyOf(inherited(subgraph, name, &DotSubgraph::nodeDefaults, nodeMemo));
+}
+
+QString DotGraph::edgeDefault(const DotSubgraph *subgraph, const AttributeName &name) const
+{
+    return copyOf(inherited(subgraph, name, &DotSubgraph::edgeDefaults, edgeMemo));
 }
 
 DotSubgraph *DotGraph::commonSubgraph(DotSubgraph *a, DotSubgraph *b)
@@ -302,12 +319,12 @@ DotEdge *DotGraph::takeEdge(DotNode *tail, DotNode *head)
 
 QList<DotNode *> DotGraph::allNodes() const
 {
-    return nodesById.values();
+    return nodesById.records();
 }
 
 QList<DotSubgraph *> DotGraph::allSubgraphs() const
 {
-    return subgraphsById.values();
+    return subgraphsById.records();
 }
 
 } // namespace ORR::Graph

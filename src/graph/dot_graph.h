@@ -1,6 +1,7 @@
 #pragma once
 
 #include "graph/attribute_map.h"
+#include "graph/id_index.h"
 
 #include <QHash>
 #include <QList>
@@ -9,6 +10,7 @@
 #include <QVariant>
 
 #include <deque>
+#include <memory>
 #include <utility>
 
 namespace ORR::Graph {
@@ -21,7 +23,10 @@ struct DotSubgraph;
 struct DotObject
 {
     AttributeMap attributes; // its own ones, without defaults
-    QVariant userData; // free for callers
+
+private:
+    friend class DotGraph;
+    std::unique_ptr<QVariant> userData; // hardly any object has one
 };
 
 // A subgraph; a cluster is told from a plain subgraph only by its id. Once attributes have been
@@ -89,8 +94,8 @@ public:
     bool htmlLabels() const { return htmlLabelsOn; }
 
     // The last object created under an id, or null.
-    DotNode *findNode(const QString &id) const { return nodesById.value(id); }
-    DotSubgraph *findSubgraph(const QString &id) const { return subgraphsById.value(id); }
+    DotNode *findNode(QStringView id) const { return nodesById.find(id); }
+    DotSubgraph *findSubgraph(QStringView id) const { return subgraphsById.find(id); }
 
     // Creation. An empty id becomes an automatic one ("__G1", "cluster_1", "__N1"; one counter for
     // all kinds); a label that isn't empty is stored as "label". An id that exists already is not
@@ -103,13 +108,13 @@ public:
     DotEdge *createEdge(DotNode *tail, DotNode *head, const QString &label);
 
     // Insert or replace an object's own attribute.
-    void setGraphAttribute(DotSubgraph *subgraph, const QString &name, const QString &value);
-    void setNodeAttribute(DotNode *node, const QString &name, const QString &value);
-    void setEdgeAttribute(DotEdge *edge, const QString &name, const QString &value);
+    void setGraphAttribute(DotSubgraph *subgraph, const AttributeName &name, const QString &value);
+    void setNodeAttribute(DotNode *node, const AttributeName &name, const QString &value);
+    void setEdgeAttribute(DotEdge *edge, const AttributeName &name, const QString &value);
 
     // Declares a default for the kinds of object named in `kinds` ("graph", "node", "edge", in any
     // mixture; a null text means all). With null kinds "htmllabels" only sets the flag.
-    void declareAttribute(DotSubgraph *subgraph, const QString &name, const QString &value,
+    void declareAttribute(DotSubgraph *subgraph, const AttributeName &name, const QString &value,
                           const QString &kinds);
 
     static void setUserData(DotObject *object, const QVariant &data);
@@ -118,11 +123,31 @@ public:
     // Lookups with inheritance, over the maps as they are now: own attributes first, then for a
     // subgraph the attributes of its ancestors, for a node the node defaults of its owner and
     // upward, for an edge the edge defaults of the common subgraph of its ends and upward.
-    QString graphAttribute(const DotSubgraph *subgraph, const QString &name) const;
-    QString nodeAttribute(const DotNode *node, const QString &name) const;
-    QString edgeAttribute(const DotEdge *edge, const QString &name) const;
-    QString nodeDefault(const DotSubgraph *subgraph, const QString &name) const;
-    QString edgeDefault(const DotSubgraph *subgraph, const QString &name) const;
+    QString graphAttribute(const DotSubgraph *subgraph, const AttributeName &name) const;
+    QString nodeAttribute(const DotNode *node, const AttributeName &name) const;
+    QString edgeAttribute(const DotEdge *edge, const AttributeName &name) const;
+    QString nodeDefault(const DotSubgraph *subgraph, const AttributeName &name) const;
+    QString edgeDefault(const DotSubgraph *subgraph, const AttributeName &name) const;
+
+    // The same lookups by the kind of the object, without a copy: null where the attribute is
+    // defined nowhere, otherwise valid until a map changes.
+    const QString *findAttribute(const DotSubgraph *subgraph, const AttributeName &name) const;
+    const QString *findAttribute(const DotNode *node, const AttributeName &name) const;
+    const QString *findAttribute(const DotEdge *edge, const AttributeName &name) const;
+
+    // Inserts or replaces an own attribute of the object, of whatever kind.
+    void setAttribute(DotSubgraph *subgraph, const AttributeName &name, const QString &value)
+    {
+        setGraphAttribute(subgraph, name, value);
+    }
+    void setAttribute(DotNode *node, const AttributeName &name, const QString &value)
+    {
+        setNodeAttribute(node, name, value);
+    }
+    void setAttribute(DotEdge *edge, const AttributeName &name, const QString &value)
+    {
+        setEdgeAttribute(edge, name, value);
+    }
 
     // The lowest common ancestor; the other one if one is null; null if there is none. The number
     // of steps grows with the logarithm of the depth: each subgraph has a shortcut besides its
@@ -154,17 +179,17 @@ private:
     };
     // Where an inherited attribute was found, for one subgraph in `checkpointDistance` levels: a
     // lookup from any depth then ends after that many steps.
-    using InheritanceMemo = QHash<QString, QHash<const DotSubgraph *, const DotSubgraph *>>;
+    using InheritanceMemo = QHash<AttributeName, QHash<const DotSubgraph *, const DotSubgraph *>>;
 
     template <typename Record>
-    QString takeId(const QString &id, QLatin1StringView prefix, QHash<QString, Record *> &registry,
-                   Record *record);
+    void enter(Record *record, const QString &id, QLatin1StringView prefix,
+               IdIndex<Record> &records);
     static DotSubgraph *shortcutBelow(DotSubgraph *parent);
     DotSubgraph *addSubgraph(DotSubgraph *parent, const QString &id, QLatin1StringView prefix);
     void linkAsNewest(DotEdge *edge);
     static void unlink(DotEdge *edge);
     void addToRing(DotEdge *edge);
-    const QString *inherited(const DotSubgraph *start, const QString &name,
+    const QString *inherited(const DotSubgraph *start, const AttributeName &name,
                              AttributeMap DotSubgraph::*map, InheritanceMemo &memo) const;
 
     // Freed from the last to the first: edges, nodes, subgraphs, the root.
@@ -175,9 +200,9 @@ private:
 
     DotSubgraph *rootSubgraph = &rootRecord;
     int idCounter = 0;
-    QHash<QString, DotSubgraph *> subgraphsById;
+    IdIndex<DotSubgraph> subgraphsById;
     QMultiHash<const DotNode *, DotNode *> inNeighbours; // empty until `predecessor` is asked
-    QHash<QString, DotNode *> nodesById;
+    IdIndex<DotNode> nodesById;
     QHash<std::pair<DotNode *, DotNode *>, EdgeRing> rings; // empty until `takeEdge` is asked
     bool htmlLabelsOn = false;
     mutable InheritanceMemo graphMemo;

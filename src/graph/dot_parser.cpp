@@ -2,11 +2,22 @@
 
 #include "graph/dot_tokenizer.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace ORR::Graph {
 
 namespace {
+
+// Values repeat: colours, sizes and words of a vocabulary stand at thousands of objects. A short
+// one is looked for among the last that were read, and shares the text of the one that it equals.
+constexpr size_t recentCount = 1024;
+constexpr qsizetype longestShared = 16;
+
+bool isPlain(QByteArrayView bytes)
+{
+    return std::all_of(bytes.begin(), bytes.end(), [](char c) { return c >= 0; });
+}
 
 class DotParser
 {
@@ -23,8 +34,9 @@ private:
     void parseObject();
     void parseAttributes(AttributeMap &target);
     QString takeIdentifier();
-    QString attributeName(QByteArrayView bytes);
-    DotNode *nodeNamed(const QString &id);
+    QString takeValue();
+    AttributeName takeName();
+    DotNode *takeNode();
 
     void expect(DotToken kind) const
     {
@@ -47,7 +59,9 @@ private:
     DotTokenizer tokens;
     std::unique_ptr<DotGraph> graph = std::make_unique<DotGraph>();
     DotSubgraph *current = graph->root(); // the innermost open subgraph
-    QHash<QByteArray, QString> attributeNames; // one text for all maps that use a name
+    QHash<QByteArray, AttributeName> names; // those met so far
+    QList<QString> recentValues = QList<QString>(recentCount);
+    QString nodeId; // room that one id after the other is read into
 };
 
 std::unique_ptr<DotGraph> DotParser::parse()
@@ -114,13 +128,13 @@ void DotParser::closeSubgraph()
 
 void DotParser::parseObject()
 {
-    DotNode *node = nodeNamed(takeIdentifier());
+    DotNode *node = takeNode();
     if (!takeIf(DotToken::Arrow)) {
         parseAttributes(node->attributes);
         return;
     }
     expect(DotToken::Identifier);
-    DotNode *head = nodeNamed(takeIdentifier());
+    DotNode *head = takeNode();
     parseAttributes(graph->createEdge(node, head, QString())->attributes);
 }
 
@@ -128,17 +142,14 @@ void DotParser::parseAttributes(AttributeMap &target)
 {
     if (!takeIf(DotToken::OpenBracket))
         return;
-    AttributeMap attributes;
     while (!takeIf(DotToken::CloseBracket)) {
         expect(DotToken::Identifier);
-        const QString name = attributeName(tokens.text());
-        tokens.next();
+        const AttributeName name = takeName();
         take(DotToken::Equals);
         expect(DotToken::Identifier);
-        attributes.insert(name, takeIdentifier());
+        target.insert(name, takeValue());
         takeIf(DotToken::Comma);
     }
-    mergeAttributes(target, attributes);
 }
 
 QString DotParser::takeIdentifier()
@@ -148,21 +159,43 @@ QString DotParser::takeIdentifier()
     return text;
 }
 
-QString DotParser::attributeName(QByteArrayView bytes)
+QString DotParser::takeValue()
 {
-    const auto known =
-        attributeNames.constFind(QByteArray::fromRawData(bytes.data(), bytes.size()));
-    if (known != attributeNames.cend())
-        return *known;
-    const QString name = QString::fromUtf8(bytes);
-    attributeNames.insert(bytes.toByteArray(), name);
-    return name;
+    const QByteArrayView bytes = tokens.text();
+    if (bytes.isEmpty() || bytes.size() > longestShared || !isPlain(bytes))
+        return takeIdentifier();
+    QString &recent = recentValues[qsizetype(qHash(bytes) % recentCount)];
+    if (recent != QLatin1StringView(bytes))
+        recent = QString::fromLatin1(bytes);
+    tokens.next();
+    return recent;
 }
 
-DotNode *DotParser::nodeNamed(const QString &id)
+AttributeName DotParser::takeName()
 {
-    DotNode *node = graph->findNode(id);
-    return node ? node : graph->createNode(current, QString(), id);
+    const QByteArrayView bytes = tokens.text();
+    auto known = names.constFind(QByteArray::fromRawData(bytes.data(), bytes.size()));
+    if (known == names.cend())
+        known = names.insert(bytes.toByteArray(), QString::fromUtf8(bytes));
+    tokens.next();
+    return *known;
+}
+
+// The node of the next id, made if it is the first time.
+DotNode *DotParser::takeNode()
+{
+    const QByteArrayView bytes = tokens.text();
+    if (isPlain(bytes)) {
+        nodeId.resize(bytes.size());
+        std::copy(bytes.begin(), bytes.end(), nodeId.begin());
+    } else {
+        nodeId = QString::fromUtf8(bytes);
+    }
+    tokens.next();
+    DotNode *node = graph->findNode(nodeId);
+    if (node)
+        return node;
+    return graph->createNode(current, {}, QString(nodeId.constData(), nodeId.size()));
 }
 
 } // namespace

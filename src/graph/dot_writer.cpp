@@ -96,7 +96,7 @@ void writeStatement(int depth, const QString &name, const AttributeMap &attribut
     auto separator = " ["_L1;
     for (const AttributeMap::Entry &entry : attributes) {
         const QString value = plainLabels ? plainLabelText(entry.value) : entry.value;
-        stream << separator << entry.name << "=\""_L1 << quotedValue(value) << u'"';
+        stream << separator << entry.name.text() << "=\""_L1 << quotedValue(value) << u'"';
         separator = ", "_L1;
     }
     if (!attributes.isEmpty())

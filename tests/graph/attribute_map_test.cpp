@@ -11,7 +11,7 @@ QStringList names(const AttributeMap &map)
 {
     QStringList list;
     for (const AttributeMap::Entry &entry : map)
-        list += entry.name;
+        list += entry.name.text();
     return list;
 }
 

@@ -16,7 +16,7 @@ QString namesOf(const AttributeMap &attributes)
 {
     QStringList names;
     for (const auto &entry : attributes)
-        names += entry.name;
+        names += entry.name.text();
     names.sort();
     return names.join(u' ');
 }
