@@ -1,5 +1,6 @@
 #include "device/graph_style.h"
 
+#include "attributes/paint_attributes.h"
 #include "device/ellipse.h"
 #include "device/text_image.h"
 #include "graph/numbers.h"
@@ -13,15 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString colorName = u"color"_s;
-const QString fillColorName = u"fillcolor"_s;
-const QString fontColorName = u"fontcolor"_s;
-const QString fontFamilyName = u"fontname"_s;
-const QString fontSizeName = u"fontsize"_s;
-const QString gradientAngleName = u"gradientAngle"_s;
-const QString labelName = u"label"_s;
-const QString penWidthName = u"penwidth"_s;
-const QString styleName = u"style"_s;
+namespace Rows = PaintAttributes;
 
 // Below this width or height an area is too small to show a gradient.
 constexpr double smallestGradient = 2.0;
@@ -80,28 +73,29 @@ Device::Color *GraphStyle::paint(const QString &spec, const QString &style, cons
     return device->radialGradient(focus, 1.0, centre, diagonal * 0.5, names, offsets);
 }
 
+// Style and angle are looked up for a gradient only: most fills are none.
+template <typename Object>
+Device::Color *GraphStyle::fill(const QString &spec, const Object *object,
+                                const QRectF *bounds) const
+{
+    return spec.contains(u';') ? paint(spec, Rows::style.text(graph, object),
+                                       Rows::gradientAngle.text(graph, object), bounds)
+                               : paint(spec, {}, {}, bounds);
+}
+
 Device::Color *GraphStyle::clusterFill(const DotSubgraph *subgraph, const QRectF *bounds) const
 {
-    const QString spec = clusterAttribute(subgraph, fillColorName);
-    return spec.contains(u';') ? paint(spec, clusterAttribute(subgraph, styleName),
-                                       clusterAttribute(subgraph, gradientAngleName), bounds)
-                               : paint(spec, {}, {}, bounds);
+    return fill(Rows::fillColor.of(graph, subgraph), subgraph, bounds);
 }
 
 Device::Color *GraphStyle::edgeFill(const DotEdge *edge, const QRectF *bounds) const
 {
-    const QString spec = edgeAttribute(edge, colorName);
-    return spec.contains(u';') ? paint(spec, edgeAttribute(edge, styleName),
-                                       edgeAttribute(edge, gradientAngleName), bounds)
-                               : paint(spec, {}, {}, bounds);
+    return fill(Rows::color.of(graph, edge), edge, bounds);
 }
 
 Device::Color *GraphStyle::nodeFill(const DotNode *node, const QRectF *bounds) const
 {
-    const QString spec = nodeAttribute(node, fillColorName);
-    return spec.contains(u';') ? paint(spec, nodeAttribute(node, styleName),
-                                       nodeAttribute(node, gradientAngleName), bounds)
-                               : paint(spec, {}, {}, bounds);
+    return fill(Rows::fillColor.of(graph, node), node, bounds);
 }
 
 Device::Font *GraphStyle::fontFor(const QString &family, const QString &size) const
@@ -112,20 +106,25 @@ Device::Font *GraphStyle::fontFor(const QString &family, const QString &size) co
     return device->defaultFont();
 }
 
+template <typename Object>
+Device::Font *GraphStyle::font(const Object *object) const
+{
+    return fontFor(Rows::fontName.of(graph, object), Rows::fontSize.text(graph, object));
+}
+
 Device::Font *GraphStyle::clusterFont(const DotSubgraph *subgraph) const
 {
-    return fontFor(clusterAttribute(subgraph, fontFamilyName),
-                   clusterAttribute(subgraph, fontSizeName));
+    return font(subgraph);
 }
 
 Device::Font *GraphStyle::edgeFont(const DotEdge *edge) const
 {
-    return fontFor(edgeAttribute(edge, fontFamilyName), edgeAttribute(edge, fontSizeName));
+    return font(edge);
 }
 
 Device::Font *GraphStyle::nodeFont(const DotNode *node) const
 {
-    return fontFor(nodeAttribute(node, fontFamilyName), nodeAttribute(node, fontSizeName));
+    return font(node);
 }
 
 Device::Pen *GraphStyle::penFor(const QString &color, const QString &style,
@@ -139,45 +138,44 @@ Device::Pen *GraphStyle::penFor(const QString &color, const QString &style,
 
 Device::Pen *GraphStyle::clusterPen(const DotSubgraph *subgraph) const
 {
-    return penFor(clusterAttribute(subgraph, colorName), clusterAttribute(subgraph, styleName),
-                  clusterAttribute(subgraph, penWidthName));
+    return penFor(Rows::color.of(graph, subgraph), Rows::style.text(graph, subgraph),
+                  Rows::penWidth.text(graph, subgraph));
 }
 
 Device::Pen *GraphStyle::edgePen(const DotEdge *edge, bool plain) const
 {
-    return penFor(edgeAttribute(edge, colorName),
-                  plain ? QString() : edgeAttribute(edge, styleName),
-                  edgeAttribute(edge, penWidthName));
+    return penFor(Rows::color.of(graph, edge), plain ? QString() : Rows::style.text(graph, edge),
+                  Rows::penWidth.text(graph, edge));
 }
 
 Device::Pen *GraphStyle::nodePen(const DotNode *node) const
 {
-    return penFor(nodeAttribute(node, colorName), nodeAttribute(node, styleName),
-                  nodeAttribute(node, penWidthName));
+    return penFor(Rows::color.of(graph, node), Rows::style.text(graph, node),
+                  Rows::penWidth.text(graph, node));
+}
+
+template <typename Object>
+TextBlock GraphStyle::labelOf(const Object *object) const
+{
+    const QString label = Rows::label.of(graph, object);
+    if (label.isEmpty())
+        return {};
+    return textBlock(label, font(object), Rows::fontColor.of(graph, object));
 }
 
 TextBlock GraphStyle::clusterLabel(const DotSubgraph *subgraph) const
 {
-    const QString label = clusterAttribute(subgraph, labelName);
-    if (label.isEmpty())
-        return {};
-    return textBlock(label, clusterFont(subgraph), clusterAttribute(subgraph, fontColorName));
+    return labelOf(subgraph);
 }
 
 TextBlock GraphStyle::edgeLabel(const DotEdge *edge) const
 {
-    const QString label = edgeAttribute(edge, labelName);
-    if (label.isEmpty())
-        return {};
-    return textBlock(label, edgeFont(edge), edgeAttribute(edge, fontColorName));
+    return labelOf(edge);
 }
 
 TextBlock GraphStyle::nodeLabel(const DotNode *node) const
 {
-    const QString label = nodeAttribute(node, labelName);
-    if (label.isEmpty())
-        return {};
-    return textBlock(label, nodeFont(node), nodeAttribute(node, fontColorName));
+    return labelOf(node);
 }
 
 TextBlock GraphStyle::textBlock(const QString &string, Device::Font *font,
@@ -214,21 +212,6 @@ TextBlock GraphStyle::textBlock(const QString &string, Device::Font *font,
         height += qint64(TextImage::fontLeading(font)) * (block.lines.size() - 1);
     block.height = saturated(height);
     return block;
-}
-
-QString GraphStyle::clusterAttribute(const DotSubgraph *subgraph, const QString &name) const
-{
-    return graph->graphAttribute(subgraph, name);
-}
-
-QString GraphStyle::edgeAttribute(const DotEdge *edge, const QString &name) const
-{
-    return graph->edgeAttribute(edge, name);
-}
-
-QString GraphStyle::nodeAttribute(const DotNode *node, const QString &name) const
-{
-    return graph->nodeAttribute(node, name);
 }
 
 } // namespace ORR::Graph

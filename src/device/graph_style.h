@@ -8,19 +8,9 @@
 
 namespace ORR::Graph {
 
-// Turns the DOT attributes of graph objects into a device's paint values: engines never read paint
-// attributes themselves. A plain pair of graph and device, neither of them owned.
-//
-//   attribute      of                        meaning, default
-//   color          pens; an edge's fill      colour spec, black
-//   fillcolor      fill of nodes, clusters   colour spec, no fill
-//   style          fill, pen                 holds "radial", "dashed", "dotted"
-//   gradientAngle  fill                      degrees, 0
-//   penwidth       pen                       whole points, 1
-//   fontname       label                     family, default font
-//   fontsize       label                     points, default font
-//   fontcolor      label                     colour string, black
-//   label          label                     text with the escapes \n, \l and \r
+// Turns the DOT attributes of graph objects into a device's paint values, by the rows of
+// paint_attributes.h: engines never read paint attributes themselves. A plain pair of graph and
+// device, neither of them owned.
 //
 // A colour spec is a colour string, or several of them with ";" between: a gradient through them,
 // where the area that it is to fill is known and not tiny, and otherwise the first of them. Nothing
@@ -60,11 +50,14 @@ public:
     // line feed is a \n. A backslash behind another one escapes nothing.
     TextBlock textBlock(const QString &text, Device::Font *font, const QString &color) const;
 
-    QString clusterAttribute(const DotSubgraph *subgraph, const QString &name) const;
-    QString edgeAttribute(const DotEdge *edge, const QString &name) const;
-    QString nodeAttribute(const DotNode *node, const QString &name) const;
-
 private:
+    template <typename Object>
+    Device::Color *fill(const QString &spec, const Object *object, const QRectF *bounds) const;
+    template <typename Object>
+    Device::Font *font(const Object *object) const;
+    template <typename Object>
+    TextBlock labelOf(const Object *object) const;
+
     DotGraph *graph;
     Device *device;
 };

@@ -1,23 +1,18 @@
 #include "layout/charts/chart_items.h"
 
-#include "graph/attribute_values.h"
 #include "graph/numbers.h"
 #include "graph/subgraph_walk.h"
+#include "layout/charts/chart_attributes.h"
 
 #include <algorithm>
 
 namespace ORR::Graph::Layout {
 
 using namespace Qt::StringLiterals;
+using ChartAttributes::area;
+using ChartAttributes::totalArea;
 
 namespace {
-
-const QString areaName = u"area"_s;
-
-double nodeArea(const DotGraph *graph, const DotNode *node)
-{
-    return numberFrom(graph->nodeAttribute(node, areaName));
-}
 
 // A strict weak order over all doubles: a plain "<" is none as soon as one of them is no number.
 bool smallerArea(const ChartItem &a, const ChartItem &b)
@@ -59,8 +54,8 @@ double sumArea(DotGraph *graph, DotSubgraph *subgraph)
             // The nodes come after the children: a sum of doubles depends on its order.
             double total = totals.takeLast();
             for (const DotNode *node : std::as_const(done->nodes))
-                total += nodeArea(graph, node);
-            graph->setGraphAttribute(done, areaName, numberText(total));
+                total += area.of(graph, node);
+            totalArea.setNumber(graph, done, total);
             totals.last() += total;
         });
     return totals.constFirst();
@@ -71,9 +66,9 @@ QList<ChartItem> chartItems(const DotGraph *graph, const DotSubgraph *subgraph, 
     QList<ChartItem> items;
     items.reserve(subgraph->subgraphs.size() + subgraph->nodes.size());
     for (DotSubgraph *child : subgraph->subgraphs)
-        items.append({child, nullptr, numberFrom(graph->graphAttribute(child, areaName))});
+        items.append({child, nullptr, totalArea.inheritedNumber(graph, child)});
     for (DotNode *node : subgraph->nodes)
-        items.append({nullptr, node, nodeArea(graph, node)});
+        items.append({nullptr, node, area.of(graph, node)});
     if (ascending)
         std::stable_sort(items.begin(), items.end(), smallerArea);
     else

@@ -1,11 +1,13 @@
 #include "layout/charts/treemap.h"
 
+#include "attributes/paint_attributes.h"
 #include "device/graph_style.h"
 #include "device/text_image.h"
-#include "graph/attribute_values.h"
+#include "graph/numbers.h"
 #include "layout/charts/chart_items.h"
 #include "layout/charts/chart_legend.h"
-#include "layout/charts/squarify.h"
+#include "layout/charts/treemap_attributes.h"
+#include "layout/charts/treemap_tiling.h"
 
 #include <QMarginsF>
 
@@ -17,43 +19,24 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString areaName = u"area"_s;
-const QString heightName = u"height"_s;
-const QString labelName = u"label"_s;
-const QString marginName = u"margin"_s;
-const QString widthName = u"width"_s;
-const QString xName = u"x"_s;
-const QString yName = u"y"_s;
+namespace Rows = TreemapAttributes;
 
 const QString defaultWidth = u"640"_s;
 const QString defaultHeight = u"480"_s;
 constexpr double defaultMargin = 5.0;
-constexpr double smallestCell = 4.0; // square points
 
-// The members of one subgraph with their cells, and the member that is to be painted next.
-struct Level
-{
-    QList<ChartItem> items;
-    QList<QRectF> cells;
-    qsizetype next = 0;
-    DotSubgraph *subgraph = nullptr; // to be ended behind its members; null for the root
-};
-
-class Painter
+// Draws the cells of a tiling with their labels.
+class CellPainter
 {
 public:
-    explicit Painter(const LayoutContext &context)
-        : graph(context.graph), device(context.device), style(context.graph, context.device)
+    CellPainter(const LayoutContext &context, const GraphStyle &graphStyle)
+        : graph(context.graph), device(context.device), style(graphStyle)
     {
     }
 
-    QString paint();
+    void paint(TreemapTiling tiling);
 
 private:
-    void setDefault(const QString &name, const QString &value);
-    QMarginsF margins(const DotSubgraph *subgraph) const;
-    Level tiled(DotSubgraph *subgraph, const QRectF &rect) const;
-    void paintLevels(const QRectF &rect);
     void paintNode(DotNode *node, const QRectF &cell);
     bool mayHoldLabel(const QRectF &cell, const DotNode *node);
     QRectF paintSubgraph(DotSubgraph *subgraph, const QRectF &cell);
@@ -61,7 +44,7 @@ private:
 
     DotGraph *graph;
     Device *device;
-    GraphStyle style;
+    const GraphStyle &style;
     const Device::Font *lastFont = nullptr;
     int lastLineHeight = 0; // of `lastFont`
 };
@@ -78,91 +61,28 @@ double centred(double start, double room, double size)
     return start + (room - size) * 0.5;
 }
 
-QString Painter::paint()
+QMarginsF margins(const DotGraph *graph, const DotSubgraph *subgraph)
 {
-    DotSubgraph *root = graph->root();
-    sumArea(graph, root);
-    setDefault(widthName, defaultWidth);
-    setDefault(heightName, defaultHeight);
-    graph->setGraphAttribute(root, xName, u"0"_s);
-    graph->setGraphAttribute(root, yName, u"0"_s);
-    QRect rect = chartRect(0, 0, truncated(numberFrom(graph->graphAttribute(root, widthName))),
-                           truncated(numberFrom(graph->graphAttribute(root, heightName))));
-
-    DotSubgraph *legend = findLegend(root);
-    const QSize size = placeLegend(graph, rect, legend, style);
-    device->begin(size.width(), size.height());
-    paintLevels(QRectF(rect));
-    drawLegend(device, graph, style, legend);
-    return device->end();
-}
-
-void Painter::setDefault(const QString &name, const QString &value)
-{
-    DotSubgraph *root = graph->root();
-    if (!root->attributes.contains(name))
-        graph->setGraphAttribute(root, name, value);
-}
-
-QMarginsF Painter::margins(const DotSubgraph *subgraph) const
-{
-    const QString text = graph->graphAttribute(subgraph, marginName);
-    if (text.isEmpty())
+    const QString *text = Rows::margin.find(graph, subgraph);
+    if (!text || text->isEmpty())
         return {defaultMargin, defaultMargin, defaultMargin, defaultMargin};
-    const NumberPair pair = numberPairFrom(text);
+    const NumberPair pair = Rows::margin.of(graph, subgraph);
     return {pair.first, pair.last, pair.first, pair.last};
 }
 
-// What of a subgraph is large enough to be drawn, and where.
-Level Painter::tiled(DotSubgraph *subgraph, const QRectF &rect) const
+void CellPainter::paint(TreemapTiling tiling)
 {
-    Level level;
-    if (!rect.isValid())
-        return level;
-    level.items = chartItems(graph, subgraph, false);
-    double total = numberFrom(graph->graphAttribute(subgraph, areaName));
-    const double room = rect.width() * rect.height();
-    // Whatever is left out raises the share of the others. A share that is not a number, as of a
-    // total of zero, counts as too small.
-    qsizetype kept = level.items.size();
-    for (; kept > 0; --kept) {
-        const double smallest = level.items.at(kept - 1).area;
-        if (room * smallest / total >= smallestCell)
+    while (const auto step = tiling.next()) {
+        switch (step->kind) {
+        case TreemapTiling::Step::Node:
+            paintNode(step->item.node, step->cell);
             break;
-        total -= smallest;
-    }
-    level.items.resize(kept);
-
-    QList<double> values;
-    values.reserve(kept);
-    for (const ChartItem &item : std::as_const(level.items))
-        values.append(room * item.area / total);
-    level.cells = squarify(values, rect);
-    return level;
-}
-
-void Painter::paintLevels(const QRectF &rect)
-{
-    QList<Level> open{tiled(graph->root(), rect)};
-    while (!open.isEmpty()) {
-        Level &level = open.last();
-        if (level.next == level.items.size()) {
-            if (level.subgraph)
-                device->endCluster();
-            open.removeLast();
-            continue;
-        }
-        const QRectF cell = level.cells.at(level.next);
-        const ChartItem item = level.items.at(level.next++);
-        if (!cell.isValid())
-            continue;
-        if (item.node) {
-            paintNode(item.node, cell);
-        } else {
-            const QRectF inner = paintSubgraph(item.subgraph, cell);
-            Level members = tiled(item.subgraph, inner);
-            members.subgraph = item.subgraph;
-            open.append(std::move(members));
+        case TreemapTiling::Step::Subgraph:
+            tiling.enter(step->item.subgraph, paintSubgraph(step->item.subgraph, step->cell));
+            break;
+        case TreemapTiling::Step::End:
+            device->endCluster();
+            break;
         }
     }
 }
@@ -170,12 +90,12 @@ void Painter::paintLevels(const QRectF &rect)
 // Whether it is worth measuring the node's label. Most cells of a large map are lower than a line
 // of text, and measuring all the labels would take longer than all the rest. No text is less high
 // than a blank, unless another font with smaller letters lends it all of its glyphs.
-bool Painter::mayHoldLabel(const QRectF &cell, const DotNode *node)
+bool CellPainter::mayHoldLabel(const QRectF &cell, const DotNode *node)
 {
-    const QString label = style.nodeAttribute(node, labelName);
-    if (label.isEmpty())
+    const QString *label = PaintAttributes::label.find(graph, node);
+    if (!label || label->isEmpty())
         return false;
-    if (!isPlainLatin(label))
+    if (!isPlainLatin(*label))
         return true;
     const Device::Font *font = style.nodeFont(node);
     if (font != lastFont) {
@@ -185,7 +105,7 @@ bool Painter::mayHoldLabel(const QRectF &cell, const DotNode *node)
     return lastLineHeight < cell.height();
 }
 
-void Painter::paintNode(DotNode *node, const QRectF &cell)
+void CellPainter::paintNode(DotNode *node, const QRectF &cell)
 {
     device->beginNode(node);
     drawCell(cell, style.nodePen(node), style.nodeFill(node, &cell));
@@ -202,34 +122,57 @@ void Painter::paintNode(DotNode *node, const QRectF &cell)
 
 // Begins the subgraph's object and paints its own cell. Returns the room for its members, from
 // which its label is taken whether or not it was drawn.
-QRectF Painter::paintSubgraph(DotSubgraph *subgraph, const QRectF &cell)
+QRectF CellPainter::paintSubgraph(DotSubgraph *subgraph, const QRectF &cell)
 {
     device->beginCluster(subgraph, true);
     drawCell(cell, style.clusterPen(subgraph), style.clusterFill(subgraph, &cell));
-    QMarginsF inner = margins(subgraph);
+    const QMarginsF inner = margins(graph, subgraph);
     const TextBlock label = style.clusterLabel(subgraph);
-    if (!label.isEmpty()) {
-        if (label.width < cell.width() && label.height < cell.height() - inner.top())
-            TextBlock::draw(label,
-                            {rounded(centred(cell.x(), cell.width(), label.width)),
-                             rounded(cell.y() + inner.top() * 0.5)},
-                            device);
-        inner.setTop(inner.top() + label.height);
-    }
-    return cell.marginsRemoved(inner);
+    if (!label.isEmpty() && label.width < cell.width()
+        && label.height < cell.height() - inner.top())
+        TextBlock::draw(label,
+                        {rounded(centred(cell.x(), cell.width(), label.width)),
+                         rounded(cell.y() + inner.top() * 0.5)},
+                        device);
+    return roomForMembers(cell, inner, label.height);
 }
 
-void Painter::drawCell(const QRectF &cell, Device::Pen *pen, Device::Color *fill)
+void CellPainter::drawCell(const QRectF &cell, Device::Pen *pen, Device::Color *fill)
 {
     device->drawRect({rounded(cell.left()), rounded(cell.top())},
                      {rounded(cell.right()), rounded(cell.bottom())}, 0, pen, fill);
+}
+
+// The page: what the input says of its size, written where it says nothing.
+QRect chartOf(DotGraph *graph)
+{
+    DotSubgraph *root = graph->root();
+    if (!Rows::width.isGiven(graph, root))
+        Rows::usedWidth.setText(graph, root, defaultWidth);
+    if (!Rows::height.isGiven(graph, root))
+        Rows::usedHeight.setText(graph, root, defaultHeight);
+    Rows::x.setInteger(graph, root, 0);
+    Rows::y.setInteger(graph, root, 0);
+    return chartRect(0, 0, truncated(Rows::usedWidth.number(root)),
+                     truncated(Rows::usedHeight.number(root)));
 }
 
 } // namespace
 
 QString Treemap::run(const LayoutContext &context)
 {
-    return Painter(context).paint();
+    const auto [graph, device] = context;
+    DotSubgraph *root = graph->root();
+    sumArea(graph, root);
+    QRect rect = chartOf(graph);
+
+    const GraphStyle style(graph, device);
+    DotSubgraph *legend = findLegend(root);
+    const QSize size = placeLegend(graph, rect, legend, style);
+    device->begin(size.width(), size.height());
+    CellPainter(context, style).paint(TreemapTiling(graph, root, QRectF(rect)));
+    drawLegend(device, graph, style, legend);
+    return device->end();
 }
 
 } // namespace ORR::Graph::Layout

@@ -63,7 +63,7 @@ GraflibPainter::GraflibPainter(DotGraph *dotGraph, Device *drawingDevice)
 
     if (device->supportsExpanders()) {
         Device::Color *color =
-            device->color(style.clusterAttribute(graph->root(), Names::expandColor));
+            device->color(graph->graphAttribute(graph->root(), Names::expandColor));
         Device::Font *font = device->font(expanderFont, fontSize, -1);
         const QSize glyph =
             TextImage::textSize(device->text(QString(QChar(expanderGlyph)), font, color), false);
@@ -149,7 +149,7 @@ void GraflibPainter::drawExpander(const NodeBox &box, int fontSize) const
     else
         y = box.y1 - expanderOverlap;
 
-    const QString color = style.clusterAttribute(graph->root(), Names::expandColor);
+    const QString color = graph->graphAttribute(graph->root(), Names::expandColor);
     Device::Font *font = device->font(expanderFont, fontSize, -1);
     device->drawRichText(QPoint(rounded(x), rounded(y)),
                          device->text(expanderHtml(color), font, device->color(color)));
