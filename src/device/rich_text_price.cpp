@@ -13,23 +13,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 stepsPerTag = 8;
-constexpr qint64 stepsPerCell = 16;
-constexpr qint64 stepsPerRareCharacter = 5;
-constexpr qint64 stepsPerFont = 60;
-constexpr qint64 stepsPerGridPlace = 8;
-constexpr qint64 itemsPerStep = 100; // items before a list item, pictures before a picture
-constexpr qint64 pictureCharactersPerStep = 100;
-constexpr qint64 pixelsPerStep = 50;
-constexpr qint64 sheetCharactersPerStep = 64;
-constexpr qint64 levelsPerSheet = 16; // so many make a sheet twice as dear
-
 class PriceCount
 {
 public:
     void add(const MarkupPiece &piece);
 
-    qint64 steps() const { return sum + gridPlaces() * stepsPerGridPlace; }
+    qint64 steps() const { return sum + gridPlaces() * Limits::stepsPerGridPlace; }
     qint64 gridPlaces() const { return elements.gridPlaces(); }
     qint64 ofPictures() const { return sumOfPictures; }
     qint64 charactersOfPictures() const { return pictureCharacters; }
@@ -62,7 +51,7 @@ qint64 largestNumber(const MarkupPiece &tag, QLatin1StringView name)
         if (attribute == name)
             largest = std::max(largest, value.toLongLong());
     }
-    return std::min(largest, qint64(1) << 31);
+    return std::min(largest, Limits::longestSpan);
 }
 
 void PriceCount::add(const MarkupPiece &piece)
@@ -75,12 +64,12 @@ void PriceCount::add(const MarkupPiece &piece)
         addTag(piece);
         break;
     case MarkupPiece::Close:
-        sum += stepsPerTag * elements.passes();
+        sum += Limits::stepsPerTag * elements.passes();
         elements.close(piece.name);
         isWithinSheet = false;
         break;
     case MarkupPiece::Declaration:
-        sum += stepsPerTag;
+        sum += Limits::stepsPerTag;
         break;
     }
 }
@@ -90,7 +79,7 @@ qint64 textSteps(QStringView text)
     qint64 steps = 0;
     for (const QChar c : text) {
         const bool isPlain = c >= u' ' && c <= u'~' && c != u'&';
-        steps += isPlain ? 1 : stepsPerRareCharacter;
+        steps += isPlain ? 1 : Limits::stepsPerRareCharacter;
     }
     return steps;
 }
@@ -105,15 +94,15 @@ void PriceCount::addText(QStringView text)
 void PriceCount::addTag(const MarkupPiece &tag)
 {
     elements.open(tag.name, largestNumber(tag, "colspan"_L1), largestNumber(tag, "rowspan"_L1));
-    qint64 steps = stepsPerTag + attributeSteps(tag);
-    steps += sheetCharacters * (levelsPerSheet + elements.depth()) / levelsPerSheet
-        / sheetCharactersPerStep;
+    qint64 steps = Limits::stepsPerTag + attributeSteps(tag);
+    steps += sheetCharacters * (Limits::levelsPerSheet + elements.depth()) / Limits::levelsPerSheet
+        / Limits::sheetCharactersPerStep;
     if (tag.name == "td"_L1 || tag.name == "th"_L1)
-        steps += stepsPerCell;
+        steps += Limits::stepsPerCell;
     if (tag.name == "li"_L1)
-        steps += ++listItems / itemsPerStep;
+        steps += ++listItems / Limits::itemsPerStep;
     if (tag.name == "img"_L1) {
-        steps += ++pictures / itemsPerStep;
+        steps += ++pictures / Limits::itemsPerStep;
         for (const auto &[name, value] : tag.attributes)
             addPicture(value);
     }
@@ -128,9 +117,9 @@ qint64 PriceCount::attributeSteps(const MarkupPiece &tag) const
     qint64 steps = 0;
     for (const auto &[name, value] : tag.attributes) {
         const bool isPicture = isPictureAddress(value);
-        steps += name.size() + value.size() / (isPicture ? pictureCharactersPerStep : 1);
+        steps += name.size() + value.size() / (isPicture ? Limits::pictureCharactersPerStep : 1);
         if (name == "style"_L1 || name == "face"_L1 || name == "size"_L1)
-            steps += stepsPerFont;
+            steps += Limits::stepsPerFont;
     }
     return steps;
 }
@@ -139,7 +128,7 @@ void PriceCount::addPicture(const QString &address)
 {
     if (!isPictureAddress(address))
         return;
-    const qint64 steps = picturePixels(address) / pixelsPerStep * elements.passes();
+    const qint64 steps = picturePixels(address) / Limits::pixelsPerStep * elements.passes();
     sum += steps;
     sumOfPictures += steps;
     pictureCharacters += address.size();
