@@ -1,8 +1,7 @@
 #include "graph/dot_parser.h"
 
 #include "graph/dot_tokenizer.h"
-
-#include <limits>
+#include "graph/limits.h"
 
 namespace ORR::Graph {
 
@@ -169,7 +168,7 @@ DotNode *DotParser::nodeNamed(const QString &id)
 
 std::unique_ptr<DotGraph> parseDot(const QByteArray &input)
 {
-    if (input.size() > std::numeric_limits<qint32>::max())
+    if (input.size() > Limits::longestInput)
         return nullptr;
     try {
         return DotParser(input).parse();
