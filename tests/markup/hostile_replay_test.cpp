@@ -12,6 +12,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// With the margin of the replay.
+constexpr QSize pageSize(98, 98);
+
 // All objects that may have ops.
 QByteArray finished(const QByteArray &settings)
 {
@@ -35,6 +38,9 @@ void expectText(With with, bool isShown)
         const QByteArray plain = with(harmlessText(text));
         for (const auto format : allFormats()) {
             const Drawing drawing = expectSameStructure(format, {}, hostile, plain);
+            if (isPicture(format)) {
+                EXPECT_EQ(drawing.size, pageSize);
+            }
             const bool isXdot = format == Driver::DriverFormat::XDot;
             if (isShown && !isPicture(format)) {
                 EXPECT_TRUE(

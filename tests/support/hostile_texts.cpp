@@ -27,8 +27,7 @@ const QByteArrayList &hostileTexts()
         "x'/onload='e()'/><svg/onload=e()>&quot;/onload=&#34;e()",
         "x]]>--><!DOCTYPE a[<!ENTITY b 'c'>]><?d?>&amp;&#60;e&#62;&b;&f<![CDATA[",
         "x\"=RUNADDON(\"y\")&GUARD(\"\")\")+RUN(1)&\"=1+1",
-        "x\x1b[31m\x07\x01\x7f\xc2\x9b"
-        "2Jy\xc2\x85",
+        "x\x1b[31m\x07\x01\x7f\xc2\x9b[2Jy\xc2\x85",
         "x\xff\xfe\"/><g\xc3>\xed\xa0\x80\xf8\x88\x80&lt\xe2\x28;/>",
         "x\xe2\x80\xae\xe2\x81\xa6>\"=/<\xe2\x80\x8f\xef\xbb\xbf\xef\xbf\xbf\xe2\x80\xa8y",
     };

@@ -127,6 +127,8 @@ QByteArrayList oddTexts()
             "a\nb",
             "T 9 9 0 9 3 -abc",
             "9 -9 --9",
+            "[red",
+            "(9 9)",
             "-",
             "\"",
             "\"];} }",
