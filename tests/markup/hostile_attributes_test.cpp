@@ -3,8 +3,8 @@
 #include "graph/dot_parser.h"
 #include "graph/subgraph_walk.h"
 #include "markup/drawing.h"
+#include "support/breaking_texts.h"
 #include "support/golden.h"
-#include "support/hostile_texts.h"
 
 #include <QDir>
 #include <QSet>
@@ -176,7 +176,7 @@ TEST(HostileStrings, in_all_that_an_engine_paints_stay_text)
 {
     for (const Vocabulary &vocabulary : vocabularies) {
         for (const QByteArray &graph : graphsOf(vocabulary)) {
-            for (const QByteArray &text : hostileTexts()) {
+            for (const QByteArray &text : breakingTexts()) {
                 const QByteArray hostile = painted(graph, text);
                 const QByteArray plain = painted(graph, harmlessText(text));
                 for (const Driver::DriverFormat format : allFormats()) {
@@ -195,7 +195,7 @@ TEST(HostileStrings, in_all_that_an_engine_paints_stay_text)
 // device, so that SVG meets all of it and the other formats take turns.
 TEST(HostileStrings, in_numbers_and_words_are_like_any_other_that_is_none)
 {
-    const QByteArrayList &texts = hostileTexts();
+    const QByteArrayList &texts = breakingTexts();
     qsizetype turn = 0;
     for (const Vocabulary &vocabulary : vocabularies) {
         const Driver::LayoutIndex layout = layoutOf(vocabulary);

@@ -4,8 +4,8 @@
 #include "graph/dot_parser.h"
 #include "graph/subgraph_walk.h"
 #include "markup/drawing.h"
+#include "support/breaking_texts.h"
 #include "support/golden.h"
-#include "support/hostile_texts.h"
 
 #include <QTemporaryDir>
 
@@ -76,7 +76,7 @@ TEST(HostileStrings, in_ids_leave_no_trace_but_in_xdot)
         for (const auto format : {Jpg, Png, Svg, Vsdx, Vdx}) {
             const Drawing expected = drawingOf(format, layout, graphFor(layout, "x"));
             EXPECT_TRUE(isPicture(format) || expected.reading.drawn > 1);
-            for (const QByteArray &text : hostileTexts())
+            for (const QByteArray &text : breakingTexts())
                 EXPECT_EQ(fileOf(format, layout, graphFor(layout, text)).bytes, expected.bytes)
                     << Driver::layoutTable().at(i).name.data() << ' ' << text.toStdString();
         }
@@ -90,7 +90,7 @@ TEST(HostileStrings, in_ids_without_quotes_come_back_from_xdot)
         const QStringList plain =
             idsOf(fileOf(Driver::DriverFormat::XDot, layout, graphFor(layout, "x")).bytes);
         EXPECT_GT(plain.size(), 2);
-        for (const QByteArray &text : hostileTexts()) {
+        for (const QByteArray &text : breakingTexts()) {
             const QByteArray id = asPlainId(text);
             const QByteArray xdot =
                 fileOf(Driver::DriverFormat::XDot, layout, graphFor(layout, id)).bytes;
@@ -108,7 +108,7 @@ TEST(HostileStrings, in_ids_without_quotes_come_back_from_xdot)
 TEST(HostileStrings, in_ids_with_quotes_stand_in_xdot_as_they_are)
 {
     for (size_t i = 0; i < Driver::layoutTable().size(); ++i) {
-        for (const QByteArray &text : hostileTexts()) {
+        for (const QByteArray &text : breakingTexts()) {
             const auto layout = Driver::LayoutIndex(i);
             const QByteArray xdot =
                 fileOf(Driver::DriverFormat::XDot, layout, graphFor(layout, text)).bytes;

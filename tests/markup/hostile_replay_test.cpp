@@ -1,7 +1,7 @@
 // Hostile texts in every op and setting of a finished drawing, in all formats.
 #include "markup/drawing.h"
+#include "support/breaking_texts.h"
 #include "support/golden.h"
-#include "support/hostile_texts.h"
 
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -33,7 +33,7 @@ QByteArray counted(const QByteArray &text)
 template <typename With>
 void expectText(With with, bool isShown)
 {
-    for (const QByteArray &text : hostileTexts()) {
+    for (const QByteArray &text : breakingTexts()) {
         const QByteArray hostile = with(text);
         const QByteArray plain = with(harmlessText(text));
         for (const auto format : allFormats()) {

@@ -6,8 +6,8 @@
 #include "graph/subgraph_walk.h"
 #include "output/svg_rich_text.h"
 #include "output/xdot.h"
+#include "support/breaking_texts.h"
 #include "support/golden.h"
-#include "support/hostile_texts.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -115,7 +115,7 @@ class WrittenTexts : public testing::TestWithParam<Input>
 // Texts of all kinds but those that end in a backslash, which no quoted value can.
 QByteArrayList oddTexts()
 {
-    return hostileTexts()
+    return breakingTexts()
         + QByteArrayList{
             "D\xc3\xa9j\xc3\xa0 Vu",
             "\xe6\x97\xa5\xe6\x9c\xac\xe8\xaa\x9e \xf0\x9f\x90\x88",

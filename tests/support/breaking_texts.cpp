@@ -1,4 +1,4 @@
-#include "support/hostile_texts.h"
+#include "support/breaking_texts.h"
 
 #include <QRegularExpression>
 
@@ -20,7 +20,7 @@ std::optional<GraphElement> elementOf(const QByteArray &head, int depth)
 
 } // namespace
 
-const QByteArrayList &hostileTexts()
+const QByteArrayList &breakingTexts()
 {
     static const QByteArrayList texts{
         "x\"/><script>alert(1)</script><g onload=\"e()\" a=\"",

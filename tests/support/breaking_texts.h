@@ -9,7 +9,7 @@
 
 // Each begins with a letter, so that none is a number, a word that an engine knows or has an escape
 // of a label. One of them is no UTF-8.
-const QByteArrayList &hostileTexts();
+const QByteArrayList &breakingTexts();
 
 // A text of as many characters that means nothing to any reader.
 QByteArray harmlessText(const QByteArray &hostile);
