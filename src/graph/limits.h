@@ -117,7 +117,7 @@ inline constexpr qsizetype largestPicture = 1 << 20;
 
 // Pixels of one picture, which take 4 bytes each in memory: an icon has some thousands, and a
 // drawing of this size fills a screen.
-inline constexpr qint64 mostPicturePixels = 1600 * 1200;
+inline constexpr qint64 mostPicturePixels = qint64(1600) * 1200;
 
 // Passes over a JPEG. A progressive one has about ten; each costs time for the whole picture,
 // although an empty one takes a few bytes.

@@ -2,6 +2,7 @@
 
 #include "graph/dot_writer.h"
 #include "graph/numbers.h"
+#include "graph/subgraph_walk.h"
 #include "output/output_file.h"
 #include "output/xdot_path.h"
 #include "output/xdot_text.h"
@@ -38,6 +39,18 @@ QRect textBox(QPoint topLeft, QSize size)
     return box;
 }
 
+// The replay refuses an edge without an attribute list. The label says nothing that the default
+// does not say.
+void giveEveryEdgeAttributes(DotSubgraph *root)
+{
+    for (const DotSubgraph *subgraph : subgraphsInPreorder(root)) {
+        for (DotEdge *edge : subgraph->edges) {
+            if (edge->attributes.isEmpty())
+                edge->attributes.insert(u"label"_s, u""_s);
+        }
+    }
+}
+
 // The area that an ellipse counts for: as wide and as high as its radii. It is deliberately not
 // twice that, although the ellipse is.
 QRect ellipseBox(QPoint centre, int rx, int ry)
@@ -70,6 +83,7 @@ void XDot::begin(int width, int pageHeight)
 
 QString XDot::end()
 {
+    giveEveryEdgeAttributes(graph->root());
     QString text;
     QTextStream stream(&text);
     writeDot(graph->root(), stream, false);
