@@ -30,7 +30,7 @@ release: packages
 release-tests asan-tests: %-tests: packages
 	cmake --preset $* $(SETTINGS)
 	cmake --build --preset $*
-	ctest --preset $*
+	ctest --preset $* -j "$$(nproc)"
 
 # One after the other: each build takes the whole machine.
 asan-tests: release-tests
