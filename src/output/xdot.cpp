@@ -2,6 +2,7 @@
 
 #include "graph/dot_writer.h"
 #include "graph/numbers.h"
+#include "graph/subgraph_walk.h"
 #include "output/output_file.h"
 #include "output/xdot_path.h"
 #include "output/xdot_text.h"
@@ -52,6 +53,17 @@ QRect ellipseBox(QPoint centre, int rx, int ry)
     return box;
 }
 
+// Behind an edge the replay wants a list of attributes. One that drew nothing has none.
+void giveEachEdgeAList(DotGraph *graph)
+{
+    for (const DotSubgraph *subgraph : subgraphsInPreorder(graph->root())) {
+        for (DotEdge *edge : subgraph->edges) {
+            if (edge->attributes.isEmpty())
+                graph->setEdgeAttribute(edge, u"label"_s, {});
+        }
+    }
+}
+
 } // namespace
 
 XDot::XDot(const QString &outputFile)
@@ -70,6 +82,7 @@ void XDot::begin(int width, int pageHeight)
 
 QString XDot::end()
 {
+    giveEachEdgeAList(graph.get());
     QString text;
     QTextStream stream(&text);
     writeDot(graph->root(), stream, false);
