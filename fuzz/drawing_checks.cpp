@@ -181,7 +181,8 @@ QByteArray withPageInFront(QByteArray svg)
 void checkPackage(const QByteArray &package)
 {
     const QMap<QString, QByteArray> parts = packageParts(package);
-    require(parts.size() == partCount, "all parts of a package");
+    require(parts.size() == partCount && parts.contains(u"visio/pages/page1.xml"_s),
+            "all parts of a package");
     for (const QByteArray &part : parts)
         checkXml(part, vsdxElements, checkVisioAttribute);
 }

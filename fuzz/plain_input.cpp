@@ -1,5 +1,6 @@
 #include "plain_input.h"
 
+#include "device/markup_reader.h"
 #include "graph/subgraph_walk.h"
 
 #include <QSet>
@@ -23,7 +24,7 @@ bool isBareId(const QString &id)
 
 bool isPlain(const QByteArray &text, const DotGraph &graph)
 {
-    if (text.contains('\\') || text.contains("&#"))
+    if (withResolvedEntities(QString::fromUtf8(text)).contains(u'\\'))
         return false;
     const auto isFine = [](const DotSubgraph *subgraph) {
         return !subgraph->id.contains(u'"')

@@ -10,6 +10,6 @@
 // - an id of a node that is no unquoted identifier: empty, with white space, one of `, ; = ] }`, a
 //   dash, quote or opening bracket in front, or one of the four keywords
 // - an id of a subgraph with a quote
-// - a backslash, or a number of a character in HTML, which may be one: at the end of an id or a
-//   value it swallows the closing quote, and the end of a value is wherever an op or a line is cut
+// - a backslash, also by its number in HTML: at the end of an id or a value it swallows the closing
+//   quote, and a value ends wherever an op or a line is cut
 bool isPlain(const QByteArray &text, const ORR::Graph::DotGraph &graph);
