@@ -70,9 +70,9 @@ TEST(MarkupReader, takes_what_the_toolkit_takes)
 
 TEST(MarkupReader, entities_are_resolved_where_they_can_be_markup)
 {
-    EXPECT_EQ(
-        withResolvedEntities(u"&lt;&#60;&#x3C;&#X3c;&amp;lt;&quot;&eacute;&; & &#xx;&#99999999;"_s),
-        "<<<<&lt;\"&eacute;&; & &#xx;&#99999999;");
+    EXPECT_EQ(withResolvedEntities(
+                  u"&lt;&#60;&#x3C;&#X3c;&amp;lt;&quot;&eacute;&; & &#xx;&#99999999;&#0;&#x00;"_s),
+              "<<<<&lt;\"&eacute;&; & &#xx;&#99999999;&#0;&#x00;");
 }
 
 TEST(RichTextPrice, texts_that_are_meant_well_are_affordable)

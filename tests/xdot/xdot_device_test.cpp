@@ -1,5 +1,6 @@
 #include "output/xdot.h"
 
+#include "device/xdot_render.h"
 #include "graph/dot_parser.h"
 #include "output/xdot_path.h"
 #include "output/xdot_text.h"
@@ -566,6 +567,19 @@ TEST_F(XDotDrawing, parallel_edges_are_written_each)
     }
     write();
     EXPECT_EQ(bytes.count("n -> n [label=\"\"];"), 2);
+}
+
+TEST_F(XDotDrawing, an_edge_that_draws_nothing_has_an_empty_label_and_is_replayed)
+{
+    DotEdge *edge = graph.createEdge(node, node, {});
+    device.endNode();
+    device.beginEdge(edge);
+    device.connect(edge, node, node);
+    device.endEdge();
+    write();
+    EXPECT_TRUE(bytes.contains("\n  n -> n [label=\"\"];\n")) << bytes.toStdString();
+    XDot again(folder.filePath(u"again.xdot"_s));
+    EXPECT_EQ(Graphviz::XDotRender(&again, written.get()).render(bytes), u""_s);
 }
 
 TEST_F(XDotDrawing, an_object_that_is_still_open_is_not_in_the_file)
