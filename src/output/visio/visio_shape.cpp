@@ -3,6 +3,7 @@
 #include "device/text_image.h"
 #include "output/visio/visio_cells.h"
 #include "output/visio/visio_geometry_section.h"
+#include "output/xml_text.h"
 
 namespace ORR::Graph {
 
@@ -74,11 +75,12 @@ void VisioShape::addText(QPoint topLeft, const Device::Text *text)
         body.open("Section", {{"N", "Character"}});
         body.open("Row", {{"IX", "0"}});
         // The value is the family itself; the formula looks up its number in the document.
-        body.empty(
-            "Cell",
-            {{"N", "Font"},
-             {"V", visioAttributeText(font->family())},
-             {"F", visioAttributeText(u"FONTOID(\""_s + visioQuoted(font->family()) + u"\")"_s)}});
+        body.empty("Cell",
+                   {{"N", "Font"},
+                    {"V", xmlEscaped(font->family(), XmlForm::DocumentAttribute)},
+                    {"F",
+                     xmlEscaped(u"FONTOID(\""_s + visioQuoted(font->family()) + u"\")"_s,
+                                XmlForm::DocumentAttribute)}});
         colorCell(body, "Color", "ColorTrans", text->color());
         numberCell(body, "Size", font->size() - 1);
         plainCell(body, "Style", characterStyle(font->style()));
@@ -249,7 +251,7 @@ void VisioShape::writeText(const VisioFrame &place)
     numberCell(body, "TxtLocPinX", width * 0.5, "TxtWidth*0.5");
     numberCell(body, "TxtLocPinY", height * 0.5, "TxtHeight*0.5");
     rawCell(body, "TxtAngle", -place.angle(), "-Angle");
-    body.text("Text", {}, visioContentText(texts.join(u'\n')));
+    body.text("Text", {}, xmlEscaped(texts.join(u'\n'), XmlForm::DocumentText));
 }
 
 void VisioShape::writeGeometry(const VisioFrame &place)

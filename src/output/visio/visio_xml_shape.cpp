@@ -2,6 +2,7 @@
 
 #include "device/color_value.h"
 #include "device/text_image.h"
+#include "output/xml_text.h"
 
 namespace ORR::Graph {
 
@@ -89,7 +90,7 @@ void VisioXMLShape::finish(int pageHeight)
     writeLine();
     writeCharacter();
     place.writeGeometry(element.body, geometry.allRows());
-    element.body.text("Text", {}, visioContentText(texts.join(u'\n')));
+    element.body.text("Text", {}, xmlEscaped(texts.join(u'\n'), XmlForm::DocumentText));
     if (shapeKind == Cluster)
         writeUser();
     knownFrame = place;
@@ -266,7 +267,8 @@ void VisioXMLShape::writeCharacter()
     body.open("Char", {{"IX", "0"}});
     if (font) {
         const QString formula = u"FONTTOID(\""_s + visioQuoted(font->family()) + u"\")"_s;
-        formulaCell(body, "Font", visioAttributeText(formula), visioContentText(font->family()));
+        formulaCell(body, "Font", xmlEscaped(formula, XmlForm::DocumentAttribute),
+                    xmlEscaped(font->family(), XmlForm::DocumentText));
         colorCell(body, "Color", "ColorTrans", fontColor);
         valueCell(body, "Style", QByteArray::number(font->style()));
         valueCell(body, "Size", visioInches(font->size()));
