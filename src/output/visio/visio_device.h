@@ -55,7 +55,6 @@ protected:
 
     // The number of the next sheet.
     int takeId() { return nextId++; }
-    void setPageHeight(int height) { pageHeight = height; }
     // Finishes what is open, and ties the containers.
     void finishShapes();
     // Drops all shapes and connections.
@@ -74,7 +73,7 @@ protected:
     QString fileName;
     std::vector<PageShape> pageShapes;
     VisioMarkup connects;
-    int pageHeight = 0;
+    int pageHeight = 0; // in points, from the beginning of the drawing on
 
 private:
     struct Ends

@@ -87,7 +87,7 @@ void VisioVSDX::begin(int width, int height)
         shapes = parts[pagePart].createElement(u"Shapes"_s);
         root.appendChild(shapes);
     }
-    setPageHeight(height);
+    pageHeight = height;
 }
 
 QString VisioVSDX::end()

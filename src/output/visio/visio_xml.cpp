@@ -36,7 +36,7 @@ void VisioXML::begin(int width, int height)
     if (pageId < 0)
         pageId = takeId();
     pageWidth = width;
-    setPageHeight(height);
+    pageHeight = height;
 }
 
 QString VisioXML::end()
