@@ -92,6 +92,7 @@ void VisioShape::writeEnds(int pageHeight)
     VisioMarkup markup(cellDepth());
     cells.writeEnds(markup, onPage(VisioEnd::Begin), onPage(VisioEnd::Finish), glued);
     element.ends.content = markup.markup();
+    glued = {};
 }
 
 void VisioShape::tie(const QByteArray &entries, bool isContainer)

@@ -55,8 +55,8 @@ public:
     int connectionIndex(QPointF devicePoint, int pageHeight);
     // Glues an end of an edge by the formula.
     void glue(VisioEnd end, const QByteArray &formula);
-    // Writes both ends of an edge, glued or not. One without rows has them in the corner of the
-    // page.
+    // Writes both ends of an edge, glued or not, and forgets the formulas. One without rows has
+    // them in the corner of the page.
     void writeEnds(int pageHeight);
     bool hasWrittenEnds() const { return !element.ends.content.isEmpty(); }
 
@@ -89,7 +89,7 @@ private:
     std::optional<VisioFrame> knownFrame;
     int connectionCount = 0;
     QHash<std::pair<double, double>, int> connectionPoints; // by place on the page, if shared
-    std::array<QByteArray, 2> glued; // the formulas by end; empty if not glued
+    std::array<QByteArray, 2> glued; // the formulas by end, until they are written
 };
 
 } // namespace ORR::Graph
