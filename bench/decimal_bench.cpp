@@ -107,9 +107,9 @@ void readToolkit(benchmark::State &state)
     forEachText(state, [](const QByteArray &text) { return text.toDouble(); });
 }
 
-void storeOurs(benchmark::State &state)
+void throughTextOurs(benchmark::State &state)
 {
-    forEachCoordinate(state, storedNumber);
+    forEachCoordinate(state, numberThroughText);
 }
 
 } // namespace
@@ -122,6 +122,6 @@ BENCHMARK(textToolkit);
 BENCHMARK(readOurs);
 BENCHMARK(readStandard);
 BENCHMARK(readToolkit);
-BENCHMARK(storeOurs);
+BENCHMARK(throughTextOurs);
 
 BENCHMARK_MAIN();

@@ -176,7 +176,7 @@ double numberFrom(QByteArrayView text)
     return ok ? value : QString::fromUtf8(text).toDouble();
 }
 
-double storedNumber(double value)
+double numberThroughText(double value)
 {
     const std::optional<SixDigits> number = sixDigits(std::fabs(value));
     if (!number)

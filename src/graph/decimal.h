@@ -34,6 +34,6 @@ double numberFrom(QStringView text);
 double numberFrom(QByteArrayView text);
 
 // The number that comes back when a value is stored in an attribute: that of `numberText`.
-double storedNumber(double value);
+double numberThroughText(double value);
 
 } // namespace ORR::Graph

@@ -200,13 +200,13 @@ TEST(Decimal, bytes_read_as_texts_do)
 
 TEST(Decimal, a_stored_number_is_what_its_text_reads)
 {
-    EXPECT_EQ(storedNumber(123.4567891), 123.457);
-    EXPECT_EQ(storedNumber(999999.6), 1000000.0);
-    EXPECT_EQ(storedNumber(1234567.0), 1234570.0);
-    EXPECT_TRUE(std::isnan(storedNumber(std::nan(""))));
+    EXPECT_EQ(numberThroughText(123.4567891), 123.457);
+    EXPECT_EQ(numberThroughText(999999.6), 1000000.0);
+    EXPECT_EQ(numberThroughText(1234567.0), 1234570.0);
+    EXPECT_TRUE(std::isnan(numberThroughText(std::nan(""))));
     const auto same = [](double value) {
-        return bits(storedNumber(value)) == bits(expected(value).toDouble())
-            && bits(storedNumber(-value)) == bits(expected(-value).toDouble());
+        return bits(numberThroughText(value)) == bits(expected(value).toDouble())
+            && bits(numberThroughText(-value)) == bits(expected(-value).toDouble());
     };
     for (const double value : edges) {
         if (std::isfinite(value) && value != 0.0) {
