@@ -21,27 +21,8 @@ private:
     void closeSubgraph();
     void parseObject();
     void parseAttributes(AttributeMap &target);
-    QString takeIdentifier();
     QString attributeName(QByteArrayView bytes);
     DotNode *nodeNamed(const QString &id);
-
-    void expect(DotToken kind) const
-    {
-        if (tokens.kind() != kind)
-            throw DotParseError;
-    }
-    void take(DotToken kind)
-    {
-        expect(kind);
-        tokens.next();
-    }
-    bool takeIf(DotToken kind)
-    {
-        if (tokens.kind() != kind)
-            return false;
-        tokens.next();
-        return true;
-    }
 
     DotTokenizer tokens;
     std::unique_ptr<DotGraph> graph = std::make_unique<DotGraph>();
@@ -51,14 +32,10 @@ private:
 
 std::unique_ptr<DotGraph> DotParser::parse()
 {
-    expect(DotToken::Identifier);
-    if (tokens.text() != QByteArrayView("digraph"))
-        throw DotParseError;
-    tokens.next();
-    takeIf(DotToken::Identifier);
-    take(DotToken::OpenBrace);
+    tokens.takeGraphHead();
+    tokens.take(DotToken::OpenBrace);
     parseBody();
-    expect(DotToken::End);
+    tokens.expect(DotToken::End);
     return std::move(graph);
 }
 
@@ -76,7 +53,7 @@ void DotParser::parseBody()
 
 void DotParser::parseStatement()
 {
-    expect(DotToken::Identifier);
+    tokens.expect(DotToken::Identifier);
     const QByteArrayView word = tokens.text();
     if (word == QByteArrayView("subgraph")) {
         openSubgraph();
@@ -92,15 +69,15 @@ void DotParser::parseStatement()
     } else {
         parseObject();
     }
-    takeIf(DotToken::Semicolon);
+    tokens.takeIf(DotToken::Semicolon);
 }
 
 void DotParser::openSubgraph()
 {
     tokens.next();
-    const QString id = tokens.kind() == DotToken::Identifier ? takeIdentifier() : QString();
+    const QString id = tokens.takeIdentifierIfAny();
     current = graph->createSubgraph(current, id);
-    take(DotToken::OpenBrace);
+    tokens.take(DotToken::OpenBrace);
 }
 
 void DotParser::closeSubgraph()
@@ -108,43 +85,34 @@ void DotParser::closeSubgraph()
     tokens.next();
     current = current->parent;
     if (current)
-        takeIf(DotToken::Semicolon);
+        tokens.takeIf(DotToken::Semicolon);
 }
 
 void DotParser::parseObject()
 {
-    DotNode *node = nodeNamed(takeIdentifier());
-    if (!takeIf(DotToken::Arrow)) {
+    DotNode *node = nodeNamed(tokens.takeIdentifier());
+    if (!tokens.takeIf(DotToken::Arrow)) {
         parseAttributes(node->attributes);
         return;
     }
-    expect(DotToken::Identifier);
-    DotNode *head = nodeNamed(takeIdentifier());
+    DotNode *head = nodeNamed(tokens.takeIdentifier());
     parseAttributes(graph->createEdge(node, head, QString())->attributes);
 }
 
 void DotParser::parseAttributes(AttributeMap &target)
 {
-    if (!takeIf(DotToken::OpenBracket))
+    if (!tokens.takeIf(DotToken::OpenBracket))
         return;
     AttributeMap attributes;
-    while (!takeIf(DotToken::CloseBracket)) {
-        expect(DotToken::Identifier);
+    while (!tokens.takeIf(DotToken::CloseBracket)) {
+        tokens.expect(DotToken::Identifier);
         const QString name = attributeName(tokens.text());
         tokens.next();
-        take(DotToken::Equals);
-        expect(DotToken::Identifier);
-        attributes.insert(name, takeIdentifier());
-        takeIf(DotToken::Comma);
+        tokens.take(DotToken::Equals);
+        attributes.insert(name, tokens.takeIdentifier());
+        tokens.takeIf(DotToken::Comma);
     }
     mergeAttributes(target, attributes);
-}
-
-QString DotParser::takeIdentifier()
-{
-    const QString text = QString::fromUtf8(tokens.text());
-    tokens.next();
-    return text;
 }
 
 QString DotParser::attributeName(QByteArrayView bytes)

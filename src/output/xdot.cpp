@@ -33,10 +33,9 @@ QString textPaint(const Device::Text *text)
 
 QRect textBox(QPoint topLeft, QSize size)
 {
-    QRect box;
-    box.setCoords(topLeft.x(), topLeft.y(), saturated(qint64(topLeft.x()) + size.width() - 1),
-                  saturated(qint64(topLeft.y()) + size.height() - 1));
-    return box;
+    return {topLeft,
+            saturatedPoint(qint64(topLeft.x()) + size.width() - 1,
+                           qint64(topLeft.y()) + size.height() - 1)};
 }
 
 // The replay refuses an edge without an attribute list. The label says nothing that the default
@@ -59,10 +58,7 @@ QRect ellipseBox(QPoint centre, int rx, int ry)
     const qint64 height = qint64(ry) - 1;
     const qint64 left = centre.x() - width / 2;
     const qint64 top = centre.y() - height / 2;
-    QRect box;
-    box.setCoords(saturated(left), saturated(top), saturated(left + width),
-                  saturated(top + height));
-    return box;
+    return {saturatedPoint(left, top), saturatedPoint(left + width, top + height)};
 }
 
 } // namespace

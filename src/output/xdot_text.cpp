@@ -71,8 +71,7 @@ QString xdotCounted(const QString &text)
 
 QString xdotPoint(QPoint point, int pageHeight)
 {
-    return QString::number(point.x()) + u' '
-        + QString::number(saturated(qint64(pageHeight) - point.y()));
+    return QString::number(point.x()) + u' ' + coordinateText(qint64(pageHeight) - point.y());
 }
 
 QString xdotPoints(const QList<QPoint> &points, int pageHeight)
