@@ -6,6 +6,7 @@
 #include "graph/limits.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace ORR::Graph {
 
@@ -16,6 +17,8 @@ namespace {
 class PriceCount
 {
 public:
+    explicit PriceCount(QStringView html) : text(html) { }
+
     void add(const MarkupPiece &piece);
 
     qint64 steps() const { return sum + gridPlaces() * Limits::stepsPerGridPlace; }
@@ -28,18 +31,22 @@ public:
     }
 
 private:
-    void addText(QStringView text);
+    void addText(QStringView characters);
     void addTag(const MarkupPiece &tag);
     qint64 attributeSteps(const MarkupPiece &tag) const;
     void addPicture(const QString &address);
+    bool mayFloat(const MarkupPiece &tag) const;
 
+    QStringView text;
     OpenElements elements;
     qint64 sum = 0;
     qint64 listItems = 0;
     qint64 pictures = 0;
     qint64 sumOfPictures = 0;
     qint64 pictureCharacters = 0;
+    qint64 floats = 0;
     qint64 sheetCharacters = 0;
+    std::optional<bool> sheetsMayFloat; // nothing before the first style sheet
     bool isWithinSheet = false;
 };
 
@@ -84,11 +91,30 @@ qint64 textSteps(QStringView text)
     return steps;
 }
 
-void PriceCount::addText(QStringView text)
+// Whether rules or declarations may say `float`, which a backslash may hide.
+bool saysFloat(QStringView css)
 {
-    sum += textSteps(text) * elements.passes();
+    return css.contains("float"_L1, Qt::CaseInsensitive) || css.contains(u'\\');
+}
+
+void PriceCount::addText(QStringView characters)
+{
+    sum += textSteps(characters) * elements.passes();
     if (isWithinSheet)
-        sheetCharacters += text.size();
+        sheetCharacters += characters.size();
+}
+
+// Nothing but tables and pictures floats. Behind a style sheet they all may if the word stands
+// anywhere: rules are not read here, nor is it told where a sheet ends.
+bool PriceCount::mayFloat(const MarkupPiece &tag) const
+{
+    if (tag.name != "img"_L1 && tag.name != "table"_L1)
+        return false;
+    return sheetsMayFloat.value_or(false)
+        || std::any_of(tag.attributes.begin(), tag.attributes.end(), [](const auto &attribute) {
+               return attribute.first == "align"_L1
+                   || (attribute.first == "style"_L1 && saysFloat(attribute.second));
+           });
 }
 
 void PriceCount::addTag(const MarkupPiece &tag)
@@ -99,6 +125,10 @@ void PriceCount::addTag(const MarkupPiece &tag)
         / Limits::sheetCharactersPerStep;
     if (tag.name == "td"_L1 || tag.name == "th"_L1)
         steps += Limits::stepsPerCell;
+    if (mayFloat(tag)) {
+        ++floats;
+        steps += floats * floats / Limits::squaredFloatsPerStep;
+    }
     if (tag.name == "li"_L1)
         steps += ++listItems / Limits::itemsPerStep;
     if (tag.name == "img"_L1) {
@@ -108,6 +138,8 @@ void PriceCount::addTag(const MarkupPiece &tag)
     }
     sum += steps * elements.passes();
     isWithinSheet = tag.name == "style"_L1;
+    if (isWithinSheet && !sheetsMayFloat)
+        sheetsMayFloat = saysFloat(withResolvedEntities(text));
     if (tag.isClosed || tag.name.isEmpty() || OpenElements::isEmptyElement(tag.name))
         elements.closeLast();
 }
@@ -136,7 +168,7 @@ void PriceCount::addPicture(const QString &address)
 
 RichTextPrice priceOf(QStringView html)
 {
-    PriceCount count;
+    PriceCount count(html);
     MarkupReader reader(html);
     while (count.isAffordable() && reader.next())
         count.add(reader.piece());

@@ -88,6 +88,11 @@ inline constexpr qint64 stepsPerGridPlace = 8;
 // item, or pictures before a picture, make a step.
 inline constexpr qint64 itemsPerStep = 100;
 
+// A table or a picture that floats is laid out around all that floated before it, and those around
+// each other: the time grows with their number cubed. So the square of that number, divided by
+// this, is what the next of them costs.
+inline constexpr qint64 squaredFloatsPerStep = 160;
+
 // The address of a picture is carried along and decoded, and never shaped.
 inline constexpr qint64 pictureCharactersPerStep = 100;
 

@@ -74,6 +74,8 @@ const QList<Counted> counts{
     {"elements within one another", Limits::deepestRichText, repeated(u"<div>"_s, {}, u"a"_s)},
     {"list items", 3466, repeated(u"<li>item"_s, u"<ul>"_s)},
     {"pictures without pixels", 3466, repeated(u"<img src=x>"_s, u"a"_s)},
+    {"pictures at a side", 352, repeated(u"<img align=left src=x>a"_s)},
+    {"tables at a side", 334, repeated(u"<table align=left><tr><td>a</table>"_s)},
     {"pictures of 1000 by 1000 pixels", 4, repeated(largePicture(), u"a"_s)},
     {"characters of a sheet before 1,000 paragraphs", 5180, textWithSheet},
     {"characters, nearly all of a picture", Limits::longestRichText, textOfLength},
