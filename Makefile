@@ -9,7 +9,7 @@
 PACKAGES := cmake ninja-build g++ pkg-config \
             qt6-base-dev qt6-svg-dev libgl-dev libfontconfig-dev libminizip-dev zlib1g-dev \
             fonts-liberation python3 \
-            libgtest-dev libvisio-tools libxml2-utils librsvg2-bin locales
+            libgtest-dev libvisio-tools libxml2-utils librsvg2-bin locales strace
 
 SUDO := $(if $(filter-out 0,$(shell id -u)),sudo)
 SETTINGS := -DORR_WERROR=$(if $(filter true,$(CI)),ON,OFF) \
@@ -30,7 +30,7 @@ release: packages
 release-tests asan-tests: %-tests: packages
 	cmake --preset $* $(SETTINGS)
 	cmake --build --preset $*
-	ctest --preset $*
+	ctest --preset $* -j "$$(nproc)"
 
 # One after the other: each build takes the whole machine.
 asan-tests: release-tests

@@ -1,6 +1,6 @@
-// Files of every format. The first byte of the input chooses the format, the second what draws: an
-// engine by its place in the table, or behind the last the replay. Letters "a", "b", "c" ... choose
-// the first, the second, the third ...; the rest is the text.
+// Files of every format, judged. The first byte of the input chooses the format, the second what
+// draws: an engine by its place in the table, or behind the last the replay. Letters "a", "b", "c"
+// ... choose the first, the second, the third ...; the rest is the text.
 #include "device/xdot_render.h"
 #include "drawing_checks.h"
 #include "driver/layout_table.h"

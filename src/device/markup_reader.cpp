@@ -33,7 +33,8 @@ QString resolved(QStringView name)
     const bool isHexadecimal = name.at(1) == u'x' || name.at(1) == u'X';
     bool isNumber = false;
     const uint code = name.sliced(isHexadecimal ? 2 : 1).toUInt(&isNumber, isHexadecimal ? 16 : 10);
-    if (!isNumber || code > QChar::LastValidCodePoint)
+    // A NUL would end the text for whoever reads it as bytes.
+    if (!isNumber || code == 0 || code > QChar::LastValidCodePoint)
         return {};
     return QStringView(QChar::fromUcs4(code)).toString();
 }

@@ -1,5 +1,7 @@
 #include "device/open_elements.h"
 
+#include "graph/limits.h"
+
 #include <algorithm>
 #include <array>
 
@@ -8,10 +10,6 @@ namespace ORR::Graph {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// Beyond these a number only says that it is too large; sums and products of them stay in range.
-constexpr qint64 mostPlaces = qint64(1) << 40;
-constexpr qsizetype mostDoublings = 20;
 
 template <size_t count>
 bool isOneOf(const std::array<QLatin1StringView, count> &names, const QString &name)
@@ -81,7 +79,7 @@ void OpenElements::push(const QString &name)
 void OpenElements::openCell(qint64 columnSpan, qint64 rowSpan)
 {
     Table &table = tables.last();
-    table.columnsOfRow = std::min(table.columnsOfRow + columnSpan, mostPlaces);
+    table.columnsOfRow = std::min(table.columnsOfRow + columnSpan, Limits::mostGridPlaces);
     table.columns = std::max(table.columns, table.columnsOfRow);
     if (rowSpan > 1)
         table.overhangs.append({rowSpan, columnSpan});
@@ -98,7 +96,8 @@ void OpenElements::openRow()
     table.columnsOfRow = 0;
     for (Overhang &overhang : table.overhangs) {
         if (--overhang.rows > 0)
-            table.columnsOfRow = std::min(table.columnsOfRow + overhang.columns, mostPlaces);
+            table.columnsOfRow =
+                std::min(table.columnsOfRow + overhang.columns, Limits::mostGridPlaces);
     }
     table.overhangs.removeIf([](const Overhang &overhang) { return overhang.rows <= 0; });
     table.columns = std::max(table.columns, table.columnsOfRow);
@@ -106,22 +105,22 @@ void OpenElements::openRow()
 
 qint64 OpenElements::passes() const
 {
-    return qint64(1) << std::clamp<qsizetype>(tables.size() - 1, 0, mostDoublings);
+    return qint64(1) << std::clamp<qsizetype>(tables.size() - 1, 0, Limits::mostDoublings);
 }
 
 qint64 OpenElements::gridPlaces() const
 {
     qint64 places = closedPlaces;
     for (qsizetype i = 0; i < tables.size(); ++i)
-        places = std::min(places + placesOf(i), mostPlaces);
+        places = std::min(places + placesOf(i), Limits::mostGridPlaces);
     return places;
 }
 
 qint64 OpenElements::placesOf(qsizetype table) const
 {
     const double grid = double(tables.at(table).rows) * double(tables.at(table).columns);
-    const double passes = double(qint64(1) << std::min(table, mostDoublings));
-    return qint64(std::min(grid * passes, double(mostPlaces)));
+    const double passes = double(qint64(1) << std::min(table, Limits::mostDoublings));
+    return qint64(std::min(grid * passes, double(Limits::mostGridPlaces)));
 }
 
 void OpenElements::closeDownTo(qsizetype count)
@@ -129,7 +128,7 @@ void OpenElements::closeDownTo(qsizetype count)
     while (elements.size() > count) {
         if (elements.takeLast() != "table"_L1)
             continue;
-        closedPlaces = std::min(closedPlaces + placesOf(tables.size() - 1), mostPlaces);
+        closedPlaces = std::min(closedPlaces + placesOf(tables.size() - 1), Limits::mostGridPlaces);
         tables.removeLast();
     }
 }

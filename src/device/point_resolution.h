@@ -8,8 +8,6 @@
 // has no say in it.
 namespace ORR::Graph {
 
-inline constexpr int pointsPerInch = 72;
-
 // Gives the image this resolution: painted text has the size that it was measured with, and a
 // saved picture says so.
 void setPointResolution(QImage *image);

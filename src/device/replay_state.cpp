@@ -1,6 +1,5 @@
 #include "device/replay_state.h"
 
-#include "device/xdot_reader.h"
 #include "graph/numbers.h"
 
 namespace ORR::Graph::Graphviz {
@@ -38,13 +37,13 @@ void applySetting(ReplayState &state, Device *device, QByteArrayView name, QByte
     else if (name == QByteArrayView("fontname"))
         state.fontName = QString::fromUtf8(value);
     else if (name == QByteArrayView("fontsize"))
-        state.fontSize = xdotNumber(value);
+        state.fontSize = numberFrom(value);
     else if (name == QByteArrayView("penwidth"))
-        state.penWidth = truncated(xdotNumber(value));
+        state.penWidth = truncated(numberFrom(value));
     else if (name == QByteArrayView("style"))
         applyStyle(state, value);
     else if (name == QByteArrayView("rounded"))
-        state.cornerRadius = xdotNumber(value);
+        state.cornerRadius = numberFrom(value);
 }
 
 } // namespace ORR::Graph::Graphviz

@@ -123,15 +123,14 @@ void fenceFamilies(QTextDocument *document)
 // The places in the grids of all tables, each as many times as it is laid out.
 qint64 gridPlacesOf(const QTextDocument &document)
 {
-    constexpr int mostDoublings = 30;
     qint64 places = 0;
-    QList<std::pair<const QTextFrame *, int>> frames{{document.rootFrame(), 0}};
+    QList<std::pair<const QTextFrame *, qsizetype>> frames{{document.rootFrame(), 0}};
     while (!frames.isEmpty()) {
         const auto [frame, tablesAround] = frames.takeLast();
         const auto *table = qobject_cast<const QTextTable *>(frame);
         if (table)
             places += (qint64(table->rows()) * table->columns())
-                << std::min(tablesAround, mostDoublings);
+                << std::min(tablesAround, Limits::mostDoublings);
         for (const QTextFrame *child : frame->childFrames())
             frames.append({child, tablesAround + (table ? 1 : 0)});
     }
@@ -142,8 +141,7 @@ qint64 gridPlacesOf(const QTextDocument &document)
 // toolkit knows. A text is not what it seemed if it has far more to lay out than it was priced for.
 bool isAsPriced(const QTextDocument &document, const RichTextPrice &price)
 {
-    constexpr qint64 tolerance = 100;
-    return gridPlacesOf(document) <= price.gridPlaces + tolerance;
+    return gridPlacesOf(document) <= price.gridPlaces + Limits::mostUnpricedPlaces;
 }
 
 bool startsLine(const QString &element)

@@ -6,6 +6,7 @@
 #include "graph/limits.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace ORR::Graph {
 
@@ -13,23 +14,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 stepsPerTag = 8;
-constexpr qint64 stepsPerCell = 16;
-constexpr qint64 stepsPerRareCharacter = 5;
-constexpr qint64 stepsPerFont = 60;
-constexpr qint64 stepsPerGridPlace = 8;
-constexpr qint64 itemsPerStep = 100; // items before a list item, pictures before a picture
-constexpr qint64 pictureCharactersPerStep = 100;
-constexpr qint64 pixelsPerStep = 50;
-constexpr qint64 sheetCharactersPerStep = 64;
-constexpr qint64 levelsPerSheet = 16; // so many make a sheet twice as dear
-
 class PriceCount
 {
 public:
+    explicit PriceCount(QStringView html) : text(html) { }
+
     void add(const MarkupPiece &piece);
 
-    qint64 steps() const { return sum + gridPlaces() * stepsPerGridPlace; }
+    qint64 steps() const { return sum + gridPlaces() * Limits::stepsPerGridPlace; }
     qint64 gridPlaces() const { return elements.gridPlaces(); }
     qint64 ofPictures() const { return sumOfPictures; }
     qint64 charactersOfPictures() const { return pictureCharacters; }
@@ -39,18 +31,22 @@ public:
     }
 
 private:
-    void addText(QStringView text);
+    void addText(QStringView characters);
     void addTag(const MarkupPiece &tag);
     qint64 attributeSteps(const MarkupPiece &tag) const;
     void addPicture(const QString &address);
+    bool mayFloat(const MarkupPiece &tag) const;
 
+    QStringView text;
     OpenElements elements;
     qint64 sum = 0;
     qint64 listItems = 0;
     qint64 pictures = 0;
     qint64 sumOfPictures = 0;
     qint64 pictureCharacters = 0;
+    qint64 floats = 0;
     qint64 sheetCharacters = 0;
+    std::optional<bool> sheetsMayFloat; // nothing before the first style sheet
     bool isWithinSheet = false;
 };
 
@@ -62,7 +58,7 @@ qint64 largestNumber(const MarkupPiece &tag, QLatin1StringView name)
         if (attribute == name)
             largest = std::max(largest, value.toLongLong());
     }
-    return std::min(largest, qint64(1) << 31);
+    return std::min(largest, Limits::longestSpan);
 }
 
 void PriceCount::add(const MarkupPiece &piece)
@@ -75,12 +71,12 @@ void PriceCount::add(const MarkupPiece &piece)
         addTag(piece);
         break;
     case MarkupPiece::Close:
-        sum += stepsPerTag * elements.passes();
+        sum += Limits::stepsPerTag * elements.passes();
         elements.close(piece.name);
         isWithinSheet = false;
         break;
     case MarkupPiece::Declaration:
-        sum += stepsPerTag;
+        sum += Limits::stepsPerTag;
         break;
     }
 }
@@ -90,35 +86,60 @@ qint64 textSteps(QStringView text)
     qint64 steps = 0;
     for (const QChar c : text) {
         const bool isPlain = c >= u' ' && c <= u'~' && c != u'&';
-        steps += isPlain ? 1 : stepsPerRareCharacter;
+        steps += isPlain ? 1 : Limits::stepsPerRareCharacter;
     }
     return steps;
 }
 
-void PriceCount::addText(QStringView text)
+// Whether rules or declarations may say `float`, which a backslash may hide.
+bool saysFloat(QStringView css)
 {
-    sum += textSteps(text) * elements.passes();
+    return css.contains("float"_L1, Qt::CaseInsensitive) || css.contains(u'\\');
+}
+
+void PriceCount::addText(QStringView characters)
+{
+    sum += textSteps(characters) * elements.passes();
     if (isWithinSheet)
-        sheetCharacters += text.size();
+        sheetCharacters += characters.size();
+}
+
+// Nothing but tables and pictures floats. Behind a style sheet they all may if the word stands
+// anywhere: rules are not read here, nor is it told where a sheet ends.
+bool PriceCount::mayFloat(const MarkupPiece &tag) const
+{
+    if (tag.name != "img"_L1 && tag.name != "table"_L1)
+        return false;
+    return sheetsMayFloat.value_or(false)
+        || std::any_of(tag.attributes.begin(), tag.attributes.end(), [](const auto &attribute) {
+               return attribute.first == "align"_L1
+                   || (attribute.first == "style"_L1 && saysFloat(attribute.second));
+           });
 }
 
 void PriceCount::addTag(const MarkupPiece &tag)
 {
     elements.open(tag.name, largestNumber(tag, "colspan"_L1), largestNumber(tag, "rowspan"_L1));
-    qint64 steps = stepsPerTag + attributeSteps(tag);
-    steps += sheetCharacters * (levelsPerSheet + elements.depth()) / levelsPerSheet
-        / sheetCharactersPerStep;
+    qint64 steps = Limits::stepsPerTag + attributeSteps(tag);
+    steps += sheetCharacters * (Limits::levelsPerSheet + elements.depth()) / Limits::levelsPerSheet
+        / Limits::sheetCharactersPerStep;
     if (tag.name == "td"_L1 || tag.name == "th"_L1)
-        steps += stepsPerCell;
+        steps += Limits::stepsPerCell;
+    if (mayFloat(tag)) {
+        ++floats;
+        steps += floats * floats / Limits::squaredFloatsPerStep;
+    }
     if (tag.name == "li"_L1)
-        steps += ++listItems / itemsPerStep;
+        steps += ++listItems / Limits::itemsPerStep;
     if (tag.name == "img"_L1) {
-        steps += ++pictures / itemsPerStep;
+        steps += ++pictures / Limits::itemsPerStep;
         for (const auto &[name, value] : tag.attributes)
             addPicture(value);
     }
     sum += steps * elements.passes();
     isWithinSheet = tag.name == "style"_L1;
+    if (isWithinSheet && !sheetsMayFloat)
+        sheetsMayFloat = saysFloat(withResolvedEntities(text));
     if (tag.isClosed || tag.name.isEmpty() || OpenElements::isEmptyElement(tag.name))
         elements.closeLast();
 }
@@ -128,9 +149,9 @@ qint64 PriceCount::attributeSteps(const MarkupPiece &tag) const
     qint64 steps = 0;
     for (const auto &[name, value] : tag.attributes) {
         const bool isPicture = isPictureAddress(value);
-        steps += name.size() + value.size() / (isPicture ? pictureCharactersPerStep : 1);
+        steps += name.size() + value.size() / (isPicture ? Limits::pictureCharactersPerStep : 1);
         if (name == "style"_L1 || name == "face"_L1 || name == "size"_L1)
-            steps += stepsPerFont;
+            steps += Limits::stepsPerFont;
     }
     return steps;
 }
@@ -139,7 +160,7 @@ void PriceCount::addPicture(const QString &address)
 {
     if (!isPictureAddress(address))
         return;
-    const qint64 steps = picturePixels(address) / pixelsPerStep * elements.passes();
+    const qint64 steps = picturePixels(address) / Limits::pixelsPerStep * elements.passes();
     sum += steps;
     sumOfPictures += steps;
     pictureCharacters += address.size();
@@ -147,7 +168,7 @@ void PriceCount::addPicture(const QString &address)
 
 RichTextPrice priceOf(QStringView html)
 {
-    PriceCount count;
+    PriceCount count(html);
     MarkupReader reader(html);
     while (count.isAffordable() && reader.next())
         count.add(reader.piece());

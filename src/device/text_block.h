@@ -7,14 +7,14 @@
 
 namespace ORR::Graph {
 
-// One line of a label.
+// One line of a label. Here and below sizes are in points, as `TextImage` measures them.
 struct TextBlockLine
 {
     enum Alignment { Left = 0, Right = 1, Centre = 2 };
 
     Device::Text *text = nullptr; // owned by the device
     Alignment alignment = Centre;
-    int width = 0; // as measured
+    int width = 0; // of the text in its font
     int height = 0;
 };
 
@@ -27,8 +27,8 @@ struct TextBlock
 
     bool isEmpty() const { return lines.isEmpty(); }
 
-    // Draws the lines below each other, aligned in the block's width. The alignment of a single
-    // line is not applied.
+    // Draws the lines below each other from a point of the page on, aligned in the block's width.
+    // The alignment of a single line is not applied.
     static void draw(const TextBlock &block, QPoint topLeft, Device *device);
 };
 

@@ -6,14 +6,6 @@
 
 namespace ORR::Graph::Graphviz {
 
-double xdotNumber(QByteArrayView text)
-{
-    bool ok = false;
-    const double value = text.toDouble(&ok);
-    // The reading of bytes is the faster one, but makes 0 of what is too large.
-    return ok ? value : QString::fromUtf8(text).toDouble();
-}
-
 void XDotReader::skipBlanks()
 {
     while (position < text.size() && text.at(position) == ' ')
@@ -47,13 +39,13 @@ QByteArrayView XDotReader::word()
 
 double XDotReader::real()
 {
-    return xdotNumber(word());
+    return numberFrom(word());
 }
 
 int XDotReader::integer()
 {
     const QByteArrayView digits = word();
-    return digits.contains('.') ? rounded(xdotNumber(digits)) : digits.toInt();
+    return digits.contains('.') ? rounded(numberFrom(digits)) : digits.toInt();
 }
 
 QByteArrayView XDotReader::countedBytes()

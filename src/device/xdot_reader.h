@@ -5,9 +5,6 @@
 
 namespace ORR::Graph::Graphviz {
 
-// A number as it stands; 0 if it is none. What is too large is infinite.
-double xdotNumber(QByteArrayView text);
-
 // Reads the fields of xdot ops, one behind the other. Nothing fails: what is no number, or is
 // missing, is 0.
 class XDotReader

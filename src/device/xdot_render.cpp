@@ -66,34 +66,6 @@ struct DeferredAttributes
     }
 };
 
-void expect(const DotTokenizer &tokens, DotToken kind)
-{
-    if (tokens.kind() != kind)
-        throw DotParseError;
-}
-
-void take(DotTokenizer &tokens, DotToken kind)
-{
-    expect(tokens, kind);
-    tokens.next();
-}
-
-bool takeIf(DotTokenizer &tokens, DotToken kind)
-{
-    if (tokens.kind() != kind)
-        return false;
-    tokens.next();
-    return true;
-}
-
-QString takeIdentifier(DotTokenizer &tokens)
-{
-    expect(tokens, DotToken::Identifier);
-    const QString text = QString::fromUtf8(tokens.text());
-    tokens.next();
-    return text;
-}
-
 } // namespace
 
 QString XDotRender::render(const QByteArray &bytes)
@@ -117,11 +89,7 @@ void XDotRender::parse(const QByteArray &bytes)
     states.emplace_back();
     bbPending = true;
     DotTokenizer tokens(bytes);
-    expect(tokens, DotToken::Identifier);
-    if (tokens.text() != QByteArrayView("digraph"))
-        throw DotParseError;
-    tokens.next();
-    takeIf(tokens, DotToken::Identifier);
+    tokens.takeGraphHead();
     parseBody(tokens);
 }
 
@@ -129,10 +97,10 @@ void XDotRender::parse(const QByteArray &bytes)
 // closes.
 void XDotRender::parseBody(DotTokenizer &tokens)
 {
-    take(tokens, DotToken::OpenBrace);
+    tokens.take(DotToken::OpenBrace);
     qsizetype openBodies = 1;
     for (;;) {
-        if (!takeIf(tokens, DotToken::CloseBrace)) {
+        if (!tokens.takeIf(DotToken::CloseBrace)) {
             if (parseStatement(tokens))
                 ++openBodies;
             continue;
@@ -146,7 +114,7 @@ void XDotRender::parseBody(DotTokenizer &tokens)
 // True if the statement was the head of a subgraph: its body comes next.
 bool XDotRender::parseStatement(DotTokenizer &tokens)
 {
-    expect(tokens, DotToken::Identifier);
+    tokens.expect(DotToken::Identifier);
     const QByteArrayView word = tokens.text();
     if (word == QByteArrayView("subgraph")) {
         openSubgraph(tokens);
@@ -179,19 +147,19 @@ void XDotRender::parseKeyword(DotTokenizer &tokens, ReplayObjectKind kind)
 void XDotRender::openSubgraph(DotTokenizer &tokens)
 {
     tokens.next();
-    enterCluster(tokens.kind() == DotToken::Identifier ? takeIdentifier(tokens) : QString());
-    take(tokens, DotToken::OpenBrace);
+    enterCluster(tokens.takeIdentifierIfAny());
+    tokens.take(DotToken::OpenBrace);
 }
 
 void XDotRender::parseObject(DotTokenizer &tokens)
 {
-    const QString id = takeIdentifier(tokens);
-    if (takeIf(tokens, DotToken::Semicolon))
+    const QString id = tokens.takeIdentifier();
+    if (tokens.takeIf(DotToken::Semicolon))
         return;
-    if (takeIf(tokens, DotToken::Arrow)) {
-        enterEdge(id, takeIdentifier(tokens));
+    if (tokens.takeIf(DotToken::Arrow)) {
+        enterEdge(id, tokens.takeIdentifier());
     } else {
-        expect(tokens, DotToken::OpenBracket);
+        tokens.expect(DotToken::OpenBracket);
         enterNode(id);
     }
     parseObjectAttributes(tokens);
@@ -202,22 +170,22 @@ void XDotRender::parseObject(DotTokenizer &tokens)
 // hold for all drawing; then the shapes; then place and size, which only the label asks for.
 void XDotRender::parseObjectAttributes(DotTokenizer &tokens)
 {
-    take(tokens, DotToken::OpenBracket);
+    tokens.take(DotToken::OpenBracket);
     DeferredAttributes deferred;
-    while (!takeIf(tokens, DotToken::CloseBracket)) {
-        expect(tokens, DotToken::Identifier);
+    while (!tokens.takeIf(DotToken::CloseBracket)) {
+        tokens.expect(DotToken::Identifier);
         const QByteArray name = tokens.text().toByteArray();
         tokens.next();
-        take(tokens, DotToken::Equals);
-        expect(tokens, DotToken::Identifier);
+        tokens.take(DotToken::Equals);
+        tokens.expect(DotToken::Identifier);
         if (QByteArray *value = deferred.find(name))
             *value = tokens.text().toByteArray();
         else
             applyAttribute(name, tokens.text());
         tokens.next();
-        takeIf(tokens, DotToken::Comma);
+        tokens.takeIf(DotToken::Comma);
     }
-    takeIf(tokens, DotToken::Semicolon);
+    tokens.takeIf(DotToken::Semicolon);
 
     replayOps(ReplayObjectKind::Drawing, deferred.drawing);
     if (!deferred.pos.isEmpty())

@@ -1,6 +1,7 @@
 #include "driver/home_directory.h"
 
 #include "driver/debug_flag.h"
+#include "graph/message_text.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -156,7 +157,7 @@ QString startHome(const QString &argv0)
     const HomeSearch search = findHome(homeClues(argv0));
     if (debugFlag(u"orrhome"_s, u"trace"_s)) {
         for (const QString &line : search.trace)
-            std::fputs(line.toLocal8Bit().constData(), stderr);
+            std::fputs(Graph::printableMessage(line).toLocal8Bit().constData(), stderr);
     }
     return search.directory;
 }

@@ -1,9 +1,9 @@
 #include "graph/dot_parser.h"
 
 #include "graph/dot_tokenizer.h"
+#include "graph/limits.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace ORR::Graph {
 
@@ -33,28 +33,9 @@ private:
     void closeSubgraph();
     void parseObject();
     void parseAttributes(AttributeMap &target);
-    QString takeIdentifier();
     QString takeValue();
     AttributeName takeName();
     DotNode *takeNode();
-
-    void expect(DotToken kind) const
-    {
-        if (tokens.kind() != kind)
-            throw DotParseError;
-    }
-    void take(DotToken kind)
-    {
-        expect(kind);
-        tokens.next();
-    }
-    bool takeIf(DotToken kind)
-    {
-        if (tokens.kind() != kind)
-            return false;
-        tokens.next();
-        return true;
-    }
 
     DotTokenizer tokens;
     std::unique_ptr<DotGraph> graph = std::make_unique<DotGraph>();
@@ -66,14 +47,10 @@ private:
 
 std::unique_ptr<DotGraph> DotParser::parse()
 {
-    expect(DotToken::Identifier);
-    if (tokens.text() != QByteArrayView("digraph"))
-        throw DotParseError;
-    tokens.next();
-    takeIf(DotToken::Identifier);
-    take(DotToken::OpenBrace);
+    tokens.takeGraphHead();
+    tokens.take(DotToken::OpenBrace);
     parseBody();
-    expect(DotToken::End);
+    tokens.expect(DotToken::End);
     return std::move(graph);
 }
 
@@ -91,7 +68,7 @@ void DotParser::parseBody()
 
 void DotParser::parseStatement()
 {
-    expect(DotToken::Identifier);
+    tokens.expect(DotToken::Identifier);
     const QByteArrayView word = tokens.text();
     if (word == QByteArrayView("subgraph")) {
         openSubgraph();
@@ -107,15 +84,15 @@ void DotParser::parseStatement()
     } else {
         parseObject();
     }
-    takeIf(DotToken::Semicolon);
+    tokens.takeIf(DotToken::Semicolon);
 }
 
 void DotParser::openSubgraph()
 {
     tokens.next();
-    const QString id = tokens.kind() == DotToken::Identifier ? takeIdentifier() : QString();
+    const QString id = tokens.takeIdentifierIfAny();
     current = graph->createSubgraph(current, id);
-    take(DotToken::OpenBrace);
+    tokens.take(DotToken::OpenBrace);
 }
 
 void DotParser::closeSubgraph()
@@ -123,47 +100,38 @@ void DotParser::closeSubgraph()
     tokens.next();
     current = current->parent;
     if (current)
-        takeIf(DotToken::Semicolon);
+        tokens.takeIf(DotToken::Semicolon);
 }
 
 void DotParser::parseObject()
 {
     DotNode *node = takeNode();
-    if (!takeIf(DotToken::Arrow)) {
+    if (!tokens.takeIf(DotToken::Arrow)) {
         parseAttributes(node->attributes);
         return;
     }
-    expect(DotToken::Identifier);
     DotNode *head = takeNode();
     parseAttributes(graph->createEdge(node, head, QString())->attributes);
 }
 
 void DotParser::parseAttributes(AttributeMap &target)
 {
-    if (!takeIf(DotToken::OpenBracket))
+    if (!tokens.takeIf(DotToken::OpenBracket))
         return;
-    while (!takeIf(DotToken::CloseBracket)) {
-        expect(DotToken::Identifier);
+    while (!tokens.takeIf(DotToken::CloseBracket)) {
         const AttributeName name = takeName();
-        take(DotToken::Equals);
-        expect(DotToken::Identifier);
+        tokens.take(DotToken::Equals);
         target.insert(name, takeValue());
-        takeIf(DotToken::Comma);
+        tokens.takeIf(DotToken::Comma);
     }
-}
-
-QString DotParser::takeIdentifier()
-{
-    const QString text = QString::fromUtf8(tokens.text());
-    tokens.next();
-    return text;
 }
 
 QString DotParser::takeValue()
 {
+    tokens.expect(DotToken::Identifier);
     const QByteArrayView bytes = tokens.text();
     if (bytes.isEmpty() || bytes.size() > longestShared || !isPlain(bytes))
-        return takeIdentifier();
+        return tokens.takeIdentifier();
     QString &recent = recentValues[qsizetype(qHash(bytes) % recentCount)];
     if (recent != QLatin1StringView(bytes))
         recent = QString::fromLatin1(bytes);
@@ -173,6 +141,7 @@ QString DotParser::takeValue()
 
 AttributeName DotParser::takeName()
 {
+    tokens.expect(DotToken::Identifier);
     const QByteArrayView bytes = tokens.text();
     auto known = names.constFind(QByteArray::fromRawData(bytes.data(), bytes.size()));
     if (known == names.cend())
@@ -184,6 +153,7 @@ AttributeName DotParser::takeName()
 // The node of the next id, made if it is the first time.
 DotNode *DotParser::takeNode()
 {
+    tokens.expect(DotToken::Identifier);
     const QByteArrayView bytes = tokens.text();
     if (isPlain(bytes)) {
         nodeId.resize(bytes.size());
@@ -202,7 +172,7 @@ DotNode *DotParser::takeNode()
 
 std::unique_ptr<DotGraph> parseDot(const QByteArray &input)
 {
-    if (input.size() > std::numeric_limits<qint32>::max())
+    if (input.size() > Limits::longestInput)
         return nullptr;
     try {
         return DotParser(input).parse();

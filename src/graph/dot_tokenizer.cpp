@@ -54,6 +54,48 @@ DotToken DotTokenizer::next()
     return currentKind;
 }
 
+void DotTokenizer::expect(DotToken kind) const
+{
+    if (currentKind != kind)
+        throw DotParseError;
+}
+
+void DotTokenizer::take(DotToken kind)
+{
+    expect(kind);
+    next();
+}
+
+bool DotTokenizer::takeIf(DotToken kind)
+{
+    if (currentKind != kind)
+        return false;
+    next();
+    return true;
+}
+
+QString DotTokenizer::takeIdentifier()
+{
+    expect(DotToken::Identifier);
+    const QString identifier = QString::fromUtf8(currentText);
+    next();
+    return identifier;
+}
+
+QString DotTokenizer::takeIdentifierIfAny()
+{
+    return currentKind == DotToken::Identifier ? takeIdentifier() : QString();
+}
+
+void DotTokenizer::takeGraphHead()
+{
+    expect(DotToken::Identifier);
+    if (currentText != QByteArrayView("digraph"))
+        throw DotParseError;
+    next();
+    takeIf(DotToken::Identifier);
+}
+
 // Reading one byte past the end is fine throughout: a QByteArray ends in a NUL.
 DotToken DotTokenizer::readToken()
 {

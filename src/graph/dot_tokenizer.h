@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QByteArrayView>
+#include <QString>
 
 namespace ORR::Graph {
 
@@ -18,7 +19,7 @@ enum class DotToken {
     Semicolon = 9,
 };
 
-// What a parser throws when it rejects its text, to be caught at its own entry.
+// What is thrown where a text breaks the grammar, to be caught at the entry of its parser.
 inline constexpr int DotParseError = -1;
 
 // Splits a DOT text into tokens, one at a time, over bytes. The dialect is small and has its own
@@ -41,6 +42,19 @@ public:
     DotToken kind() const { return currentKind; }
     // Its text, UTF-8; empty unless it is an identifier. Valid until the next call of `next`.
     QByteArrayView text() const { return currentText; }
+
+    // The steps of a grammar. What is expected and does not come throws `DotParseError`.
+    void expect(DotToken kind) const;
+    // Steps over the token.
+    void take(DotToken kind);
+    // True if the token came, which then is stepped over.
+    bool takeIf(DotToken kind);
+    // The text of an identifier, which is stepped over.
+    QString takeIdentifier();
+    // The same; empty if there is none.
+    QString takeIdentifierIfAny();
+    // What a graph begins with: "digraph" and a name, which may be missing and counts for nothing.
+    void takeGraphHead();
 
 private:
     DotToken readToken();

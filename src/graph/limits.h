@@ -44,7 +44,8 @@ inline constexpr qint64 mostRowVisits = 20'000'000;
 inline constexpr qsizetype mostGradientStops = 64;
 
 // Rich text. The price of a text is an estimate of the time to lay it out and paint it, in steps of
-// about five microseconds: see `RichTextPrice`.
+// about five microseconds: see `RichTextPrice`. The factors come from measurements of each thing by
+// itself, many times over, and are rather too high than too low.
 
 // Half a second, which takes a table of 300 rows and 4 columns or 1,500 styled words. A text that
 // costs more is drawn as its plain text.
@@ -64,6 +65,56 @@ inline constexpr qsizetype longestRichText = 4 << 20;
 inline constexpr qint64 dearestRichTexts = 600'000;
 inline constexpr qint64 freeStepsPerCharacter = 4;
 
+// A printable ASCII character is the unit: it is read, shaped, broken into lines and painted. Any
+// other, and an entity, may have to be looked for in many fonts or be shaped by rules of its own.
+inline constexpr qint64 stepsPerRareCharacter = 5;
+
+// A tag, which becomes a format that is compared with all others and a fragment that is painted by
+// itself.
+inline constexpr qint64 stepsPerTag = 8;
+
+// A cell, beyond its tag: it is a frame with a layout of its own.
+inline constexpr qint64 stepsPerCell = 16;
+
+// A tag with `style`, `face` or `size`: a style is parsed as a sheet of its own, and a font that
+// was not seen before is searched for among those of the machine.
+inline constexpr qint64 stepsPerFont = 60;
+
+// A place in the grid of a table. The layout goes over the grid several times, whether a cell fills
+// the place or not: a span of thousands of columns takes a few bytes.
+inline constexpr qint64 stepsPerGridPlace = 8;
+
+// What is laid out or found by counting all that came before it: so many list items before a list
+// item, or pictures before a picture, make a step.
+inline constexpr qint64 itemsPerStep = 100;
+
+// A table or a picture that floats is laid out around all that floated before it, and those around
+// each other: the time grows with their number cubed. So the square of that number, divided by
+// this, is what the next of them costs.
+inline constexpr qint64 squaredFloatsPerStep = 160;
+
+// The address of a picture is carried along and decoded, and never shaped.
+inline constexpr qint64 pictureCharactersPerStep = 100;
+
+// Pixels are decoded, converted, painted and, in SVG, packed again.
+inline constexpr qint64 pixelsPerStep = 50;
+
+// Each tag behind a style sheet is matched with every rule of it, and that with its ancestors: so
+// many levels make the sheet twice as dear.
+inline constexpr qint64 sheetCharactersPerStep = 64;
+inline constexpr qint64 levelsPerSheet = 16;
+
+// A table is laid out twice within each table around it, which is a power of two. From these on a
+// count only says that it is too large, far beyond what any price allows; the sums and products of
+// two stay in range.
+inline constexpr qsizetype mostDoublings = 20;
+inline constexpr qint64 mostGridPlaces = qint64(1) << 40;
+inline constexpr qint64 longestSpan = qint64(1) << 31;
+
+// Places in the grids of tables that a text may have beyond those that it was priced for, which is
+// some 4 milliseconds. Ordinary markup that is not quite right makes the toolkit add a few.
+inline constexpr qint64 mostUnpricedPlaces = 100;
+
 // Pictures within rich text. A picture beyond a limit is an empty box.
 
 // Bytes of one picture as it is stored.
@@ -71,7 +122,7 @@ inline constexpr qsizetype largestPicture = 1 << 20;
 
 // Pixels of one picture, which take 4 bytes each in memory: an icon has some thousands, and a
 // drawing of this size fills a screen.
-inline constexpr qint64 mostPicturePixels = 1600 * 1200;
+inline constexpr qint64 mostPicturePixels = qint64(1600) * 1200;
 
 // Passes over a JPEG. A progressive one has about ten; each costs time for the whole picture,
 // although an empty one takes a few bytes.

@@ -1,13 +1,19 @@
 #pragma once
 
-#include <QString>
+#include "graph/decimal.h"
+
+#include <QPoint>
 #include <QtGlobal>
 
 #include <limits>
 
-// The conversions between the numbers of a layout and the integers and texts of a drawing. They are
-// the only ones: an unguarded cast of a double that no int can hold is undefined.
+// The conversions from the numbers of a layout to the integers of a drawing. They are the only
+// ones: an unguarded cast of a double that no int can hold is undefined. Those to and from texts
+// are in decimal.h.
 namespace ORR::Graph {
+
+// The unit of every drawing is a point; inches stand only in attributes and in some formats.
+inline constexpr int pointsPerInch = 72;
 
 // `value` without its fraction, toward zero. What no int can hold becomes the nearest int, and what
 // is not a number becomes 0.
@@ -40,12 +46,16 @@ constexpr int saturated(qint64 value)
     return static_cast<int>(value < lowest ? lowest : value > highest ? highest : value);
 }
 
-// The text of a number that is stored in an attribute or printed into a drawing: at most six
-// significant digits. Layouts read positions back through this text, so the rounding is part of
-// every result.
-inline QString numberText(double value)
+// The point of such coordinates.
+constexpr QPoint saturatedPoint(qint64 x, qint64 y)
 {
-    return QString::number(value, 'g', 6);
+    return {saturated(x), saturated(y)};
+}
+
+// The attribute text of such a coordinate.
+inline QString coordinateText(qint64 value)
+{
+    return QString::number(saturated(value));
 }
 
 } // namespace ORR::Graph

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "output/number_bytes.h"
+#include "graph/decimal.h"
 #include "output/output_file.h"
 
 #include <QByteArray>

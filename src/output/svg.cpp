@@ -154,7 +154,7 @@ void Svg::drawText(QPoint topLeft, Text *text)
     if (!out.isOpen() || !text)
         return;
     const Font *font = text->font() ? text->font() : defaultFont();
-    const QByteArray escaped = withoutForbiddenXml(text->text()).toHtmlEscaped().toUtf8();
+    const QByteArray escaped = xmlEscaped(text->text(), XmlForm::Text);
     int y = sum(topLeft.y(), font->size());
     out << " <text";
     if (!escaped.contains('\n')) {
@@ -275,7 +275,7 @@ void Svg::writeTextStyle(const Text *text, const Font *font)
         out << " fill=\"#000000\"";
     else
         paintValue(text->color(), "fill", "", wholeColor);
-    out << " font-family=\"" << xmlAttributeValue(font->family()).toUtf8() << "\" font-size=\""
+    out << " font-family=\"" << xmlEscaped(font->family(), XmlForm::Text) << "\" font-size=\""
         << font->size() << "\"";
     if (font->style() & Font::Bold)
         out << " font-weight=\"bold\"";

@@ -125,7 +125,6 @@ private:
     void startElement();
     void endElement();
     void append(const QXmlStreamAttribute &attribute);
-    void append(QStringView text, bool withinAttribute);
     void closeTag();
     bool isCopying() const { return skipDepth == unset && depth >= childDepth; }
 
@@ -165,7 +164,7 @@ void FragmentCopy::copyToken()
     case QXmlStreamReader::Characters:
         if (isCopying()) {
             closeTag();
-            append(reader.text(), false);
+            fragment.append(xmlEscaped(reader.text().toString(), XmlForm::Text));
         }
         break;
     default:
@@ -214,42 +213,10 @@ void FragmentCopy::endElement()
 void FragmentCopy::append(const QXmlStreamAttribute &attribute)
 {
     fragment.append(' ').append(attribute.qualifiedName().toLatin1()).append("=\"");
+    QString value = attribute.value().toString();
     if (attribute.qualifiedName() == "font-family"_L1)
-        append(withoutForbiddenXml(familyFromFenced(attribute.value().toString())), true);
-    else
-        append(attribute.value(), true);
-    fragment.append('"');
-}
-
-void FragmentCopy::append(QStringView text, bool withinAttribute)
-{
-    const QByteArray bytes = text.toUtf8();
-    for (const char c : bytes) {
-        switch (c) {
-        case '&':
-            fragment.append("&amp;");
-            break;
-        case '<':
-            fragment.append("&lt;");
-            break;
-        case '>':
-            fragment.append("&gt;");
-            break;
-        case '"':
-            fragment.append("&quot;");
-            break;
-        case '\t':
-        case '\n':
-        case '\r':
-            if (withinAttribute) {
-                fragment.append("&#").append(QByteArray::number(int(c))).append(';');
-                break;
-            }
-            [[fallthrough]];
-        default:
-            fragment.append(c);
-        }
-    }
+        value = familyFromFenced(value);
+    fragment.append(xmlEscaped(value, XmlForm::Attribute)).append('"');
 }
 
 void FragmentCopy::closeTag()

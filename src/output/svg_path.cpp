@@ -1,7 +1,7 @@
 #include "output/svg_path.h"
 
 #include "device/ellipse.h"
-#include "output/number_bytes.h"
+#include "graph/decimal.h"
 
 #include <cmath>
 

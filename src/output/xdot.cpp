@@ -2,6 +2,7 @@
 
 #include "graph/dot_writer.h"
 #include "graph/numbers.h"
+#include "graph/subgraph_walk.h"
 #include "output/output_file.h"
 #include "output/xdot_path.h"
 #include "output/xdot_text.h"
@@ -32,10 +33,21 @@ QString textPaint(const Device::Text *text)
 
 QRect textBox(QPoint topLeft, QSize size)
 {
-    QRect box;
-    box.setCoords(topLeft.x(), topLeft.y(), saturated(qint64(topLeft.x()) + size.width() - 1),
-                  saturated(qint64(topLeft.y()) + size.height() - 1));
-    return box;
+    return {topLeft,
+            saturatedPoint(qint64(topLeft.x()) + size.width() - 1,
+                           qint64(topLeft.y()) + size.height() - 1)};
+}
+
+// The replay refuses an edge without an attribute list. The label says nothing that the default
+// does not say.
+void giveEveryEdgeAttributes(DotSubgraph *root)
+{
+    for (const DotSubgraph *subgraph : subgraphsInPreorder(root)) {
+        for (DotEdge *edge : subgraph->edges) {
+            if (edge->attributes.isEmpty())
+                edge->attributes.insert(u"label"_s, u""_s);
+        }
+    }
 }
 
 // The area that an ellipse counts for: as wide and as high as its radii. It is deliberately not
@@ -46,10 +58,7 @@ QRect ellipseBox(QPoint centre, int rx, int ry)
     const qint64 height = qint64(ry) - 1;
     const qint64 left = centre.x() - width / 2;
     const qint64 top = centre.y() - height / 2;
-    QRect box;
-    box.setCoords(saturated(left), saturated(top), saturated(left + width),
-                  saturated(top + height));
-    return box;
+    return {saturatedPoint(left, top), saturatedPoint(left + width, top + height)};
 }
 
 } // namespace
@@ -70,6 +79,7 @@ void XDot::begin(int width, int pageHeight)
 
 QString XDot::end()
 {
+    giveEveryEdgeAttributes(graph->root());
     QString text;
     QTextStream stream(&text);
     writeDot(graph->root(), stream, false);

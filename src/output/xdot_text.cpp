@@ -62,13 +62,16 @@ QString colorOp(QChar op, const QString &name)
 
 QString xdotCounted(const QString &text)
 {
-    return QString::number(text.toUtf8().size()) + " -"_L1 + text;
+    // A zero byte would end all of the drawing for its reader.
+    const QString written = QString(text).remove(QChar::Null);
+    // A backslash in front of a line feed continues a line: neither of the two is read.
+    const qsizetype unread = 2 * written.count("\\\n"_L1);
+    return QString::number(written.toUtf8().size() - unread) + " -"_L1 + written;
 }
 
 QString xdotPoint(QPoint point, int pageHeight)
 {
-    return QString::number(point.x()) + u' '
-        + QString::number(saturated(qint64(pageHeight) - point.y()));
+    return QString::number(point.x()) + u' ' + coordinateText(qint64(pageHeight) - point.y());
 }
 
 QString xdotPoints(const QList<QPoint> &points, int pageHeight)

@@ -15,7 +15,7 @@ QString xdotPoint(QPoint point, int pageHeight);
 QString xdotPoints(const QList<QPoint> &points, int pageHeight);
 
 // A string as a field: its length, counted in the bytes of its UTF-8 form as the replay counts
-// them, " -" and the string.
+// them, " -" and the string. Zero characters, which no graph can hold, are left out.
 QString xdotCounted(const QString &text);
 
 // The ops that set pen and fill ahead of a shape; each may be null. Those that set a colour bring a

@@ -1,6 +1,7 @@
 #include "output/xml_text.h"
 
 #include <algorithm>
+#include <array>
 
 namespace ORR::Graph {
 
@@ -10,6 +11,39 @@ bool isForbiddenUnit(QChar c)
 {
     const char16_t u = c.unicode();
     return (u < 0x20 && u != u'\t' && u != u'\n' && u != u'\r') || u >= 0xFFFE;
+}
+
+// The references of each form, in the order of `XmlForm`; an empty one leaves the character.
+struct References
+{
+    char character;
+    std::array<QByteArrayView, 4> byForm;
+};
+
+constexpr std::array<References, 7> referenceTable{{
+    {'&', {{"&amp;", "&amp;", "&amp;", "&amp;"}}},
+    {'<', {{"&lt;", "&lt;", "&lt;", "&lt;"}}},
+    {'>', {{"&gt;", "&gt;", "&gt;", "&gt;"}}},
+    {'"', {{"&quot;", "&quot;", {}, "&quot;"}}},
+    {'\t', {{{}, "&#9;", {}, "&#x9;"}}},
+    {'\n', {{{}, "&#10;", {}, "&#xa;"}}},
+    {'\r', {{{}, "&#13;", "&#xd;", "&#xd;"}}},
+}};
+
+// The reference that stands for the last character; empty if that stays.
+QByteArrayView reference(QByteArrayView textUpTo, XmlForm form)
+{
+    const char last = textUpTo.back();
+    if (last > '>')
+        return {};
+    const bool byDocument = form == XmlForm::DocumentText || form == XmlForm::DocumentAttribute;
+    if (last == '>' && byDocument && !textUpTo.endsWith("]]>"))
+        return {};
+    for (const References &row : referenceTable) {
+        if (row.character == last)
+            return row.byForm.at(static_cast<size_t>(form));
+    }
+    return {};
 }
 
 } // namespace
@@ -34,9 +68,21 @@ QString withoutForbiddenXml(const QString &text)
     return result;
 }
 
-QString xmlAttributeValue(const QString &text)
+QByteArray xmlEscaped(const QString &text, XmlForm form)
 {
-    return withoutForbiddenXml(text).toHtmlEscaped();
+    const QByteArray bytes = withoutForbiddenXml(text).toUtf8();
+    const QByteArrayView view(bytes);
+    QByteArray escaped;
+    escaped.reserve(bytes.size());
+    qsizetype copied = 0;
+    for (qsizetype i = 0; i < view.size(); ++i) {
+        const QByteArrayView instead = reference(view.first(i + 1), form);
+        if (instead.isEmpty())
+            continue;
+        escaped.append(view.sliced(copied, i - copied)).append(instead);
+        copied = i + 1;
+    }
+    return escaped.append(view.sliced(copied));
 }
 
 } // namespace ORR::Graph

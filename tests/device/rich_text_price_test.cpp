@@ -70,9 +70,9 @@ TEST(MarkupReader, takes_what_the_toolkit_takes)
 
 TEST(MarkupReader, entities_are_resolved_where_they_can_be_markup)
 {
-    EXPECT_EQ(
-        withResolvedEntities(u"&lt;&#60;&#x3C;&#X3c;&amp;lt;&quot;&eacute;&; & &#xx;&#99999999;"_s),
-        "<<<<&lt;\"&eacute;&; & &#xx;&#99999999;");
+    EXPECT_EQ(withResolvedEntities(
+                  u"&lt;&#60;&#x3C;&#X3c;&amp;lt;&quot;&eacute;&; & &#xx;&#99999999;&#0;&#x00;"_s),
+              "<<<<&lt;\"&eacute;&; & &#xx;&#99999999;&#0;&#x00;");
 }
 
 TEST(RichTextPrice, texts_that_are_meant_well_are_affordable)
@@ -111,6 +111,13 @@ TEST(RichTextPrice, texts_that_cost_too_much_are_not)
         repeated(u"<ul>"_s, 1000),
         repeated(u"<ul><li>"_s, 1000),
         repeated(u"<img src=x width=9 height=9 align=left>"_s, 2900),
+        repeated(u"<img align=left src=x>a"_s, 400),
+        repeated(u"<table align=right><tr><td>a</table>"_s, 400),
+        repeated(u"<table style='float:left'><tr><td>a</table>"_s, 400),
+        repeated(u"<table style='fl\\6f at:left'><tr><td>a</table>"_s, 400),
+        u"<style>table{float:left}</style>"_s + repeated(u"<table><tr><td>a</table>"_s, 400),
+        u"<style>x<b>table{FLOAT:left}</style>"_s + repeated(u"<table><tr><td>a</table>"_s, 400),
+        u"<style>img{fl&#111;at:left}</style>"_s + repeated(u"<img src=x>a"_s, 400),
         u"<style>"_s + repeated(u"p{color:red}"_s, 3000) + u"</style>"_s
             + repeated(u"<p>a"_s, 3000),
         u"<style>"_s + repeated(u"b,"_s, 4000) + u"b{}</style>"_s + repeated(u"<b>a</b>"_s, 1000),

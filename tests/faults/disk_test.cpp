@@ -4,6 +4,8 @@
 
 #include <QFile>
 
+#include <algorithm>
+
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -21,6 +23,19 @@ QList<qint64> stoppingPoints(qint64 size)
 {
     QList<qint64> points{0, 1, 4096, 65536, size / 3, size / 2, size - 4096, size - 1};
     points.removeIf([size](qint64 point) { return point < 0 || point >= size; });
+    return points;
+}
+
+// Some fifty points in equal steps, and each of the last bytes.
+QList<qint64> manyStoppingPoints(qint64 size)
+{
+    constexpr qint64 steps = 50;
+    constexpr qint64 lastBytes = 4;
+    QList<qint64> points;
+    for (qint64 point = 0; point < size - lastBytes; point += std::max<qint64>(1, size / steps))
+        points.append(point);
+    for (qint64 point = size - lastBytes; point < size; ++point)
+        points.append(point);
     return points;
 }
 
@@ -50,8 +65,8 @@ TEST_P(Disk, full_at_any_point_leaves_no_new_file)
 {
     ASSERT_TRUE(QFile::remove(path(output())));
     const QByteArray graph = smallGraph();
-    const QList<qint64> points = stoppingPoints(drawing(graph).size());
-    ASSERT_GE(points.size(), 4);
+    const QList<qint64> points = manyStoppingPoints(drawing(graph).size());
+    ASSERT_GE(points.size(), 50);
     for (const qint64 point : points) {
         EXPECT_TRUE(failedWith(run({.arguments = arguments(),
                                     .input = graph,

@@ -111,3 +111,21 @@ TEST_P(FileNames, that_begin_with_a_colon_are_files)
     EXPECT_EQ(failed.status, 1);
     EXPECT_EQ(fileContent(output()), oldContent);
 }
+
+// The toolkit reads the name of the folder as a text, and looks for it under another name.
+TEST_P(FileNames, temporary_folder_that_is_no_utf8_is_not_found)
+{
+    writeFile(u"in.dot"_s, smallGraph());
+    const auto drawByTemporary = [&](const QString &options) {
+        const QString script =
+            u"TMPDIR=$PWD/$(printf 't\\377'); export TMPDIR; mkdir \"$TMPDIR\"; "
+            "\"$0\" -K treemap -T \"$1\" %1 in.dot; status=$?; rmdir \"$TMPDIR\"; exit $status"_s
+                .arg(options);
+        return run({.arguments = {u"-c"_s, script, QStringLiteral(ORR_PROGRAM), format()},
+                    .command = u"/bin/sh"_s});
+    };
+    EXPECT_TRUE(failedWith(drawByTemporary(QString()), temporaryFileMessage));
+    EXPECT_EQ(fileContent(output()), oldContent);
+    EXPECT_TRUE(succeeded(drawByTemporary(u"-o \"out.$1\""_s))) << "there it is not needed";
+    EXPECT_EQ(fileContent(output()), drawing(smallGraph()));
+}

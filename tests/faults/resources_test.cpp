@@ -2,11 +2,38 @@
 #include "faults/fault_run.h"
 #include "support/golden.h"
 
+#include <QBuffer>
+#include <QColor>
+#include <QImage>
+#include <QSize>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr rlim_t megabyte = rlim_t(1024) * 1024;
+
+QByteArray picture(const QColor &color, QSize size)
+{
+    QByteArray png;
+    QBuffer buffer(&png);
+    buffer.open(QIODevice::WriteOnly);
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(color);
+    EXPECT_TRUE(image.save(&buffer, "png"));
+    return "<img src='data:image/png;base64," + png.toBase64() + "'>";
+}
+
+// A finished drawing with a rich text of nearly as many pixels as one may have. Together they take
+// more memory than the program has asked for when it starts.
+QByteArray drawingWithPictures()
+{
+    const QByteArray text = picture(Qt::red, {1600, 1200}) + picture(Qt::blue, {1600, 1200})
+        + picture(Qt::green, {1000, 1000});
+    return "digraph { graph [bb=\"0,0,90,90\" xdotversion=\"1.2\"];\n"
+           "a [_ldraw_=\"F 12 5 -Arial c 3 -red H 20 80 -1 50 "
+        + QByteArray::number(text.size()) + " -" + text + "\"]; }";
+}
 
 class Resources : public FaultTest
 {
@@ -77,6 +104,33 @@ TEST_P(Resources, memory_that_ends_during_the_drawing_is_told)
         expectDrawingOrMessage(drawn, whole);
         writeFile(output(), oldContent);
     }
+}
+
+// The toolkit gives no picture where there is no memory for one, as for one that is spoiled. A
+// drawing without it would be half of one.
+TEST_P(Resources, memory_that_ends_in_a_picture_of_a_rich_text_is_told)
+{
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the sanitizers take more address space than any limit";
+#endif
+    const QByteArray graph = drawingWithPictures();
+    const QStringList replay{u"-T"_s, format(), u"-o"_s, output()};
+    ASSERT_TRUE(succeeded(run({.arguments = replay, .input = graph})));
+    const QByteArray whole = fileContent(output());
+    const rlim_t least = leastMemory();
+    int failures = 0;
+    for (rlim_t more = 0; more <= 24; more += 3) {
+        writeFile(output(), oldContent);
+        const ProgramRun drawn = run({.arguments = replay,
+                                      .input = graph,
+                                      .before = limited(RLIMIT_AS, least + more * megabyte)});
+        SCOPED_TRACE(more);
+        expectDrawingOrMessage(drawn, whole);
+        EXPECT_EQ(drawn.errors, drawn.status == 0 ? "" : "Out of memory\n");
+        failures += drawn.status != 0;
+    }
+    // Only SVG looks at the picture itself.
+    EXPECT_GE(failures, format() == "svg"_L1 ? 2 : 0);
 }
 
 TEST_P(Resources, too_few_descriptors_leave_the_old_or_the_new)

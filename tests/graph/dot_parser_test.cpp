@@ -1,6 +1,11 @@
 #include "graph/dot_parser.h"
 
+#include "graph/limits.h"
 #include "support/golden.h"
+
+#include <cstring>
+
+#include <sys/mman.h>
 
 using namespace ORR::Graph;
 using namespace Qt::StringLiterals;
@@ -230,4 +235,21 @@ TEST(DotParser, one_object_may_have_very_many_attributes)
     const auto graph = parseDot(text + "] }");
     ASSERT_TRUE(graph);
     EXPECT_EQ(graph->findNode(u"a"_s)->attributes.size(), 50000);
+}
+
+// Null bytes that take no memory: the system has one page for all that nobody has written to.
+TEST(DotParser, an_input_of_the_longest_length_is_read_and_a_longer_one_is_rejected)
+{
+    constexpr size_t size = size_t(Limits::longestInput) + 1;
+    void *const room = ::mmap(nullptr, size, PROT_READ | PROT_WRITE,
+                              MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    ASSERT_NE(room, MAP_FAILED);
+    const char text[] = "digraph { a; }";
+    std::memcpy(room, text, sizeof text);
+    const auto *bytes = static_cast<const char *>(room);
+    const auto graph = parseDot(QByteArray::fromRawData(bytes, Limits::longestInput));
+    ASSERT_TRUE(graph);
+    EXPECT_EQ(nodeIds(graph->root()), QStringList(u"a"_s));
+    EXPECT_FALSE(parseDot(QByteArray::fromRawData(bytes, Limits::longestInput + 1)));
+    ::munmap(room, size);
 }

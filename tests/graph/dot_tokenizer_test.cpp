@@ -8,6 +8,7 @@
 #include <QPair>
 
 using namespace ORR::Graph;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -94,5 +95,40 @@ TEST(DotTokenizer, a_text_cut_off_anywhere_is_not_read_beyond_its_end)
         const QByteArray text = whole.first(size);
         const GuardedText guarded(text);
         EXPECT_EQ(tokensOf(guarded.bytes()), tokensOf(text)) << text.toStdString();
+    }
+}
+
+TEST(DotTokenizer, the_steps_of_a_grammar_take_what_comes_and_leave_what_does_not)
+{
+    DotTokenizer tokens("a = \"b c\" ;");
+    EXPECT_EQ(tokens.takeIdentifier(), u"a"_s);
+    EXPECT_FALSE(tokens.takeIf(DotToken::Comma));
+    tokens.take(DotToken::Equals);
+    EXPECT_EQ(tokens.takeIdentifierIfAny(), u"b c"_s);
+    EXPECT_EQ(tokens.takeIdentifierIfAny(), QString());
+    tokens.expect(DotToken::Semicolon);
+    EXPECT_TRUE(tokens.takeIf(DotToken::Semicolon));
+    EXPECT_EQ(tokens.kind(), DotToken::End);
+}
+
+TEST(DotTokenizer, what_is_expected_and_does_not_come_is_thrown)
+{
+    DotTokenizer tokens("= a");
+    EXPECT_THROW(tokens.expect(DotToken::Comma), int);
+    EXPECT_THROW(tokens.take(DotToken::Identifier), int);
+    EXPECT_THROW(tokens.takeIdentifier(), int);
+    EXPECT_EQ(tokens.kind(), DotToken::Equals); // nothing was stepped over
+}
+
+TEST(DotTokenizer, a_graph_begins_with_its_keyword_and_perhaps_a_name)
+{
+    for (const char *head : {"digraph {", "digraph g {", "\"digraph\" \"a b\" {"}) {
+        DotTokenizer tokens(head);
+        tokens.takeGraphHead();
+        EXPECT_EQ(tokens.kind(), DotToken::OpenBrace) << head;
+    }
+    for (const char *head : {"", "{", "graph {", "Digraph {", "strict digraph {"}) {
+        DotTokenizer tokens(head);
+        EXPECT_THROW(tokens.takeGraphHead(), int) << head;
     }
 }

@@ -48,15 +48,14 @@ TEST(Numbers, sums_in_64_bits_saturate)
     EXPECT_EQ(saturated(-7), -7);
 }
 
-TEST(Numbers, texts_have_six_significant_digits)
+TEST(Numbers, the_coordinates_of_a_point_saturate_each_by_itself)
 {
-    EXPECT_EQ(numberText(0), "0");
-    EXPECT_EQ(numberText(-0.0), "0");
-    EXPECT_EQ(numberText(1.0 / 3), "0.333333");
-    EXPECT_EQ(numberText(123456.7), "123457");
-    EXPECT_EQ(numberText(1000000), "1e+06");
-    EXPECT_EQ(numberText(1234567), "1.23457e+06");
-    EXPECT_EQ(numberText(0.00001), "1e-05");
-    EXPECT_EQ(numberText(NAN), "nan");
-    EXPECT_EQ(numberText(INFINITY), "inf");
+    EXPECT_EQ(saturatedPoint(qint64(highest) + 7, -3), QPoint(highest, -3));
+    EXPECT_EQ(saturatedPoint(12, qint64(lowest) - 7), QPoint(12, lowest));
+}
+
+TEST(Numbers, the_text_of_a_coordinate_is_that_of_the_nearest_int)
+{
+    EXPECT_EQ(coordinateText(-12), "-12");
+    EXPECT_EQ(coordinateText(qint64(highest) + 1), "2147483647");
 }

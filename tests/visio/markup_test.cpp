@@ -1,6 +1,7 @@
 #include "output/visio/visio_markup.h"
 
 #include "output/visio/visio_cells.h"
+#include "output/xml_text.h"
 #include "support/golden.h"
 
 #include <QDomDocument>
@@ -31,7 +32,8 @@ QByteArray built(const QString &value, const QString &content)
 {
     VisioMarkup markup(0);
     markup.open("Outer");
-    markup.text("Inner", {{"V", visioAttributeText(value)}}, visioContentText(content));
+    markup.text("Inner", {{"V", xmlEscaped(value, XmlForm::DocumentAttribute)}},
+                xmlEscaped(content, XmlForm::DocumentText));
     markup.close("Outer");
     return markup.markup();
 }
@@ -59,8 +61,8 @@ TEST(VisioMarkup, nests_by_a_blank_a_level)
 TEST(VisioMarkup, leaves_out_what_a_document_cannot_hold)
 {
     const QString text = u"a"_s + QChar(0x01) + QChar(0xD800) + QChar(0xFFFE) + u"b"_s;
-    EXPECT_EQ(visioAttributeText(text), "ab"_ba);
-    EXPECT_EQ(visioContentText(text), "ab"_ba);
+    EXPECT_EQ(xmlEscaped(text, XmlForm::DocumentAttribute), "ab"_ba);
+    EXPECT_EQ(xmlEscaped(text, XmlForm::DocumentText), "ab"_ba);
 }
 
 TEST(VisioMarkup, doubles_the_quotes_of_a_text_in_a_formula)

@@ -1,4 +1,6 @@
+#include "graph/limits.h"
 #include "output/visio/visio_geometry.h"
+#include "output/visio/visio_subpath_index.h"
 #include "support/golden.h"
 
 #include <QStringList>
@@ -221,4 +223,26 @@ TEST(VisioMerge, the_result_is_that_of_the_plain_rules_on_a_long_chain)
         }
         ASSERT_EQ(show(geometry.subpaths), show(expected)) << "seed " << seed;
     }
+}
+
+// Each curve that takes the place of a straight piece moves what stands behind it.
+TEST(VisioMerge, subpaths_stay_apart_once_the_row_visits_are_spent)
+{
+    constexpr int length = 20'000;
+    constexpr int curves = 200;
+    VisioGeometry geometry;
+    Rows line;
+    for (int i = 0; i < length; ++i)
+        line.append(VisioRow::of({double(i), 0.0}, i == 0 ? VisioRow::MoveTo : VisioRow::LineTo));
+    geometry.add(line);
+    for (int i = 0; i < curves; ++i) {
+        const double at = 2.0 * i;
+        geometry.add({{at, 0, 0, 0}, {at, 5, 2, 3}, {at + 1, 0, 3, 3}});
+    }
+    // One more than fits in, and the search by index has to be made first.
+    constexpr int merged =
+        int(Limits::mostRowVisits / (qint64(length) * VisioSubpathIndex::costOfRow)) - 1;
+    EXPECT_EQ(geometry.subpaths.size(), 1 + curves - merged);
+    EXPECT_EQ(geometry.subpaths.constFirst().size(), length + merged);
+    EXPECT_EQ(geometry.allRows().size(), length + merged + 3 * (curves - merged));
 }

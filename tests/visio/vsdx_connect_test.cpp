@@ -72,6 +72,25 @@ TEST(VisioVsdxConnect, an_edge_is_glued_to_points_on_both_shapes)
     EXPECT_EQ(show(connects.at(1)), u"3 EndX 12 2 Connections.X1 100"_s);
 }
 
+TEST(VisioVsdxConnect, the_ends_stay_where_they_were_glued)
+{
+    PackageDrawing drawing;
+    Device &device = drawing.device;
+    SmallGraph graph;
+    device.begin(720, 360);
+    drawNode(device, graph.a, {0, 0});
+    drawNode(device, graph.b, {144, 0});
+    device.beginEdge(graph.ab); // sheet 3
+    device.drawPolyline({{72, 9}, {144, 9}}, device.pen(device.color(u"red"_s), 0, 1));
+    device.connect(graph.ab, graph.a, graph.b);
+    // The head takes four points out of the line.
+    device.drawPolygon({{150, 9}, {140, 9}, {140, 12}, {150, 9}}, nullptr, device.color(u"red"_s));
+    device.endEdge();
+    const QDomDocument page = drawing.page();
+    EXPECT_EQ(valueOf(shapeById(page, 3), u"EndX"_s), u"2"_s);
+    EXPECT_EQ(valueOf(shapeById(page, 3), u"Width"_s).toDouble(), (140 - 72) / 72.0);
+}
+
 TEST(VisioVsdxConnect, edges_that_meet_at_a_point_share_it)
 {
     PackageDrawing drawing;

@@ -1,5 +1,6 @@
 #include "output/xdot.h"
 
+#include "device/xdot_render.h"
 #include "graph/dot_parser.h"
 #include "output/xdot_path.h"
 #include "output/xdot_text.h"
@@ -293,6 +294,25 @@ TEST_F(XDotDrawing, texts_and_shapes_go_to_attributes_of_their_own)
     EXPECT_EQ(value(u"_ldraw_"_s), u"F 12 5 -Arial T 0 88 0 0 0 - F 12 5 -Arial T 0 88 0 0 0 -"_s);
 }
 
+// The reader takes a backslash and the line feed behind it for no characters at all.
+TEST_F(XDotDrawing, a_line_that_is_continued_counts_as_the_reader_joins_it)
+{
+    device.drawPolyline({{0, 0}}, device.pen(device.color(u"r\\\ne"_s), 0, 1));
+    device.drawText({0, 0}, device.text(u"a"_s, device.font(u"\\\\\n\\\nb"_s, 12, 0), red));
+    finish();
+    EXPECT_EQ(value(u"_draw_"_s), u"S 5 -solid c 2 -re  L 1 0 100"_s);
+    EXPECT_TRUE(value(u"_ldraw_"_s).startsWith(u"c 3 -red F 12 2 -\\b T "_s));
+}
+
+TEST_F(XDotDrawing, a_zero_character_is_left_out)
+{
+    const QString text = u"a"_s + QChar::Null + u"b"_s;
+    device.drawText({0, 0}, device.text(text, arial, device.color(text)));
+    const QString ops = labelled();
+    EXPECT_TRUE(ops.startsWith(u"c 2 -ab F 12 5 -Arial T "_s)) << ops.toStdString();
+    EXPECT_TRUE(ops.endsWith(u" 2 -ab"_s)) << ops.toStdString();
+}
+
 TEST_F(XDotDrawing, a_path_is_a_counted_string)
 {
     Device::Path *path = device.createPath();
@@ -495,6 +515,22 @@ TEST_F(XDotDrawing, an_edge_may_be_connected_behind_its_end)
     EXPECT_TRUE(bytes.contains("  n -> n [_draw_=\"L 1 1 100\"];\n")) << bytes.toStdString();
 }
 
+// Without an attribute list the replay would refuse it.
+TEST_F(XDotDrawing, an_edge_that_draws_nothing_has_an_attribute_all_the_same)
+{
+    for (const bool isEnded : {true, false}) {
+        DotEdge *edge = graph.createEdge(node, node, {});
+        if (isEnded)
+            device.endNode();
+        device.beginEdge(edge);
+        device.connect(edge, node, node);
+        if (isEnded)
+            device.endEdge();
+    }
+    write();
+    EXPECT_EQ(bytes.count("  n -> n [label=\"\"];\n"), 2) << bytes.toStdString();
+}
+
 TEST_F(XDotDrawing, an_edge_that_is_never_connected_is_lost)
 {
     DotEdge *edge = graph.createEdge(node, node, {});
@@ -530,7 +566,20 @@ TEST_F(XDotDrawing, parallel_edges_are_written_each)
         device.endEdge();
     }
     write();
-    EXPECT_EQ(bytes.count("n -> n;"), 2);
+    EXPECT_EQ(bytes.count("n -> n [label=\"\"];"), 2);
+}
+
+TEST_F(XDotDrawing, an_edge_that_draws_nothing_has_an_empty_label_and_is_replayed)
+{
+    DotEdge *edge = graph.createEdge(node, node, {});
+    device.endNode();
+    device.beginEdge(edge);
+    device.connect(edge, node, node);
+    device.endEdge();
+    write();
+    EXPECT_TRUE(bytes.contains("\n  n -> n [label=\"\"];\n")) << bytes.toStdString();
+    XDot again(folder.filePath(u"again.xdot"_s));
+    EXPECT_EQ(Graphviz::XDotRender(&again, written.get()).render(bytes), u""_s);
 }
 
 TEST_F(XDotDrawing, an_object_that_is_still_open_is_not_in_the_file)

@@ -1,9 +1,20 @@
 #include "output/visio/visio_frame.h"
 
+#include "graph/numbers.h"
+
 #include <algorithm>
 #include <cmath>
 
 namespace ORR::Graph {
+
+namespace {
+
+QPointF wholePoint(QPointF point)
+{
+    return {double(rounded(point.x())), double(rounded(point.y()))};
+}
+
+} // namespace
 
 VisioAxis::VisioAxis(QPointF begin, QPointF end)
     : from(begin), direction(end - begin), extent(std::hypot(direction.x(), direction.y()))
@@ -39,8 +50,8 @@ double VisioAxis::foot(QPointF point) const
     return QPointF::dotProduct(point - from, direction) / QPointF::dotProduct(direction, direction);
 }
 
-VisioFrame::VisioFrame(const QList<VisioRow> &rows, bool isEdge, int pageHeight)
-    : pageTop(pageHeight), connector(isEdge)
+VisioFrame::VisioFrame(const QList<VisioRow> &rows, bool isEdge, int pageHeight, Measure how)
+    : measure(how), pageTop(pageHeight), connector(isEdge)
 {
     if (!isEdge)
         pinHeight = 0.5;
@@ -57,16 +68,20 @@ QPointF VisioFrame::position(QPointF devicePoint) const
     const QPointF point = onPage(devicePoint);
     if (!connector)
         return point - corner;
-    return {axis.along(point), across(point) + lineOffset};
+    return {axis.along(point), across(axis, point) + lineOffset};
 }
 
 void VisioFrame::frameConnector(const QList<VisioRow> &rows)
 {
+    const auto measured = [this](const VisioRow &row) {
+        return onPage(measure == Whole ? wholePoint(row.point()) : row.point());
+    };
     axis = VisioAxis(onPage(rows.constFirst().point()), onPage(rows.constLast().point()));
+    const VisioAxis line(measured(rows.constFirst()), measured(rows.constLast()));
     double low = 0.0;
     double high = 0.0;
     for (const VisioRow &row : rows) {
-        const double value = across(onPage(row.point()));
+        const double value = across(line, measured(row));
         low = std::min(low, value);
         high = std::max(high, value);
     }
@@ -92,10 +107,11 @@ void VisioFrame::frameBox(const QList<VisioRow> &rows)
     middle = (corner + far) * 0.5;
 }
 
-double VisioFrame::across(QPointF pagePoint) const
+double VisioFrame::across(const VisioAxis &line, QPointF pagePoint) const
 {
-    const double distance = axis.away(pagePoint);
-    return axis.side(pagePoint) < 0.0 ? -distance : distance;
+    const double distance = line.away(pagePoint);
+    const double side = line.side(pagePoint);
+    return (measure == Whole ? truncated(side) : side) < 0.0 ? -distance : distance;
 }
 
 } // namespace ORR::Graph

@@ -41,8 +41,12 @@ private:
 class VisioFrame
 {
 public:
+    // How a connector is measured: as it is, or by whole coordinates where it is told how far its
+    // rows reach to both sides, and which side of the line a point lies on in whole numbers.
+    enum Measure { Exact, Whole };
+
     VisioFrame() = default;
-    VisioFrame(const QList<VisioRow> &rows, bool isEdge, int pageHeight);
+    VisioFrame(const QList<VisioRow> &rows, bool isEdge, int pageHeight, Measure measure);
 
     double width() const { return extentX; }
     double height() const { return extentY; }
@@ -64,8 +68,9 @@ private:
     {
         return {devicePoint.x(), pageTop - devicePoint.y()};
     }
-    double across(QPointF pagePoint) const;
+    double across(const VisioAxis &line, QPointF pagePoint) const;
 
+    Measure measure = Exact;
     double extentX = 0.0;
     double extentY = 0.0;
     QPointF middle;

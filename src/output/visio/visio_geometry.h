@@ -10,8 +10,8 @@ namespace ORR::Graph {
 
 class VisioSubpathIndex;
 
-// One row of a Geometry section: a point in device units, y downward. Turning y over and dividing
-// into inches happens where cells are written.
+// One row of a Geometry section: a point of the page in points, y downward. Turning y over and
+// dividing into inches happens where cells are written.
 struct VisioRow
 {
     enum Kind {

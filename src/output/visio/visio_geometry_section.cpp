@@ -1,62 +1,43 @@
 #include "output/visio/visio_geometry_section.h"
 
-#include "output/visio/visio_cells.h"
-#include "output/visio/visio_spline.h"
-
 namespace ORR::Graph {
 
 namespace {
 
-void writePlace(VisioMarkup &section, const char *xName, const char *yName, const VisioRow &row,
-                const VisioFrame &frame)
+void writeArc(VisioMarkup &section, const VisioCells &cells, const VisioRow &control,
+              const VisioFrame &frame)
 {
-    const QPointF position = frame.position(row.point());
-    numberCell(section, xName, position.x(), "Width*" + visioShort(frame.xShare(position.x())));
-    numberCell(section, yName, position.y(), "Height*" + visioShort(frame.yShare(position.y())));
-}
-
-// The arc is as wide as the shape in relation to its height, unless the control row says otherwise.
-void writeArc(VisioMarkup &section, const VisioRow &control, const VisioFrame &frame)
-{
-    writePlace(section, "A", "B", control, frame);
-    rawCell(section, "C", 0.0);
-    if (control.extra != 0.0) {
-        rawCell(section, "D", control.extra);
-        return;
-    }
-    rawCell(section, "D", frame.height() == 0.0 ? 0.0 : frame.width() / frame.height(),
-            "Width/Height");
+    cells.writePlace(section, "A", "B", control, frame);
+    cells.whole(section, "C", 0);
+    cells.writeArcRatio(section, control.extra,
+                        frame.height() == 0.0 ? 0.0 : frame.width() / frame.height());
 }
 
 } // namespace
 
-void writeGeometryRows(VisioMarkup &section, int cellsBefore, const QList<VisioRow> &rows,
-                       const VisioFrame &frame)
+void writeGeometryRows(VisioMarkup &section, const VisioCells &cells, int firstNumber,
+                       const VisioContent &content, const VisioFrame &frame)
 {
+    const QList<VisioRow> rows = content.geometry.allRows();
     VisioSpline spline;
-    int number = cellsBefore;
+    int number = firstNumber;
     for (qsizetype i = 0; i < rows.size(); ++i) {
         const VisioRow &row = rows.at(i);
         const char *type = visioRowType(row.kind);
         if (!type)
             continue;
-        section.open("Row", {{"T", type}, {"IX", QByteArray::number(number++)}});
-        writePlace(section, "X", "Y", row, frame);
+        cells.openRow(section, type, number++);
+        cells.writeRowPlace(section, row, frame, content.isEdge());
         if (row.kind == VisioRow::SplineStart) {
             spline = VisioSpline(row);
-            const VisioSpline whole = VisioSpline::counted(rows, i);
-            plainCell(section, "D", spline.degree());
-            plainCell(section, "A", spline.knot());
-            plainCell(section, "B", 0);
-            if (whole.isOpen())
-                plainCell(section, "C", whole.lastKnot());
+            cells.writeSplineStart(section, spline, VisioSpline::counted(rows, i));
         } else if (row.kind == VisioRow::SplineKnot) {
             spline.count();
-            plainCell(section, "A", spline.knot());
+            cells.whole(section, "A", spline.knot());
         } else if (row.kind == VisioRow::EllipticalArcTo && i + 1 < rows.size()) {
-            writeArc(section, rows.at(++i), frame);
+            writeArc(section, cells, rows.at(++i), frame);
         }
-        section.close("Row");
+        cells.closeRow(section, type);
     }
 }
 

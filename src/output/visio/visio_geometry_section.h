@@ -1,16 +1,11 @@
 #pragma once
 
-#include "output/visio/visio_frame.h"
-#include "output/visio/visio_geometry.h"
-#include "output/visio/visio_markup.h"
-
-#include <QList>
+#include "output/visio/visio_cells.h"
 
 namespace ORR::Graph {
 
-// Writes the rows of a package's Geometry section. The section has some cells of its own already,
-// and rows are numbered by what stands ahead of them in the section.
-void writeGeometryRows(VisioMarkup &section, int cellsBefore, const QList<VisioRow> &rows,
-                       const VisioFrame &frame);
+// Writes the rows of a geometry section, numbered from `firstNumber` on.
+void writeGeometryRows(VisioMarkup &section, const VisioCells &cells, int firstNumber,
+                       const VisioContent &content, const VisioFrame &frame);
 
 } // namespace ORR::Graph

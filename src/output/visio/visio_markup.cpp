@@ -1,7 +1,5 @@
 #include "output/visio/visio_markup.h"
 
-#include "output/xml_text.h"
-
 namespace ORR::Graph {
 
 using namespace Qt::StringLiterals;
@@ -50,29 +48,6 @@ void VisioMarkup::text(const char *name, Attributes attributes, const QByteArray
     bytes.append("</");
     bytes.append(name);
     bytes.append(">\n");
-}
-
-QByteArray visioAttributeText(const QString &text)
-{
-    QString escaped = withoutForbiddenXml(text);
-    escaped.replace(u'&', "&amp;"_L1);
-    escaped.replace(u'<', "&lt;"_L1);
-    escaped.replace(u'"', "&quot;"_L1);
-    escaped.replace("]]>"_L1, "]]&gt;"_L1);
-    escaped.replace(u'\t', "&#x9;"_L1);
-    escaped.replace(u'\n', "&#xa;"_L1);
-    escaped.replace(u'\r', "&#xd;"_L1);
-    return escaped.toUtf8();
-}
-
-QByteArray visioContentText(const QString &text)
-{
-    QString escaped = withoutForbiddenXml(text);
-    escaped.replace(u'&', "&amp;"_L1);
-    escaped.replace(u'<', "&lt;"_L1);
-    escaped.replace("]]>"_L1, "]]&gt;"_L1);
-    escaped.replace(u'\r', "&#xd;"_L1);
-    return escaped.toUtf8();
 }
 
 QString visioQuoted(const QString &text)

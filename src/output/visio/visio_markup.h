@@ -43,11 +43,6 @@ private:
     int depth;
 };
 
-// The text for an attribute value or for the content of an element, without the characters that a
-// document can't hold.
-QByteArray visioAttributeText(const QString &text);
-QByteArray visioContentText(const QString &text);
-
 // A text within a formula: its quotes doubled.
 QString visioQuoted(const QString &text);
 

@@ -1,79 +1,95 @@
 #pragma once
 
 #include "device/device.h"
+#include "output/visio/visio_cells.h"
 #include "output/visio/visio_element.h"
 #include "output/visio/visio_frame.h"
-#include "output/visio/visio_geometry.h"
 
 #include <QByteArray>
 #include <QHash>
+#include <QList>
 #include <QPoint>
-#include <QStringList>
 
+#include <array>
 #include <optional>
 #include <utility>
 
 namespace ORR::Graph {
 
-// One shape of a page part. It gathers what is drawn on it, writes its cells when it is finished,
-// and takes connection points, glued ends and container cells at any time.
+// One shape of either format. It gathers what is drawn on it, has its cells written when it is
+// finished, and takes connection points, glued ends and container cells at any time. Shapes of
+// objects that were begun within it may stand inside it, ahead of its cells.
 class VisioShape : public Device::Cluster, public Device::Node, public Device::Edge
 {
 public:
-    VisioShape(int id, bool isEdge);
+    // parent: null for a shape of the page. Neither it nor the cells are owned; both outlive the
+    // shape.
+    VisioShape(int id, VisioKind kind, VisioShape *parent, const VisioCells &cells);
 
-    VisioGeometry geometry;
-    QStringList texts;
-
-    int id() const { return sheet; }
     QByteArray idText() const { return QByteArray::number(sheet); }
+    bool isEdge() const { return content.isEdge(); }
+    // 1 for a shape of the page.
+    int level() const { return nesting; }
+    VisioShape *parent() const { return outer; }
+    const QList<VisioShape *> &children() const { return inner; }
 
-    // Drawing. Only the first pen, the first fill and the first text's font and colour count; null
-    // for none. An edge takes no fill.
-    void addPen(const Device::Pen *pen);
-    void addFill(const Device::Color *fill);
+    // Drawing. `addRows` is given the geometry; pen and fill may be null.
+    template <typename AddRows>
+    void draw(const Device::Pen *pen, const Device::Color *fill, AddRows addRows)
+    {
+        addRows(content.geometry);
+        knownFrame.reset();
+        cells.takePaint(content, pen, fill, element.body);
+    }
+    // Several texts are the lines of one.
     void addText(QPoint topLeft, const Device::Text *text);
-    // The geometry has changed.
-    void touch() { knownFrame.reset(); }
 
     // Writes the cells.
     void finish(int pageHeight);
     bool isFinished() const { return finished; }
 
-    // Connecting. The index of the connection point at the edge's end; a new one if there is none.
+    // Connecting. Whether there are rows, which have two ends, in device units.
+    bool hasEnds() const { return !content.geometry.isEmpty(); }
+    QPointF end(VisioEnd end) const;
+    // The index of a connection point at the place, which is new unless the format shares them.
     int connectionIndex(QPointF devicePoint, int pageHeight);
-    bool hasEnds() const { return element.ends.at >= 0; }
-    // Both ends, from the first and the last row, with the formulas that glue them or none. An edge
-    // without rows has its ends in the corner of the page.
-    void setEnds(int pageHeight, const QByteArray &tailFormula, const QByteArray &headFormula);
+    // Glues an end of an edge by the formula.
+    void glue(VisioEnd end, const QByteArray &formula);
+    // Writes both ends of an edge, glued or not, and forgets the formulas. One without rows has
+    // them in the corner of the page.
+    void writeEnds(int pageHeight);
+    bool hasWrittenEnds() const { return !element.ends.content.isEmpty(); }
 
-    // Containers. The formula's entries, joined.
-    void setRelationships(const QByteArray &entries);
-    void setContainer(const QByteArray &entries);
+    // Ties it to the containers around it and, if it is one, to its members: the formula's entries,
+    // joined.
+    void tie(const QByteArray &entries, bool isContainer);
 
-    // The shape's element. It is forgotten here.
-    QByteArray takeMarkup();
-
-    // The level of the shape's element within its part.
-    static constexpr int depth = 2;
+    // The start tag, the cells and the end tag of the shape's element.
+    void appendStart(QByteArray &document) const;
+    void appendCells(QByteArray &document) const { element.appendTo(document); }
+    void appendEnd(QByteArray &document) const;
+    qsizetype size() const { return element.size(); } // of the cells
+    // Forgets the cells.
+    void clear() { element = VisioElement(cellDepth()); }
 
 private:
+    int depth() const { return cells.shapeDepth() + nesting - 1; }
+    int cellDepth() const { return depth() + 1; }
     const VisioFrame &frame(int pageHeight);
     QList<VisioRow> frameRows() const;
-    void writeTransform(const VisioFrame &frame);
-    void writeText(const VisioFrame &frame);
-    void writeGeometry(const VisioFrame &frame);
 
     int sheet;
-    bool hasFill = false;
-    bool hasLine = false;
-    bool hasCharacter = false;
+    const VisioCells &cells;
+    VisioShape *outer;
+    QList<VisioShape *> inner;
+    int nesting;
     bool finished = false;
-    VisioRow textTopLeft;
-    VisioRow textBottomRight;
+    VisioContent content;
     VisioElement element;
     std::optional<VisioFrame> knownFrame;
-    QHash<std::pair<double, double>, int> connectionPoints; // by place on the page
+    int connectionCount = 0;
+    QHash<std::pair<double, double>, int> connectionPoints; // by place on the page, if shared
+    std::array<QByteArray, 2> glued; // the formulas by end, until they are written
 };
 
 } // namespace ORR::Graph

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "output/visio/visio_cells.h"
+
+namespace ORR::Graph {
+
+// The cells of a package's shapes: elements "Cell" with all the digits of a number, in sections of
+// rows. Only the first pen, the first fill and the first text's font and colour count, and their
+// cells stand where they came; an edge takes no fill.
+class VisioPackageCells : public VisioCells
+{
+public:
+    int shapeDepth() const override;
+    int connectDepth() const override;
+    bool nests() const override;
+    bool sharesConnectionPoints() const override;
+    VisioFrame::Measure measure() const override;
+    void takePaint(VisioContent &content, const Device::Pen *pen, const Device::Color *fill,
+                   VisioMarkup &body) const override;
+    void takeFont(VisioContent &content, const Device::Text *text,
+                  VisioMarkup &body) const override;
+    void startShape(VisioMarkup &markup, const QByteArray &sheet, bool hasInner) const override;
+    void writeShape(const VisioContent &content, const VisioFrame &frame,
+                    VisioMarkup &body) const override;
+    void startConnections(VisioMarkup &markup) const override;
+    void endConnections(VisioMarkup &markup) const override;
+    int connectionDepth() const override;
+    void writeEnds(VisioMarkup &markup, QPointF begin, QPointF end,
+                   const std::array<QByteArray, 2> &formulas) const override;
+    void writeContainer(VisioMarkup &markup, const QByteArray &entries,
+                        bool isContainer) const override;
+    void writeConnect(VisioMarkup &markup, const QByteArray &edge, VisioEnd end,
+                      const QByteArray &node, int index) const override;
+    void openRow(VisioMarkup &markup, const char *type, int index) const override;
+    void closeRow(VisioMarkup &markup, const char *type) const override;
+    void writeSplineStart(VisioMarkup &markup, const VisioSpline &spline,
+                          const VisioSpline &whole) const override;
+    void writeArcRatio(VisioMarkup &markup, double own, double ofShape) const override;
+
+protected:
+    void cell(VisioMarkup &markup, const char *name, const QByteArray &value,
+              const QByteArray &formula) const override;
+    QByteArray number(double value) const override;
+    QByteArray colorFormula(const ColorValue &color) const override;
+
+private:
+    void writeText(const VisioContent &content, const VisioFrame &frame, VisioMarkup &body) const;
+    void writeGeometry(const VisioContent &content, const VisioFrame &frame,
+                       VisioMarkup &body) const;
+};
+
+} // namespace ORR::Graph

@@ -1,0 +1,101 @@
+// How much a small input can make the program write: docs/security.md has the figures.
+#include "driver/program_run.h"
+#include "support/golden.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// An input of some 10 kB that makes much of little.
+struct Hostile
+{
+    QString name;
+    QString engine; // empty for a finished drawing
+    QByteArray graph;
+};
+
+// What the largest output of a format is at most, as a multiple of the input.
+struct Bound
+{
+    const char *format;
+    double most;
+};
+
+Hostile finished(const QString &name, const QByteArray &ops, const QByteArray &box = "0,0,300,300")
+{
+    return {name,
+            {},
+            "digraph { graph [bb=\"" + box + "\" xdotversion=\"1.2\"];\na [_ldraw_=\"c 3 -red "
+                + ops + "\"]; }"};
+}
+
+QByteArray counted(const QByteArray &text)
+{
+    return QByteArray::number(text.size()) + " -" + text;
+}
+
+Hostile laidOut(const QString &engine)
+{
+    QByteArray nodes;
+    for (int i = 0; i < 2200; ++i)
+        nodes += QByteArray::number(i) + ';';
+    return {engine, engine, "digraph {" + nodes + '}'};
+}
+
+QList<Hostile> hostileInputs()
+{
+    const QByteArray gradient = "[0 0 9 9 64 " + QByteArray("0 1 -r ").repeated(64) + ']';
+    const QByteArray family(5000, 'x');
+    return {
+        finished(u"many uses of a gradient"_s,
+                 "C " + counted(gradient) + ' ' + QByteArray("E 9 9 9 9 ").repeated(900)),
+        finished(u"many texts in a long family"_s,
+                 "F 9 " + counted(family) + ' ' + QByteArray("T 1 1 0 1 1 -a ").repeated(330)),
+        finished(u"many pieces of a rich text"_s,
+                 "F 9 5 -Arial H 1 1 0 1 " + counted(QByteArray("a<b>b</b>").repeated(1100))),
+        finished(u"many lines of a rich text"_s,
+                 "F 9 5 -Arial H 1 1 0 1 " + counted(QByteArray("a<br>").repeated(1980))),
+        finished(u"many shapes"_s, QByteArray("E 9 9 9 9 ").repeated(1000)),
+        finished(u"a large page"_s, QByteArray("E 9 9 9 9 ").repeated(990), "0,0,7000,7000"),
+        laidOut(u"flatbubble"_s),
+        laidOut(u"gfdecl"_s),
+        laidOut(u"matrix"_s),
+        laidOut(u"treemap"_s),
+    };
+}
+
+class Amplification : public ProgramTest
+{
+protected:
+    // The largest output of the table in a format, as a multiple of its input.
+    double largestFactor(const QString &format) const
+    {
+        double largest = 0.0;
+        for (const auto &[name, engine, graph] : hostileInputs()) {
+            QStringList arguments{u"-T"_s, format};
+            if (!engine.isEmpty())
+                arguments += {u"-K"_s, engine};
+            const ProgramRun drawn = run({.arguments = arguments, .input = graph});
+            // What can't be drawn writes nothing.
+            EXPECT_TRUE(drawn.status == 0 || drawn.output.isEmpty()) << name.toStdString();
+            const double factor = double(drawn.output.size()) / double(graph.size());
+            largest = std::max(largest, factor);
+        }
+        return largest;
+    }
+};
+
+} // namespace
+
+// Not less than half of it either, so that the figures mean something.
+TEST_F(Amplification, stays_within_a_factor_in_each_format)
+{
+    for (const auto &[format, most] : {Bound{"xdot1.2", 200}, Bound{"jpg", 100}, Bound{"png", 30},
+                                       Bound{"svg", 300}, Bound{"vsdx", 8}, Bound{"vdx", 400}}) {
+        const double largest = largestFactor(QString::fromLatin1(format));
+        EXPECT_LT(largest, most) << format;
+        EXPECT_GT(largest, most / 2) << format;
+    }
+}

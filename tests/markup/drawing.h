@@ -1,0 +1,37 @@
+#pragma once
+
+#include "driver/format_table.h"
+#include "driver/layout_table.h"
+#include "markup/reading.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QSize>
+#include <QString>
+
+// One graph on its way through the program to a file.
+struct Drawing
+{
+    QString message; // of the engine or the replay; empty for success
+    QByteArray bytes;
+    Reading reading;
+    QSize size; // of a picture
+};
+
+const QList<ORR::Driver::DriverFormat> &allFormats();
+
+bool isPicture(ORR::Driver::DriverFormat format);
+
+// The file alone, without what is read in it. A finished drawing is replayed, and the layout is not
+// looked at.
+Drawing fileOf(ORR::Driver::DriverFormat format, ORR::Driver::LayoutIndex layout,
+               const QByteArray &graph);
+
+// The file and what a reader finds in it.
+Drawing drawingOf(ORR::Driver::DriverFormat format, ORR::Driver::LayoutIndex layout,
+                  const QByteArray &graph);
+
+// Draws both graphs and expects the same structure of their files, with something drawn in it; of
+// pictures that they are some. Gives the first one.
+Drawing expectSameStructure(ORR::Driver::DriverFormat format, ORR::Driver::LayoutIndex layout,
+                            const QByteArray &hostile, const QByteArray &plain);
