@@ -262,7 +262,7 @@ void OpsReplay::collectText(bool html)
         x += truncated(width * -0.5);
     else if (alignment != -1)
         x -= width;
-    const QPoint topLeft(saturated(x), saturated(qint64(point.y()) - font->size()));
+    const QPoint topLeft = saturatedPoint(x, qint64(point.y()) - font->size());
     state.pendingTexts.append({text, topLeft, width, alignment == -1, html});
 }
 
@@ -297,7 +297,7 @@ QList<QPoint> OpsReplay::readPoints()
 
 QPoint PageTransform::map(int x, int y) const
 {
-    return {saturated(qint64(x) + pageMargin), saturated(qint64(canvasHeight) - y + pageMargin)};
+    return saturatedPoint(qint64(x) + pageMargin, qint64(canvasHeight) - y + pageMargin);
 }
 
 QPointF PageTransform::map(double x, double y) const

@@ -16,8 +16,8 @@ namespace ORR::Driver {
 
 namespace {
 
-// Engines start in one of three ways: from the context, from the graph and the device, or with both
-// given to the constructor. The engine lives as long as its run.
+// An engine starts with the graph and the device given to its constructor, or from the context, of
+// which some make an object and some none, or from the two apart. It lives as long as its run.
 template <typename Engine>
 QString start(Graph::LayoutContext context)
 {
