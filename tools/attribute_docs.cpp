@@ -72,26 +72,31 @@ QString typeText(const AttributeRow &row)
     return typeName(row.type) + u": "_s + words.join(u", "_s);
 }
 
-// A line for each lookup: that of a cluster is another one than that of a node.
-QString rowText(const AttributeRow &row)
+// How the elements of a row are looked up: a cluster, a node and the root each in their own way.
+QString lookupText(const AttributeRow &row)
 {
     QStringList lookups;
-    QStringList elements;
+    QList<AttributeElements> elements; // of each lookup
     for (const AttributeElement element : elementsIn(row.elements)) {
         const QString lookup = lookupName(row.lookup, element);
         if (lookups.isEmpty() || lookups.constLast() != lookup) {
             lookups += lookup;
-            elements += elementName(element);
-        } else {
-            elements.last() += u", "_s + elementName(element);
+            elements += AttributeElements();
         }
+        elements.last() |= element;
     }
-    const QString byDefault = row.byDefault.empty() ? u"none"_s : cell(row.byDefault);
-    QString text;
+    if (lookups.size() == 1)
+        return lookups.constFirst();
     for (qsizetype i = 0; i < lookups.size(); ++i)
-        text += tableLine({elements.at(i), code(row.name.text()), typeText(row), byDefault,
-                           lookups.at(i), cell(row.meaning)});
-    return text;
+        lookups[i].prepend(elementText(elements.at(i)) + u": "_s);
+    return lookups.join(u"; "_s);
+}
+
+QString rowText(const AttributeRow &row)
+{
+    const QString byDefault = row.byDefault.empty() ? u"none"_s : cell(row.byDefault);
+    return tableLine({elementText(row.elements), code(row.name.text()), typeText(row), byDefault,
+                      lookupText(row), cell(row.meaning)});
 }
 
 QString wordText(std::span<const AttributeRow *const> rows)
@@ -163,7 +168,7 @@ RenewedPage renewedPage(const QString &page)
     for (;;) {
         const qsizetype start = page.indexOf(firstMarker, copied);
         if (start < 0)
-            return {text + QStringView(page).sliced(copied), {}};
+            return {text + page.sliced(copied), {}};
         const qsizetype nameStart = start + firstMarker.size();
         const qsizetype nameEnd = page.indexOf(markerEnd, nameStart);
         const qsizetype end = page.indexOf(lastMarker, nameStart);
@@ -174,7 +179,7 @@ RenewedPage renewedPage(const QString &page)
         if (marked.isNull())
             return {page, u"there is no table \"%1\""_s.arg(name)};
         const qsizetype bodyStart = nameEnd + markerEnd.size();
-        text += QStringView(page).sliced(copied, bodyStart - copied) + u"\n\n"_s + marked + u'\n';
+        text += page.sliced(copied, bodyStart - copied) + u"\n\n"_s + marked + u'\n';
         copied = end;
     }
 }

@@ -12,8 +12,8 @@
 // of which the first names the table. The colours of `colors` stand there likewise.
 namespace ORR::Docs {
 
-// A table in Markdown: a line for each attribute and each of its lookups, then the words of its
-// choices and what the engine itself writes, where there are any.
+// A table in Markdown: a line for each attribute, then the words of its choices and what the engine
+// itself writes, where there are any.
 QString attributeText(const Graph::AttributeTable &table);
 
 // The names of colours in Markdown.

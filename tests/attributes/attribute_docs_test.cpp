@@ -62,13 +62,13 @@ TEST(AttributeDocs, hold_every_table)
     EXPECT_EQ(all.count("<!-- attributes: colors -->"_L1), 1);
 }
 
-TEST(AttributeDocs, have_a_line_for_each_lookup_and_then_the_words)
+TEST(AttributeDocs, have_a_line_for_each_attribute_and_then_the_words)
 {
     EXPECT_EQ(attributeText(table),
               u"| Element | Attribute | Type | Default | Lookup | Meaning |\n"
               "| --- | --- | --- | --- | --- | --- |\n"
-              "| root | `width` | number, points | 5 | own | a width |\n"
-              "| node | `width` | number, points | 5 | default of its kind | a width |\n"
+              "| root, node | `width` | number, points | 5 | root: own; node: default of its kind "
+              "| a width |\n"
               "| edge | `legend` | choice: `top`, `left\\|right` | none | own | a side |\n"
               "\n"
               "| Element | Attribute | Word | Meaning |\n"
