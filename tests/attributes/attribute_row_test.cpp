@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QStringList>
+
 using namespace ORR::Graph;
 using namespace Qt::StringLiterals;
 

@@ -81,9 +81,8 @@ QStringList listedRows(const QString &text, const QString &list)
 
 QString tableName(const QString &text)
 {
-    static const QRegularExpression table(uR"(constexpr\s+AttributeTable\s+table\{\s*"(\w+)") "_s);
-        return table.match(text)
-            .captured(1);
+    static const QRegularExpression table(uR"-(constexpr\s+AttributeTable\s+table\{\s*"(\w+)")-"_s);
+    return table.match(text).captured(1);
 }
 
 QList<Source> tableHeaders()
