@@ -16,8 +16,9 @@ namespace ORR::Driver {
 
 namespace {
 
-// An engine starts with the graph and the device given to its constructor, or from the context, of
-// which some make an object and some none, or from the two apart. It lives as long as its run.
+// Engines start in one of four ways, of which each has one: both given to the constructor, a
+// function of the context, an object that runs with the context, or one that runs with the two
+// apart. The engine lives as long as its run.
 template <typename Engine>
 QString start(Graph::LayoutContext context)
 {

@@ -4,9 +4,9 @@
 
 #include <gtest/gtest.h>
 
-#include <QHash>
 #include <QSet>
 
+#include <map>
 #include <utility>
 
 using namespace ORR::Graph;
@@ -44,7 +44,7 @@ TEST(AttributeTables, have_names_of_their_own)
 TEST(AttributeTables, name_each_attribute_of_an_element_once_for_a_lookup)
 {
     for (const AttributeTable *table : attributeTables()) {
-        QHash<std::pair<QString, AttributeLookup>, AttributeElements> seen;
+        std::map<std::pair<QString, AttributeLookup>, AttributeElements> seen;
         for (const AttributeRow *row : table->rows) {
             AttributeElements &elements = seen[{row->name.text(), row->lookup}];
             EXPECT_FALSE(elements & row->elements) << named(*table, row->name);
