@@ -76,4 +76,11 @@ QString ColorValue::toString() const
     return u"#%1%2%3"_s.arg(r, 2, 16, zero).arg(g, 2, 16, zero).arg(b, 2, 16, zero);
 }
 
+QStringList colorNames()
+{
+    QStringList names = colorTable.keys();
+    names.sort();
+    return names;
+}
+
 } // namespace ORR::Graph

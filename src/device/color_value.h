@@ -3,6 +3,7 @@
 #include "device/device.h"
 
 #include <QString>
+#include <QStringList>
 
 namespace ORR::Graph {
 
@@ -37,5 +38,8 @@ private:
     int b = 0;
     int a = 255;
 };
+
+// The names that a colour may have, sorted.
+QStringList colorNames();
 
 } // namespace ORR::Graph

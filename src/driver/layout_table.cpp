@@ -16,8 +16,9 @@ namespace ORR::Driver {
 
 namespace {
 
-// Engines start in one of three ways: from the context, from the graph and the device, or with both
-// given to the constructor. The engine lives as long as its run.
+// Engines start in one of four ways, of which each has one: both given to the constructor, a
+// function of the context, an object that runs with the context, or one that runs with the two
+// apart. The engine lives as long as its run.
 template <typename Engine>
 QString start(Graph::LayoutContext context)
 {

@@ -46,7 +46,7 @@ constexpr int saturated(qint64 value)
     return static_cast<int>(value < lowest ? lowest : value > highest ? highest : value);
 }
 
-// The point of such coordinates.
+// The point nearest to (x, y) that ints can hold.
 constexpr QPoint saturatedPoint(qint64 x, qint64 y)
 {
     return {saturated(x), saturated(y)};

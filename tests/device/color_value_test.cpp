@@ -86,3 +86,13 @@ TEST(ColorValue, a_stop_of_no_colour_is_black)
     EXPECT_EQ(ColorValue::of(&gradient, 2).toString(), "#000000");
     EXPECT_EQ(ColorValue::of(nullptr, 0).toString(), "#000000");
 }
+
+TEST(ColorValue, has_eighteen_names)
+{
+    const QStringList names = colorNames();
+    EXPECT_EQ(names.size(), 18);
+    EXPECT_EQ(names.constFirst(), u"aqua"_s);
+    EXPECT_EQ(names.constLast(), u"yellow"_s);
+    for (const QString &name : names)
+        EXPECT_TRUE(ColorValue(name).isValid()) << name.toStdString();
+}

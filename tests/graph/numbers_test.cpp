@@ -46,6 +46,7 @@ TEST(Numbers, sums_in_64_bits_saturate)
     EXPECT_EQ(saturated(qint64(highest) + 1), highest);
     EXPECT_EQ(saturated(qint64(lowest) - 1), lowest);
     EXPECT_EQ(saturated(-7), -7);
+    EXPECT_EQ(saturatedPoint(qint64(highest) + 1, qint64(lowest) - 1), QPoint(highest, lowest));
 }
 
 TEST(Numbers, the_coordinates_of_a_point_saturate_each_by_itself)

@@ -8,6 +8,7 @@
 #include "support/recording_device.h"
 
 #include <memory>
+#include <utility>
 
 // A graph, a device and their style, to make single grid objects on.
 struct Sheet
@@ -36,6 +37,14 @@ struct Sheet
         return ORR::Graph::TextImage::textSize(line, device.defaultFont(), false);
     }
 };
+
+// The object, measured.
+template <typename Object>
+Object &&measured(Object &&object, const ORR::Graph::GraphStyle &style)
+{
+    object.measure(style);
+    return std::forward<Object>(object);
+}
 
 // A whole DOT text that was drawn.
 struct Drawing

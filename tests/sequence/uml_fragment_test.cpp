@@ -27,6 +27,7 @@ struct FragmentSheet : Sheet
                         const QString &label = {})
     {
         GridObject *marker = keep(fragment.addSection(row, subgraph(id, label)));
+        marker->measure(style);
         fragment.addChild(marker);
         return marker;
     }
@@ -52,7 +53,7 @@ TEST(UmlCombinedFragment, follows_the_cells_of_its_children)
     EXPECT_EQ(fragment.children(), (QList<GridObject *>{&left, &below}));
 }
 
-TEST(UmlCombinedFragment, marks_a_section_on_its_current_column)
+TEST(UmlCombinedFragment, starts_a_section_on_its_current_column)
 {
     FragmentSheet sheet;
     UmlCombinedFragment fragment(0, 5, sheet.subgraph(u"f"_s));
@@ -60,15 +61,16 @@ TEST(UmlCombinedFragment, marks_a_section_on_its_current_column)
     fragment.addChild(&left);
     const std::unique_ptr<GridObject> marker =
         fragment.addSection(9, sheet.subgraph(u"s"_s, u"[else]"_s));
+    marker->measure(sheet.style);
     EXPECT_EQ(fragment.lastRow(), 9);
     EXPECT_EQ(fragment.sectionCount(), 1);
     EXPECT_EQ(fragment.children().size(), 1); // the marker is for the caller to add
     EXPECT_EQ(marker->row(), 9);
     EXPECT_EQ(marker->col(), 3);
-    EXPECT_EQ(marker->width(sheet.style), 0);
-    EXPECT_EQ(marker->height(sheet.style), sheet.labelSize(u"[else]"_s).height());
-    EXPECT_EQ(marker->xOffset(sheet.style), 0);
-    EXPECT_EQ(marker->yOffset(sheet.style), 0); // hangs below its row
+    EXPECT_EQ(marker->width(), 0);
+    EXPECT_EQ(marker->height(), sheet.labelSize(u"[else]"_s).height());
+    EXPECT_EQ(marker->xOffset(), 0);
+    EXPECT_EQ(marker->yOffset(), 0); // hangs below its row
 }
 
 TEST(UmlCombinedFragment, closes_one_row_below_with_room_for_its_frame)
@@ -83,10 +85,10 @@ TEST(UmlCombinedFragment, closes_one_row_below_with_room_for_its_frame)
     EXPECT_EQ(spacer->row(), 5);
     EXPECT_EQ(spacer->col(), 3);
     EXPECT_EQ(spacer->element(), nullptr);
-    EXPECT_EQ(spacer->width(sheet.style), 12);
-    EXPECT_EQ(spacer->height(sheet.style), 5);
-    EXPECT_EQ(spacer->xOffset(sheet.style), 0); // right of its column
-    EXPECT_EQ(spacer->yOffset(sheet.style), -2); // centred on its row
+    EXPECT_EQ(spacer->width(), 12);
+    EXPECT_EQ(spacer->height(), 5);
+    EXPECT_EQ(spacer->xOffset(), 0); // right of its column
+    EXPECT_EQ(spacer->yOffset(), -2); // centred on its row
 }
 
 TEST(UmlCombinedFragment, closes_around_the_fragments_within)
@@ -109,7 +111,7 @@ TEST(UmlCombinedFragment, closes_around_the_fragments_within)
     EXPECT_EQ(middle.lastRow(), 4);
     EXPECT_EQ(outer.lastRow(), 5);
     EXPECT_EQ(outer.lastCol(), 4);
-    EXPECT_EQ(spacer->width(sheet.style), 7 * 2 + 12);
+    EXPECT_EQ(spacer->width(), 7 * 2 + 12);
 }
 
 TEST(UmlCombinedFragment, is_as_high_as_its_label_and_that_of_its_first_section)
@@ -118,10 +120,14 @@ TEST(UmlCombinedFragment, is_as_high_as_its_label_and_that_of_its_first_section)
     UmlCombinedFragment fragment(0, 0, sheet.subgraph(u"f"_s, u"alt"_s));
     sheet.section(fragment, 0, u"first"_s, u"[one]\\n[line more]"_s);
     sheet.section(fragment, 1, u"second"_s, u"[a]\\n[b]\\n[c]"_s);
-    const int expected = labelRectangle(sheet.subgraph(u"t"_s, u"alt"_s), 1, sheet.style).height()
-        + labelRectangle(sheet.subgraph(u"u"_s, u"[one]\\n[line more]"_s), 1, sheet.style).height();
-    EXPECT_EQ(fragment.height(sheet.style), expected);
-    EXPECT_EQ(fragment.yOffset(sheet.style), -expected);
+    const int expected =
+        labelRectangle(elementLabel(sheet.subgraph(u"t"_s, u"alt"_s), 1, sheet.style)).height()
+        + labelRectangle(
+              elementLabel(sheet.subgraph(u"u"_s, u"[one]\\n[line more]"_s), 1, sheet.style))
+              .height();
+    fragment.measure(sheet.style);
+    EXPECT_EQ(fragment.height(), expected);
+    EXPECT_EQ(fragment.yOffset(), -expected);
 }
 
 TEST(UmlCombinedFragment, is_as_wide_as_the_widest_of_its_labels)
@@ -129,12 +135,14 @@ TEST(UmlCombinedFragment, is_as_wide_as_the_widest_of_its_labels)
     FragmentSheet sheet;
     UmlCombinedFragment fragment(0, 0, sheet.subgraph(u"f"_s, u"alternative"_s));
     sheet.section(fragment, 0, u"first"_s, u"[x]"_s);
-    EXPECT_EQ(fragment.width(sheet.style), sheet.labelSize(u"alternative"_s).width());
+    fragment.measure(sheet.style);
+    EXPECT_EQ(fragment.width(), sheet.labelSize(u"alternative"_s).width());
 
     UmlCombinedFragment other(0, 0, sheet.subgraph(u"g"_s, u"alt"_s));
     sheet.section(other, 0, u"third"_s, u"[x]"_s);
     sheet.section(other, 1, u"fourth"_s, u"[a long condition]"_s);
-    EXPECT_EQ(other.width(sheet.style), sheet.labelSize(u"[a long condition]"_s).width());
+    other.measure(sheet.style);
+    EXPECT_EQ(other.width(), sheet.labelSize(u"[a long condition]"_s).width());
 }
 
 TEST(UmlCombinedFragment, spans_columns_and_no_rows)
@@ -149,8 +157,9 @@ TEST(UmlCombinedFragment, spans_columns_and_no_rows)
 TEST(UmlCombinedFragment, hangs_eight_left_of_its_column)
 {
     FragmentSheet sheet;
-    const UmlCombinedFragment fragment(0, 0, sheet.subgraph(u"f"_s, u"alt"_s));
-    EXPECT_EQ(fragment.xOffset(sheet.style), -8 - sheet.labelSize(u"alt"_s).width());
+    UmlCombinedFragment fragment(0, 0, sheet.subgraph(u"f"_s, u"alt"_s));
+    fragment.measure(sheet.style);
+    EXPECT_EQ(fragment.xOffset(), -8 - sheet.labelSize(u"alt"_s).width());
 }
 
 TEST(UmlCombinedFragment, stands_seven_left_of_a_fragment_within_on_the_same_column)
@@ -161,10 +170,12 @@ TEST(UmlCombinedFragment, stands_seven_left_of_a_fragment_within_on_the_same_col
     UmlCombinedFragment inner(0, 0, sheet.subgraph(u"inner"_s, u"a wide label"_s));
     outer.addChild(&middle);
     middle.addChild(&inner);
+    for (UmlCombinedFragment *fragment : {&inner, &middle, &outer})
+        fragment->measure(sheet.style);
     const int innermost = -8 - sheet.labelSize(u"a wide label"_s).width();
-    EXPECT_EQ(outer.xOffset(sheet.style), innermost - 7 - 7);
-    EXPECT_EQ(middle.xOffset(sheet.style), innermost - 7);
-    EXPECT_EQ(inner.xOffset(sheet.style), innermost);
+    EXPECT_EQ(outer.xOffset(), innermost - 7 - 7);
+    EXPECT_EQ(middle.xOffset(), innermost - 7);
+    EXPECT_EQ(inner.xOffset(), innermost);
 }
 
 TEST(UmlCombinedFragment, need_not_move_for_a_fragment_on_another_column)
@@ -173,7 +184,9 @@ TEST(UmlCombinedFragment, need_not_move_for_a_fragment_on_another_column)
     UmlCombinedFragment outer(0, 0, sheet.subgraph(u"outer"_s, u"x"_s));
     UmlCombinedFragment inner(0, 1, sheet.subgraph(u"inner"_s, u"a wide label"_s));
     outer.addChild(&inner);
-    EXPECT_EQ(outer.xOffset(sheet.style), -8 - sheet.labelSize(u"x"_s).width());
+    inner.measure(sheet.style);
+    outer.measure(sheet.style);
+    EXPECT_EQ(outer.xOffset(), -8 - sheet.labelSize(u"x"_s).width());
 }
 
 TEST(UmlCombinedFragment, keeps_a_label_wider_than_what_the_nesting_asks_for)
@@ -182,7 +195,9 @@ TEST(UmlCombinedFragment, keeps_a_label_wider_than_what_the_nesting_asks_for)
     UmlCombinedFragment outer(0, 0, sheet.subgraph(u"outer"_s, u"a very wide label"_s));
     UmlCombinedFragment inner(0, 0, sheet.subgraph(u"inner"_s, u"x"_s));
     outer.addChild(&inner);
-    EXPECT_EQ(outer.xOffset(sheet.style), -8 - sheet.labelSize(u"a very wide label"_s).width());
+    inner.measure(sheet.style);
+    outer.measure(sheet.style);
+    EXPECT_EQ(outer.xOffset(), -8 - sheet.labelSize(u"a very wide label"_s).width());
 }
 
 // Sections from the last to the first, each down to where the one below begins; then the tag.
@@ -197,6 +212,7 @@ TEST(UmlCombinedFragment, paints_its_sections_from_the_last_to_the_first_and_the
     fragment.close();
     const QList<int> colPos{100, 200, 300};
     const QList<int> rowPos{60, 90, 120, 150, 190};
+    fragment.measure(sheet.style);
     fragment.paint(&sheet.device, colPos, rowPos, sheet.style);
 
     const int width =
@@ -245,6 +261,7 @@ TEST(UmlCombinedFragment, on_one_column_ends_where_its_widest_child_does)
     fragment.addChild(&activation);
     fragment.addChild(&wide);
     fragment.close();
+    fragment.measure(sheet.style);
     fragment.paint(&sheet.device, {100, 200}, {60, 90}, sheet.style);
     EXPECT_EQ(sheet.device.callsOf(u"rect"_s),
               (QStringList{u"rect 92,60 150,90 radius 0 pen black solid 1 fill #FFFFFF"_s}));
@@ -259,6 +276,7 @@ TEST(UmlCombinedFragment, on_one_column_never_ends_left_of_it)
                                InvisibleGridObject::Centre, sheet.node(u"b"_s));
     fragment.addChild(&before);
     fragment.close();
+    fragment.measure(sheet.style);
     fragment.paint(&sheet.device, {100, 200}, {60, 90}, sheet.style);
     EXPECT_EQ(sheet.device.callsOf(u"rect"_s),
               (QStringList{u"rect 92,60 100,90 radius 0 pen black solid 1 fill #FFFFFF"_s}));
@@ -275,6 +293,8 @@ TEST(UmlCombinedFragment, over_several_columns_ends_further_out_for_each_level_w
     inner.addChild(&object);
     outer.addChild(sheet.keep(inner.close()));
     outer.close();
+    inner.measure(sheet.style);
+    outer.measure(sheet.style);
     outer.paint(&sheet.device, {100, 200, 300}, {60, 90, 120, 150}, sheet.style);
     EXPECT_EQ(sheet.device.callsOf(u"rect"_s),
               (QStringList{u"rect 85,60 219,150 radius 0 pen black solid 1 fill #FFFFFF"_s}));
@@ -285,8 +305,10 @@ TEST(UmlCombinedFragment, without_a_section_is_its_tag_alone)
     FragmentSheet sheet;
     UmlCombinedFragment fragment(0, 0, sheet.subgraph(u"f"_s, u"opt"_s));
     fragment.close();
-    EXPECT_EQ(fragment.height(sheet.style), sheet.labelSize(u"opt"_s).height());
-    EXPECT_EQ(fragment.width(sheet.style), sheet.labelSize(u"opt"_s).width());
+    fragment.measure(sheet.style);
+    EXPECT_EQ(fragment.height(), sheet.labelSize(u"opt"_s).height());
+    EXPECT_EQ(fragment.width(), sheet.labelSize(u"opt"_s).width());
+    fragment.measure(sheet.style);
     fragment.paint(&sheet.device, {100, 200}, {60, 90}, sheet.style);
     EXPECT_EQ(sheet.device.callsOf(u"rect"_s), QStringList());
     EXPECT_EQ(sheet.device.callsOf(u"polygon"_s).size(), 1);
@@ -313,6 +335,7 @@ TEST(UmlCombinedFragment, tells_the_device_what_it_and_its_sections_hold)
     fragment.close();
 
     MemberDevice device;
+    fragment.measure(sheet.style);
     fragment.paint(&device, {100, 200}, {60, 90}, GraphStyle(&sheet.graph, &device));
     ASSERT_EQ(device.made.size(), 2);
     EXPECT_EQ(device.made.at(0)->members, QList<DotNode *>{node});
@@ -332,7 +355,9 @@ TEST(UmlCombinedFragment, measures_a_chain_of_a_hundred_thousand)
     for (int i = 100'000; i-- > 1;)
         chain[i - 1]->addChild(sheet.keep(chain[i]->close()));
     chain.front()->close();
+    for (int i = 100'000; i-- > 0;)
+        chain[i]->measure(sheet.style);
     EXPECT_EQ(chain.front()->nesting(), 99'999);
     EXPECT_EQ(chain.front()->lastRow(), 100'000);
-    EXPECT_EQ(chain.front()->xOffset(sheet.style), -8 - 7 * 99'999);
+    EXPECT_EQ(chain.front()->xOffset(), -8 - 7 * 99'999);
 }

@@ -37,12 +37,13 @@ QStringList paintCalls(Sheet &sheet, const GridObject &object, const QList<int> 
 TEST(UmlObject, measures_its_label_and_is_centred)
 {
     Sheet sheet;
-    const UmlObject object(0, 0, sheet.node(u"a"_s, u"Shop"_s));
+    UmlObject object(0, 0, sheet.node(u"a"_s, u"Shop"_s));
+    object.measure(sheet.style);
     const QSize text = sheet.textSize(u"Shop"_s);
-    EXPECT_EQ(object.width(sheet.style), text.width() + 6);
-    EXPECT_EQ(object.height(sheet.style), text.height() + 6);
-    EXPECT_EQ(object.xOffset(sheet.style), -((text.width() + 6) / 2));
-    EXPECT_EQ(object.yOffset(sheet.style), -((text.height() + 6) / 2));
+    EXPECT_EQ(object.width(), text.width() + 6);
+    EXPECT_EQ(object.height(), text.height() + 6);
+    EXPECT_EQ(object.xOffset(), -((text.width() + 6) / 2));
+    EXPECT_EQ(object.yOffset(), -((text.height() + 6) / 2));
     EXPECT_FALSE(object.spansAxis(true));
     EXPECT_FALSE(object.spansAxis(false));
     EXPECT_EQ(object.objectKind(), 0);
@@ -51,8 +52,9 @@ TEST(UmlObject, measures_its_label_and_is_centred)
 TEST(UmlObject, paints_a_box_with_its_label_as_a_node)
 {
     Sheet sheet;
-    const UmlObject object(0, 0, sheet.node(u"a"_s, u"Shop"_s));
-    const QRect box = object.bounds(sheet.style, {100}, {50});
+    UmlObject object(0, 0, sheet.node(u"a"_s, u"Shop"_s));
+    object.measure(sheet.style);
+    const QRect box = object.bounds({100}, {50});
     const QStringList expected{
         u"beginNode a"_s,
         u"rect %1,%2 %3,%4 radius 0 pen #000000 solid 1 fill #FFFFFF"_s.arg(box.left())
@@ -68,7 +70,8 @@ TEST(UmlObject, paints_a_box_with_its_label_as_a_node)
 TEST(UmlObject, without_a_label_paints_a_box_that_ends_one_unit_before_it_begins)
 {
     Sheet sheet;
-    const UmlObject object(0, 0, sheet.node(u"a"_s));
+    UmlObject object(0, 0, sheet.node(u"a"_s));
+    object.measure(sheet.style);
     const QStringList expected{
         u"beginNode a"_s,
         u"rect 100,50 99,49 radius 0 pen #000000 solid 1 fill #FFFFFF"_s,
@@ -82,7 +85,8 @@ TEST(UmlObject, takes_the_first_colour_of_a_gradient)
     Sheet sheet;
     DotNode *node = sheet.node(u"a"_s);
     node->attributes.insert(u"fillcolor"_s, u"red;blue"_s);
-    const UmlObject object(0, 0, node);
+    UmlObject object(0, 0, node);
+    object.measure(sheet.style);
     EXPECT_EQ(paintCalls(sheet, object, {100}, {50}).at(1),
               u"rect 100,50 99,49 radius 0 pen #000000 solid 1 fill red"_s);
 }
@@ -91,10 +95,10 @@ TEST(UmlActivation, measures_ten_by_ten_whatever_its_label)
 {
     Sheet sheet;
     const UmlActivation bar(0, 0, 0, sheet.node(u"a"_s, u"a long label"_s));
-    EXPECT_EQ(bar.width(sheet.style), 10);
-    EXPECT_EQ(bar.height(sheet.style), 10);
-    EXPECT_EQ(bar.xOffset(sheet.style), -5);
-    EXPECT_EQ(bar.yOffset(sheet.style), 0);
+    EXPECT_EQ(bar.width(), 10);
+    EXPECT_EQ(bar.height(), 10);
+    EXPECT_EQ(bar.xOffset(), -5);
+    EXPECT_EQ(bar.yOffset(), 0);
     EXPECT_FALSE(bar.spansAxis(true));
     EXPECT_FALSE(bar.spansAxis(false));
     EXPECT_EQ(bar.objectKind(), 0);
@@ -104,17 +108,17 @@ TEST(UmlActivation, stands_four_further_right_for_each_level_of_nesting)
 {
     Sheet sheet;
     DotNode *node = sheet.node(u"a"_s);
-    EXPECT_EQ(UmlActivation(0, 0, 1, node).xOffset(sheet.style), -1);
-    EXPECT_EQ(UmlActivation(0, 0, 3, node).xOffset(sheet.style), 7);
-    EXPECT_EQ(UmlActivation(0, 0, -1, node).xOffset(sheet.style), -9);
+    EXPECT_EQ(UmlActivation(0, 0, 1, node).xOffset(), -1);
+    EXPECT_EQ(UmlActivation(0, 0, 3, node).xOffset(), 7);
+    EXPECT_EQ(UmlActivation(0, 0, -1, node).xOffset(), -9);
 }
 
 TEST(UmlActivation, any_nesting_keeps_its_offset_within_an_int)
 {
     Sheet sheet;
     DotNode *node = sheet.node(u"a"_s);
-    EXPECT_EQ(UmlActivation(0, 0, highest, node).xOffset(sheet.style), highest);
-    EXPECT_EQ(UmlActivation(0, 0, lowest, node).xOffset(sheet.style), lowest);
+    EXPECT_EQ(UmlActivation(0, 0, highest, node).xOffset(), highest);
+    EXPECT_EQ(UmlActivation(0, 0, lowest, node).xOffset(), lowest);
 }
 
 TEST(UmlActivation, lasts_from_its_row_to_its_end_row)
@@ -122,9 +126,9 @@ TEST(UmlActivation, lasts_from_its_row_to_its_end_row)
     Sheet sheet;
     UmlActivation bar(1, 0, 0, sheet.node(u"a"_s));
     EXPECT_EQ(bar.endRow(), 1);
-    EXPECT_EQ(bar.bounds(sheet.style, {100}, {10, 30, 90}), QRect(95, 30, 10, 0));
+    EXPECT_EQ(bar.bounds({100}, {10, 30, 90}), QRect(95, 30, 10, 0));
     bar.setEndRow(2);
-    EXPECT_EQ(bar.bounds(sheet.style, {100}, {10, 30, 90}), QRect(95, 30, 10, 60));
+    EXPECT_EQ(bar.bounds({100}, {10, 30, 90}), QRect(95, 30, 10, 60));
 }
 
 TEST(UmlActivation, that_ends_before_it_begins_has_a_negative_height)
@@ -132,7 +136,7 @@ TEST(UmlActivation, that_ends_before_it_begins_has_a_negative_height)
     Sheet sheet;
     UmlActivation bar(1, 0, 0, sheet.node(u"a"_s));
     bar.setEndRow(0);
-    const QRect bounds = bar.bounds(sheet.style, {100}, {10, 30});
+    const QRect bounds = bar.bounds({100}, {10, 30});
     EXPECT_EQ(bounds.top(), 30);
     EXPECT_EQ(bounds.bottom(), 9);
 }
@@ -154,9 +158,10 @@ TEST(InvisibleGridObject, has_the_size_it_was_given)
 {
     Sheet sheet;
     DotNode *labelled = sheet.node(u"a"_s, u"label"_s);
-    const InvisibleGridObject object = invisible(40, 30, Align::Centre, Align::Centre, labelled);
-    EXPECT_EQ(object.width(sheet.style), 40);
-    EXPECT_EQ(object.height(sheet.style), 30);
+    InvisibleGridObject object = invisible(40, 30, Align::Centre, Align::Centre, labelled);
+    object.measure(sheet.style);
+    EXPECT_EQ(object.width(), 40);
+    EXPECT_EQ(object.height(), 30);
     EXPECT_FALSE(object.spansAxis(true));
     EXPECT_FALSE(object.spansAxis(false));
     EXPECT_EQ(object.objectKind(), 0);
@@ -167,49 +172,50 @@ TEST(InvisibleGridObject, takes_minus_one_from_its_label_for_each_measure_on_its
     Sheet sheet;
     DotNode *node = sheet.node(u"a"_s, u"label"_s);
     const QSize text = sheet.textSize(u"label"_s);
-    const InvisibleGridObject wide = invisible(-1, 30, Align::Centre, Align::Centre, node);
-    EXPECT_EQ(wide.width(sheet.style), text.width() + 6);
-    EXPECT_EQ(wide.height(sheet.style), 30);
-    const InvisibleGridObject high = invisible(40, -1, Align::Centre, Align::Centre, node);
-    EXPECT_EQ(high.width(sheet.style), 40);
-    EXPECT_EQ(high.height(sheet.style), text.height() + 6);
+    InvisibleGridObject wide = invisible(-1, 30, Align::Centre, Align::Centre, node);
+    wide.measure(sheet.style);
+    EXPECT_EQ(wide.width(), text.width() + 6);
+    EXPECT_EQ(wide.height(), 30);
+    InvisibleGridObject high = invisible(40, -1, Align::Centre, Align::Centre, node);
+    high.measure(sheet.style);
+    EXPECT_EQ(high.width(), 40);
+    EXPECT_EQ(high.height(), text.height() + 6);
 }
 
 TEST(InvisibleGridObject, without_an_element_takes_nothing_from_its_label)
 {
     Sheet sheet;
-    const InvisibleGridObject object = invisible(-1, -1, Align::Before, Align::Before);
-    EXPECT_EQ(object.width(sheet.style), 0);
-    EXPECT_EQ(object.height(sheet.style), 0);
+    InvisibleGridObject object = invisible(-1, -1, Align::Before, Align::Before);
+    object.measure(sheet.style);
+    EXPECT_EQ(object.width(), 0);
+    EXPECT_EQ(object.height(), 0);
 }
 
 TEST(InvisibleGridObject, hangs_before_its_anchor_stands_on_it_or_hangs_after_it)
 {
     Sheet sheet;
-    EXPECT_EQ(invisible(41, 31, Align::Before, Align::Before).xOffset(sheet.style), -41);
-    EXPECT_EQ(invisible(41, 31, Align::Centre, Align::Before).xOffset(sheet.style), -20);
-    EXPECT_EQ(invisible(41, 31, Align::After, Align::Before).xOffset(sheet.style), 0);
-    EXPECT_EQ(invisible(41, 31, Align::After, Align::Before).yOffset(sheet.style), -31);
-    EXPECT_EQ(invisible(41, 31, Align::After, Align::Centre).yOffset(sheet.style), -15);
-    EXPECT_EQ(invisible(41, 31, Align::Before, Align::After).yOffset(sheet.style), 0);
+    EXPECT_EQ(invisible(41, 31, Align::Before, Align::Before).xOffset(), -41);
+    EXPECT_EQ(invisible(41, 31, Align::Centre, Align::Before).xOffset(), -20);
+    EXPECT_EQ(invisible(41, 31, Align::After, Align::Before).xOffset(), 0);
+    EXPECT_EQ(invisible(41, 31, Align::After, Align::Before).yOffset(), -31);
+    EXPECT_EQ(invisible(41, 31, Align::After, Align::Centre).yOffset(), -15);
+    EXPECT_EQ(invisible(41, 31, Align::Before, Align::After).yOffset(), 0);
 }
 
 TEST(InvisibleGridObject, any_size_keeps_its_offset_within_an_int)
 {
     Sheet sheet;
-    EXPECT_EQ(invisible(lowest, lowest, Align::Before, Align::Before).xOffset(sheet.style),
-              highest);
-    EXPECT_EQ(invisible(lowest, lowest, Align::Before, Align::Centre).yOffset(sheet.style),
-              1 << 30);
-    EXPECT_EQ(invisible(highest, highest, Align::Before, Align::Before).xOffset(sheet.style),
-              -highest);
+    EXPECT_EQ(invisible(lowest, lowest, Align::Before, Align::Before).xOffset(), highest);
+    EXPECT_EQ(invisible(lowest, lowest, Align::Before, Align::Centre).yOffset(), 1 << 30);
+    EXPECT_EQ(invisible(highest, highest, Align::Before, Align::Before).xOffset(), -highest);
 }
 
 TEST(InvisibleGridObject, shows_its_element_to_the_device_and_draws_nothing)
 {
     Sheet sheet;
-    const InvisibleGridObject object =
+    InvisibleGridObject object =
         invisible(40, 30, Align::Centre, Align::Centre, sheet.node(u"a"_s, u"label"_s));
+    object.measure(sheet.style);
     EXPECT_EQ(paintCalls(sheet, object, {10}, {20}), (QStringList{u"beginNode a"_s, u"endNode"_s}));
 }
 
@@ -223,8 +229,9 @@ TEST(InvisibleGridObject, without_an_element_leaves_no_trace)
 TEST(SectionMarker, is_shown_under_the_id_of_its_section)
 {
     Sheet sheet;
-    const InvisibleGridObject marker(0, 0, {0, -1}, Align::Centre, Align::After,
-                                     sheet.subgraph(u"else"_s));
+    InvisibleGridObject marker(0, 0, {0, -1}, Align::Centre, Align::After,
+                               sheet.subgraph(u"else"_s));
+    marker.measure(sheet.style);
     EXPECT_EQ(paintCalls(sheet, marker, {10}, {20}),
               (QStringList{u"beginNode else"_s, u"endNode"_s}));
 }
@@ -232,10 +239,11 @@ TEST(SectionMarker, is_shown_under_the_id_of_its_section)
 TEST(SectionMarker, measures_a_label_of_the_section_itself)
 {
     Sheet sheet;
-    const InvisibleGridObject marker(0, 0, {-1, -1}, Align::Centre, Align::After,
-                                     sheet.subgraph(u"s"_s, u"[else]"_s));
-    EXPECT_EQ(marker.width(sheet.style), sheet.textSize(u"[else]"_s).width() + 6);
-    EXPECT_EQ(marker.height(sheet.style), sheet.textSize(u"[else]"_s).height() + 6);
+    InvisibleGridObject marker(0, 0, {-1, -1}, Align::Centre, Align::After,
+                               sheet.subgraph(u"s"_s, u"[else]"_s));
+    marker.measure(sheet.style);
+    EXPECT_EQ(marker.width(), sheet.textSize(u"[else]"_s).width() + 6);
+    EXPECT_EQ(marker.height(), sheet.textSize(u"[else]"_s).height() + 6);
 }
 
 TEST(SectionMarker, measures_the_node_defaults_around_it_when_the_section_has_no_label)
@@ -244,26 +252,28 @@ TEST(SectionMarker, measures_the_node_defaults_around_it_when_the_section_has_no
     DotSubgraph *outer = sheet.subgraph(u"outer"_s, u"graph label"_s);
     DotSubgraph *section = sheet.graph.createSubgraph(outer, u"s"_s);
     sheet.graph.declareAttribute(section, u"label"_s, u"default inside"_s, u"node"_s);
-    const InvisibleGridObject unlabelled(0, 0, {-1, -1}, Align::Centre, Align::After, section);
-    EXPECT_EQ(unlabelled.width(sheet.style), 0);
+    InvisibleGridObject unlabelled(0, 0, {-1, -1}, Align::Centre, Align::After, section);
+    unlabelled.measure(sheet.style);
+    EXPECT_EQ(unlabelled.width(), 0);
 
     sheet.graph.declareAttribute(outer, u"label"_s, u"default"_s, u"node"_s);
-    const InvisibleGridObject labelled(0, 0, {-1, -1}, Align::Centre, Align::After, section);
-    EXPECT_EQ(labelled.width(sheet.style), sheet.textSize(u"default"_s).width() + 6);
+    InvisibleGridObject labelled(0, 0, {-1, -1}, Align::Centre, Align::After, section);
+    labelled.measure(sheet.style);
+    EXPECT_EQ(labelled.width(), sheet.textSize(u"default"_s).width() + 6);
 }
 
 TEST(UmlFoundMessage, measures_six_by_six_whatever_its_label)
 {
     Sheet sheet;
     const UmlFoundMessage dot(0, 0, sheet.node(u"a"_s, u"label"_s));
-    EXPECT_EQ(dot.width(sheet.style), 6);
-    EXPECT_EQ(dot.height(sheet.style), 6);
-    EXPECT_EQ(dot.xOffset(sheet.style), -3);
-    EXPECT_EQ(dot.yOffset(sheet.style), -3);
+    EXPECT_EQ(dot.width(), 6);
+    EXPECT_EQ(dot.height(), 6);
+    EXPECT_EQ(dot.xOffset(), -3);
+    EXPECT_EQ(dot.yOffset(), -3);
     EXPECT_FALSE(dot.spansAxis(true));
     EXPECT_FALSE(dot.spansAxis(false));
     EXPECT_EQ(dot.objectKind(), 0);
-    EXPECT_EQ(dot.bounds(sheet.style, {100}, {50}), QRect(97, 47, 6, 6));
+    EXPECT_EQ(dot.bounds({100}, {50}), QRect(97, 47, 6, 6));
 }
 
 TEST(UmlFoundMessage, paints_a_dot_on_its_anchor)

@@ -4,24 +4,29 @@
 
 namespace ORR::Graph::Layout {
 
-int GridObject::height(const GraphStyle &style) const
+void GridObject::measure(const GraphStyle &style)
 {
-    return labelRectangle(label(style)).height();
+    elementText = elementLabel(graphElement, objectKind(), style);
 }
 
-int GridObject::width(const GraphStyle &style) const
+int GridObject::height() const
 {
-    return labelRectangle(label(style)).width();
+    return labelRectangle(elementText).height();
 }
 
-int GridObject::xOffset(const GraphStyle &style) const
+int GridObject::width() const
 {
-    return -(width(style) / 2);
+    return labelRectangle(elementText).width();
 }
 
-int GridObject::yOffset(const GraphStyle &style) const
+int GridObject::xOffset() const
 {
-    return -(height(style) / 2);
+    return -(width() / 2);
+}
+
+int GridObject::yOffset() const
+{
+    return -(height() / 2);
 }
 
 bool GridObject::spansAxis(bool) const
@@ -29,18 +34,10 @@ bool GridObject::spansAxis(bool) const
     return false;
 }
 
-QRect GridObject::bounds(const GraphStyle &style, const QList<int> &colPos,
-                         const QList<int> &rowPos) const
+QRect GridObject::bounds(const QList<int> &colPos, const QList<int> &rowPos) const
 {
-    return gridRect(qint64(colPos.value(gridCol)) + xOffset(style),
-                    qint64(rowPos.value(gridRow)) + yOffset(style), width(style), height(style));
-}
-
-const TextBlock &GridObject::label(const GraphStyle &style) const
-{
-    if (!cachedLabel)
-        cachedLabel = elementLabel(graphElement, objectKind(), style);
-    return *cachedLabel;
+    return gridRect(qint64(colPos.value(gridCol)) + xOffset(),
+                    qint64(rowPos.value(gridRow)) + yOffset(), width(), height());
 }
 
 TextBlock elementLabel(DotObject *element, int kind, const GraphStyle &style)
@@ -67,24 +64,14 @@ QRect labelRectangle(const TextBlock &label)
     return gridRect(0, 0, saturated(label.width + padding), saturated(label.height + padding));
 }
 
-QRect labelRectangle(DotObject *element, int kind, const GraphStyle &style)
-{
-    return labelRectangle(elementLabel(element, kind, style));
-}
-
 QRect gridRect(qint64 left, qint64 top, qint64 width, qint64 height)
 {
-    return {gridPoint(left, top), gridPoint(left + width - 1, top + height - 1)};
-}
-
-QPoint gridPoint(qint64 x, qint64 y)
-{
-    return {saturated(x), saturated(y)};
+    return {saturatedPoint(left, top), saturatedPoint(left + width - 1, top + height - 1)};
 }
 
 void drawLabel(const TextBlock &label, int left, int top, Device *device)
 {
-    TextBlock::draw(label, gridPoint(qint64(left) + labelPadding, qint64(top) + labelPadding),
+    TextBlock::draw(label, saturatedPoint(qint64(left) + labelPadding, qint64(top) + labelPadding),
                     device);
 }
 

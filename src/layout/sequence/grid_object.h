@@ -6,10 +6,7 @@
 #include "graph/dot_graph.h"
 
 #include <QList>
-#include <QPoint>
 #include <QRect>
-
-#include <optional>
 
 namespace ORR::Graph::Layout {
 
@@ -22,8 +19,7 @@ inline constexpr int labelPadding = 3;
 // are inclusive ones (right = left + width - 1), halves are truncated toward zero, and sums that no
 // int holds saturate.
 //
-// Objects are made while a diagram is built and measured afterwards, always with one and the same
-// style: the label is laid out on the first measure and kept.
+// Objects are made while a diagram is built and measured afterwards, once.
 class GridObject
 {
 public:
@@ -34,25 +30,28 @@ public:
     GridObject(const GridObject &) = delete;
     GridObject &operator=(const GridObject &) = delete;
 
+    // Lays out the label. To be called once, before anything below is asked of the object or of
+    // one that hangs on it.
+    virtual void measure(const GraphStyle &style);
+
     // Draws the object. `colPos` and `rowPos` are the solved anchors; an index beyond them reads 0.
     virtual void paint(Device *device, const QList<int> &colPos, const QList<int> &rowPos,
                        const GraphStyle &style) const = 0;
 
     // The size; that of the label with its padding unless a class says otherwise, 0 without one.
-    virtual int height(const GraphStyle &style) const;
-    virtual int width(const GraphStyle &style) const;
+    virtual int height() const;
+    virtual int width() const;
 
     // The distance from the anchor to the left and to the top edge. The base centres the object.
-    virtual int xOffset(const GraphStyle &style) const;
-    virtual int yOffset(const GraphStyle &style) const;
+    virtual int xOffset() const;
+    virtual int yOffset() const;
 
     // Whether the object lies across several bands of an axis, so that it does not widen the band
     // of its own index: asked once for the columns and once for the rows.
     virtual bool spansAxis(bool columns) const;
 
     // The rectangle on the page.
-    virtual QRect bounds(const GraphStyle &style, const QList<int> &colPos,
-                         const QList<int> &rowPos) const;
+    virtual QRect bounds(const QList<int> &colPos, const QList<int> &rowPos) const;
 
     virtual int objectKind() const = 0;
 
@@ -71,14 +70,14 @@ protected:
 
     void setCol(int col) { gridCol = col; }
 
-    // The element's label, laid out once.
-    const TextBlock &label(const GraphStyle &style) const;
+    // The element's label; empty until the object is measured, and for a class that shows none.
+    const TextBlock &label() const { return elementText; }
 
 private:
     int gridRow;
     int gridCol;
     DotObject *graphElement;
-    mutable std::optional<TextBlock> cachedLabel;
+    TextBlock elementText;
 };
 
 // The label of an element of that kind; an empty block for a null element and an unknown kind.
@@ -88,12 +87,8 @@ TextBlock elementLabel(DotObject *element, int kind, const GraphStyle &style);
 // lines.
 QRect labelRectangle(const TextBlock &label);
 
-// The same for the label of an element.
-QRect labelRectangle(DotObject *element, int kind, const GraphStyle &style);
-
-// A rectangle and a point whose coordinates saturate.
+// A rectangle whose coordinates saturate.
 QRect gridRect(qint64 left, qint64 top, qint64 width, qint64 height);
-QPoint gridPoint(qint64 x, qint64 y);
 
 // Draws a label's lines, if it has any, within the padding of a box with that corner.
 void drawLabel(const TextBlock &label, int left, int top, Device *device);

@@ -26,36 +26,31 @@ void reach(int &before, int &after, int offset, int size)
     after = std::max(after, saturated(qint64(size) + offset));
 }
 
-QList<Band> measuredBands(int count, const QList<const GridObject *> &objects, bool columns,
-                          const GraphStyle &style)
+QList<Band> bandsOf(int count, const QList<GridClaim> &claims)
 {
     QList<Band> bands(count);
-    for (const GridObject *object : objects) {
-        const int index = columns ? object->col() : object->row();
-        if (index < 0 || index >= count)
+    for (const GridClaim &claim : claims) {
+        if (claim.index < 0 || claim.index >= count)
             continue;
-        const int offset = columns ? object->xOffset(style) : object->yOffset(style);
-        const int size = columns ? object->width(style) : object->height(style);
-        Band &band = bands[index];
-        if (object->spansAxis(columns))
-            reach(band.spanBefore, band.spanAfter, offset, size);
+        Band &band = bands[claim.index];
+        if (claim.spans)
+            reach(band.spanBefore, band.spanAfter, claim.offset, claim.size);
         else
-            reach(band.before, band.after, offset, size);
+            reach(band.before, band.after, claim.offset, claim.size);
     }
     return bands;
 }
 
 } // namespace
 
-QList<int> solveGrid(int count, const QList<const GridObject *> &objects, bool columns,
-                     const GraphStyle &style)
+QList<int> solveGrid(int count, const QList<GridClaim> &claims)
 {
     QList<int> positions;
     positions.reserve(qsizetype(count) + 1);
     int last = 0;
     int after = 0;
     int carry = 0;
-    const QList<Band> bands = measuredBands(count, objects, columns, style);
+    const QList<Band> bands = bandsOf(count, claims);
     for (const Band &band : bands) {
         const qint64 claimed = std::max(qint64(band.spanBefore) - band.before, qint64(carry));
         last = saturated(qint64(last) + after + bandGap + band.before + claimed);

@@ -1,10 +1,17 @@
 #pragma once
 
-#include "layout/sequence/grid_object.h"
-
 #include <QList>
 
 namespace ORR::Graph::Layout {
+
+// What one object asks of one axis of the grid.
+struct GridClaim
+{
+    int index; // the row or column that it stands on
+    int offset; // from the anchor of the index to where it begins
+    int size;
+    bool spans; // whether it lies across several bands
+};
 
 // The positions of one axis of the grid: the anchor of each of the `count` rows (or columns) and,
 // as one more entry, the extent of the page. Every index has a band as wide as its objects reach
@@ -15,7 +22,6 @@ namespace ORR::Graph::Layout {
 // gap, where it competes with what the next objects claim and does not add to it.
 //
 // Objects on an index outside 0 to count - 1 do not count. Positions saturate.
-QList<int> solveGrid(int count, const QList<const GridObject *> &objects, bool columns,
-                     const GraphStyle &style);
+QList<int> solveGrid(int count, const QList<GridClaim> &claims);
 
 } // namespace ORR::Graph::Layout

@@ -10,15 +10,15 @@ namespace ORR::Graph::Layout {
 class UmlLifeLine : public GridObject
 {
 public:
-    UmlLifeLine(GridObject *from, GridObject *to, DotEdge *edge);
+    UmlLifeLine(const GridObject *from, const GridObject *to, DotEdge *edge);
 
     void paint(Device *device, const QList<int> &colPos, const QList<int> &rowPos,
                const GraphStyle &style) const override;
     int objectKind() const override { return EdgeKind; }
 
 private:
-    GridObject *from;
-    GridObject *to;
+    const GridObject *from;
+    const GridObject *to;
 };
 
 // A call: an arrow with a filled head, on the row of the thing called. Between two things of one
@@ -26,47 +26,45 @@ private:
 class UmlMessage : public GridObject
 {
 public:
-    UmlMessage(GridObject *source, GridObject *target, DotEdge *edge);
+    UmlMessage(const GridObject *source, const GridObject *target, DotEdge *edge);
 
     void paint(Device *device, const QList<int> &colPos, const QList<int> &rowPos,
                const GraphStyle &style) const override;
-    int height(const GraphStyle &style) const override;
-    int width(const GraphStyle &style) const override;
+    int height() const override;
+    int width() const override;
     // The label starts at the right edge of the source, or ends at its left edge. Within one column
     // it stands on the right; a return in that place stands on the left, and that is meant.
-    int xOffset(const GraphStyle &style) const override;
-    int yOffset(const GraphStyle &style) const override;
+    int xOffset() const override;
+    int yOffset() const override;
     bool spansAxis(bool columns) const override { return columns; }
     int objectKind() const override { return EdgeKind; }
 
 private:
     bool isSelfMessage() const { return source->col() == target->col(); }
-    void paintHook(Device *device, const QRect &box, const QRect &from, const QRect &to,
-                   Device::Pen *pen, bool labelled) const;
 
-    GridObject *source;
-    GridObject *target;
+    const GridObject *source;
+    const GridObject *target;
 };
 
-// The way back from a call: an arrow with an open head, on a row of its own. Making one ends the
-// activation that it comes from at that row, visible or not; of several the last one made counts.
-// One that is not visible takes the room of its label all the same.
+// The way back from a call: an arrow with an open head, on a row of its own, where the activation
+// that it comes from ends. One that is not visible takes the room of its label all the same.
 class UmlReturn : public GridObject
 {
 public:
-    UmlReturn(int row, UmlActivation *source, GridObject *target, bool visible, DotEdge *edge);
+    UmlReturn(int row, const UmlActivation *source, const GridObject *target, bool visible,
+              DotEdge *edge);
 
     void paint(Device *device, const QList<int> &colPos, const QList<int> &rowPos,
                const GraphStyle &style) const override;
-    int xOffset(const GraphStyle &style) const override;
+    int xOffset() const override;
     // The label stands on the line, a little into it; a return without one keeps 10 free above it.
-    int yOffset(const GraphStyle &style) const override;
+    int yOffset() const override;
     bool spansAxis(bool columns) const override { return columns; }
     int objectKind() const override { return EdgeKind; }
 
 private:
-    UmlActivation *source;
-    GridObject *target;
+    const UmlActivation *source;
+    const GridObject *target;
     bool visible;
 };
 

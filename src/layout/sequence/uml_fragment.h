@@ -1,33 +1,35 @@
 #pragma once
 
+#include "layout/sequence/fragment_frame.h"
 #include "layout/sequence/grid_object.h"
 #include "layout/sequence/uml_nodes.h"
 
 #include <memory>
-#include <optional>
 
 namespace ORR::Graph::Layout {
 
 // A combined fragment: a title tag with a cut corner, and below it a frame that is nothing but the
 // rectangles of its sections. Without a section there is only the tag.
 //
-// While the diagram is built it follows the cells of what is put into it. Fragments within it, at
-// whatever depth, are measured without recursion.
+// While the diagram is built it follows the cells of what is put into it.
 class UmlCombinedFragment : public GridObject
 {
 public:
     UmlCombinedFragment(int row, int col, DotSubgraph *subgraph);
 
+    // Also lays out the labels of the sections. Fragments within are measured before those around
+    // them, which hang on their offsets.
+    void measure(const GraphStyle &style) override;
     void paint(Device *device, const QList<int> &colPos, const QList<int> &rowPos,
                const GraphStyle &style) const override;
     // The labels of the fragment and of its first section, which stand below each other.
-    int height(const GraphStyle &style) const override;
+    int height() const override;
     // The widest of the labels of the fragment and its sections.
-    int width(const GraphStyle &style) const override;
+    int width() const override;
     // Left of the column by the width and 8, and at least 7 left of each fragment within it that
     // stands on the same column.
-    int xOffset(const GraphStyle &style) const override;
-    int yOffset(const GraphStyle &style) const override;
+    int xOffset() const override { return leftOffset; }
+    int yOffset() const override;
     bool spansAxis(bool columns) const override { return columns; }
     int objectKind() const override { return ClusterKind; }
 
@@ -45,23 +47,20 @@ public:
 
     const QList<GridObject *> &children() const { return allChildren; }
     qsizetype sectionCount() const { return sections.size(); }
-    int lastRow() const { return endRow; }
-    int lastCol() const { return endCol; }
+    int lastRow() const { return cells.lastRow; }
+    int lastCol() const { return cells.lastCol; }
     // How deep fragments are nested within this one, 0 for none. Known when it is closed.
-    int nesting() const { return depth; }
+    int nesting() const { return cells.nesting; }
 
 private:
     struct Section
     {
         int row;
         DotSubgraph *subgraph;
+        TextBlock label; // empty until the fragment is measured
     };
 
-    const TextBlock &sectionLabel(qsizetype index, const GraphStyle &style) const;
-    QRect sectionRectangle(qsizetype index, const GraphStyle &style) const;
-    int frameExtent() const;
-    int ownXOffset(const GraphStyle &style) const;
-    int rightEdge(const QList<int> &colPos, const GraphStyle &style) const;
+    int rightEdge(const QList<int> &colPos) const;
     void paintSections(Device *device, const QRect &tag, int right, const QList<int> &rowPos,
                        const GraphStyle &style) const;
     void paintTag(Device *device, const QRect &tag, const GraphStyle &style) const;
@@ -69,12 +68,8 @@ private:
     QList<Section> sections;
     QList<GridObject *> allChildren;
     QList<UmlCombinedFragment *> childFragments; // those among the children, in the same order
-    int endRow;
-    int endCol;
-    int depth = 0;
-    mutable QList<TextBlock> sectionLabels; // empty until the first measure
-    mutable std::optional<int> cachedWidth;
-    mutable std::optional<int> cachedXOffset;
+    FragmentCells cells;
+    int leftOffset = 0; // until it is measured
 };
 
 } // namespace ORR::Graph::Layout

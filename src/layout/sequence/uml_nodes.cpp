@@ -55,10 +55,10 @@ std::unique_ptr<DotNode> nodeForSection(const DotSubgraph *section)
 void UmlObject::paint(Device *device, const QList<int> &colPos, const QList<int> &rowPos,
                       const GraphStyle &style) const
 {
-    const QRect box = bounds(style, colPos, rowPos);
+    const QRect box = bounds(colPos, rowPos);
     device->beginNode(nodeOf(*this));
     drawBox(box, nodeOf(*this), device, style);
-    drawLabel(label(style), box.left(), box.top(), device);
+    drawLabel(label(), box.left(), box.top(), device);
     device->endNode();
 }
 
@@ -71,36 +71,35 @@ void UmlActivation::paint(Device *device, const QList<int> &colPos, const QList<
                           const GraphStyle &style) const
 {
     device->beginNode(nodeOf(*this));
-    drawBox(bounds(style, colPos, rowPos), nodeOf(*this), device, style);
+    drawBox(bounds(colPos, rowPos), nodeOf(*this), device, style);
     device->endNode();
 }
 
-int UmlActivation::height(const GraphStyle &) const
+int UmlActivation::height() const
 {
     return activationSize;
 }
 
-int UmlActivation::width(const GraphStyle &) const
+int UmlActivation::width() const
 {
     return activationSize;
 }
 
-int UmlActivation::xOffset(const GraphStyle &) const
+int UmlActivation::xOffset() const
 {
     return saturated(qint64(nesting) * activationStep - activationSize / 2);
 }
 
-int UmlActivation::yOffset(const GraphStyle &) const
+int UmlActivation::yOffset() const
 {
     return 0;
 }
 
-QRect UmlActivation::bounds(const GraphStyle &style, const QList<int> &colPos,
-                            const QList<int> &rowPos) const
+QRect UmlActivation::bounds(const QList<int> &colPos, const QList<int> &rowPos) const
 {
     const qint64 start = rowPos.value(row());
-    return gridRect(qint64(colPos.value(col())) + xOffset(style), start + yOffset(style),
-                    width(style), rowPos.value(lastRow) - start);
+    return gridRect(qint64(colPos.value(col())) + xOffset(), start + yOffset(), width(),
+                    rowPos.value(lastRow) - start);
 }
 
 InvisibleGridObject::InvisibleGridObject(int row, int col, Size ownSize, Align alignX, Align alignY,
@@ -122,6 +121,12 @@ InvisibleGridObject::InvisibleGridObject(int row, int col, Size ownSize, Align a
 {
 }
 
+void InvisibleGridObject::measure(const GraphStyle &style)
+{
+    if (size.width == ofLabel || size.height == ofLabel)
+        GridObject::measure(style);
+}
+
 void InvisibleGridObject::paint(Device *device, const QList<int> &, const QList<int> &,
                                 const GraphStyle &) const
 {
@@ -131,24 +136,24 @@ void InvisibleGridObject::paint(Device *device, const QList<int> &, const QList<
     device->endNode();
 }
 
-int InvisibleGridObject::height(const GraphStyle &style) const
+int InvisibleGridObject::height() const
 {
-    return size.height == ofLabel ? GridObject::height(style) : size.height;
+    return size.height == ofLabel ? GridObject::height() : size.height;
 }
 
-int InvisibleGridObject::width(const GraphStyle &style) const
+int InvisibleGridObject::width() const
 {
-    return size.width == ofLabel ? GridObject::width(style) : size.width;
+    return size.width == ofLabel ? GridObject::width() : size.width;
 }
 
-int InvisibleGridObject::xOffset(const GraphStyle &style) const
+int InvisibleGridObject::xOffset() const
 {
-    return alignedOffset(width(style), xAlign);
+    return alignedOffset(width(), xAlign);
 }
 
-int InvisibleGridObject::yOffset(const GraphStyle &style) const
+int InvisibleGridObject::yOffset() const
 {
-    return alignedOffset(height(style), yAlign);
+    return alignedOffset(height(), yAlign);
 }
 
 void UmlFoundMessage::paint(Device *device, const QList<int> &colPos, const QList<int> &rowPos,
@@ -161,12 +166,12 @@ void UmlFoundMessage::paint(Device *device, const QList<int> &colPos, const QLis
     device->endNode();
 }
 
-int UmlFoundMessage::height(const GraphStyle &) const
+int UmlFoundMessage::height() const
 {
     return dotSize;
 }
 
-int UmlFoundMessage::width(const GraphStyle &) const
+int UmlFoundMessage::width() const
 {
     return dotSize;
 }

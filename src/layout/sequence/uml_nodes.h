@@ -24,16 +24,16 @@ class UmlActivation : public GridObject
 public:
     UmlActivation(int row, int col, int nesting, DotNode *node);
 
+    void measure(const GraphStyle &) override { } // shows no label
     void paint(Device *device, const QList<int> &colPos, const QList<int> &rowPos,
                const GraphStyle &style) const override;
     // 10 by 10: what the grid is solved with. The bar that is painted has its rows' distance as
     // height, 0 without a return and negative if that comes before the call.
-    int height(const GraphStyle &style) const override;
-    int width(const GraphStyle &style) const override;
-    int xOffset(const GraphStyle &style) const override;
-    int yOffset(const GraphStyle &style) const override;
-    QRect bounds(const GraphStyle &style, const QList<int> &colPos,
-                 const QList<int> &rowPos) const override;
+    int height() const override;
+    int width() const override;
+    int xOffset() const override;
+    int yOffset() const override;
+    QRect bounds(const QList<int> &colPos, const QList<int> &rowPos) const override;
     int objectKind() const override { return NodeKind; }
 
     // The row of the bar's end; its own row until it is set.
@@ -69,13 +69,14 @@ public:
     InvisibleGridObject(int row, int col, Size size, Align xAlign, Align yAlign,
                         const DotSubgraph *section);
 
+    void measure(const GraphStyle &style) override;
     // A device that records objects gets to know the element; nothing is drawn.
     void paint(Device *device, const QList<int> &colPos, const QList<int> &rowPos,
                const GraphStyle &style) const override;
-    int height(const GraphStyle &style) const override;
-    int width(const GraphStyle &style) const override;
-    int xOffset(const GraphStyle &style) const override;
-    int yOffset(const GraphStyle &style) const override;
+    int height() const override;
+    int width() const override;
+    int xOffset() const override;
+    int yOffset() const override;
     int objectKind() const override { return NodeKind; }
 
 private:
@@ -94,10 +95,11 @@ class UmlFoundMessage : public GridObject
 public:
     UmlFoundMessage(int row, int col, DotNode *node) : GridObject(row, col, node) { }
 
+    void measure(const GraphStyle &) override { } // shows no label
     void paint(Device *device, const QList<int> &colPos, const QList<int> &rowPos,
                const GraphStyle &style) const override;
-    int height(const GraphStyle &style) const override;
-    int width(const GraphStyle &style) const override;
+    int height() const override;
+    int width() const override;
     int objectKind() const override { return NodeKind; }
 };
 

@@ -1,6 +1,5 @@
 #include "layout/sequence/uml_sequence.h"
 
-#include "graph/attribute_values.h"
 #include "graph/limits.h"
 #include "graph/message_text.h"
 #include "graph/subgraph_walk.h"
@@ -8,6 +7,8 @@
 #include "layout/sequence/pending_edges.h"
 #include "layout/sequence/uml_edges.h"
 #include "layout/sequence/uml_nodes.h"
+#include "layout/sequence/uml_reading.h"
+#include "layout/sequence/umlseq_attributes.h"
 
 #include <algorithm>
 #include <utility>
@@ -18,66 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString colName = u"col"_s;
-const QString heightName = u"height"_s;
-const QString nestingName = u"nesting"_s;
-const QString rowName = u"row"_s;
-const QString umlName = u"uml"_s;
-const QString visibleName = u"visible"_s;
-const QString widthName = u"width"_s;
-
-const QString activationType = u"activation"_s;
-const QString foundMessageType = u"foundmessage"_s;
-const QString fragmentType = u"combinedfragment"_s;
-const QString lifeLineType = u"lifeline"_s;
-const QString messageType = u"message"_s;
-const QString objectType = u"object"_s;
-const QString returnType = u"return"_s;
-const QString sectionType = u"section"_s;
-const QString spacerType = u"spacer"_s;
-
-// The object that a node stands for; null if it stands for none.
-std::unique_ptr<GridObject> makeNodeObject(const DotGraph *graph, DotNode *node)
-{
-    const auto number = [&](const QString &name) {
-        return integerFrom(graph->nodeAttribute(node, name));
-    };
-    const QString uml = graph->nodeAttribute(node, umlName);
-    if (uml == objectType)
-        return std::make_unique<UmlObject>(number(rowName), number(colName), node);
-    if (uml == foundMessageType)
-        return std::make_unique<UmlFoundMessage>(number(rowName), number(colName), node);
-    if (uml == activationType) {
-        return std::make_unique<UmlActivation>(number(rowName), number(colName),
-                                               number(nestingName), node);
-    }
-    if (uml == spacerType) {
-        const InvisibleGridObject::Size size{number(widthName), number(heightName)};
-        return std::make_unique<InvisibleGridObject>(number(rowName), number(colName), size,
-                                                     InvisibleGridObject::Centre,
-                                                     InvisibleGridObject::Centre, node);
-    }
-    return nullptr;
-}
-
-// The object of an edge between two objects; null if it stands for none.
-std::unique_ptr<GridObject> makeEdgeObject(const DotGraph *graph, DotEdge *edge, GridObject *tail,
-                                           GridObject *head)
-{
-    const QString uml = graph->edgeAttribute(edge, umlName);
-    if (uml == messageType)
-        return std::make_unique<UmlMessage>(tail, head, edge);
-    if (uml == lifeLineType)
-        return std::make_unique<UmlLifeLine>(tail, head, edge);
-    if (uml == returnType) {
-        if (auto *activation = dynamic_cast<UmlActivation *>(tail)) {
-            const int row = integerFrom(graph->edgeAttribute(edge, rowName));
-            const bool visible = graph->edgeAttribute(edge, visibleName) == "true"_L1;
-            return std::make_unique<UmlReturn>(row, activation, head, visible, edge);
-        }
-    }
-    return nullptr;
-}
+namespace Rows = UmlseqAttributes;
 
 // What a message calls the object, whose element may be null.
 QString describe(const GridObject &object)
@@ -103,6 +45,29 @@ QString gridFailure(const GridObject &object, const QString &axis, int index)
         return {};
     return u"Unable to lay out the sequence diagram: %1 %2 of %3 is not between 0 and %4\n"_s.arg(
         axis, QString::number(index), describe(object), QString::number(Limits::mostGridLines - 1));
+}
+
+// An activation ends on the row of the return that comes from it, visible or not; of several the
+// last one made counts.
+void endActivation(GridObject *tail, const GridObject &edge)
+{
+    if (dynamic_cast<const UmlReturn *>(&edge))
+        static_cast<UmlActivation *>(tail)->setEndRow(edge.row());
+}
+
+QList<GridClaim> claimsOf(const QList<const GridObject *> &objects, bool columns)
+{
+    QList<GridClaim> claims;
+    claims.reserve(objects.size());
+    for (const GridObject *object : objects) {
+        if (columns)
+            claims.append(
+                {object->col(), object->xOffset(), object->width(), object->spansAxis(true)});
+        else
+            claims.append(
+                {object->row(), object->yOffset(), object->height(), object->spansAxis(false)});
+    }
+    return claims;
 }
 
 } // namespace
@@ -142,10 +107,11 @@ QString UmlSequence::run(DotGraph *graph, Device *device)
     if (failed())
         return failure;
 
-    const QList<const GridObject *> objects = allObjects();
     const GraphStyle style(graph, device);
-    const QList<int> colPos = solveGrid(colCount, objects, true, style);
-    const QList<int> rowPos = solveGrid(rowCount, objects, false, style);
+    measure(style);
+    const QList<const GridObject *> objects = allObjects();
+    const QList<int> colPos = solveGrid(colCount, claimsOf(objects, true));
+    const QList<int> rowPos = solveGrid(rowCount, claimsOf(objects, false));
 
     device->begin(colPos.constLast(), rowPos.constLast());
     for (const GridObject *object : objects)
@@ -176,6 +142,18 @@ void UmlSequence::addObject(std::unique_ptr<GridObject> object)
     }
 }
 
+// What hangs on others comes after them: outer fragments, which were made first, after those within
+// them, and edges after nodes.
+void UmlSequence::measure(const GraphStyle &style)
+{
+    for (auto cluster = clusterObjects.rbegin(); cluster != clusterObjects.rend(); ++cluster)
+        (*cluster)->measure(style);
+    for (const Objects *list : {&nodeObjects, &edgeObjects}) {
+        for (const std::unique_ptr<GridObject> &object : *list)
+            object->measure(style);
+    }
+}
+
 // In painter's order: inner fragments lie over outer ones, which were made first, and arrows over
 // everything.
 QList<const GridObject *> UmlSequence::allObjects() const
@@ -198,10 +176,10 @@ void UmlSequence::collect(Build &build)
         if (failed())
             return false;
         if (subgraph != root) {
-            const QString uml = build.graph->graphAttribute(subgraph, umlName);
-            if (uml == fragmentType)
+            const int kind = Rows::subgraphKind.of(build.graph, subgraph);
+            if (kind == Rows::CombinedFragment)
                 collectFragment(build, subgraph);
-            else if (uml == sectionType && build.innermost())
+            else if (kind == Rows::Section && build.innermost())
                 collectSection(build, subgraph);
             else
                 return false;
@@ -233,19 +211,19 @@ void UmlSequence::collectMembers(Build &build, const DotSubgraph *subgraph)
         build.pending.add(edge);
     const QList<DotEdge *> ready = build.pending.takeReady();
     for (DotEdge *edge : ready) {
-        std::unique_ptr<GridObject> object = makeEdgeObject(
-            build.graph, edge, build.objects.value(edge->tail), build.objects.value(edge->head));
-        if (object)
-            addTo(parent, std::move(object));
+        GridObject *tail = build.objects.value(edge->tail);
+        std::unique_ptr<GridObject> object =
+            makeEdgeObject(build.graph, edge, tail, build.objects.value(edge->head));
+        if (!object)
+            continue;
+        endActivation(tail, *object);
+        addTo(parent, std::move(object));
     }
 }
 
 void UmlSequence::collectFragment(Build &build, DotSubgraph *subgraph)
 {
-    const auto number = [&](const QString &name) {
-        return integerFrom(build.graph->graphAttribute(subgraph, name));
-    };
-    auto made = std::make_unique<UmlCombinedFragment>(number(rowName), number(colName), subgraph);
+    std::unique_ptr<UmlCombinedFragment> made = makeFragment(build.graph, subgraph);
     UmlCombinedFragment *fragment = made.get();
     addTo(build.innermost(), std::move(made));
     build.open.append({subgraph, fragment});
@@ -254,7 +232,7 @@ void UmlSequence::collectFragment(Build &build, DotSubgraph *subgraph)
 void UmlSequence::collectSection(Build &build, DotSubgraph *subgraph)
 {
     UmlCombinedFragment *fragment = build.innermost();
-    const int row = integerFrom(build.graph->graphAttribute(subgraph, rowName));
+    const int row = Rows::row.of(build.graph, subgraph);
     addTo(fragment, fragment->addSection(row, subgraph));
 }
 

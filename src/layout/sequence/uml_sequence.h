@@ -12,26 +12,12 @@
 
 namespace ORR::Graph::Layout {
 
-class PendingEdges;
-
 // Draws a UML sequence diagram. The graph says on which row and column of a grid everything stands;
 // the engine finds the position of each row and column from the size of what stands there, and
 // paints. Nothing is arranged or routed, and nothing is written into the graph.
 //
-//   attribute  of                        meaning, default
-//   uml        node                      "object", "foundmessage", "activation" or "spacer"
-//              edge                      "message", "return" or "lifeline"
-//              subgraph                  "combinedfragment" or "section"
-//   row        node, return, subgraph    grid row, 0
-//   col        node, fragment            grid column, 0
-//   nesting    activation                level among the bars of a lifeline, 0
-//   width      spacer                    points, 0; -1: that of its label
-//   height     spacer                    points, 0; -1: that of its label
-//   visible    return                    drawn if it is "true", not drawn
-//
-// Texts are compared exactly, and a number that does not parse is 0. Styling and labels are read
-// through `GraphStyle`. Inheritance holds for all of them: a subgraph without `uml` or `row` has
-// those of the subgraph around it.
+// Its attributes are those of umlseq_attributes.h. Words are compared exactly, and inheritance
+// holds for all attributes: a subgraph without `uml` or `row` has those of the subgraph around it.
 //
 // What has no known `uml` value is no part of the diagram, and a subgraph without one is skipped
 // with everything in it; so is a section outside a fragment. An edge is dropped unless both its
@@ -68,6 +54,7 @@ private:
     struct Build;
 
     bool failed() const { return !failure.isNull(); }
+    void measure(const GraphStyle &style);
     QList<const GridObject *> allObjects() const;
     void collect(Build &build);
     void collectMembers(Build &build, const DotSubgraph *subgraph);
