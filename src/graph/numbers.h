@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPoint>
 #include <QString>
 #include <QtGlobal>
 
@@ -38,6 +39,12 @@ constexpr int saturated(qint64 value)
     constexpr qint64 lowest = std::numeric_limits<int>::min();
     constexpr qint64 highest = std::numeric_limits<int>::max();
     return static_cast<int>(value < lowest ? lowest : value > highest ? highest : value);
+}
+
+// The point nearest to (x, y) that ints can hold.
+constexpr QPoint saturatedPoint(qint64 x, qint64 y)
+{
+    return {saturated(x), saturated(y)};
 }
 
 // The text of a number that is stored in an attribute or printed into a drawing: at most six
