@@ -8,6 +8,8 @@
 #include "layout/charts/chart_legend.h"
 #include "layout/charts/chart_rect.h"
 
+#include <QHash>
+
 #include <algorithm>
 
 namespace ORR::Graph::Layout {
@@ -68,8 +70,7 @@ double packGraph(DotGraph *graph, const DotSubgraph *legend)
     return radius;
 }
 
-// The labels of all nodes and of all subgraphs but the root, measured once. Only what has a label
-// takes room.
+// The labels of all subgraphs but the root and of all nodes, measured once.
 class BubbleLabels
 {
 public:
@@ -78,8 +79,8 @@ public:
         walkSubgraphs(
             graph->root(),
             [&](DotSubgraph *subgraph) {
-                if (subgraph->parent)
-                    add(subgraph, style.clusterLabel(subgraph));
+                firsts.insert(subgraph, blocks.size());
+                add(subgraph, subgraph->parent ? style.clusterLabel(subgraph) : TextBlock());
                 for (const DotNode *node : std::as_const(subgraph->nodes))
                     add(node, style.nodeLabel(node));
                 return true;
@@ -90,26 +91,25 @@ public:
     // At which each label fits into its circle.
     double scale() const { return largestScale; }
 
-    // Null if there is none.
-    const TextBlock *of(const DotObject *object) const
+    // That of the subgraph; those of its nodes stand behind it in the order of the nodes.
+    const TextBlock *of(const DotSubgraph *subgraph) const
     {
-        const auto found = blocks.constFind(object);
-        return found == blocks.cend() ? nullptr : &*found;
+        return &blocks.at(firsts.value(subgraph));
     }
 
 private:
     template <typename Object>
     void add(const Object *object, const TextBlock &label)
     {
-        if (label.isEmpty())
-            return;
-        largestScale = std::max(largestScale,
-                                fittingScale(Rows::r.number(object), {label.width, label.height}));
-        blocks.insert(object, label);
+        if (!label.isEmpty())
+            largestScale = std::max(
+                largestScale, fittingScale(Rows::r.number(object), {label.width, label.height}));
+        blocks.append(label);
     }
 
     double largestScale = 0.0;
-    QHash<const DotObject *, TextBlock> blocks;
+    QList<TextBlock> blocks;
+    QHash<const DotSubgraph *, qsizetype> firsts; // where those of a subgraph start
 };
 
 // Draws the circles at the scale.
@@ -142,10 +142,12 @@ public:
             },
             [&](DotSubgraph *done) {
                 const QPointF centre = centres.takeLast();
+                const TextBlock *label = labels.of(done);
+                const TextBlock *nodeLabel = label;
                 for (DotNode *node : std::as_const(done->nodes))
-                    paintNode(node, centreOf(node, centre));
+                    paintNode(node, centreOf(node, centre), *++nodeLabel);
                 if (done->parent) {
-                    paintLabel(done, centre);
+                    paintLabel(*label, centre);
                     device->endCluster();
                 }
             });
@@ -159,12 +161,12 @@ private:
                 origin.y() + Rows::y.number(object) * scale};
     }
 
-    void paintNode(DotNode *node, QPointF centre)
+    void paintNode(DotNode *node, QPointF centre, const TextBlock &label)
     {
         device->beginNode(node);
         paintCircle(centre, Rows::r.number(node), style.nodePen(node),
                     style.nodeFill(node, nullptr));
-        paintLabel(node, centre);
+        paintLabel(label, centre);
         device->endNode();
     }
 
@@ -176,12 +178,12 @@ private:
                             fill);
     }
 
-    void paintLabel(const DotObject *object, QPointF centre)
+    void paintLabel(const TextBlock &label, QPointF centre)
     {
-        if (const TextBlock *label = labels.of(object))
-            TextBlock::draw(*label,
-                            QPoint(rounded(centre.x() - label->width * 0.5),
-                                   rounded(centre.y() - label->height * 0.5)),
+        if (!label.isEmpty())
+            TextBlock::draw(label,
+                            QPoint(rounded(centre.x() - label.width * 0.5),
+                                   rounded(centre.y() - label.height * 0.5)),
                             device);
     }
 
