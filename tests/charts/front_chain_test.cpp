@@ -45,27 +45,30 @@ int lengthOf(const PackCircle *start)
     return length;
 }
 
-// A chain that is not as any packing has it: places are whole numbers, so that many circles are as
-// near to (0, 0) as others, and some are none.
+// A chain that is not as any packing has it, but winds about like one. Places are on a grid, so
+// that many circles are as near to (0, 0) as others, and some are nowhere; the radii of neighbours
+// on the grid reach each other or just do not.
 class RandomChain
 {
 public:
-    RandomChain() : chain(add(), add(), add()) { at = &circles.front(); }
+    RandomChain() : chain(add({}), add({}), add({})) { at = &circles.front(); }
 
-    PackCircle *add()
+    PackCircle *add(const Circle &near)
     {
         circles.emplace_back();
-        place(circles.back());
+        place(circles.back(), near);
         return &circles.back();
     }
 
-    void place(PackCircle &circle)
+    void place(PackCircle &circle, const Circle &near)
     {
-        std::uniform_int_distribution<int> coordinate(-2000, 2000);
-        std::uniform_int_distribution<int> radius(1, 3);
-        circle.x = random() % 500 ? coordinate(random) / 100 * 100 : std::nan("");
-        circle.y = coordinate(random) / 100 * 100;
+        std::uniform_int_distribution<int> offset(-2, 2);
+        std::uniform_int_distribution<int> radius(30, 60);
+        circle.x = (std::isnan(near.x) ? 0.0 : near.x) + 100.0 * offset(random);
+        circle.y = near.y + 100.0 * offset(random);
         circle.r = radius(random);
+        if (random() % 500 == 0)
+            circle.x = std::nan("");
     }
 
     void step(int count)
@@ -74,7 +77,7 @@ public:
             at = at->next;
     }
 
-    void insert() { chain.insert(at, at->next, add()); }
+    void insert() { chain.insert(at, at->next, add(*at)); }
 
     // Leaves three circles at least.
     void cut(int count)
@@ -90,7 +93,7 @@ public:
     {
         ASSERT_EQ(chain.nearestToOrigin(at), nearestAsDefined(at));
         PackCircle c;
-        place(c);
+        place(c, circles[random() % circles.size()]);
         const bool any = intersectsAny(c, at, at->next);
         const bool mayBe = chain.mayIntersect(c, at, at->next, intersects);
         yes += mayBe;
