@@ -11,7 +11,8 @@ namespace ORR::Graph::Layout {
 // would cover less than four square points is left out, and the others share its room.
 //
 // The attributes are those of treemap_attributes.h; legend_attributes.h and paint_attributes.h have
-// the rest. A label is drawn only where it fits; a subgraph keeps the room above its members for it.
+// the rest. A label is drawn only where it fits; a subgraph keeps the room above its members for
+// it.
 //
 // The legend is a subgraph like others and stays out of the tiling only because its nodes have no
 // area. Nesting may be of any depth.
