@@ -1,7 +1,7 @@
 #include "layout/charts/chart_legend.h"
 
 #include "chart_fixture.h"
-#include "graph/numbers.h"
+#include "layout/charts/chart_rect.h"
 
 #include <climits>
 
@@ -37,9 +37,9 @@ Placed placed(QRect rect, const QByteArray &side, const QByteArray &title,
                                + title + "\"] " + entries + " } }");
     RecordingDevice device;
     const GraphStyle style(graph.get(), &device);
-    DotSubgraph *legend = findLegend(graph->root());
+    DotSubgraph *legend = findLegend(graph.get());
     Placed result;
-    result.size = placeLegend(graph.get(), rect, legend, style);
+    result.size = ChartLegend(graph.get(), legend, style).place(rect);
     result.rect = rect;
     result.title = position(legend);
     for (const DotNode *node : std::as_const(legend->nodes))
@@ -50,7 +50,7 @@ Placed placed(QRect rect, const QByteArray &side, const QByteArray &title,
 QString legendOf(const QByteArray &dot)
 {
     const auto graph = graphOf(dot);
-    const DotSubgraph *legend = findLegend(graph->root());
+    const DotSubgraph *legend = findLegend(graph.get());
     return legend ? legend->id : QString();
 }
 
@@ -92,9 +92,10 @@ TEST(PlaceLegend, without_a_legend_doubles_the_margin)
     RecordingDevice device;
     const GraphStyle style(&graph, &device);
     QRect rect(4, 5, 100, 80);
-    EXPECT_EQ(placeLegend(&graph, rect, nullptr, style), QSize(108, 90));
+    const ChartLegend none(&graph, nullptr, style);
+    EXPECT_EQ(none.place(rect), QSize(108, 90));
     EXPECT_EQ(rect, QRect(4, 5, 100, 80));
-    drawLegend(&device, &graph, style, nullptr);
+    none.draw(&device);
     EXPECT_EQ(device.calls(), QStringList());
 }
 
@@ -245,7 +246,8 @@ TEST(PlaceLegend, inherits_its_title_like_any_label)
         graphOf("digraph { graph [label=Kind] subgraph key { graph [legend=top] } }");
     RecordingDevice device;
     QRect rect(0, 0, 100, 80);
-    placeLegend(graph.get(), rect, findLegend(graph->root()), {graph.get(), &device});
+    const GraphStyle style(graph.get(), &device);
+    ChartLegend(graph.get(), findLegend(graph.get()), style).place(rect);
     EXPECT_EQ(position(graph->findSubgraph(u"key"_s)), "38,0");
 }
 
@@ -273,20 +275,6 @@ TEST(PlaceLegend, of_a_huge_chart_ends_at_the_largest_int)
     EXPECT_EQ(left.size, QSize(INT_MAX, 80));
 }
 
-TEST(ChartRect, is_the_rectangle_asked_for)
-{
-    EXPECT_EQ(chartRect(4, 5, 100, 80), QRect(4, 5, 100, 80));
-    EXPECT_EQ(chartRect(4, 5, -4, 0), QRect(4, 5, -4, 0));
-    EXPECT_EQ(chartRect(0, 0, INT_MAX, 1).width(), INT_MAX);
-}
-
-TEST(ChartRect, is_cut_where_no_int_can_hold_it)
-{
-    EXPECT_EQ(chartRect(4, 4, Q_INT64_C(1) << 40, 1).right(), INT_MAX);
-    EXPECT_EQ(chartRect(4, 4, -(Q_INT64_C(1) << 40), 1).width(), INT_MIN + 1);
-    EXPECT_EQ(chartRect(0, 0, 1, INT_MIN).height(), INT_MIN + 1);
-}
-
 TEST(DrawLegend, draws_title_and_entries_where_they_were_placed)
 {
     const auto graph = graphOf(
@@ -295,9 +283,9 @@ TEST(DrawLegend, draws_title_and_entries_where_they_were_placed)
     RecordingDevice device;
     const GraphStyle style(graph.get(), &device);
     QRect rect(0, 0, 100, 80);
-    DotSubgraph *legend = findLegend(graph->root());
-    placeLegend(graph.get(), rect, legend, style);
-    drawLegend(&device, graph.get(), style, legend);
+    const ChartLegend legend(graph.get(), findLegend(graph.get()), style);
+    legend.place(rect);
+    legend.draw(&device);
     EXPECT_EQ(device.calls(),
               QStringList({
                   u"beginCluster key"_s,
@@ -320,7 +308,8 @@ TEST(DrawLegend, reads_its_places_as_numbers)
     const auto graph = graphOf("digraph { subgraph key { graph [label=Kind x=\"3.9\" y=\"-2.9\"] "
                                "a [label=a x=1e300 y=nan] } }");
     RecordingDevice device;
-    drawLegend(&device, graph.get(), {graph.get(), &device}, graph->findSubgraph(u"key"_s));
+    const GraphStyle style(graph.get(), &device);
+    ChartLegend(graph.get(), graph->findSubgraph(u"key"_s), style).draw(&device);
     EXPECT_EQ(device.callsOf(u"text"_s),
               QStringList({u"text 3,-2 \"Kind\" Arial 12 #000000"_s,
                            u"text 2147483647,0 \"a\" Arial 12 #000000"_s}));

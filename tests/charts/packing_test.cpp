@@ -208,6 +208,26 @@ TEST(CirclePacking, comes_out_as_defined_to_the_last_bit)
     EXPECT_EQ(whole.good, 3000);
 }
 
+// A large circle has room for thousands of small ones around it before any of them is hidden.
+TEST(CirclePacking, long_chains_come_out_as_defined_to_the_last_bit)
+{
+    const Agreement around = compare(2, [](Random &random, int i) {
+        QList<double> radii = i ? randomRadii(random, 5000, 2.0) : QList<double>(5000, 1.0);
+        radii.prepend(2000.0);
+        return radii;
+    });
+    EXPECT_EQ(around.different, 0);
+    EXPECT_EQ(around.good, 2);
+    const Agreement falling = compare(2, [](Random &, int i) {
+        QList<double> radii;
+        for (int k = 0; k < 5000; ++k)
+            radii.append(i ? 1.0 + 10000.0 / (1 + k) : 1.0 + 5000.0 / (1 + k % 1000));
+        return radii;
+    });
+    EXPECT_EQ(falling.different, 0);
+    EXPECT_EQ(falling.good, 2);
+}
+
 TEST(CirclePacking, large_circles_come_out_as_defined_wherever_that_is_good)
 {
     const Agreement large =

@@ -27,7 +27,7 @@ QList<QRectF> squarifyAnew(const QList<double> &values, QRectF rect)
         while (k < count
                && !(worstRatio(values, rect, start, k) < worstRatio(values, rect, start, k + 1)))
             ++k;
-        cells += layoutRow(values, rect, start, k);
+        cells += rowCells(values, rect, start, k);
         rect = remainingRect(values, rect, start, k);
         start += k;
     }
@@ -110,29 +110,29 @@ private:
 
 TEST(LayoutRow, stands_along_the_left_of_a_wide_rectangle)
 {
-    EXPECT_EQ(layoutRow({6, 2}, {10, 20, 8, 4}), (QList<QRectF>{{10, 20, 2, 3}, {10, 23, 2, 1}}));
+    EXPECT_EQ(rowCells({6, 2}, {10, 20, 8, 4}), (QList<QRectF>{{10, 20, 2, 3}, {10, 23, 2, 1}}));
 }
 
 TEST(LayoutRow, lies_across_the_top_of_a_high_rectangle)
 {
-    EXPECT_EQ(layoutRow({6, 2}, {10, 20, 4, 8}), (QList<QRectF>{{10, 20, 3, 2}, {13, 20, 1, 2}}));
+    EXPECT_EQ(rowCells({6, 2}, {10, 20, 4, 8}), (QList<QRectF>{{10, 20, 3, 2}, {13, 20, 1, 2}}));
 }
 
 TEST(LayoutRow, stands_along_the_left_of_a_square)
 {
-    EXPECT_EQ(layoutRow({4, 4}, {0, 0, 4, 4}), (QList<QRectF>{{0, 0, 2, 2}, {0, 2, 2, 2}}));
+    EXPECT_EQ(rowCells({4, 4}, {0, 0, 4, 4}), (QList<QRectF>{{0, 0, 2, 2}, {0, 2, 2, 2}}));
 }
 
 TEST(LayoutRow, takes_the_values_asked_for)
 {
-    EXPECT_EQ(layoutRow({99, 6, 2, 99}, {0, 0, 8, 4}, 1, 2),
+    EXPECT_EQ(rowCells({99, 6, 2, 99}, {0, 0, 8, 4}, 1, 2),
               (QList<QRectF>{{0, 0, 2, 3}, {0, 3, 2, 1}}));
-    EXPECT_EQ(layoutRow({99, 6, 2}, {0, 0, 8, 4}, 1, -1).size(), 2);
+    EXPECT_EQ(rowCells({99, 6, 2}, {0, 0, 8, 4}, 1, -1).size(), 2);
 }
 
 TEST(LayoutRow, gives_default_rectangles_where_there_is_no_room)
 {
-    EXPECT_EQ(layoutRow({1, 2, 3}, {5, 5, 0, 10}), QList<QRectF>(3));
+    EXPECT_EQ(rowCells({1, 2, 3}, {5, 5, 0, 10}), QList<QRectF>(3));
 }
 
 TEST(WorstRatio, is_that_of_the_longest_or_the_shortest)

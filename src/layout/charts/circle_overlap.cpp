@@ -1,9 +1,10 @@
 #include "layout/charts/circle_overlap.h"
 
+#include "layout/charts/circle_box.h"
+
 #include <algorithm>
 #include <bit>
 #include <cmath>
-#include <limits>
 #include <numeric>
 #include <vector>
 
@@ -12,32 +13,6 @@ namespace ORR::Graph::Layout {
 namespace {
 
 constexpr size_t mostInLeaf = 8;
-constexpr double infinity = std::numeric_limits<double>::infinity();
-
-struct Box
-{
-    double left = infinity;
-    double top = infinity;
-    double right = -infinity;
-    double bottom = -infinity;
-
-    void unite(const Box &box)
-    {
-        left = std::min(left, box.left);
-        top = std::min(top, box.top);
-        right = std::max(right, box.right);
-        bottom = std::max(bottom, box.bottom);
-    }
-    bool meets(const Box &box) const
-    {
-        return left < box.right && box.left < right && top < box.bottom && box.top < bottom;
-    }
-};
-
-Box boxAround(const Circle &circle)
-{
-    return {circle.x - circle.r, circle.y - circle.r, circle.x + circle.r, circle.y + circle.r};
-}
 
 bool hasSize(const Circle &circle)
 {
@@ -131,14 +106,14 @@ private:
             return box;
         }
         for (size_t k = nodes[i].begin; k < nodes[i].end; ++k)
-            box.unite(boxAround(circles[k]));
+            box.unite(boxAround(circles[k], circles[k].r));
         return box;
     }
 
     bool overlapsSmaller(size_t index, double part)
     {
         const Circle &circle = circles[index];
-        const Box box = boxAround(circle);
+        const Box box = boxAround(circle, circle.r);
         open.assign(1, 0);
         while (!open.empty()) {
             const size_t i = open.back();

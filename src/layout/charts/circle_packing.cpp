@@ -168,33 +168,6 @@ bool cutsPocketBehind(const PackCircle &a, const PackCircle &b, const PackCircle
     return otherIsClear ? other : found.behind;
 }
 
-double squaredNorm(const PackCircle &circle)
-{
-    return circle.x * circle.x + circle.y * circle.y;
-}
-
-// The circle of the chain whose centre is nearest to (0, 0), the first of equal ones from `start`
-// on.
-PackCircle *nearestToOrigin(PackCircle *start)
-{
-    PackCircle *nearest = start;
-    double least = squaredNorm(*start);
-    for (PackCircle *circle = start->next; circle != start; circle = circle->next) {
-        const double distance = squaredNorm(*circle);
-        if (distance < least) {
-            least = distance;
-            nearest = circle;
-        }
-    }
-    return nearest;
-}
-
-void link(PackCircle *a, PackCircle *b)
-{
-    a->next = b;
-    b->previous = a;
-}
-
 // Finds the centres of three circles or more. False if it would not end.
 template <typename Rules>
 bool packChain(QList<PackCircle> &circles)
@@ -206,17 +179,17 @@ bool packChain(QList<PackCircle> &circles)
     b->x = a->r;
     a->y = b->y = 0.0;
     Rules::placeTangent(*b, *a, *c);
-    link(a, b);
-    link(b, c);
-    link(c, a);
+    FrontChain chain(a, b, c);
 
     for (qsizetype i = 3; i < circles.size(); ++i) {
         c = &circles[i];
-        a = nearestToOrigin(a);
+        a = chain.nearestToOrigin(a);
         b = a->next;
         for (;;) {
             Rules::placeTangent(*a, *b, *c);
             if (!Rules::cutsChainOfTwo && b->next == a)
+                break;
+            if (!chain.mayIntersect(*c, a, b, Rules::intersects))
                 break;
             const Intersection found = firstIntersection<Rules>(*a, *b, *c);
             if (!found.circle)
@@ -227,10 +200,9 @@ bool packChain(QList<PackCircle> &circles)
             if (end == found.circle)
                 return false; // nothing to cut: c would come to the same place again
             end = found.circle;
-            link(a, b);
+            chain.cut(a, b);
         }
-        link(a, c);
-        link(c, b);
+        chain.insert(a, b, c);
     }
     return true;
 }

@@ -1,17 +1,10 @@
 #pragma once
 
-#include "layout/charts/enclosing_circle.h"
+#include "layout/charts/front_chain.h"
 
 #include <QList>
 
 namespace ORR::Graph::Layout {
-
-// A circle that is to be packed: its radius is given, its centre is found.
-struct PackCircle : Circle
-{
-    PackCircle *next = nullptr; // neighbours on the front chain, while it is being built
-    PackCircle *previous = nullptr;
-};
 
 // Packs the circles tightly around (0, 0), in the order of the list, and returns the radius of the
 // smallest circle around them all, whose centre is then (0, 0). 0 for an empty list.
@@ -42,7 +35,7 @@ struct PackCircle : Circle
 // The sturdy way leaves no such overlap as long as the largest radius is at most some 1e8 times the
 // smallest; beyond some 1e10 times, no double holds the places of the smallest circles. A radius
 // that is negative or no number counts as 1, and one beyond 1e300 as that; the list then holds
-// these radii. Every other list comes out as it always did, to the last bit.
+// these radii. Every other list comes out of the plain packing, to the last bit.
 double packSiblings(QList<PackCircle> &circles);
 
 } // namespace ORR::Graph::Layout

@@ -1,66 +1,197 @@
 #include "layout/charts/flat_bubble.h"
 
-#include "graph/attribute_values.h"
+#include "device/graph_style.h"
+#include "graph/numbers.h"
 #include "graph/subgraph_walk.h"
+#include "layout/charts/bubble_attributes.h"
+#include "layout/charts/bubble_places.h"
 #include "layout/charts/chart_legend.h"
-#include "layout/charts/circle_packing.h"
+#include "layout/charts/chart_rect.h"
+
+#include <QHash>
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 
 namespace ORR::Graph::Layout {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
-const QString areaName = u"area"_s;
-const QString heightName = u"height"_s;
-const QString rName = u"r"_s;
-const QString radiusName = u"radius"_s;
-const QString widthName = u"width"_s;
-const QString xName = u"x"_s;
-const QString yName = u"y"_s;
+namespace Rows = BubbleAttributes;
 
-// Not a more precise pi: the sizes of all circles depend on it.
-constexpr double areaDivisor = 3.14;
-constexpr double padding = 1.0;
-// What a label needs around it, both sides together.
-constexpr double labelMargin = 4.0;
-// The sum of any number of them is below what the packing takes.
-constexpr double largestNode = 1e290;
-constexpr double infinity = std::numeric_limits<double>::infinity();
-
-double ownNumber(const DotObject *object, const QString &name)
+template <typename Object>
+void store(DotGraph *graph, Object *object, const PackCircle &circle)
 {
-    return numberFrom(object->attributes.value(name));
+    Rows::x.setNumber(graph, object, circle.x);
+    Rows::y.setNumber(graph, object, circle.y);
+    Rows::r.setNumber(graph, object, circle.r);
 }
 
-PackCircle circleOf(double radius)
+// Packs the members of a subgraph, the circles of the child subgraphs being given, and stores their
+// places. Returns the radius of the circle around them.
+double packMembers(DotGraph *graph, DotSubgraph *subgraph, const DotSubgraph *legend,
+                   QList<PackCircle> circles)
 {
-    PackCircle circle;
-    circle.r = radius + padding;
-    return circle;
+    circles.reserve(circles.size() + subgraph->nodes.size());
+    for (const DotNode *node : std::as_const(subgraph->nodes))
+        circles.append(
+            paddedCircle(bubbleRadius(Rows::radius.of(graph, node), Rows::area.of(graph, node))));
+    const double radius = packSiblings(circles);
+
+    auto circle = circles.cbegin();
+    for (DotSubgraph *child : std::as_const(subgraph->subgraphs)) {
+        if (child != legend)
+            store(graph, child, *circle++);
+    }
+    for (DotNode *node : std::as_const(subgraph->nodes))
+        store(graph, node, *circle++);
+    return radius;
 }
 
-// The scale at which a label fits into its object's circle; 0 where there is no circle, as in the
-// legend.
-double fittingScale(const DotObject *object, const TextBlock &label)
+// Packs the graph from the innermost subgraphs outward. Returns the radius of the circle around it
+// all.
+double packGraph(DotGraph *graph, const DotSubgraph *legend)
 {
-    const double r = ownNumber(object, rName);
-    if (!(r > 0.0) || label.isEmpty())
-        return 0.0;
-    return (std::max(label.width, label.height) + labelMargin) / (r + r);
+    DotSubgraph *root = graph->root();
+    QList<QList<PackCircle>> open; // the circles of the children done so far, a list for each level
+    double radius = 0.0; // of the level that was finished last
+    walkSubgraphs(
+        root,
+        [&](DotSubgraph *entered) {
+            if (entered == legend && entered != root)
+                return false;
+            open.emplaceBack();
+            return true;
+        },
+        [&](DotSubgraph *done) {
+            radius = packMembers(graph, done, legend, open.takeLast());
+            if (!open.isEmpty())
+                open.last().append(paddedCircle(radius));
+        });
+    return radius;
 }
 
-// The scale at which the drawing is as large as an int can measure. Beyond it all circles would
-// come to lie in the same place, and a device would paint the page once for each of them.
-double largestScale(double radius)
+// The labels of all subgraphs but the root and of all nodes, measured once.
+class BubbleLabels
 {
-    constexpr double largestSide = std::numeric_limits<int>::max();
-    return radius > 0.0 && std::isfinite(radius) ? largestSide * 0.5 / radius : infinity;
-}
+public:
+    BubbleLabels(const DotGraph *graph, const GraphStyle &style)
+    {
+        walkSubgraphs(
+            graph->root(),
+            [&](DotSubgraph *subgraph) {
+                firsts.insert(subgraph, blocks.size());
+                add(subgraph, subgraph->parent ? style.clusterLabel(subgraph) : TextBlock());
+                for (const DotNode *node : std::as_const(subgraph->nodes))
+                    add(node, style.nodeLabel(node));
+                return true;
+            },
+            [](DotSubgraph *) {});
+    }
+
+    // At which each label fits into its circle.
+    double scale() const { return largestScale; }
+
+    // That of the subgraph; those of its nodes stand behind it in the order of the nodes.
+    const TextBlock *of(const DotSubgraph *subgraph) const
+    {
+        return &blocks.at(firsts.value(subgraph));
+    }
+
+private:
+    template <typename Object>
+    void add(const Object *object, const TextBlock &label)
+    {
+        if (!label.isEmpty())
+            largestScale = std::max(
+                largestScale, fittingScale(Rows::r.number(object), {label.width, label.height}));
+        blocks.append(label);
+    }
+
+    double largestScale = 0.0;
+    QList<TextBlock> blocks;
+    QHash<const DotSubgraph *, qsizetype> firsts; // where those of a subgraph start
+};
+
+// Draws the circles at the scale.
+class BubblePainter
+{
+public:
+    BubblePainter(Device *drawingDevice, const GraphStyle &graphStyle,
+                  const BubbleLabels &bubbleLabels, double drawingScale)
+        : device(drawingDevice), style(graphStyle), labels(bubbleLabels), scale(drawingScale)
+    {
+    }
+
+    // `middle` is the centre of the drawing. The legend is left out.
+    void paint(DotSubgraph *root, const DotSubgraph *legend, QPointF middle)
+    {
+        QList<QPointF> centres{middle}; // of the subgraphs that the walk is inside of
+        walkSubgraphs(
+            root,
+            [&](DotSubgraph *entered) {
+                if (entered == legend)
+                    return false;
+                const QPointF centre = centreOf(entered, centres.constLast());
+                centres.append(centre);
+                if (entered->parent) {
+                    device->beginCluster(entered, true);
+                    paintCircle(centre, Rows::r.number(entered), style.clusterPen(entered),
+                                style.clusterFill(entered, nullptr));
+                }
+                return true;
+            },
+            [&](DotSubgraph *done) {
+                const QPointF centre = centres.takeLast();
+                const TextBlock *label = labels.of(done);
+                const TextBlock *nodeLabel = label;
+                for (DotNode *node : std::as_const(done->nodes))
+                    paintNode(node, centreOf(node, centre), *++nodeLabel);
+                if (done->parent) {
+                    paintLabel(*label, centre);
+                    device->endCluster();
+                }
+            });
+    }
+
+private:
+    template <typename Object>
+    QPointF centreOf(const Object *object, QPointF origin) const
+    {
+        return {origin.x() + Rows::x.number(object) * scale,
+                origin.y() + Rows::y.number(object) * scale};
+    }
+
+    void paintNode(DotNode *node, QPointF centre, const TextBlock &label)
+    {
+        device->beginNode(node);
+        paintCircle(centre, Rows::r.number(node), style.nodePen(node),
+                    style.nodeFill(node, nullptr));
+        paintLabel(label, centre);
+        device->endNode();
+    }
+
+    void paintCircle(QPointF centre, double r, Device::Pen *pen, Device::Color *fill)
+    {
+        // Truncated, unlike the centre: a circle never grows into its padding.
+        const int radius = truncated(r * scale - bubblePadding);
+        device->drawEllipse(QPoint(rounded(centre.x()), rounded(centre.y())), radius, radius, pen,
+                            fill);
+    }
+
+    void paintLabel(const TextBlock &label, QPointF centre)
+    {
+        if (!label.isEmpty())
+            TextBlock::draw(label,
+                            QPoint(rounded(centre.x() - label.width * 0.5),
+                                   rounded(centre.y() - label.height * 0.5)),
+                            device);
+    }
+
+    Device *device;
+    const GraphStyle &style;
+    const BubbleLabels &labels;
+    double scale;
+};
 
 } // namespace
 
@@ -72,148 +203,24 @@ FlatBubble::FlatBubble(DotGraph *dotGraph, Device *drawingDevice)
 QString FlatBubble::run()
 {
     DotSubgraph *root = graph->root();
-    legend = findLegend(root);
-    const double radius = packLevel(root);
+    DotSubgraph *legendGraph = findLegend(graph);
+    const double radius = packGraph(graph, legendGraph);
 
     const GraphStyle style(graph, device);
-    double scale = std::max(1.0, labelScale(style));
-    const double wanted = std::max(numberFrom(graph->graphAttribute(root, heightName)),
-                                   numberFrom(graph->graphAttribute(root, widthName)));
-    if (radius > 0.0)
-        scale = std::max(scale, wanted * 0.5 / radius);
-    scale = std::min(scale, largestScale(radius));
+    const BubbleLabels labels(graph, style);
+    const double wanted = std::max(Rows::height.of(graph, root), Rows::width.of(graph, root));
+    const double scale = bubbleScale(radius, labels.scale(), wanted);
     const double scaledRadius = scale * radius;
     const int side = rounded(scaledRadius + scaledRadius);
 
     QRect rect = chartRect(0, 0, side, side);
-    const QSize size = placeLegend(graph, rect, legend, style);
+    const ChartLegend legend(graph, legendGraph, style);
+    const QSize size = legend.place(rect);
     device->begin(size.width(), size.height());
-    paintLevel(style, root, rect.x() + scaledRadius, rect.y() + scaledRadius, scale);
-    drawLegend(device, graph, style, legend);
+    BubblePainter(device, style, labels, scale)
+        .paint(root, legendGraph, {rect.x() + scaledRadius, rect.y() + scaledRadius});
+    legend.draw(device);
     return device->end();
-}
-
-// Packs the subgraph and all below it, from the innermost ones outward. Returns the radius of the
-// circle around its members.
-double FlatBubble::packLevel(DotSubgraph *subgraph)
-{
-    QList<QList<PackCircle>> open; // the circles of the children done so far, a list for each level
-    double radius = 0.0; // of the level that was finished last
-    walkSubgraphs(
-        subgraph,
-        [&](DotSubgraph *entered) {
-            if (entered == legend && entered != subgraph)
-                return false;
-            open.emplaceBack();
-            return true;
-        },
-        [&](DotSubgraph *done) {
-            QList<PackCircle> circles = open.takeLast();
-            circles.reserve(circles.size() + done->nodes.size());
-            for (const DotNode *node : std::as_const(done->nodes))
-                circles.append(circleOf(nodeRadius(node)));
-            radius = packSiblings(circles);
-
-            qsizetype next = 0;
-            for (DotSubgraph *child : std::as_const(done->subgraphs)) {
-                if (child == legend)
-                    continue;
-                const PackCircle &circle = circles.at(next++);
-                graph->setGraphAttribute(child, xName, numberText(circle.x));
-                graph->setGraphAttribute(child, yName, numberText(circle.y));
-                graph->setGraphAttribute(child, rName, numberText(circle.r));
-            }
-            for (DotNode *node : std::as_const(done->nodes)) {
-                const PackCircle &circle = circles.at(next++);
-                graph->setNodeAttribute(node, xName, numberText(circle.x));
-                graph->setNodeAttribute(node, yName, numberText(circle.y));
-                graph->setNodeAttribute(node, rName, numberText(circle.r));
-            }
-            if (!open.isEmpty())
-                open.last().append(circleOf(radius));
-        });
-    return radius;
-}
-
-double FlatBubble::nodeRadius(const DotNode *node) const
-{
-    double radius = numberFrom(graph->nodeAttribute(node, radiusName));
-    if (!(radius > 0.0))
-        radius = std::sqrt(numberFrom(graph->nodeAttribute(node, areaName)) / areaDivisor);
-    return std::min(radius, largestNode); // not a number stays that
-}
-
-// The scale that the labels of all nodes and of all subgraphs but the root ask for.
-double FlatBubble::labelScale(const GraphStyle &style) const
-{
-    double scale = 0.0;
-    walkSubgraphs(
-        graph->root(),
-        [&](DotSubgraph *subgraph) {
-            if (subgraph->parent)
-                scale = std::max(scale, fittingScale(subgraph, style.clusterLabel(subgraph)));
-            for (const DotNode *node : std::as_const(subgraph->nodes))
-                scale = std::max(scale, fittingScale(node, style.nodeLabel(node)));
-            return true;
-        },
-        [](DotSubgraph *) {});
-    return scale;
-}
-
-void FlatBubble::paintLevel(const GraphStyle &style, DotSubgraph *subgraph, double ox, double oy,
-                            double scale)
-{
-    QList<QPointF> centres{QPointF(ox, oy)}; // of the subgraphs that the walk is inside of
-    walkSubgraphs(
-        subgraph,
-        [&](DotSubgraph *entered) {
-            if (entered == legend)
-                return false;
-            const QPointF origin = centres.constLast();
-            const QPointF centre(origin.x() + ownNumber(entered, xName) * scale,
-                                 origin.y() + ownNumber(entered, yName) * scale);
-            centres.append(centre);
-            if (entered->parent) {
-                device->beginCluster(entered, true);
-                paintCircle(centre, ownNumber(entered, rName) * scale, style.clusterPen(entered),
-                            style.clusterFill(entered, nullptr));
-            }
-            return true;
-        },
-        [&](DotSubgraph *done) {
-            const QPointF centre = centres.takeLast();
-            for (DotNode *node : std::as_const(done->nodes)) {
-                const QPointF nodeCentre(ownNumber(node, xName) * scale + centre.x(),
-                                         ownNumber(node, yName) * scale + centre.y());
-                device->beginNode(node);
-                paintCircle(nodeCentre, ownNumber(node, rName) * scale, style.nodePen(node),
-                            style.nodeFill(node, nullptr));
-                paintLabel(style.nodeLabel(node), nodeCentre);
-                device->endNode();
-            }
-            if (done->parent) {
-                paintLabel(style.clusterLabel(done), centre);
-                device->endCluster();
-            }
-        });
-}
-
-void FlatBubble::paintCircle(QPointF centre, double r, Device::Pen *pen, Device::Color *fill)
-{
-    // Truncated, unlike the centre: a circle never grows into its padding.
-    const int radius = truncated(r - padding);
-    device->drawEllipse(QPoint(rounded(centre.x()), rounded(centre.y())), radius, radius, pen,
-                        fill);
-}
-
-void FlatBubble::paintLabel(const TextBlock &label, QPointF centre)
-{
-    if (label.isEmpty())
-        return;
-    TextBlock::draw(
-        label,
-        QPoint(rounded(centre.x() - label.width * 0.5), rounded(centre.y() - label.height * 0.5)),
-        device);
 }
 
 } // namespace ORR::Graph::Layout

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "device/device.h"
-#include "device/graph_style.h"
 #include "graph/dot_graph.h"
 
 #include <QString>
@@ -13,28 +12,11 @@ namespace ORR::Graph::Layout {
 // whole is then scaled once, so that every label fits into its circle and the drawing gets the
 // wanted size: one label that is too large makes all circles larger.
 //
-//   element         attribute      read or written                             default
-//   node            radius         radius, points before scaling               0
-//   node            area           where the radius is not above 0, it is      0
-//                                  sqrt(area / 3.14); that divisor is meant
-//   root            width, height  the larger one is the wanted diameter,      0
-//                                  points
-//   node, subgraph  label          text in the middle                          none
-//   subgraph        legend         marks the legend, see chart_legend.h; it    no legend
-//                                  takes no part in the packing
-//   node, subgraph  x, y           written: the centre of the circle, from     -
-//                                  that of its parent, before scaling
-//   node, subgraph  r              written: the radius and 1, before scaling   -
+// The attributes are those of bubble_attributes.h; legend_attributes.h and paint_attributes.h have
+// the rest. The legend takes no part in the packing.
 //
-// Pens, fills and fonts are those of `GraphStyle`, a gradient showing its first stop. Positions go
-// from the packing to the drawing as texts of six digits. The 1 that every radius is packed with is
-// taken off again after the scaling, so that the gap between two circles is 2 points at any scale.
-//
-// A drawing that would be larger than an int can measure is scaled down until it is not, also where
-// labels ask for more. Radii beyond 1e290 count as that.
-//
-// An area below 0 has no root, and its circle no place: it is packed as `packSiblings` says for
-// what is no number. Nesting may be of any depth.
+// A gradient shows its first stop. Positions go from the packing to the drawing as texts of six
+// digits. Nesting may be of any depth.
 class FlatBubble
 {
 public:
@@ -45,17 +27,8 @@ public:
     QString run();
 
 private:
-    double packLevel(DotSubgraph *subgraph);
-    double nodeRadius(const DotNode *node) const;
-    double labelScale(const GraphStyle &style) const;
-    void paintLevel(const GraphStyle &style, DotSubgraph *subgraph, double x, double y,
-                    double scale);
-    void paintCircle(QPointF centre, double r, Device::Pen *pen, Device::Color *fill);
-    void paintLabel(const TextBlock &label, QPointF centre);
-
     DotGraph *graph;
     Device *device;
-    DotSubgraph *legend = nullptr;
 };
 
 } // namespace ORR::Graph::Layout

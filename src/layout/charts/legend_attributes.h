@@ -9,8 +9,8 @@ namespace ORR::Graph::Layout::LegendAttributes {
 using enum AttributeElement;
 using enum AttributeLookup;
 
-enum LegendSide { Top, Bottom, Left }; // the words of `legend`
 inline constexpr AttributeWord sideWords[] = {
+    // in the order of `LegendSide`, whose last one is the default
     {"top", "above the chart, its entries from left to right"},
     {"bottom", "below it, its entries from left to right"},
     {"left", "to the left of it, its entries downward"},

@@ -12,22 +12,12 @@ namespace ORR::Graph::Layout {
 // both columns and rows a rectangle around their crossing. All squares have one size, the least
 // that holds every label.
 //
-//   element   attribute  read or written                                      default
-//   subgraph  axis       "x": its nodes are columns, "y": rows, inherited     both
-//   subgraph  style      holding "invisible": no rectangle, inherited         visible
-//   any       label      text of a header, a bracket or a square; that of     none
-//                        the root counts in the sizes but is not drawn
-//   node      x, y       written: column and row                              -
-//   subgraph  x0, x1     written: first column, and the one behind the last   -
-//   subgraph  y0, y1     written: first row, and the one behind the last      -
-//   subgraph  xshift     written: how far left of the headers the bracket of  -
-//                        a group of rows stands, points
-//   subgraph  yshift     written: how far above them that of columns stands   -
+// The attributes are those of matrix_attributes.h; paint_attributes.h has the rest. The label of
+// the root counts in the sizes but is not drawn.
 //
 // Headers are numbered in the order of `chartItemLess`. A node that is both column and row has its
-// label at the row. What an element is, is told by the attributes of its own; one that the input
-// brings along counts like a written one. An edge from a node without a row or to one without a
-// column lies in row 0 or column 0. Nothing but labels, brackets, rectangles and squares is drawn.
+// label at the row. An edge from a node without a row or to one without a column lies in row 0 or
+// column 0. Nothing but labels, brackets, rectangles and squares is drawn.
 //
 // Sizes and positions are whole points; those that no int can hold become the nearest.
 class MatrixLayout

@@ -131,7 +131,7 @@ QList<QRectF> squarify(const QList<double> &values, const QRectF &rect, qsizetyp
     QRectF room = rect;
     while (left > 0) {
         const qsizetype length = rowLength(values, room, start, left);
-        cells += layoutRow(values, room, start, length);
+        cells += rowCells(values, room, start, length);
         room = remainingRect(values, room, start, length);
         start += length;
         left -= length;
@@ -139,8 +139,8 @@ QList<QRectF> squarify(const QList<double> &values, const QRectF &rect, qsizetyp
     return cells;
 }
 
-QList<QRectF> layoutRow(const QList<double> &values, const QRectF &rect, qsizetype start,
-                        qsizetype count)
+QList<QRectF> rowCells(const QList<double> &values, const QRectF &rect, qsizetype start,
+                       qsizetype count)
 {
     count = resolvedCount(values, start, count);
     if (!rect.isValid())
@@ -167,7 +167,7 @@ QList<QRectF> layoutRow(const QList<double> &values, const QRectF &rect, qsizety
 double worstRatio(const QList<double> &values, const QRectF &rect, qsizetype start, qsizetype count)
 {
     double worst = 0.0;
-    for (const QRectF &cell : layoutRow(values, rect, start, count)) {
+    for (const QRectF &cell : rowCells(values, rect, start, count)) {
         if (cell.isValid())
             worst = std::max({worst, cell.height() / cell.width(), cell.width() / cell.height()});
     }

@@ -21,8 +21,8 @@ QList<QRectF> squarify(const QList<double> &values, const QRectF &rect, qsizetyp
 
 // The rectangles of one row, which fills the shorter side of `rect`. Without room, when `rect` is
 // not valid, they are all default ones.
-QList<QRectF> layoutRow(const QList<double> &values, const QRectF &rect, qsizetype start = 0,
-                        qsizetype count = -1);
+QList<QRectF> rowCells(const QList<double> &values, const QRectF &rect, qsizetype start = 0,
+                       qsizetype count = -1);
 
 // How far the worst of the row's valid rectangles is from a square: its longer side divided by its
 // shorter one. 0 if there is none.

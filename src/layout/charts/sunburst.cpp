@@ -2,74 +2,50 @@
 
 #include "device/ellipse.h"
 #include "device/graph_style.h"
-#include "graph/attribute_values.h"
+#include "graph/numbers.h"
 #include "graph/subgraph_walk.h"
 #include "layout/charts/chart_items.h"
 #include "layout/charts/chart_legend.h"
+#include "layout/charts/chart_rect.h"
+#include "layout/charts/sunburst_attributes.h"
+#include "layout/charts/sunburst_slices.h"
 
 #include <algorithm>
 
 namespace ORR::Graph::Layout {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
-const QString a0Name = u"a0"_s;
-const QString areaName = u"area"_s;
-const QString r0Name = u"r0"_s;
-const QString r1Name = u"r1"_s;
-const QString ringStepName = u"rstep"_s;
-const QString sweepName = u"sweep"_s;
+namespace Rows = SunburstAttributes;
 
-const QString wholeTurn = u"360"_s;
 constexpr double halfTurn = 180.0;
 constexpr double defaultRingStep = 72.0; // points
-constexpr double smallestSweep = 0.29; // degrees
 constexpr int margin = 4; // points
 
-double ownNumber(const DotObject *object, const QString &name)
+QList<double> areasOf(const QList<ChartItem> &items)
 {
-    return numberFrom(object->attributes.value(name));
+    QList<double> areas;
+    areas.reserve(items.size());
+    for (const ChartItem &item : items)
+        areas.append(item.area);
+    return areas;
 }
 
-double graphNumber(const DotGraph *graph, const DotSubgraph *subgraph, const QString &name)
+template <typename Object>
+void store(DotGraph *graph, Object *object, const SunburstSlice &slice)
 {
-    return numberFrom(graph->graphAttribute(subgraph, name));
+    Rows::sweep.setNumber(graph, object, slice.sweep);
+    Rows::a0.setNumber(graph, object, slice.a0);
+    Rows::r0.setNumber(graph, object, slice.r0);
+    Rows::r1.setNumber(graph, object, slice.r1);
 }
 
-struct Slice
+// What the object has stored, with the sweep that was read before.
+template <typename Object>
+SunburstSlice stored(const DotGraph *graph, const Object *object, double sweep)
 {
-    double a0;
-    double sweep;
-    double r0;
-    double r1;
-};
-
-void store(DotGraph *graph, const ChartItem &item, const Slice &slice)
-{
-    const auto set = [&](const QString &name, double value) {
-        if (item.node)
-            graph->setNodeAttribute(item.node, name, numberText(value));
-        else
-            graph->setGraphAttribute(item.subgraph, name, numberText(value));
-    };
-    set(sweepName, slice.sweep);
-    set(a0Name, slice.a0);
-    set(r0Name, slice.r0);
-    set(r1Name, slice.r1);
-}
-
-// Takes out the items that would be too narrow to be seen, smallest first. Each one gives its room
-// to the others, and may save the next by that. Returns the area of those that stay.
-double dropNarrowItems(QList<ChartItem> &items, double total, double sweep)
-{
-    qsizetype dropped = 0;
-    // What is not a number, as behind a total of 0, is narrow.
-    while (dropped < items.size() && !((items.at(dropped).area / total) * sweep >= smallestSweep))
-        total -= items.at(dropped++).area;
-    items.remove(0, dropped);
-    return total;
+    return {Rows::a0.inheritedNumber(graph, object), sweep, Rows::r0.inheritedNumber(graph, object),
+            Rows::r1.inheritedNumber(graph, object)};
 }
 
 // Lays out the members of one subgraph. Appends the subgraphs among them to `inner` and returns the
@@ -78,32 +54,36 @@ double layoutMembers(DotGraph *graph, DotSubgraph *subgraph, double sweep, doubl
                      QList<DotSubgraph *> &inner)
 {
     QList<ChartItem> items = chartItems(graph, subgraph, true);
-    const double total = dropNarrowItems(items, graphNumber(graph, subgraph, areaName), sweep);
-    const double step = items.isEmpty() ? 0.0 : ringStep;
+    double total = Rows::totalArea.inheritedNumber(graph, subgraph);
+    items.remove(0, narrowSlices(areasOf(items), sweep, total));
     sortByIdNumber(items);
 
-    double a0 = graphNumber(graph, subgraph, a0Name);
-    const double r1 = graphNumber(graph, subgraph, r1Name);
-    for (const ChartItem &item : std::as_const(items)) {
-        const double share = (item.area / total) * sweep;
-        store(graph, item, {a0, share, r1, r1 + step});
-        a0 += share;
-        if (item.subgraph)
+    const double r0 = Rows::r1.inheritedNumber(graph, subgraph);
+    const double r1 = r0 + (items.isEmpty() ? 0.0 : ringStep);
+    const double a0 = Rows::a0.inheritedNumber(graph, subgraph);
+    const QList<SunburstSlice> slices = slicesOf(areasOf(items), total, {a0, sweep, r0, r1});
+    for (qsizetype i = 0; i < items.size(); ++i) {
+        const ChartItem &item = items.at(i);
+        if (item.node) {
+            store(graph, item.node, slices.at(i));
+        } else {
+            store(graph, item.subgraph, slices.at(i));
             inner.append(item.subgraph);
+        }
     }
-    return r1 + step;
+    return r1;
 }
 
 // Lays out the rings within `root` and returns their outer radius.
-double layoutRing(DotGraph *graph, DotSubgraph *root)
+double layoutRings(DotGraph *graph, DotSubgraph *root)
 {
-    const double wantedStep = graphNumber(graph, root, ringStepName);
+    const double wantedStep = Rows::ringStep.of(graph, root);
     const double ringStep = wantedStep > 0.0 ? wantedStep : defaultRingStep;
     QList<DotSubgraph *> pending{root};
     double outer = 0.0;
     while (!pending.isEmpty()) {
         DotSubgraph *subgraph = pending.takeLast();
-        const double sweep = ownNumber(subgraph, sweepName);
+        const double sweep = Rows::sweep.number(subgraph);
         // Too narrow to hold anything, with an outer radius of 0.
         const double reach =
             sweep < smallestSweep ? 0.0 : layoutMembers(graph, subgraph, sweep, ringStep, pending);
@@ -112,7 +92,7 @@ double layoutRing(DotGraph *graph, DotSubgraph *root)
     return outer;
 }
 
-void ringSegment(Device::Path *path, QPointF centre, const Slice &slice)
+void ringSegment(Device::Path *path, QPointF centre, const SunburstSlice &slice)
 {
     const auto pointAt = [&](double r, double angle) {
         return pointOnEllipse(centre, r, r, angle);
@@ -135,15 +115,16 @@ void ringSegment(Device::Path *path, QPointF centre, const Slice &slice)
     path->closeSubpath();
 }
 
-class Painter
+// Draws the slices that the rings have stored.
+class RingPainter
 {
 public:
-    Painter(const LayoutContext &context, const GraphStyle &graphStyle, QPointF middle)
+    RingPainter(const LayoutContext &context, const GraphStyle &graphStyle, QPointF middle)
         : graph(context.graph), device(context.device), style(graphStyle), centre(middle)
     {
     }
 
-    void paintRings(DotSubgraph *root)
+    void paint(DotSubgraph *root)
     {
         walkSubgraphs(
             root, [this](DotSubgraph *subgraph) { return enter(subgraph); },
@@ -153,43 +134,35 @@ public:
 private:
     bool enter(DotSubgraph *subgraph)
     {
-        const double sweep = ownNumber(subgraph, sweepName);
+        const double sweep = Rows::sweep.number(subgraph);
         if (!(sweep > 0.0))
             return false;
         device->beginCluster(subgraph, true);
-        const double r0 = graphNumber(graph, subgraph, r0Name);
-        const double r1 = graphNumber(graph, subgraph, r1Name);
-        if (r0 < r1)
-            paintSlice({graphNumber(graph, subgraph, a0Name), sweep, r0, r1},
-                       style.clusterPen(subgraph), style.clusterFill(subgraph, nullptr));
+        const SunburstSlice slice = stored(graph, subgraph, sweep);
+        if (slice.r0 < slice.r1)
+            paintSlice(slice, style.clusterPen(subgraph), style.clusterFill(subgraph, nullptr));
         return true;
     }
 
     void leave(DotSubgraph *subgraph)
     {
         for (DotNode *node : std::as_const(subgraph->nodes)) {
-            const double sweep = ownNumber(node, sweepName);
+            const double sweep = Rows::sweep.number(node);
             if (!(sweep > 0.0))
                 continue;
             device->beginNode(node);
-            paintSlice({nodeNumber(node, a0Name), sweep, nodeNumber(node, r0Name),
-                        nodeNumber(node, r1Name)},
-                       style.nodePen(node), style.nodeFill(node, nullptr));
+            paintSlice(stored(graph, node, sweep), style.nodePen(node),
+                       style.nodeFill(node, nullptr));
             device->endNode();
         }
         device->endCluster();
     }
 
-    void paintSlice(const Slice &slice, Device::Pen *pen, Device::Color *fill)
+    void paintSlice(const SunburstSlice &slice, Device::Pen *pen, Device::Color *fill)
     {
         Device::Path *path = device->createPath();
         ringSegment(path, centre, slice);
         device->drawPath(path, pen, fill);
-    }
-
-    double nodeNumber(const DotNode *node, const QString &name) const
-    {
-        return numberFrom(graph->nodeAttribute(node, name));
     }
 
     DotGraph *graph;
@@ -202,23 +175,22 @@ private:
 
 QString Sunburst::run(const LayoutContext &context)
 {
-    DotGraph *graph = context.graph;
-    Device *device = context.device;
+    const auto [graph, device] = context;
     DotSubgraph *root = graph->root();
-    if (!root->attributes.contains(sweepName))
-        graph->setGraphAttribute(root, sweepName, wholeTurn);
+    if (!Rows::wholeSweep.isGiven(graph, root))
+        Rows::sweep.setText(graph, root, latin1(Rows::wholeSweep.byDefault));
     sumArea(graph, root);
 
-    const double radius = layoutRing(graph, root);
+    const double radius = layoutRings(graph, root);
     const int width = rounded(radius + radius);
-    const int height = ownNumber(root, sweepName) > halfTurn ? width : truncated(radius);
+    const int height = Rows::sweep.number(root) > halfTurn ? width : truncated(radius);
     QRect rect = chartRect(margin, margin, width, height);
     const GraphStyle style(graph, device);
-    DotSubgraph *legend = findLegend(root);
-    const QSize size = placeLegend(graph, rect, legend, style);
+    const ChartLegend legend(graph, findLegend(graph), style);
+    const QSize size = legend.place(rect);
     device->begin(size.width(), size.height());
-    Painter(context, style, QPointF(rect.x() + radius, rect.y() + radius)).paintRings(root);
-    drawLegend(device, graph, style, legend);
+    RingPainter(context, style, QPointF(rect.x() + radius, rect.y() + radius)).paint(root);
+    legend.draw(device);
     return device->end();
 }
 

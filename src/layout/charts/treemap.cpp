@@ -6,6 +6,7 @@
 #include "graph/numbers.h"
 #include "layout/charts/chart_items.h"
 #include "layout/charts/chart_legend.h"
+#include "layout/charts/chart_rect.h"
 #include "layout/charts/treemap_attributes.h"
 #include "layout/charts/treemap_tiling.h"
 
@@ -167,11 +168,11 @@ QString Treemap::run(const LayoutContext &context)
     QRect rect = chartOf(graph);
 
     const GraphStyle style(graph, device);
-    DotSubgraph *legend = findLegend(root);
-    const QSize size = placeLegend(graph, rect, legend, style);
+    const ChartLegend legend(graph, findLegend(graph), style);
+    const QSize size = legend.place(rect);
     device->begin(size.width(), size.height());
     CellPainter(context, style).paint(TreemapTiling(graph, root, QRectF(rect)));
-    drawLegend(device, graph, style, legend);
+    legend.draw(device);
     return device->end();
 }
 
