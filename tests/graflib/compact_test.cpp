@@ -159,8 +159,8 @@ TEST(CompactTree, children_stand_apart_and_behind_their_parents)
     QMap<int, QList<double>> levels;
     for (const DotNode *node : std::as_const(laid.graph->root()->nodes)) {
         levels[laid.ofNode(node->id, u"level"_s).toInt()].append(laid.number(node->id, u"d2"_s));
-        for (const DotNode *kid : laid.graph->successors(node))
-            EXPECT_GE(laid.number(kid->id, u"d1"_s), laid.number(node->id, u"d1"_s) + 40 + 36);
+        for (const DotNode *child : laid.graph->successors(node))
+            EXPECT_GE(laid.number(child->id, u"d1"_s), laid.number(node->id, u"d1"_s) + 40 + 36);
     }
     for (QList<double> &level : levels) {
         std::sort(level.begin(), level.end());

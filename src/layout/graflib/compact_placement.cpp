@@ -8,42 +8,42 @@
 
 namespace ORR::Graph::Layout {
 
-// A subtree that is being placed. Its kids are taken from the last to the first.
+// A subtree that is being placed. Its children are taken from the last to the first.
 struct CompactPlacement::Visit
 {
     int node;
-    int kidsLeft;
-    double start; // where its kids may begin
+    int childrenLeft;
+    double start; // where its children may begin
     double free; // where the node itself may stand
-    double next; // where the next kid may begin
-    double end = 0.0; // of the last kid placed
+    double next; // where the next child may begin
+    double end = 0.0; // of the last child placed
     double firstY = 0.0; // of the first one
-    bool firstPlaced = true; // the kid that comes next is the first one
+    bool firstPlaced = true; // the child that comes next is the first one
 };
 
 CompactPlacement::CompactPlacement(const ReachedNodes &reachedNodes,
-                                   std::vector<double> nodeExtents, std::vector<int> nodeLevels,
-                                   int levelCount, const Options &placementOptions)
+                                   std::vector<double> nodeExtents, TreeLevels nodeLevels,
+                                   const Options &placementOptions)
     : reached(reachedNodes), extents(std::move(nodeExtents)), levels(std::move(nodeLevels)),
-      options(placementOptions), levelEnd(levelCount + 1, 0.0), position(reached.size(), 0.0),
+      options(placementOptions), levelEnd(levels.count + 1, 0.0), position(reached.size(), 0.0),
       mostMoves(reached.isTree ? Limits::mostMovesInTree : Limits::mostMovesInGraph)
 {
 }
 
-void CompactPlacement::countWays()
+void CompactPlacement::countPlacements()
 {
-    ways.assign(reached.size(), 1);
+    placements.assign(reached.size(), 1);
     for (const int node : reached.finished) {
-        qint64 &count = ways[node];
-        for (int i = reached.firstKid[node]; i < reached.firstKid[node + 1]; ++i)
-            count = std::min(count + ways[reached.kids[i]], Limits::mostPlacements + 1);
+        qint64 &count = placements[node];
+        for (int i = reached.firstChild[node]; i < reached.firstChild[node + 1]; ++i)
+            count = std::min(count + placements[reached.children[i]], Limits::mostPlacements + 1);
     }
 }
 
 bool CompactPlacement::place()
 {
-    countWays();
-    if (ways.front() > Limits::mostPlacements)
+    countPlacements();
+    if (placements.front() > Limits::mostPlacements)
         return false;
     placeSubtree(0);
     return moves <= mostMoves;
@@ -53,8 +53,8 @@ bool CompactPlacement::place()
 // two gaps apart, siblings one.
 double CompactPlacement::freePosition(int node, double start, bool first) const
 {
-    const double taken = levelEnd[levels[node]];
-    // A mark of 0 is a level on which nothing stands yet.
+    const double taken = levelEnd[levels.levels[node]];
+    // At 0 stands nothing yet.
     const double y = taken == 0.0 ? options.start : taken + options.nodeSep * (first ? 2 : 1);
     return std::max(start, y);
 }
@@ -65,13 +65,13 @@ double CompactPlacement::settle(int node, double y)
 {
     position[node] = stored(y);
     const double end = y + extents[node];
-    double &level = levelEnd[levels[node]];
+    double &level = levelEnd[levels.levels[node]];
     level = std::max(level, end);
     levelEnd.back() = std::max(levelEnd.back(), end);
     return end;
 }
 
-// The position of a parent whose kids are placed. The place that is free for it is cut to whole
+// The position of a parent whose children are placed. The place that is free for it is cut to whole
 // points: a pushed parent may stand up to one point too near to its neighbour, which is meant.
 double CompactPlacement::centre(const Visit &visit)
 {
@@ -79,7 +79,7 @@ double CompactPlacement::centre(const Visit &visit)
     const double floor = truncated(visit.free);
     if (!(floor > y))
         return y;
-    shiftKids(visit.node, floor - y);
+    shiftChildren(visit.node, floor - y);
     return floor;
 }
 
@@ -88,22 +88,23 @@ void CompactPlacement::placeSubtree(int root)
     std::vector<Visit> open;
     const auto enter = [&](int node, double start, bool first) {
         open.push_back({.node = node,
-                        .kidsLeft = reached.firstKid[node + 1] - reached.firstKid[node],
+                        .childrenLeft = reached.firstChild[node + 1] - reached.firstChild[node],
                         .start = start,
                         .free = freePosition(node, start, first),
                         .next = start});
     };
     enter(root, options.start, false);
     while (moves <= mostMoves) {
-        if (open.back().kidsLeft > 0) {
+        if (open.back().childrenLeft > 0) {
             Visit &visit = open.back();
-            const int kid = reached.kids[reached.firstKid[visit.node] + --visit.kidsLeft];
-            enter(kid, visit.next, visit.firstPlaced);
+            const int child =
+                reached.children[reached.firstChild[visit.node] + --visit.childrenLeft];
+            enter(child, visit.next, visit.firstPlaced);
             continue;
         }
         const Visit done = open.back();
         open.pop_back();
-        const bool isLeaf = reached.firstKid[done.node + 1] == reached.firstKid[done.node];
+        const bool isLeaf = reached.firstChild[done.node + 1] == reached.firstChild[done.node];
         const double end = settle(done.node, isLeaf ? done.free : centre(done));
         if (open.empty())
             return;
@@ -116,16 +117,16 @@ void CompactPlacement::placeSubtree(int root)
     }
 }
 
-void CompactPlacement::shiftKids(int node, double delta)
+void CompactPlacement::shiftChildren(int node, double delta)
 {
-    moves += ways[node] - 1;
+    moves += placements[node] - 1;
     if (moves > mostMoves)
         return;
-    for (int i = reached.firstKid[node]; i < reached.firstKid[node + 1]; ++i)
-        shiftSubtree(reached.kids[i], delta);
+    for (int i = reached.firstChild[node]; i < reached.firstChild[node + 1]; ++i)
+        shiftSubtree(reached.children[i], delta);
 }
 
-// Marks are only ever raised: where a subtree moved away, its old marks stay and leave a gap.
+// Levels are only ever taken further: where a subtree moved away, they stay taken and leave a gap.
 void CompactPlacement::shiftSubtree(int root, double delta)
 {
     if (reached.isTree) {
@@ -138,8 +139,8 @@ void CompactPlacement::shiftSubtree(int root, double delta)
         const int node = pending.back();
         pending.pop_back();
         shiftRange(node, node + 1, delta);
-        pending.insert(pending.end(), reached.kids.begin() + reached.firstKid[node],
-                       reached.kids.begin() + reached.firstKid[node + 1]);
+        pending.insert(pending.end(), reached.children.begin() + reached.firstChild[node],
+                       reached.children.begin() + reached.firstChild[node + 1]);
     }
 }
 
@@ -152,7 +153,7 @@ void CompactPlacement::shiftRange(int first, int behind, double delta)
     double *const ends = levelEnd.data();
     double *const positions = position.data();
     const double *const sizes = extents.data();
-    const int *const numbers = levels.data();
+    const int *const numbers = levels.levels.data();
     for (int node = first; node < behind; ++node) {
         const double y = positions[node] + delta;
         positions[node] = keep(y);
