@@ -4,9 +4,16 @@
 #include "graph/numbers.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace ORR::Graph::Layout {
+
+namespace {
+
+constexpr int blockSize = 256; // nodes
+
+} // namespace
 
 // A subtree that is being placed. Its children are taken from the last to the first.
 struct CompactPlacement::Visit
@@ -26,6 +33,7 @@ CompactPlacement::CompactPlacement(const ReachedNodes &reachedNodes,
                                    const Options &placementOptions)
     : reached(reachedNodes), extents(std::move(nodeExtents)), levels(std::move(nodeLevels)),
       options(placementOptions), levelEnd(levels.count + 1, 0.0), position(reached.size(), 0.0),
+      blocks(reached.size() / blockSize + 1),
       mostMoves(reached.isTree ? Limits::mostMovesInTree : Limits::mostMovesInGraph)
 {
 }
@@ -130,7 +138,7 @@ void CompactPlacement::shiftChildren(int node, double delta)
 void CompactPlacement::shiftSubtree(int root, double delta)
 {
     if (reached.isTree) {
-        shiftRange(root, reached.subtreeEnd[root], delta);
+        shiftTree(root, reached.subtreeEnd[root], delta);
         return;
     }
     // A node that can be reached on two ways from here moves twice.
@@ -144,12 +152,42 @@ void CompactPlacement::shiftSubtree(int root, double delta)
     }
 }
 
+// Moves neighbouring nodes of a tree, whole blocks of them where there are such. Subtrees are moved
+// from the inside out, so that a block that was moved as a whole once is never moved in part.
+void CompactPlacement::shiftTree(int first, int behind, double delta)
+{
+    const int firstWhole = std::min((first + blockSize - 1) / blockSize * blockSize, behind);
+    const int behindWhole = std::max(behind / blockSize * blockSize, firstWhole);
+    shiftRange(first, firstWhole, delta);
+    for (int node = firstWhole; node < behindWhole; node += blockSize)
+        shiftBlock(node, delta);
+    shiftRange(behindWhole, behind, delta);
+}
+
+// In a deep tree far from the origin nearly every parent is pushed, by less than the last digit of
+// the positions: all that it moves stays where it is and takes nothing of its levels that it had
+// not taken before. A look at the block tells that without going through its nodes: moves go
+// forward, and what lies between a position and a place that is kept as that position is kept as
+// it, too.
+void CompactPlacement::shiftBlock(int first, double delta)
+{
+    Block &block = blocks[first / blockSize];
+    if (block.isUniform && block.position + delta <= block.taken)
+        return;
+    block.taken = shiftRange(first, first + blockSize, delta);
+    const auto begin = position.cbegin() + first;
+    block.position = *begin;
+    block.isUniform = std::all_of(begin, begin + blockSize,
+                                  [&](double other) { return other == block.position; });
+}
+
 // The inner loop of trees in which nearly every parent is pushed. It is `settle` with all that it
-// uses at hand.
-void CompactPlacement::shiftRange(int first, int behind, double delta)
+// uses at hand. Gives back the nearest of the positions before they lose their digits.
+double CompactPlacement::shiftRange(int first, int behind, double delta)
 {
     StoredNumber keep = stored;
     double furthest = levelEnd.back();
+    double nearest = std::numeric_limits<double>::infinity();
     double *const ends = levelEnd.data();
     double *const positions = position.data();
     const double *const sizes = extents.data();
@@ -158,11 +196,13 @@ void CompactPlacement::shiftRange(int first, int behind, double delta)
         const double y = positions[node] + delta;
         positions[node] = keep(y);
         const double end = y + sizes[node];
+        nearest = std::min(nearest, y);
         furthest = std::max(furthest, end);
         ends[numbers[node]] = std::max(ends[numbers[node]], end);
     }
     levelEnd.back() = furthest;
     stored = keep;
+    return nearest;
 }
 
 } // namespace ORR::Graph::Layout

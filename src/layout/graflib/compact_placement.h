@@ -41,13 +41,25 @@ public:
 
 private:
     struct Visit;
+    // What the last move of some neighbouring nodes of a tree left, so that a move that changes
+    // nothing need not go through them.
+    struct Block
+    {
+        bool isUniform = false; // all of them stand at one position
+        double position = 0.0; // if so: that one
+        double taken =
+            0.0; // the place that it is the digits of: all levels are taken from there on
+    };
+
     void placeSubtree(int root);
     double freePosition(int node, double start, bool first) const;
     double settle(int node, double y);
     double centre(const Visit &visit);
     void shiftChildren(int node, double delta);
     void shiftSubtree(int root, double delta);
-    void shiftRange(int first, int behind, double delta);
+    void shiftTree(int first, int behind, double delta);
+    void shiftBlock(int first, double delta);
+    double shiftRange(int first, int behind, double delta);
     void countPlacements();
 
     const ReachedNodes &reached;
@@ -57,6 +69,7 @@ private:
     std::vector<double> levelEnd; // how far each level is taken; last entry: the furthest of all
     std::vector<double> position;
     std::vector<qint64> placements; // how many each subtree takes, limited
+    std::vector<Block> blocks; // of a tree
     std::vector<int> pending; // of `shiftSubtree`
     StoredNumber stored;
     qint64 mostMoves;
