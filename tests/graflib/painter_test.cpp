@@ -1,16 +1,23 @@
-#include "layout/graflib/graflib_painter.h"
-
 #include "device/text_image.h"
 #include "graflib_support.h"
 #include "graph/numbers.h"
+#include "layout/graflib/expander.h"
+#include "layout/graflib/graph_drawing.h"
+#include "layout/graflib/node_size.h"
 
 #include <gtest/gtest.h>
 
 using namespace ORR::Graph;
 using namespace Qt::StringLiterals;
-using Layout::GraflibPainter;
 
 namespace {
+
+QString draw(DotGraph *graph, RecordingDevice &device, QSizeF size)
+{
+    const GraphStyle style(graph, &device);
+    Layout::NodeLabels labels(style);
+    return Layout::drawGraph({graph, &device}, style, labels, size);
+}
 
 // What one node becomes whose place and size are given. `attributes` are its own.
 QStringList drawn(const QByteArray &attributes, const QByteArray &root = "rankdir=LR",
@@ -18,8 +25,7 @@ QStringList drawn(const QByteArray &attributes, const QByteArray &root = "rankdi
 {
     const auto graph = parsed("digraph { graph [" + root + "] a [" + attributes + "] }");
     RecordingDevice device(false, withExpanders);
-    QString result;
-    GraflibPainter(graph.get(), &device).render(result, {100, 50});
+    draw(graph.get(), device, {100, 50});
     QStringList calls = device.calls();
     calls.removeAll(u"endNode"_s);
     return calls.sliced(1, calls.size() - 2); // without begin and end
@@ -41,7 +47,9 @@ QString measured(const QByteArray &attributes, double marginX = 0, double margin
 {
     const auto graph = parsed("digraph { a [" + attributes + "] }");
     RecordingDevice device;
-    GraflibPainter(graph.get(), &device).measureNodes(graph->root()->nodes, marginX, marginY);
+    const GraphStyle style(graph.get(), &device);
+    Layout::NodeLabels labels(style);
+    Layout::measureNodes(graph.get(), graph->root(), labels, {marginX, marginY});
     const DotNode *node = graph->findNode(u"a"_s);
     return graph->nodeAttribute(node, u"width"_s) + u' ' + graph->nodeAttribute(node, u"height"_s);
 }
@@ -274,8 +282,7 @@ TEST(PainterAxes, page_is_turned_with_them)
           std::pair("TB", u"begin 51 100"_s), std::pair("", u"begin 51 100"_s)}) {
         const auto graph = parsed("digraph { graph [rankdir=\"" + QByteArray(rankdir) + "\"] }");
         RecordingDevice device;
-        QString result;
-        GraflibPainter(graph.get(), &device).render(result, {99.5, 50.5});
+        draw(graph.get(), device, {99.5, 50.5});
         EXPECT_EQ(device.calls().value(0), call) << rankdir;
     }
 }
@@ -285,9 +292,7 @@ TEST(PainterResult, is_what_the_device_says_at_the_end)
     const auto graph = parsed("digraph { }");
     RecordingDevice device;
     device.setResult(u"Disk full\n"_s);
-    QString result;
-    GraflibPainter(graph.get(), &device).render(result, {1, 1});
-    EXPECT_EQ(result, u"Disk full\n"_s);
+    EXPECT_EQ(draw(graph.get(), device, {1, 1}), u"Disk full\n"_s);
 }
 
 namespace {
@@ -339,8 +344,7 @@ TEST(PainterExpander, size_goes_with_the_font_size_on_every_device)
 {
     const auto sizeAt = [](const QByteArray &fontSize) {
         const auto graph = parsed("digraph { graph [fontsize=\"" + fontSize + "\"] }");
-        RecordingDevice device(false, false);
-        return GraflibPainter(graph.get(), &device).expanderSize();
+        return Layout::expanderExtent(graph.get());
     };
     EXPECT_EQ(sizeAt("12"), 9);
     EXPECT_EQ(sizeAt("12.5"), -3);
@@ -353,8 +357,7 @@ TEST(PainterFrame, takes_place_style_and_lines_from_the_graph)
                               "fillcolor=yellow style=\"rounded,dashed\" peripheries=2 d1=10 d2=20 "
                               "width=40 height=20 penwidth=2] } }");
     RecordingDevice device;
-    QString result;
-    GraflibPainter(graph.get(), &device).render(result, {1, 1});
+    draw(graph.get(), device, {1, 1});
     EXPECT_EQ(device.calls(),
               lines({"begin 1 1", "beginCluster s",
                      "rect 10,20 50,40 radius 9 pen red dashed 2 fill yellow",
@@ -367,8 +370,7 @@ TEST(PainterFrame, falls_back_to_the_node_defaults)
         parsed("digraph { graph [rankdir=LR] node [penwidth=4 fillcolor=lime] subgraph s "
                "{ graph [color=red] } }");
     RecordingDevice device;
-    QString result;
-    GraflibPainter(graph.get(), &device).render(result, {1, 1});
+    draw(graph.get(), device, {1, 1});
     EXPECT_EQ(device.callsOf(u"rect"_s),
               lines({"rect 0,0 0,0 radius 0 pen red solid 4 fill lime"}));
 }
@@ -378,8 +380,7 @@ TEST(PainterFrame, needs_a_colour_that_is_not_none)
     const auto framesWith = [](const QByteArray &attributes) {
         const auto graph = parsed("digraph { graph [" + attributes + "] }");
         RecordingDevice device;
-        QString result;
-        GraflibPainter(graph.get(), &device).render(result, {1, 1});
+        draw(graph.get(), device, {1, 1});
         return device.callsOf(u"rect"_s).size();
     };
     EXPECT_EQ(framesWith(""), 0);
@@ -389,12 +390,33 @@ TEST(PainterFrame, needs_a_colour_that_is_not_none)
     EXPECT_EQ(framesWith("color=None"), 1);
 }
 
+// It is looked up as for a node in the graph: what the graphs around it say does not count.
+TEST(PainterFrame, inherits_no_paint_from_the_graphs_around)
+{
+    const auto graph =
+        parsed("digraph { graph [color=red fillcolor=yellow penwidth=2] subgraph s { } }");
+    RecordingDevice device;
+    draw(graph.get(), device, {1, 1});
+    EXPECT_EQ(device.callsOf(u"rect"_s),
+              lines({"rect 0,0 0,0 radius 0 pen red solid 2 fill yellow",
+                     "rect 0,0 0,0 radius 0 pen #000000 solid 1 fill #FFFFFF"}));
+}
+
+TEST(PainterFrame, is_crossed_out_and_expandable_like_a_node)
+{
+    const auto graph = parsed("digraph { graph [rankdir=LR color=red slash=true d1=10 d2=20 "
+                              "width=40 height=20] node [expander=true] }");
+    RecordingDevice device(true, true);
+    draw(graph.get(), device, {1, 1});
+    EXPECT_EQ(device.callsOf(u"polyline"_s), lines({"polyline 10,40 50,20 pen red solid 1"}));
+    EXPECT_EQ(device.callsOf(u"richtext"_s).size(), 1);
+}
+
 TEST(PainterFrame, leaves_no_node_behind)
 {
     const auto graph = parsed("digraph { graph [color=red] }");
     RecordingDevice device;
-    QString result;
-    GraflibPainter(graph.get(), &device).render(result, {1, 1});
+    draw(graph.get(), device, {1, 1});
     EXPECT_TRUE(graph->allNodes().isEmpty());
     EXPECT_TRUE(graph->root()->nodes.isEmpty());
     EXPECT_TRUE(graph->graphAttribute(graph->root(), u"shape"_s).isNull());
@@ -404,8 +426,7 @@ TEST(PainterNode, invisible_one_is_begun_and_ended)
 {
     const auto graph = parsed("digraph { a [shape=rectangle label=x style=\"filled,invis\"] }");
     RecordingDevice device;
-    QString result;
-    GraflibPainter(graph.get(), &device).render(result, {1, 1});
+    draw(graph.get(), device, {1, 1});
     EXPECT_EQ(device.calls(), lines({"begin 1 1", "beginNode a", "endNode", "end"}));
 }
 
@@ -416,8 +437,7 @@ QStringList drawnEdge(const QByteArray &attributes)
 {
     const auto graph = parsed("digraph { graph [rankdir=LR] a -> b [" + attributes + "] }");
     RecordingDevice device;
-    QString result;
-    GraflibPainter(graph.get(), &device).render(result, {1, 1});
+    draw(graph.get(), device, {1, 1});
     const QStringList calls = device.calls();
     const qsizetype first = calls.indexOf(u"beginEdge a->b"_s);
     return calls.sliced(first + 1, calls.size() - first - 2);
@@ -482,8 +502,7 @@ TEST(PainterOrder, frame_then_nodes_then_subgraphs_then_edges)
         parsed("digraph { graph [rankdir=LR] edge [d1=\"1 2 3 4\" d2=\"1 2 3 4\"] "
                "subgraph s { graph [color=red] b [] c [] c -> b [] } a [] a -> b [] }");
     RecordingDevice device;
-    QString result;
-    GraflibPainter(graph.get(), &device).render(result, {1, 1});
+    draw(graph.get(), device, {1, 1});
     EXPECT_EQ(device.calls(),
               lines({"begin 1 1", "beginNode a", "endNode", "beginCluster s",
                      "rect 0,0 0,0 radius 0 pen red solid 1 fill #FFFFFF", "beginNode b", "endNode",
@@ -499,7 +518,6 @@ TEST(PainterOrder, nesting_100000_deep_is_drawn)
     const auto graph = parsed("digraph {" + QByteArray("subgraph {").repeated(depth) + "a []"
                               + QByteArray("}").repeated(depth) + "}");
     RecordingDevice device;
-    QString result;
-    GraflibPainter(graph.get(), &device).render(result, {1, 1});
+    draw(graph.get(), device, {1, 1});
     EXPECT_EQ(device.callsOf(u"endCluster"_s).size(), depth);
 }

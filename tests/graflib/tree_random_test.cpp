@@ -2,7 +2,6 @@
 
 #include "graflib_support.h"
 #include "graph/numbers.h"
-#include "layout/graflib/graflib_painter.h"
 #include "tree_reading.h"
 
 #include <gtest/gtest.h>
@@ -22,6 +21,7 @@ struct Shape
     int crossEdges; // edges beyond those of a tree
     int backEdges; // edges that may close a cycle
     double pad; // inches
+    int reach = 0; // how far back parents are looked for; 0 for anything
 };
 
 QByteArray randomGraph(Dice &dice, const Shape &shape, bool compact)
@@ -44,7 +44,7 @@ QByteArray randomGraph(Dice &dice, const Shape &shape, bool compact)
         dot += "n" + QByteArray::number(tail) + " -> n" + QByteArray::number(head) + " []\n";
     };
     // Trees of many forms: parents from everywhere, or from among the last few nodes.
-    const int reach = 1 + dice.below(shape.nodes);
+    const int reach = 1 + dice.below(shape.reach ? shape.reach : shape.nodes);
     for (int i = 1; i < shape.nodes; ++i)
         edge(std::max(0, i - 1 - dice.below(reach)) % i, i);
     for (int i = 0; i < shape.crossEdges; ++i) {
@@ -95,7 +95,7 @@ void compareRandomGraphs(quint32 seed, int rounds, const Shape &largest)
     Dice dice(seed);
     for (int i = 0; i < rounds && !testing::Test::HasFatalFailure(); ++i) {
         const Shape shape{2 + dice.below(largest.nodes), dice.below(largest.crossEdges + 1),
-                          dice.below(largest.backEdges + 1), largest.pad};
+                          dice.below(largest.backEdges + 1), largest.pad, largest.reach};
         const bool compact = i % 3 != 0;
         expectTheSamePlaces(randomGraph(dice, shape, compact), compact);
     }
@@ -124,4 +124,13 @@ TEST(TreeAgainstItsReading, random_graphs_far_out)
 {
     compareRandomGraphs(14, 200, {.nodes = 40, .crossEdges = 0, .backEdges = 0, .pad = 17146.17});
     compareRandomGraphs(15, 200, {.nodes = 12, .crossEdges = 6, .backEdges = 0, .pad = 17146.17});
+}
+
+// Deep ones, in which whole blocks of nodes move or stay.
+TEST(TreeAgainstItsReading, random_deep_trees_far_out)
+{
+    compareRandomGraphs(
+        16, 12, {.nodes = 1'200, .crossEdges = 0, .backEdges = 0, .pad = 17146.17, .reach = 2});
+    compareRandomGraphs(17, 12,
+                        {.nodes = 1'200, .crossEdges = 0, .backEdges = 0, .pad = 0.02, .reach = 2});
 }

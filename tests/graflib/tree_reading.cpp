@@ -78,8 +78,8 @@ bool TreeReading::hasCycle(DotNode *node, QList<DotNode *> path) const
     if (path.contains(node))
         return true;
     path.append(node);
-    for (DotNode *kid : graph->successors(node)) {
-        if (hasCycle(kid, path))
+    for (DotNode *child : graph->successors(node)) {
+        if (hasCycle(child, path))
             return true;
     }
     return false;
@@ -173,28 +173,28 @@ double TreeReading::placeSubtree(DotNode *node, const QList<double> &levelPos,
     double y = levelEnd[level] == 0 ? base : levelEnd[level] + nodesep * (first ? 2 : 1);
     const double p = std::max(start, y);
     const int floor = static_cast<int>(p);
-    QList<DotNode *> kids = graph->successors(node);
-    if (kids.isEmpty()) {
+    QList<DotNode *> children = graph->successors(node);
+    if (children.isEmpty()) {
         y = p;
     } else {
         if (ofRoot(u"sort"_s) == u"true"_s)
-            sortByLabel(kids, false);
+            sortByLabel(children, false);
         double next = start;
         double end = 0;
         double firstY = 0;
         bool firstPlaced = true;
-        for (auto kid = kids.crbegin(); kid != kids.crend(); ++kid) {
-            end = placeSubtree(*kid, levelPos, levelEnd, next, base, firstPlaced);
+        for (auto child = children.crbegin(); child != children.crend(); ++child) {
+            end = placeSubtree(*child, levelPos, levelEnd, next, base, firstPlaced);
             next = end + nodesep;
             if (firstPlaced) {
-                firstY = number(*kid, u"d2"_s);
+                firstY = number(*child, u"d2"_s);
                 firstPlaced = false;
             }
         }
         y = (end - firstY - s) * 0.5 + firstY;
         if (floor > y) {
-            for (DotNode *kid : kids)
-                shiftSubtree(kid, floor - y, levelEnd);
+            for (DotNode *child : children)
+                shiftSubtree(child, floor - y, levelEnd);
             y = floor;
         }
     }
@@ -217,6 +217,6 @@ void TreeReading::shiftSubtree(DotNode *node, double delta, QList<double> &level
     const int level = graph->nodeAttribute(node, u"level"_s).toInt();
     levelEnd.last() = std::max(levelEnd.last(), end);
     levelEnd[level] = std::max(levelEnd[level], end);
-    for (DotNode *kid : graph->successors(node))
-        shiftSubtree(kid, delta, levelEnd);
+    for (DotNode *child : graph->successors(node))
+        shiftSubtree(child, delta, levelEnd);
 }

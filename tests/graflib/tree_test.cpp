@@ -285,18 +285,12 @@ TEST(TreeEdges, of_nodes_that_are_not_reached_start_at_zero)
     EXPECT_EQ(laid.ofEdge(u"c"_s, u"d"_s, u"d2"_s), u"10 10 10 10"_s);
 }
 
-TEST(TreeSort, descending_puts_the_larger_label_first_and_keeps_equal_ones)
+TEST(TreeSort, descending_puts_the_larger_key_first_and_keeps_equal_ones)
 {
-    const auto graph = parsed("digraph { a [label=b] b [label=C] c [label=B] d [] }");
-    QList<DotNode *> nodes = graph->root()->nodes;
-    const auto ids = [&] {
-        QString text;
-        for (const DotNode *node : std::as_const(nodes))
-            text += node->id;
-        return text;
-    };
-    Layout::sortByLabel(nodes, false);
-    EXPECT_EQ(ids(), u"bacd"_s);
-    Layout::sortByLabel(nodes, true);
-    EXPECT_EQ(ids(), u"dacb"_s);
+    const std::vector<QString> keys{u"b"_s, u"C"_s, u"B"_s, {}};
+    std::vector<int> numbers{0, 1, 2, 3};
+    Layout::sortByKey(numbers.begin(), numbers.end(), keys, false);
+    EXPECT_EQ(numbers, (std::vector<int>{1, 0, 2, 3}));
+    Layout::sortByKey(numbers.begin(), numbers.end(), keys, true);
+    EXPECT_EQ(numbers, (std::vector<int>{3, 0, 2, 1}));
 }

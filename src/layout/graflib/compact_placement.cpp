@@ -4,46 +4,54 @@
 #include "graph/numbers.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace ORR::Graph::Layout {
 
-// A subtree that is being placed. Its kids are taken from the last to the first.
+namespace {
+
+constexpr int blockSize = 256; // nodes
+
+} // namespace
+
+// A subtree that is being placed. Its children are taken from the last to the first.
 struct CompactPlacement::Visit
 {
     int node;
-    int kidsLeft;
-    double start; // where its kids may begin
+    int childrenLeft;
+    double start; // where its children may begin
     double free; // where the node itself may stand
-    double next; // where the next kid may begin
-    double end = 0.0; // of the last kid placed
+    double next; // where the next child may begin
+    double end = 0.0; // of the last child placed
     double firstY = 0.0; // of the first one
-    bool firstPlaced = true; // the kid that comes next is the first one
+    bool firstPlaced = true; // the child that comes next is the first one
 };
 
 CompactPlacement::CompactPlacement(const ReachedNodes &reachedNodes,
-                                   std::vector<double> nodeExtents, std::vector<int> nodeLevels,
-                                   int levelCount, const Options &placementOptions)
+                                   std::vector<double> nodeExtents, TreeLevels nodeLevels,
+                                   const Options &placementOptions)
     : reached(reachedNodes), extents(std::move(nodeExtents)), levels(std::move(nodeLevels)),
-      options(placementOptions), levelEnd(levelCount + 1, 0.0), position(reached.size(), 0.0),
+      options(placementOptions), levelEnd(levels.count + 1, 0.0), position(reached.size(), 0.0),
+      blocks(reached.size() / blockSize + 1),
       mostMoves(reached.isTree ? Limits::mostMovesInTree : Limits::mostMovesInGraph)
 {
 }
 
-void CompactPlacement::countWays()
+void CompactPlacement::countPlacements()
 {
-    ways.assign(reached.size(), 1);
+    placements.assign(reached.size(), 1);
     for (const int node : reached.finished) {
-        qint64 &count = ways[node];
-        for (int i = reached.firstKid[node]; i < reached.firstKid[node + 1]; ++i)
-            count = std::min(count + ways[reached.kids[i]], Limits::mostPlacements + 1);
+        qint64 &count = placements[node];
+        for (int i = reached.firstChild[node]; i < reached.firstChild[node + 1]; ++i)
+            count = std::min(count + placements[reached.children[i]], Limits::mostPlacements + 1);
     }
 }
 
 bool CompactPlacement::place()
 {
-    countWays();
-    if (ways.front() > Limits::mostPlacements)
+    countPlacements();
+    if (placements.front() > Limits::mostPlacements)
         return false;
     placeSubtree(0);
     return moves <= mostMoves;
@@ -53,8 +61,8 @@ bool CompactPlacement::place()
 // two gaps apart, siblings one.
 double CompactPlacement::freePosition(int node, double start, bool first) const
 {
-    const double taken = levelEnd[levels[node]];
-    // A mark of 0 is a level on which nothing stands yet.
+    const double taken = levelEnd[levels.levels[node]];
+    // At 0 stands nothing yet.
     const double y = taken == 0.0 ? options.start : taken + options.nodeSep * (first ? 2 : 1);
     return std::max(start, y);
 }
@@ -65,13 +73,13 @@ double CompactPlacement::settle(int node, double y)
 {
     position[node] = stored(y);
     const double end = y + extents[node];
-    double &level = levelEnd[levels[node]];
+    double &level = levelEnd[levels.levels[node]];
     level = std::max(level, end);
     levelEnd.back() = std::max(levelEnd.back(), end);
     return end;
 }
 
-// The position of a parent whose kids are placed. The place that is free for it is cut to whole
+// The position of a parent whose children are placed. The place that is free for it is cut to whole
 // points: a pushed parent may stand up to one point too near to its neighbour, which is meant.
 double CompactPlacement::centre(const Visit &visit)
 {
@@ -79,7 +87,7 @@ double CompactPlacement::centre(const Visit &visit)
     const double floor = truncated(visit.free);
     if (!(floor > y))
         return y;
-    shiftKids(visit.node, floor - y);
+    shiftChildren(visit.node, floor - y);
     return floor;
 }
 
@@ -88,22 +96,23 @@ void CompactPlacement::placeSubtree(int root)
     std::vector<Visit> open;
     const auto enter = [&](int node, double start, bool first) {
         open.push_back({.node = node,
-                        .kidsLeft = reached.firstKid[node + 1] - reached.firstKid[node],
+                        .childrenLeft = reached.firstChild[node + 1] - reached.firstChild[node],
                         .start = start,
                         .free = freePosition(node, start, first),
                         .next = start});
     };
     enter(root, options.start, false);
     while (moves <= mostMoves) {
-        if (open.back().kidsLeft > 0) {
+        if (open.back().childrenLeft > 0) {
             Visit &visit = open.back();
-            const int kid = reached.kids[reached.firstKid[visit.node] + --visit.kidsLeft];
-            enter(kid, visit.next, visit.firstPlaced);
+            const int child =
+                reached.children[reached.firstChild[visit.node] + --visit.childrenLeft];
+            enter(child, visit.next, visit.firstPlaced);
             continue;
         }
         const Visit done = open.back();
         open.pop_back();
-        const bool isLeaf = reached.firstKid[done.node + 1] == reached.firstKid[done.node];
+        const bool isLeaf = reached.firstChild[done.node + 1] == reached.firstChild[done.node];
         const double end = settle(done.node, isLeaf ? done.free : centre(done));
         if (open.empty())
             return;
@@ -116,20 +125,20 @@ void CompactPlacement::placeSubtree(int root)
     }
 }
 
-void CompactPlacement::shiftKids(int node, double delta)
+void CompactPlacement::shiftChildren(int node, double delta)
 {
-    moves += ways[node] - 1;
+    moves += placements[node] - 1;
     if (moves > mostMoves)
         return;
-    for (int i = reached.firstKid[node]; i < reached.firstKid[node + 1]; ++i)
-        shiftSubtree(reached.kids[i], delta);
+    for (int i = reached.firstChild[node]; i < reached.firstChild[node + 1]; ++i)
+        shiftSubtree(reached.children[i], delta);
 }
 
-// Marks are only ever raised: where a subtree moved away, its old marks stay and leave a gap.
+// Levels are only ever taken further: where a subtree moved away, they stay taken and leave a gap.
 void CompactPlacement::shiftSubtree(int root, double delta)
 {
     if (reached.isTree) {
-        shiftRange(root, reached.subtreeEnd[root], delta);
+        shiftTree(root, reached.subtreeEnd[root], delta);
         return;
     }
     // A node that can be reached on two ways from here moves twice.
@@ -138,30 +147,62 @@ void CompactPlacement::shiftSubtree(int root, double delta)
         const int node = pending.back();
         pending.pop_back();
         shiftRange(node, node + 1, delta);
-        pending.insert(pending.end(), reached.kids.begin() + reached.firstKid[node],
-                       reached.kids.begin() + reached.firstKid[node + 1]);
+        pending.insert(pending.end(), reached.children.begin() + reached.firstChild[node],
+                       reached.children.begin() + reached.firstChild[node + 1]);
     }
 }
 
+// Moves neighbouring nodes of a tree, whole blocks of them where there are such. Subtrees are moved
+// from the inside out, so that a block that was moved as a whole once is never moved in part.
+void CompactPlacement::shiftTree(int first, int behind, double delta)
+{
+    const int firstWhole = std::min((first + blockSize - 1) / blockSize * blockSize, behind);
+    const int behindWhole = std::max(behind / blockSize * blockSize, firstWhole);
+    shiftRange(first, firstWhole, delta);
+    for (int node = firstWhole; node < behindWhole; node += blockSize)
+        shiftBlock(node, delta);
+    shiftRange(behindWhole, behind, delta);
+}
+
+// In a deep tree far from the origin nearly every parent is pushed, by less than the last digit of
+// the positions: all that it moves stays where it is and takes nothing of its levels that it had
+// not taken before. A look at the block tells that without going through its nodes: moves go
+// forward, and what lies between a position and a place that is kept as that position is kept as
+// it, too.
+void CompactPlacement::shiftBlock(int first, double delta)
+{
+    Block &block = blocks[first / blockSize];
+    if (block.isUniform && block.position + delta <= block.taken)
+        return;
+    block.taken = shiftRange(first, first + blockSize, delta);
+    const auto begin = position.cbegin() + first;
+    block.position = *begin;
+    block.isUniform = std::all_of(begin, begin + blockSize,
+                                  [&](double other) { return other == block.position; });
+}
+
 // The inner loop of trees in which nearly every parent is pushed. It is `settle` with all that it
-// uses at hand.
-void CompactPlacement::shiftRange(int first, int behind, double delta)
+// uses at hand. Gives back the nearest of the positions before they lose their digits.
+double CompactPlacement::shiftRange(int first, int behind, double delta)
 {
     StoredNumber keep = stored;
     double furthest = levelEnd.back();
+    double nearest = std::numeric_limits<double>::infinity();
     double *const ends = levelEnd.data();
     double *const positions = position.data();
     const double *const sizes = extents.data();
-    const int *const numbers = levels.data();
+    const int *const numbers = levels.levels.data();
     for (int node = first; node < behind; ++node) {
         const double y = positions[node] + delta;
         positions[node] = keep(y);
         const double end = y + sizes[node];
+        nearest = std::min(nearest, y);
         furthest = std::max(furthest, end);
         ends[numbers[node]] = std::max(ends[numbers[node]], end);
     }
     levelEnd.back() = furthest;
     stored = keep;
+    return nearest;
 }
 
 } // namespace ORR::Graph::Layout

@@ -4,112 +4,30 @@
 #include "graph/numbers.h"
 #include "graph/subgraph_walk.h"
 #include "layout/graflib/decl_edges.h"
-#include "layout/graflib/decl_grid.h"
-#include "layout/graflib/graflib_names.h"
-#include "layout/graflib/graflib_painter.h"
-
-#include <QList>
-#include <QMap>
-
-#include <algorithm>
+#include "layout/graflib/decl_places.h"
+#include "layout/graflib/decl_sizes.h"
+#include "layout/graflib/gfdecl_attributes.h"
+#include "layout/graflib/graph_drawing.h"
+#include "layout/graflib/node_size.h"
 
 namespace ORR::Graph::Layout {
 
 using namespace Qt::StringLiterals;
+namespace Rows = GfdeclAttributes;
 
 namespace {
 
 constexpr double edgeRoom = 16.0; // in every column gap of a graph that has edges
-constexpr double stackToGrid = 4.0; // between the last node and the grid
 
-const QString rowMode = u"row"_s;
-const QString colMode = u"col"_s;
-
-// The sizes of a grid's cells, by the number of the line that they stand in.
-using Lines = QMap<int, QList<double>>;
-
-double sum(const QList<double> &sizes, double gap)
+GridMode gridMode(const DotGraph *graph, const DotSubgraph *subgraph)
 {
-    double total = 0.0;
-    for (const double size : sizes)
-        total += size;
-    return total + double(sizes.size() - 1) * gap;
-}
-
-double largest(const QList<double> &sizes)
-{
-    double most = sizes.constFirst();
-    for (const double size : sizes)
-        most = most < size ? size : most;
-    return most;
-}
-
-// Lines that run by themselves: as long as the longest of them. 0 without any.
-double longestLine(const Lines &lines, double gap)
-{
-    if (lines.isEmpty())
-        return 0.0;
-    QList<double> lengths;
-    for (const QList<double> &line : lines)
-        lengths.append(sum(line, gap));
-    return largest(lengths);
-}
-
-// Lines next to each other: each takes its largest entry. 0 without any.
-double stackedLines(const Lines &lines, double gap)
-{
-    if (lines.isEmpty())
-        return 0.0;
-    QList<double> depths;
-    for (const QList<double> &line : lines)
-        depths.append(largest(line));
-    return sum(depths, gap);
-}
-
-} // namespace
-
-struct GraflibDecl::ContentPosition
-{
-    QChar vertical = u't';
-    QChar horizontal = u'l';
-};
-
-struct GraflibDecl::GridSpacing
-{
-    double rowGap = 0.0;
-    double columnGap = 0.0;
-    double extra = 0.0; // once, behind the first column
-};
-
-int GraflibDecl::graphInteger(const DotSubgraph *subgraph, const QString &name) const
-{
-    return integerFrom(graph->graphAttribute(subgraph, name));
-}
-
-double GraflibDecl::graphNumber(const DotSubgraph *subgraph, const QString &name) const
-{
-    return numberFrom(graph->graphAttribute(subgraph, name));
-}
-
-double GraflibDecl::nodeNumber(const DotNode *node, const QString &name) const
-{
-    return numberFrom(graph->nodeAttribute(node, name));
-}
-
-GraflibDecl::ContentPosition GraflibDecl::contentPosition(const DotSubgraph *subgraph) const
-{
-    const QString text = graph->graphAttribute(subgraph, Names::contentPos);
-    ContentPosition position;
-    if (!text.isEmpty())
-        position.vertical = text.at(0);
-    if (text.size() == 2)
-        position.horizontal = text.at(1);
-    return position;
+    const int word = Rows::grid.of(graph, subgraph);
+    return word < 0 ? GridMode::Table : GridMode(word);
 }
 
 // Whether the graph's own edges touch both the first column and the top of the second one. The
 // texts are compared as they stand: "00" is no "0" here.
-bool GraflibDecl::spansFirstColumns(const DotSubgraph *subgraph) const
+bool spansFirstColumns(const DotGraph *graph, const DotSubgraph *subgraph)
 {
     bool first = false;
     bool second = false;
@@ -118,9 +36,9 @@ bool GraflibDecl::spansFirstColumns(const DotSubgraph *subgraph) const
         if (owner == subgraph || owner == last)
             return;
         last = owner;
-        const QString col = graph->graphAttribute(owner, Names::col);
+        const QString col = Rows::col.text(graph, owner);
         first |= col == "0"_L1;
-        second |= col == "1"_L1 && graph->graphAttribute(owner, Names::row) == "0"_L1;
+        second |= col == "1"_L1 && Rows::row.text(graph, owner) == "0"_L1;
     };
     for (const DotEdge *edge : subgraph->edges) {
         look(edge->tail->owner);
@@ -131,83 +49,94 @@ bool GraflibDecl::spansFirstColumns(const DotSubgraph *subgraph) const
     return false;
 }
 
-GraflibDecl::GridSpacing GraflibDecl::gridSpacing(const DotSubgraph *subgraph) const
+GridSpacing gridSpacing(const DotGraph *graph, const DotSubgraph *subgraph)
 {
     GridSpacing spacing;
-    spacing.rowGap = 2 * pointsFromInches(graph->graphAttribute(subgraph, Names::nodeSep));
+    spacing.rowGap = 2 * Rows::nodeSep.of(graph, subgraph);
     spacing.columnGap = spacing.rowGap;
     if (!subgraph->edges.isEmpty()) {
         spacing.columnGap += edgeRoom;
-        spacing.extra = spansFirstColumns(subgraph) ? edgeRoom : 0.0;
+        spacing.extra = spansFirstColumns(graph, subgraph) ? edgeRoom : 0.0;
     }
     return spacing;
 }
 
-bool GraflibDecl::hasNegativeCell() const
+bool hasNegativeCell(const DotGraph *graph)
 {
     for (const DotSubgraph *subgraph : subgraphsInPreorder(graph->root())) {
         if (subgraph == graph->root())
             continue;
-        if (graphInteger(subgraph, Names::row) < 0 || graphInteger(subgraph, Names::col) < 0)
+        if (Rows::row.of(graph, subgraph) < 0 || Rows::col.of(graph, subgraph) < 0)
             return true;
     }
     return false;
 }
 
-void GraflibDecl::addNodes(DotSubgraph *subgraph, double &width, double &height,
-                           const GraflibPainter &painter) const
+// Writes `width` and `height` on a graph and all that is in it.
+class Measuring
 {
-    const NumberPair margin = pointPairFromInches(graph->nodeDefault(subgraph, Names::margin));
-    painter.measureNodes(subgraph->nodes, margin.first, margin.last);
+public:
+    Measuring(DotGraph *dotGraph, NodeLabels &nodeLabels) : graph(dotGraph), labels(nodeLabels) { }
 
-    const bool atRight = contentPosition(subgraph).horizontal == u'r';
-    for (const DotNode *node : std::as_const(subgraph->nodes)) {
-        const double nodeWidth = nodeNumber(node, Names::width);
-        double offset = pointsFromInches(graph->nodeAttribute(node, Names::xOffset));
-        // Only the measure is turned round; the node itself still moves to the right.
-        if (atRight)
-            offset = -offset;
-        width = std::max(width, nodeWidth + offset);
-        height += nodeNumber(node, Names::height);
-    }
-    const double nodeSep = pointsFromInches(graph->graphAttribute(subgraph, Names::nodeSep));
-    height += double(subgraph->nodes.size() - 1) * nodeSep;
-    if (!subgraph->subgraphs.isEmpty())
-        height += stackToGrid;
-}
+    QSizeF measure(DotSubgraph *top);
 
-// `cells`: the measured sizes of the graph's subgraphs, in their order.
-QSizeF GraflibDecl::measuredSize(DotSubgraph *subgraph, const QList<QSizeF> &cells,
-                                 const GraflibPainter &painter) const
+private:
+    QList<MeasuredCell> cells(const DotSubgraph *subgraph, GridMode mode,
+                              const QList<QSizeF> &sizes) const;
+    QList<StackedNode> stack(const DotSubgraph *subgraph);
+    QSizeF measured(const DotSubgraph *subgraph, const QList<QSizeF> &cellSizes);
+
+    DotGraph *graph;
+    NodeLabels &labels;
+};
+
+// Where one axis runs freely, both are grouped by the attribute of the other one.
+QList<MeasuredCell> Measuring::cells(const DotSubgraph *subgraph, GridMode mode,
+                                     const QList<QSizeF> &sizes) const
 {
-    // Where one axis runs freely, both are grouped by the attribute of the other one.
-    const QString grid = graph->graphAttribute(subgraph, Names::grid);
-    const QString &rowName = grid == colMode ? Names::col : Names::row;
-    const QString &colName = grid == rowMode ? Names::row : Names::col;
-    Lines rowHeights;
-    Lines colWidths;
-    for (qsizetype i = 0; i < cells.size(); ++i) {
+    const auto &row = mode == GridMode::Columns ? Rows::col : Rows::row;
+    const auto &column = mode == GridMode::Rows ? Rows::row : Rows::col;
+    QList<MeasuredCell> cells;
+    cells.reserve(sizes.size());
+    for (qsizetype i = 0; i < sizes.size(); ++i) {
         const DotSubgraph *cell = subgraph->subgraphs.at(i);
-        rowHeights[graphInteger(cell, rowName)].append(cells.at(i).height());
-        colWidths[graphInteger(cell, colName)].append(cells.at(i).width());
+        cells.append({row.of(graph, cell), column.of(graph, cell), sizes.at(i)});
     }
-
-    const GridSpacing spacing = gridSpacing(subgraph);
-    double height = grid == colMode ? longestLine(rowHeights, spacing.rowGap)
-                                    : stackedLines(rowHeights, spacing.rowGap);
-    double width = grid == rowMode ? longestLine(colWidths, spacing.columnGap)
-                                   : stackedLines(colWidths, spacing.columnGap);
-    width += spacing.extra;
-    if (!subgraph->nodes.isEmpty())
-        addNodes(subgraph, width, height, painter);
-
-    const NumberPair margin = pointPairFromInches(graph->graphAttribute(subgraph, Names::margin));
-    width += 2 * margin.first;
-    height += 2 * margin.last;
-    return {width, height};
+    return cells;
 }
 
-QSizeF GraflibDecl::measureGraph(DotSubgraph *top, const GraflibPainter &painter) const
+// Measures the graph's own nodes.
+QList<StackedNode> Measuring::stack(const DotSubgraph *subgraph)
+{
+    const NumberPair margin = pointPairFromInches(Rows::nodeMargin.defaultText(graph, subgraph));
+    measureNodes(graph, subgraph, labels, {margin.first, margin.last});
+
+    const bool atRight = contentPosition(Rows::contentPos.of(graph, subgraph)).horizontal == u'r';
+    QList<StackedNode> stack;
+    stack.reserve(subgraph->nodes.size());
+    for (const DotNode *node : subgraph->nodes) {
+        const double offset = Rows::xOffset.of(graph, node);
+        // Only the measure is turned round; the node itself still moves to the right.
+        stack.append(
+            {{Rows::width.inheritedNumber(graph, node), Rows::height.inheritedNumber(graph, node)},
+             atRight ? -offset : offset});
+    }
+    return stack;
+}
+
+// `cellSizes`: those of the graph's subgraphs, in their order.
+QSizeF Measuring::measured(const DotSubgraph *subgraph, const QList<QSizeF> &cellSizes)
+{
+    const GridMode mode = gridMode(graph, subgraph);
+    QSizeF size = gridSize(cells(subgraph, mode, cellSizes), mode, gridSpacing(graph, subgraph));
+    if (!subgraph->nodes.isEmpty())
+        size = sizeWithStack(size, !cellSizes.isEmpty(), stack(subgraph),
+                             Rows::nodeSep.of(graph, subgraph));
+    const NumberPair margin = Rows::margin.of(graph, subgraph);
+    return {size.width() + 2 * margin.first, size.height() + 2 * margin.last};
+}
+
+QSizeF Measuring::measure(DotSubgraph *top)
 {
     // For every graph that the walk is in: the sizes of its subgraphs so far. On top of the stack
     // stands that of `top` when all is done.
@@ -219,119 +148,107 @@ QSizeF GraflibDecl::measureGraph(DotSubgraph *top, const GraflibPainter &painter
             return true;
         },
         [&](DotSubgraph *subgraph) {
-            const QSizeF size = measuredSize(subgraph, open.takeLast(), painter);
-            graph->setGraphAttribute(subgraph, Names::width, numberText(size.width()));
-            graph->setGraphAttribute(subgraph, Names::height, numberText(size.height()));
+            const QSizeF size = measured(subgraph, open.takeLast());
+            Rows::width.setNumber(graph, subgraph, size.width());
+            Rows::height.setNumber(graph, subgraph, size.height());
             open.last().append(size);
         });
     return open.constFirst().constFirst();
 }
 
-// The places of the subgraphs, in their order. x and y: where the grid starts.
-QList<QRectF> GraflibDecl::placeCells(DotSubgraph *subgraph, const QRectF &rect, double x,
-                                      double y) const
+// A graph that is to be placed.
+struct Placing
 {
-    QList<GridCell> cols;
-    QList<GridCell> rows;
-    for (const DotSubgraph *cell : std::as_const(subgraph->subgraphs)) {
-        const int row = graphInteger(cell, Names::row);
-        const int col = graphInteger(cell, Names::col);
-        cols.append({col, row, graphNumber(cell, Names::width)});
-        rows.append({row, col, graphNumber(cell, Names::height)});
-    }
-    const GridSpacing spacing = gridSpacing(subgraph);
-    const QString grid = graph->graphAttribute(subgraph, Names::grid);
-    const auto horizontal = grid == rowMode ? flowPositions : alignedPositions;
-    const auto vertical = grid == colMode ? flowPositions : alignedPositions;
-    horizontal(cols, x, rect.right(), spacing.columnGap, spacing.extra);
-    vertical(rows, y, rect.bottom(), spacing.rowGap, 0.0);
+    DotSubgraph *subgraph;
+    QRectF place;
+};
 
-    QList<QRectF> places;
-    places.reserve(cols.size());
-    for (qsizetype i = 0; i < cols.size(); ++i) {
-        const double extra = cols.at(i).line == 0 ? spacing.extra : 0.0;
-        places.append(QRectF(
-            QPointF(cols.at(i).from, rows.at(i).from),
-            QPointF(cols.at(i).to - spacing.columnGap - extra, rows.at(i).to - spacing.rowGap)));
+// Places the graph's own nodes below each other from `corner` on, and gives back where the grid
+// starts.
+QPointF placeStack(DotGraph *graph, const DotSubgraph *subgraph, const QRectF &place,
+                   QPointF corner)
+{
+    if (subgraph->nodes.isEmpty())
+        return corner;
+    const ContentPosition position = contentPosition(Rows::contentPos.of(graph, subgraph));
+    const double nodeSep = Rows::nodeSep.of(graph, subgraph);
+    double y = corner.y();
+    for (DotNode *node : subgraph->nodes) {
+        double x = nodeLeft(place, corner.x(), Rows::width.inheritedNumber(graph, node), position);
+        x += Rows::xOffset.of(graph, node);
+        Rows::d1.setNumber(graph, node, x);
+        Rows::d2.setNumber(graph, node, y);
+        y += Rows::height.inheritedNumber(graph, node) + nodeSep;
     }
+    return {corner.x(), y + (stackToGrid - nodeSep)};
+}
+
+QList<QRectF> placeGrid(const DotGraph *graph, const DotSubgraph *subgraph, const QRectF &place,
+                        QPointF corner)
+{
+    QList<AddressedCell> cells;
+    cells.reserve(subgraph->subgraphs.size());
+    for (const DotSubgraph *cell : subgraph->subgraphs)
+        cells.append({Rows::row.of(graph, cell),
+                      Rows::col.of(graph, cell),
+                      {Rows::width.inheritedNumber(graph, cell),
+                       Rows::height.inheritedNumber(graph, cell)}});
+    return cellPlaces(cells, corner, place, gridMode(graph, subgraph),
+                      gridSpacing(graph, subgraph));
+}
+
+// Writes `d1` and `d2` on a graph and its own nodes, and gives back the places of its subgraphs.
+QList<QRectF> placeOne(DotGraph *graph, DotSubgraph *subgraph, const QRectF &given)
+{
+    const double margin = Rows::margin.of(graph, subgraph).first;
+    // The vertical sides stay: content at the top starts on the first line of its place.
+    const QRectF place = given.adjusted(margin, 0.0, -margin, 0.0);
+    const QPointF corner = contentCorner(place,
+                                         {Rows::width.inheritedNumber(graph, subgraph),
+                                          Rows::height.inheritedNumber(graph, subgraph)},
+                                         contentPosition(Rows::contentPos.of(graph, subgraph)));
+    Rows::d1.setNumber(graph, subgraph, corner.x());
+    Rows::d2.setNumber(graph, subgraph, corner.y());
+    const QPointF gridCorner = placeStack(graph, subgraph, place, corner);
+    if (subgraph->subgraphs.isEmpty())
+        return {};
+    const QList<QRectF> places = placeGrid(graph, subgraph, place, gridCorner);
+    // Of the two measures only the width is replaced by what the graph really fills.
+    if (margin != 0.0)
+        Rows::width.setNumber(graph, subgraph, place.width());
     return places;
 }
 
-void GraflibDecl::placeGraph(DotSubgraph *top, const QRectF &place) const
+// Places a graph and all that is in it.
+void placeGraph(DotGraph *graph, DotSubgraph *top, const QRectF &place)
 {
-    struct Task
-    {
-        DotSubgraph *subgraph;
-        QRectF place;
-    };
-    QList<Task> tasks{{top, place}};
+    QList<Placing> tasks{{top, place}};
     while (!tasks.isEmpty()) {
-        const auto [subgraph, given] = tasks.takeLast();
-        const double margin =
-            pointPairFromInches(graph->graphAttribute(subgraph, Names::margin)).first;
-        // The vertical sides stay: content at the top starts on the first line of its place.
-        const QRectF rect = given.adjusted(margin, 0.0, -margin, 0.0);
-        const ContentPosition position = contentPosition(subgraph);
-        const double width = graphNumber(subgraph, Names::width);
-        const double height = graphNumber(subgraph, Names::height);
-
-        double x = rect.left();
-        if (position.horizontal == u'c')
-            x = rect.center().x() - width * 0.5;
-        else if (position.horizontal == u'r')
-            x = rect.right() - width;
-        double y = rect.top();
-        if (position.vertical == u'b')
-            y = rect.bottom() - height;
-        else if (position.vertical == u'm')
-            y = rect.center().y() - height * 0.5;
-        graph->setGraphAttribute(subgraph, Names::d1, numberText(x));
-        graph->setGraphAttribute(subgraph, Names::d2, numberText(y));
-
-        const double nodeSep = pointsFromInches(graph->graphAttribute(subgraph, Names::nodeSep));
-        for (DotNode *node : std::as_const(subgraph->nodes)) {
-            double nodeX = x;
-            if (position.horizontal == u'r')
-                nodeX = rect.right() - nodeNumber(node, Names::width);
-            else if (position.horizontal == u'c')
-                nodeX = rect.center().x() - nodeNumber(node, Names::width) * 0.5;
-            nodeX += pointsFromInches(graph->nodeAttribute(node, Names::xOffset));
-            graph->setNodeAttribute(node, Names::d1, numberText(nodeX));
-            graph->setNodeAttribute(node, Names::d2, numberText(y));
-            y += nodeNumber(node, Names::height) + nodeSep;
-        }
-        if (!subgraph->nodes.isEmpty())
-            y += stackToGrid - nodeSep;
-        if (subgraph->subgraphs.isEmpty())
-            continue;
-
-        const QList<QRectF> places = placeCells(subgraph, rect, x, y);
+        const Placing task = tasks.takeLast();
+        const QList<QRectF> places = placeOne(graph, task.subgraph, task.place);
         for (qsizetype i = 0; i < places.size(); ++i)
-            tasks.append({subgraph->subgraphs.at(i), places.at(i)});
-        // Of the two measures only the width is replaced by what the graph really fills.
-        if (margin != 0.0)
-            graph->setGraphAttribute(subgraph, Names::width, numberText(rect.width()));
+            tasks.append({task.subgraph->subgraphs.at(i), places.at(i)});
     }
 }
+
+} // namespace
 
 QString GraflibDecl::run(const LayoutContext &context)
 {
     DotGraph *graph = context.graph;
     DotSubgraph *root = graph->root();
-    const GraflibDecl engine(context);
-    if (engine.hasNegativeCell())
+    if (hasNegativeCell(graph))
         return u"Negative row or col in a declaration grid\n"_s;
 
-    graph->setGraphAttribute(root, Names::rankDir, u"LR"_s);
-    const GraflibPainter painter(graph, context.device);
-    const NumberPair pad = pointPairFromInches(graph->graphAttribute(root, Names::pad));
-    const QSizeF size = engine.measureGraph(root, painter);
-    engine.placeGraph(root, QRectF(QPointF(pad.first, pad.last), size));
+    Rows::usedRankDir.setText(graph, root, u"LR"_s);
+    const GraphStyle style(graph, context.device);
+    NodeLabels labels(style);
+    const NumberPair pad = Rows::pad.of(graph, root);
+    const QSizeF size = Measuring(graph, labels).measure(root);
+    placeGraph(graph, root, QRectF(QPointF(pad.first, pad.last), size));
     routeEdges(graph, root);
-
-    QString result;
-    painter.render(result, {size.width() + 2 * pad.first, size.height() + 2 * pad.last});
-    return result;
+    return drawGraph(context, style, labels,
+                     {size.width() + 2 * pad.first, size.height() + 2 * pad.last});
 }
 
 } // namespace ORR::Graph::Layout

@@ -7,9 +7,15 @@ namespace ORR::Graph::Layout {
 
 QString polylineText(const FourNumbers &numbers)
 {
-    QString text = numberText(numbers[0]);
-    for (size_t i = 1; i < numbers.size(); ++i)
-        text += u' ' + numberText(numbers[i]);
+    QString text;
+    QString last; // the text of the number before: neighbours are often equal
+    for (size_t i = 0; i < numbers.size(); ++i) {
+        if (i == 0 || numbers[i] != numbers[i - 1])
+            last = numberText(numbers[i]);
+        if (i > 0)
+            text += u' ';
+        text += last;
+    }
     return text;
 }
 

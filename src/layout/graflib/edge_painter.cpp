@@ -1,0 +1,42 @@
+#include "layout/graflib/edge_painter.h"
+
+#include "graph/numbers.h"
+#include "layout/graflib/graflib_attributes.h"
+
+namespace ORR::Graph::Layout {
+
+namespace Rows = GraflibAttributes;
+
+namespace {
+
+constexpr int arrowLength = 6;
+constexpr int arrowHalfWidth = 3;
+
+} // namespace
+
+QList<QPoint> arrowHead(QPoint tip, QPoint before)
+{
+    const int step = before.x() < tip.x() ? -arrowLength : arrowLength;
+    const int back = saturated(qint64(tip.x()) + step);
+    return {tip, QPoint(back, saturated(qint64(tip.y()) - arrowHalfWidth)),
+            QPoint(back, saturated(qint64(tip.y()) + arrowHalfWidth)), tip};
+}
+
+void EdgePainter::draw(const DotEdge *edge) const
+{
+    const auto xs = axes.lineX().inherited(graph, edge);
+    const auto ys = axes.lineY().inherited(graph, edge);
+    if (!xs || !ys)
+        return;
+    QList<QPoint> points;
+    points.reserve(4);
+    for (size_t i = 0; i < xs->size(); ++i)
+        points.append(QPoint(rounded(xs->at(i)), rounded(ys->at(i))));
+    Device::Pen *pen = style.edgePen(edge, false);
+    device->drawPolyline(points, pen);
+    if (Rows::arrowHead.of(graph, edge) == Rows::Normal)
+        device->drawPolygon(arrowHead(points.at(3), points.at(2)), pen,
+                            style.edgeFill(edge, nullptr));
+}
+
+} // namespace ORR::Graph::Layout
