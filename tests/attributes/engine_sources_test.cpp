@@ -17,9 +17,6 @@ namespace {
 
 const QString sourceFolder = QStringLiteral(ORR_TEST_FOLDER "/../../src/");
 
-// Folders whose engines still read by themselves.
-const QStringList unconverted{u"charts"_s, u"graflib"_s};
-
 struct Source
 {
     QString path; // below src
@@ -35,11 +32,6 @@ QList<Source> sourcesIn(const QString &folder, const QStringList &patterns)
         sources.append({path.sliced(sourceFolder.size()), QString::fromUtf8(readTestFile(path))});
     }
     return sources;
-}
-
-bool isUnconverted(const Source &source)
-{
-    return unconverted.contains(source.path.section(u'/', 1, 1));
 }
 
 // The calls of a source that read or write an attribute past the rows.
@@ -97,8 +89,6 @@ TEST(EngineSources, read_attributes_by_their_rows_alone)
 {
     int read = 0;
     for (const Source &source : sourcesIn(u"layout"_s, {u"*.h"_s, u"*.cpp"_s})) {
-        if (isUnconverted(source))
-            continue;
         EXPECT_EQ(directAccesses(source.text), QStringList()) << source.path.toStdString();
         ++read;
     }

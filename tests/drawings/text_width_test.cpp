@@ -3,9 +3,8 @@
 #include "finished_drawing.h"
 
 #include "device/text_image.h"
-#include "support/golden.h"
+#include "support/corpus.h"
 
-#include <QDir>
 #include <QFile>
 #include <QHash>
 #include <QImage>
@@ -17,6 +16,7 @@
 
 #include <algorithm>
 
+using namespace ORR;
 using namespace ORR::Graph;
 using namespace Qt::StringLiterals;
 
@@ -176,15 +176,7 @@ QList<double> widthRatios(const QList<SvgText> &texts)
     return ratios;
 }
 
-QStringList engines()
-{
-    const QDir examples(QStringLiteral(ORR_TEST_FOLDER "/../../examples"));
-    QStringList names = examples.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
-    names.removeOne(u"xdot"_s);
-    return names;
-}
-
-class TextWidths : public testing::TestWithParam<QString>
+class TextWidths : public testing::TestWithParam<Driver::LayoutIndex>
 {
 };
 
@@ -194,12 +186,11 @@ TEST_P(TextWidths, of_the_examples_are_those_of_their_boxes_in_a_second_renderer
 {
     if (QStandardPaths::findExecutable(u"rsvg-convert"_s).isEmpty())
         FAIL() << "rsvg-convert is not installed";
-    const QDir folder(QStringLiteral(ORR_TEST_FOLDER "/../../examples/") + GetParam());
     QList<SvgText> texts;
-    for (const QString &input : folder.entryList({u"*.dot"_s}, QDir::Files, QDir::Name)) {
-        const FinishedDrawing drawing = draw(folder.filePath(input), GetParam(), u"svg"_s);
-        ASSERT_EQ(drawing.status, 0) << input.toStdString();
-        const FinishedDrawing boxes = draw(folder.filePath(input), GetParam(), u"xdot1.2"_s);
+    for (const CorpusInput &input : inputsOf(GetParam(), exampleInputs())) {
+        const FinishedDrawing drawing = draw(input.file, input.engine(), u"svg"_s);
+        ASSERT_EQ(drawing.status, 0) << input.file.toStdString();
+        const FinishedDrawing boxes = draw(input.file, input.engine(), u"xdot1.2"_s);
         addTexts(drawing.bytes, boxWidths(boxes.bytes), &texts);
     }
     ASSERT_FALSE(texts.isEmpty());
@@ -212,5 +203,4 @@ TEST_P(TextWidths, of_the_examples_are_those_of_their_boxes_in_a_second_renderer
     EXPECT_LT(ratios.last(), 1.2) << "the widest of all";
 }
 
-INSTANTIATE_TEST_SUITE_P(All, TextWidths, testing::ValuesIn(engines()),
-                         [](const auto &engine) { return engine.param.toStdString(); });
+INSTANTIATE_TEST_SUITE_P(All, TextWidths, testing::ValuesIn(allLayouts()), nameOfLayout);

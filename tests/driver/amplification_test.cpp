@@ -1,9 +1,11 @@
 // How much a small input can make the program write: docs/security.md has the figures.
 #include "driver/program_run.h"
+#include "support/corpus.h"
 #include "support/golden.h"
 
 #include <algorithm>
 
+using namespace ORR;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -17,11 +19,24 @@ struct Hostile
 };
 
 // What the largest output of a format is at most, as a multiple of the input.
-struct Bound
+double boundOf(Driver::DriverFormat format)
 {
-    const char *format;
-    double most;
-};
+    switch (format) {
+    case Driver::DriverFormat::XDot:
+        return 200;
+    case Driver::DriverFormat::Jpg:
+        return 100;
+    case Driver::DriverFormat::Png:
+        return 30;
+    case Driver::DriverFormat::Svg:
+        return 300;
+    case Driver::DriverFormat::Vsdx:
+        return 8;
+    case Driver::DriverFormat::Vdx:
+        return 400;
+    }
+    return 0;
+}
 
 Hostile finished(const QString &name, const QByteArray &ops, const QByteArray &box = "0,0,300,300")
 {
@@ -48,7 +63,7 @@ QList<Hostile> hostileInputs()
 {
     const QByteArray gradient = "[0 0 9 9 64 " + QByteArray("0 1 -r ").repeated(64) + ']';
     const QByteArray family(5000, 'x');
-    return {
+    QList<Hostile> inputs{
         finished(u"many uses of a gradient"_s,
                  "C " + counted(gradient) + ' ' + QByteArray("E 9 9 9 9 ").repeated(900)),
         finished(u"many texts in a long family"_s,
@@ -59,11 +74,10 @@ QList<Hostile> hostileInputs()
                  "F 9 5 -Arial H 1 1 0 1 " + counted(QByteArray("a<br>").repeated(1980))),
         finished(u"many shapes"_s, QByteArray("E 9 9 9 9 ").repeated(1000)),
         finished(u"a large page"_s, QByteArray("E 9 9 9 9 ").repeated(990), "0,0,7000,7000"),
-        laidOut(u"flatbubble"_s),
-        laidOut(u"gfdecl"_s),
-        laidOut(u"matrix"_s),
-        laidOut(u"treemap"_s),
     };
+    for (const QString &engine : Driver::layoutNames())
+        inputs += laidOut(engine);
+    return inputs;
 }
 
 class Amplification : public ProgramTest
@@ -92,10 +106,11 @@ protected:
 // Not less than half of it either, so that the figures mean something.
 TEST_F(Amplification, stays_within_a_factor_in_each_format)
 {
-    for (const auto &[format, most] : {Bound{"xdot1.2", 200}, Bound{"jpg", 100}, Bound{"png", 30},
-                                       Bound{"svg", 300}, Bound{"vsdx", 8}, Bound{"vdx", 400}}) {
-        const double largest = largestFactor(QString::fromLatin1(format));
-        EXPECT_LT(largest, most) << format;
-        EXPECT_GT(largest, most / 2) << format;
+    for (const Driver::DriverFormat index : allFormats()) {
+        const QString format = Driver::formatRow(index).name;
+        const double most = boundOf(index);
+        const double largest = largestFactor(format);
+        EXPECT_LT(largest, most) << format.toStdString();
+        EXPECT_GT(largest, most / 2) << format.toStdString();
     }
 }

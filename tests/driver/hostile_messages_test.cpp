@@ -1,5 +1,6 @@
 // No message brings a terminal a control character of the input, of a file's name, an argument or
 // the environment.
+#include "driver/layout_table.h"
 #include "driver/program_run.h"
 #include "support/breaking_texts.h"
 #include "support/golden.h"
@@ -75,7 +76,7 @@ TEST_F(HostileMessages, of_ids_that_a_sequence_refuses)
 TEST_F(HostileMessages, of_graphs_that_an_engine_refuses)
 {
     const QByteArray id = quotedInGraph(controls);
-    for (const QString &engine : {u"gftree"_s, u"gfdecl"_s, u"umlseq"_s}) {
+    for (const QString &engine : ORR::Driver::layoutNames()) {
         const ProgramRun drawn = draw("digraph " + id + " { subgraph " + id + " { " + id + " -> "
                                           + id + " [" + id + '=' + id + "]; } }",
                                       u"svg"_s, engine);

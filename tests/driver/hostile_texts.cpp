@@ -2,8 +2,6 @@
 
 using namespace Qt::StringLiterals;
 
-const QStringList everyFormat{u"xdot1.2"_s, u"jpg"_s, u"png"_s, u"svg"_s, u"vsdx"_s, u"vdx"_s};
-
 const QStringList hostileTexts{
     u"<img src='%1'>"_s,
     u"<IMG SRC=\"%1\" width=20 height=10>"_s,

@@ -3,9 +3,6 @@
 #include <QByteArray>
 #include <QStringList>
 
-// The names of the six formats.
-extern const QStringList everyFormat;
-
 // Rich texts that ask a reader to open something: %1 is its name.
 extern const QStringList hostileTexts;
 

@@ -59,6 +59,7 @@ TEST_F(Options, unknown_option_ends_the_run)
 
 TEST_F(Options, every_format_of_the_table_is_written)
 {
+    ASSERT_EQ(firstBytes.size(), qsizetype(formatTable().size()));
     for (qsizetype i = 0; i < firstBytes.size(); ++i) {
         const FormatRow &row = formatRow(static_cast<DriverFormat>(i));
         const ProgramRun drawn = draw(smallGraph(), row.name);

@@ -148,7 +148,8 @@ protected:
         QDir().mkpath(temporary);
     }
 
-    // The engine's SVG and PNG, and the replay of its xdot text with labels of HTML.
+    // The engine's SVG and PNG, and the replay of its xdot text with labels of HTML. One engine
+    // stands for all, as text and as pixels: it is letters that the surroundings could change.
     QList<ProgramRun> drawIn(const Surrounding &surrounding) const
     {
         static const QByteArray laidOut = draw(graph).output;

@@ -1,5 +1,6 @@
 #include "faults/fault_run.h"
 
+#include "driver/format_table.h"
 #include "support/golden.h"
 
 #include <QDir>
@@ -35,6 +36,14 @@ std::function<void()> closed(const QList<int> &descriptors)
         for (const int descriptor : descriptors)
             ::close(descriptor);
     };
+}
+
+std::vector<const char *> formatsOfTests()
+{
+    std::vector<const char *> names;
+    for (const ORR::Driver::FormatRow &row : ORR::Driver::formatTable())
+        names.push_back(row.name.data());
+    return names;
 }
 
 std::string formatOfTest(const testing::TestParamInfo<const char *> &test)

@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include <sys/resource.h>
 
@@ -61,8 +62,9 @@ protected:
 // A format's name as it can stand in that of a test.
 std::string formatOfTest(const testing::TestParamInfo<const char *> &test);
 
-// The tests of a class for each of the six formats.
+// The names of the formats in the table.
+std::vector<const char *> formatsOfTests();
+
+// The tests of a class for each of them.
 #define ORR_FOR_EACH_FORMAT(Class)                                                                 \
-    INSTANTIATE_TEST_SUITE_P(Formats, Class,                                                       \
-                             testing::Values("xdot1.2", "jpg", "png", "svg", "vsdx", "vdx"),       \
-                             formatOfTest)
+    INSTANTIATE_TEST_SUITE_P(Formats, Class, testing::ValuesIn(formatsOfTests()), formatOfTest)

@@ -46,18 +46,6 @@ Drawing drawn(Driver::DriverFormat format, Driver::LayoutIndex layout, const QBy
 
 } // namespace
 
-const QList<Driver::DriverFormat> &allFormats()
-{
-    using enum Driver::DriverFormat;
-    static const QList<Driver::DriverFormat> formats{XDot, Jpg, Png, Svg, Vsdx, Vdx};
-    return formats;
-}
-
-bool isPicture(Driver::DriverFormat format)
-{
-    return format == Driver::DriverFormat::Jpg || format == Driver::DriverFormat::Png;
-}
-
 Drawing fileOf(Driver::DriverFormat format, Driver::LayoutIndex layout, const QByteArray &graph)
 {
     return drawn(format, layout, graph, false);

@@ -1,11 +1,9 @@
 #pragma once
 
-#include "driver/format_table.h"
-#include "driver/layout_table.h"
 #include "markup/reading.h"
+#include "support/corpus.h"
 
 #include <QByteArray>
-#include <QList>
 #include <QSize>
 #include <QString>
 
@@ -17,10 +15,6 @@ struct Drawing
     Reading reading;
     QSize size; // of a picture
 };
-
-const QList<ORR::Driver::DriverFormat> &allFormats();
-
-bool isPicture(ORR::Driver::DriverFormat format);
 
 // The file alone, without what is read in it. A finished drawing is replayed, and the layout is not
 // looked at.

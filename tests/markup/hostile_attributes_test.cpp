@@ -1,12 +1,10 @@
 // Hostile texts in all that the engines read, whether the inputs of tests/drawings say it or not.
-#include "driver/layout_table.h"
 #include "graph/dot_parser.h"
 #include "graph/subgraph_walk.h"
 #include "markup/drawing.h"
 #include "support/breaking_texts.h"
-#include "support/golden.h"
+#include "support/corpus.h"
 
-#include <QDir>
 #include <QSet>
 
 using namespace ORR;
@@ -79,10 +77,9 @@ Driver::LayoutIndex layoutOf(const Vocabulary &vocabulary)
 // The inputs of tests/drawings for the engine.
 QByteArrayList graphsOf(const Vocabulary &vocabulary)
 {
-    const QDir folder(QStringLiteral(ORR_DRAWINGS_FOLDER "/") + QLatin1String(vocabulary.engine));
     QByteArrayList graphs;
-    for (const QString &name : folder.entryList({u"*.dot"_s}, QDir::Files, QDir::Name))
-        graphs += readTestFile(folder.filePath(name));
+    for (const CorpusInput &input : inputsOf(layoutOf(vocabulary), drawingInputs()))
+        graphs += input.text();
     EXPECT_FALSE(graphs.isEmpty());
     return graphs;
 }
@@ -160,7 +157,10 @@ void expectTexts(Driver::DriverFormat format, const Vocabulary &vocabulary, cons
 
 TEST(HostileStrings, go_through_every_attribute_of_the_drawings)
 {
-    ASSERT_EQ(vocabularies.size(), Driver::layoutNames().size());
+    QStringList engines;
+    for (const Vocabulary &vocabulary : vocabularies)
+        engines += QString::fromLatin1(vocabulary.engine);
+    ASSERT_EQ(engines, Driver::layoutNames());
     for (const Vocabulary &vocabulary : vocabularies) {
         const QByteArrayList known = vocabulary.names + paintedNames + paintNumbers;
         EXPECT_EQ(QSet<QByteArray>(known.begin(), known.end()).size(), known.size());
@@ -210,7 +210,7 @@ TEST(HostileStrings, in_numbers_and_words_are_like_any_other_that_is_none)
                 EXPECT_TRUE(plain.endsWith("</svg>\n"));
                 for (const QByteArray &text : texts)
                     EXPECT_EQ(fileWith(Driver::DriverFormat::Svg, text), plain);
-                const auto format = allFormats().at(turn++ % allFormats().size());
+                const auto format = allFormats().at(size_t(turn++) % allFormats().size());
                 const QByteArray &text = texts.at(turn % texts.size());
                 EXPECT_EQ(fileWith(format, text), fileWith(format, noWord));
             }

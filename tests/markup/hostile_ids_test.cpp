@@ -70,23 +70,22 @@ QStringList idsOf(const QByteArray &dot)
 
 TEST(HostileStrings, in_ids_leave_no_trace_but_in_xdot)
 {
-    using enum Driver::DriverFormat;
-    for (size_t i = 0; i < Driver::layoutTable().size(); ++i) {
-        const auto layout = Driver::LayoutIndex(i);
-        for (const auto format : {Jpg, Png, Svg, Vsdx, Vdx}) {
+    for (const Driver::LayoutIndex layout : allLayouts()) {
+        for (const Driver::DriverFormat format : allFormats()) {
+            if (format == Driver::DriverFormat::XDot)
+                continue;
             const Drawing expected = drawingOf(format, layout, graphFor(layout, "x"));
             EXPECT_TRUE(isPicture(format) || expected.reading.drawn > 1);
             for (const QByteArray &text : breakingTexts())
                 EXPECT_EQ(fileOf(format, layout, graphFor(layout, text)).bytes, expected.bytes)
-                    << Driver::layoutTable().at(i).name.data() << ' ' << text.toStdString();
+                    << Driver::layoutRow(layout).name.data() << ' ' << text.toStdString();
         }
     }
 }
 
 TEST(HostileStrings, in_ids_without_quotes_come_back_from_xdot)
 {
-    for (size_t i = 0; i < Driver::layoutTable().size(); ++i) {
-        const auto layout = Driver::LayoutIndex(i);
+    for (const Driver::LayoutIndex layout : allLayouts()) {
         const QStringList plain =
             idsOf(fileOf(Driver::DriverFormat::XDot, layout, graphFor(layout, "x")).bytes);
         EXPECT_GT(plain.size(), 2);
@@ -107,9 +106,8 @@ TEST(HostileStrings, in_ids_without_quotes_come_back_from_xdot)
 // The file is whole, with the ids as they are.
 TEST(HostileStrings, in_ids_with_quotes_stand_in_xdot_as_they_are)
 {
-    for (size_t i = 0; i < Driver::layoutTable().size(); ++i) {
+    for (const Driver::LayoutIndex layout : allLayouts()) {
         for (const QByteArray &text : breakingTexts()) {
-            const auto layout = Driver::LayoutIndex(i);
             const QByteArray xdot =
                 fileOf(Driver::DriverFormat::XDot, layout, graphFor(layout, text)).bytes;
             EXPECT_TRUE(xdot.contains("n" + QString::fromUtf8(text).toUtf8() + ' '))

@@ -3,11 +3,10 @@
 #include "visio_reading.h"
 
 #include "drawings/finished_drawing.h"
+#include "support/corpus.h"
 #include "support/golden.h"
 
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QXmlStreamReader>
 
 #include <cmath>
@@ -16,29 +15,24 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// An input, or the replay of its golden.
 struct Input
 {
-    QString engine;
-    QString name;
-    bool replay;
+    CorpusInput drawing;
+    bool replay = false;
 
     friend void PrintTo(const Input &input, std::ostream *out)
     {
-        *out << input.engine.toStdString() << '/' << input.name.toStdString()
-             << (input.replay ? ", replayed" : "");
+        *out << input.drawing.file.toStdString() << (input.replay ? ", replayed" : "");
     }
 };
 
 std::vector<Input> allInputs()
 {
     std::vector<Input> inputs;
-    const QDir root(QStringLiteral(ORR_DRAWINGS));
-    for (const QString &engine : root.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name)) {
-        for (const QString &file :
-             QDir(root.filePath(engine)).entryList({u"*.dot"_s}, QDir::Files, QDir::Name)) {
-            for (const bool replay : {false, true})
-                inputs.push_back({engine, QFileInfo(file).completeBaseName(), replay});
-        }
+    for (const CorpusInput &drawing : drawingInputs()) {
+        for (const bool replay : {false, true})
+            inputs.push_back({drawing, replay});
     }
     return inputs;
 }
@@ -55,11 +49,10 @@ protected:
     // The drawing in the format, written to a file and kept.
     QString drawn(const QString &format)
     {
-        const Input &input = GetParam();
-        const QString file = QDir(QStringLiteral(ORR_DRAWINGS))
-                                 .filePath(u"%1/%2.%3"_s.arg(input.engine, input.name,
-                                                             input.replay ? u"xdot"_s : u"dot"_s));
-        const FinishedDrawing drawing = draw(file, input.replay ? QString() : input.engine, format);
+        const auto &[input, replay] = GetParam();
+        const QString xdot = input.besideIt(goldenSuffix(ORR::Driver::DriverFormat::XDot));
+        const FinishedDrawing drawing =
+            replay ? draw(xdot, QString(), format) : draw(input.file, input.engine(), format);
         EXPECT_EQ(drawing.status, 0) << drawing.errors.toStdString();
         EXPECT_EQ(drawing.errors, "");
         const QString path = folder.filePath(u"drawing."_s + format);
@@ -175,9 +168,7 @@ TEST_P(VisioDrawings, every_other_shape_and_text_of_the_single_file_is_seen)
 }
 
 INSTANTIATE_TEST_SUITE_P(All, VisioDrawings, testing::ValuesIn(allInputs()),
-                         [](const testing::TestParamInfo<Input> &one) {
-                             const Input &input = one.param;
-                             return (input.engine + u'_' + input.name
-                                     + (input.replay ? u"_replayed"_s : QString()))
-                                 .toStdString();
+                         [](const testing::TestParamInfo<Input> &test) {
+                             return nameOfInput({test.param.drawing, test.index})
+                                 + (test.param.replay ? "_replayed" : "");
                          });

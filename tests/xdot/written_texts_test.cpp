@@ -1,16 +1,14 @@
 // What the xdot device writes is replayed without a message, whatever the drawing says, but for the
 // ids and values that docs/round-trip.md names.
 #include "device/xdot_render.h"
-#include "driver/layout_table.h"
 #include "graph/dot_parser.h"
 #include "graph/subgraph_walk.h"
 #include "output/svg_rich_text.h"
 #include "output/xdot.h"
 #include "support/breaking_texts.h"
+#include "support/corpus.h"
 #include "support/golden.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QXmlStreamReader>
 
@@ -84,31 +82,7 @@ Shown shownOf(const QByteArray &text, const QString &engine)
     return shownIn(svg);
 }
 
-struct Input
-{
-    QString engine;
-    QString file;
-};
-
-void PrintTo(const Input &input, std::ostream *out)
-{
-    *out << input.file.toStdString();
-}
-
-std::vector<Input> allInputs()
-{
-    std::vector<Input> inputs;
-    for (const QString &root : {u"/../drawings/"_s, u"/../../examples/"_s}) {
-        for (const QString &engine : Driver::layoutNames()) {
-            const QDir folder(QStringLiteral(ORR_TEST_FOLDER) + root + engine);
-            for (const QString &file : folder.entryList({u"*.dot"_s}, QDir::Files, QDir::Name))
-                inputs.push_back({engine, folder.filePath(file)});
-        }
-    }
-    return inputs;
-}
-
-class WrittenTexts : public testing::TestWithParam<Input>
+class WrittenTexts : public testing::TestWithParam<CorpusInput>
 {
 };
 
@@ -194,29 +168,24 @@ bool comesBackWithId(const QByteArray &id, bool isCluster)
 TEST_P(WrittenTexts, of_each_input_shows_the_same_when_replayed)
 {
     const QByteArray text = readTestFile(GetParam().file);
-    const Shown direct = shownOf(text, GetParam().engine);
-    const Shown replayed = shownOf(asXdot(text, GetParam().engine), {});
+    const Shown direct = shownOf(text, GetParam().engine());
+    const Shown replayed = shownOf(asXdot(text, GetParam().engine()), {});
     EXPECT_GT(direct.shapes, 2);
     EXPECT_EQ(replayed.shapes, direct.shapes);
     EXPECT_EQ(replayed.texts, direct.texts);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, WrittenTexts, testing::ValuesIn(allInputs()), [](const auto &test) {
-    const QFileInfo file(test.param.file);
-    const QString root = file.dir().path().contains("examples"_L1) ? u"example_"_s : u"drawing_"_s;
-    return (root + test.param.engine + u'_' + file.completeBaseName()).toStdString();
-});
+INSTANTIATE_TEST_SUITE_P(All, WrittenTexts, testing::ValuesIn(corpusInputs()), nameOfInput);
 
 TEST(WrittenText, of_odd_labels_families_and_colours_shows_the_same_when_replayed)
 {
-    for (const Input &input : allInputs()) {
-        if (input.file.contains("examples"_L1))
-            continue;
+    // The examples say nothing that the drawings don't, and are long.
+    for (const CorpusInput &input : drawingInputs()) {
         for (const QByteArray &text : oddTexts()) {
-            const QByteArray graph = painted(readTestFile(input.file), text);
-            SCOPED_TRACE(input.engine.toStdString() + ": " + text.toStdString());
-            const Shown direct = shownOf(graph, input.engine);
-            const Shown replayed = shownOf(asXdot(graph, input.engine), {});
+            const QByteArray graph = painted(input.text(), text);
+            SCOPED_TRACE(input.engine().toStdString() + ": " + text.toStdString());
+            const Shown direct = shownOf(graph, input.engine());
+            const Shown replayed = shownOf(asXdot(graph, input.engine()), {});
             EXPECT_GT(direct.shapes, 2);
             EXPECT_EQ(replayed.shapes, direct.shapes);
             EXPECT_EQ(replayed.texts, direct.texts);
