@@ -20,6 +20,15 @@ inline constexpr AttributeElements elementsOf<DotNode> = AttributeElement::Node;
 template <>
 inline constexpr AttributeElements elementsOf<DotEdge> = AttributeElement::Edge;
 
+// The text of an attribute at a subgraph itself or, if it is not there, the default that it gives
+// its nodes: so is looked up what draws a subgraph in the way of a node.
+inline QString ownOrNodeDefault(const DotGraph *graph, const DotSubgraph *subgraph,
+                                KnownAttribute name)
+{
+    const QString *own = subgraph->attributes.find(name);
+    return own ? *own : graph->nodeDefault(subgraph, name);
+}
+
 // What all rows can do: find their text. A null text means that the attribute is defined nowhere.
 template <AttributeElement... element>
 class AttributeReader : public AttributeRow

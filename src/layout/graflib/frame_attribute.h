@@ -20,8 +20,7 @@ public:
 
     QString of(const DotGraph *graph, const DotSubgraph *subgraph) const
     {
-        const QString *own = find(graph, subgraph);
-        return own ? *own : graph->nodeDefault(subgraph, name);
+        return ownOrNodeDefault(graph, subgraph, name);
     }
 
     // Whether the text is the word of this number.

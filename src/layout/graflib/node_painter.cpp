@@ -16,8 +16,7 @@ namespace {
 double frameNumber(const DotGraph *graph, const DotSubgraph *subgraph,
                    const Rows::PlaceAttribute &row)
 {
-    const QString *own = row.find(subgraph);
-    return numberFrom(own ? *own : graph->nodeDefault(subgraph, row.name));
+    return numberFrom(ownOrNodeDefault(graph, subgraph, row.name));
 }
 
 NodeBox boxAt(double x, double y, double width, double height)
