@@ -19,17 +19,10 @@ namespace ORR::Graph::Layout {
 std::span<const AttributeTable *const> attributeTables()
 {
     static constexpr const AttributeTable *tables[] = {
-        &PaintAttributes::table,
-        &LegendAttributes::table,
-        &GraflibAttributes::table,
-        &GftreeAttributes::table,
-        &GfdeclAttributes::table,
-        &UmlseqAttributes::table,
-        &MatrixAttributes::table,
-        &BubbleAttributes::table,
-        &SunburstAttributes::table,
-        &TreemapAttributes::table,
-        &BarAttributes::table,
+        &PaintAttributes::table,   &LegendAttributes::table, &GraflibAttributes::table,
+        &GftreeAttributes::table,  &GfdeclAttributes::table, &UmlseqAttributes::table,
+        &MatrixAttributes::table,  &BubbleAttributes::table, &SunburstAttributes::table,
+        &TreemapAttributes::table, &BarAttributes::table,
     };
     return tables;
 }
