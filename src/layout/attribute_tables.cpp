@@ -10,9 +10,6 @@
 #include "layout/sequence/umlseq_attributes.h"
 
 #include "attributes/paint_attributes.h"
-#include "layout/charts/legend_attributes.h"
-#include "layout/charts/treemap_attributes.h"
-#include "layout/sequence/umlseq_attributes.h"
 
 namespace ORR::Graph::Layout {
 
