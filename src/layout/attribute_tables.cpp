@@ -1,3 +1,6 @@
+#include "layout/attribute_tables.h"
+
+#include "attributes/paint_attributes.h"
 #include "layout/charts/bar_attributes.h"
 #include "layout/charts/bubble_attributes.h"
 #include "layout/charts/legend_attributes.h"
@@ -8,8 +11,6 @@
 #include "layout/graflib/gftree_attributes.h"
 #include "layout/graflib/graflib_attributes.h"
 #include "layout/sequence/umlseq_attributes.h"
-
-#include "attributes/paint_attributes.h"
 
 namespace ORR::Graph::Layout {
 
