@@ -66,16 +66,22 @@ public:
     // object itself.
     template <typename Object>
     requires writes<Object>
+    const QString *findInherited(const DotGraph *graph, const Object *object) const
+    {
+        return graph->findAttribute(object, name);
+    }
+    template <typename Object>
+    requires writes<Object>
     double inheritedNumber(const DotGraph *graph, const Object *object) const
     {
-        const QString *text = graph->findAttribute(object, name);
+        const QString *text = findInherited(graph, object);
         return text ? numberFrom(*text) : 0.0;
     }
     template <typename Object>
     requires writes<Object>
     int inheritedInteger(const DotGraph *graph, const Object *object) const
     {
-        const QString *text = graph->findAttribute(object, name);
+        const QString *text = findInherited(graph, object);
         return text ? integerFrom(*text) : 0;
     }
 };

@@ -23,7 +23,7 @@ public:
     // With the lookup that inherits; none where the text has not four parts.
     std::optional<FourNumbers> inherited(const DotGraph *graph, const DotEdge *edge) const
     {
-        const QString *text = graph->findAttribute(edge, name);
+        const QString *text = findInherited(graph, edge);
         return text ? polylineNumbers(*text) : std::nullopt;
     }
 };
