@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 
+#include <csignal>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -53,6 +54,9 @@ std::string formatOfTest(const testing::TestParamInfo<const char *> &test)
 
 void FaultTest::SetUp()
 {
+    // A shell lets what it runs in the background ignore some of them, and so would the program.
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGXCPU, SIGXFSZ})
+        std::signal(signal, SIG_DFL);
     writeFile(output(), oldContent);
 }
 
