@@ -68,6 +68,12 @@ function(orr_add_library name)
     add_library(${name} STATIC ${ARG_SOURCES})
     target_link_libraries(${name} PUBLIC orr_options ${ARG_LINKS})
     orr_precompile(${name} orr_core_headers core_headers.h Qt6::Core)
+    # The analyser reads many files as one, in a tenth of the time. The short name that each gives
+    # its table is then made its own; all else may have a name once in a library.
+    if(ORR_UNITY)
+        set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 16
+                                                 UNITY_BUILD_UNIQUE_ID Rows)
+    endif()
     if(ORR_SANITIZE)
         return() # the layers are those of every other build
     endif()

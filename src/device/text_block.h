@@ -4,6 +4,7 @@
 
 #include <QList>
 #include <QPoint>
+#include <QSize>
 
 namespace ORR::Graph {
 
@@ -26,6 +27,7 @@ struct TextBlock
     int height = 0; // of all lines, with the font's leading between them
 
     bool isEmpty() const { return lines.isEmpty(); }
+    QSize size() const { return {width, height}; }
 
     // Draws the lines below each other from a point of the page on, aligned in the block's width.
     // The alignment of a single line is not applied.

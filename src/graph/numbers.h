@@ -15,6 +15,8 @@ namespace ORR::Graph {
 // The unit of every drawing is a point; inches stand only in attributes and in some formats.
 inline constexpr int pointsPerInch = 72;
 
+inline constexpr double infinity = std::numeric_limits<double>::infinity();
+
 // `value` without its fraction, toward zero. What no int can hold becomes the nearest int, and what
 // is not a number becomes 0.
 constexpr int truncated(double value)

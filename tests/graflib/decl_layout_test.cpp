@@ -33,14 +33,14 @@ TEST(DeclSizes, a_table_has_its_largest_cells)
 TEST(DeclSizes, free_rows_are_as_wide_as_the_longest)
 {
     EXPECT_EQ(
-        gridSize({{0, 0, {10, 20}}, {1, 1, {30, 5}}, {0, 0, {7, 8}}}, GridMode::Rows, spacing),
+        gridSize({{0, 0, {10, 20}}, {1, 1, {30, 5}}, {0, 0, {7, 8}}}, GridMode::ByRows, spacing),
         QSizeF(30 + 16, 20 + 2 + 5));
 }
 
 TEST(DeclSizes, free_columns_are_as_high_as_the_highest)
 {
     EXPECT_EQ(
-        gridSize({{0, 0, {10, 20}}, {0, 0, {30, 5}}, {1, 1, {7, 8}}}, GridMode::Columns, spacing),
+        gridSize({{0, 0, {10, 20}}, {0, 0, {30, 5}}, {1, 1, {7, 8}}}, GridMode::ByColumns, spacing),
         QSizeF(30 + 3 + 7 + 16, 20 + 2 + 5));
 }
 

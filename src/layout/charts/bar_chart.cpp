@@ -45,7 +45,7 @@ QSize wantedSize(const DotGraph *graph)
 // Not valid if there is no label.
 QSize sizeOf(const TextBlock &label)
 {
-    return label.isEmpty() ? QSize() : QSize(label.width, label.height);
+    return label.isEmpty() ? QSize() : label.size();
 }
 
 Bar measuredBar(const DotGraph *graph, DotNode *node, const GraphStyle &style)

@@ -11,7 +11,7 @@ namespace ORR::Graph::Layout {
 namespace {
 
 constexpr int margin = 4; // around the chart
-constexpr int gap = 4; // between bars, and between a caption and its bar
+constexpr int barGap = 4; // between bars, and between a caption and its bar
 constexpr int leastThickness = 8;
 constexpr double leastLength = 4.0;
 
@@ -54,7 +54,7 @@ int BarMeasure::thicknessFor(int wantedAcross) const
     const int thickness = std::max(leastThickness, thickest);
     if (barCount == 0 || wantedAcross == 0)
         return thickness;
-    const qint64 gaps = qint64(gap) * barCount;
+    const qint64 gaps = qint64(barGap) * barCount;
     return std::max(thickness, saturated((wantedAcross - gaps) / barCount));
 }
 
@@ -73,10 +73,10 @@ BarMetrics BarMeasure::metrics(QSize wanted) const
     metrics.direction = direction;
     metrics.thickness = thicknessFor(across(wanted));
     metrics.scale = scaleFor(along(wanted));
-    metrics.band = captionAlong == 0 ? 0 : saturated(qint64(captionAlong) + gap);
+    metrics.band = captionAlong == 0 ? 0 : saturated(qint64(captionAlong) + barGap);
 
-    const int length = truncated(maxValue * metrics.scale + gap + metrics.band);
-    const qint64 rowLength = (qint64(metrics.thickness) + gap) * barCount - gap;
+    const int length = truncated(maxValue * metrics.scale + barGap + metrics.band);
+    const qint64 rowLength = (qint64(metrics.thickness) + barGap) * barCount - barGap;
     metrics.chart = direction.horizontal ? chartRect(margin, margin, length, rowLength)
                                          : chartRect(margin, margin, rowLength, length);
     return metrics;
@@ -121,10 +121,10 @@ QPoint BarCursor::caption(QSize size) const
     const auto [horizontal, reversed] = metrics.direction;
     const qint64 x = position.x();
     const qint64 y = position.y();
-    return horizontal ? saturatedPoint(x + (reversed ? gap : -gap - size.width()),
+    return horizontal ? saturatedPoint(x + (reversed ? barGap : -barGap - size.width()),
                                        y + (metrics.thickness - size.height()) / 2)
                       : saturatedPoint(x + (metrics.thickness - size.width()) / 2,
-                                       y + (reversed ? -gap - size.height() : gap));
+                                       y + (reversed ? -barGap - size.height() : barGap));
 }
 
 void BarCursor::goBehind(const Bar &segment)
@@ -138,7 +138,7 @@ void BarCursor::goBehind(const Bar &segment)
 
 void BarCursor::goToNextBar()
 {
-    const qint64 step = qint64(metrics.thickness) + gap;
+    const qint64 step = qint64(metrics.thickness) + barGap;
     position = metrics.direction.horizontal ? saturatedPoint(base(), position.y() + step)
                                             : saturatedPoint(position.x() + step, base());
 }

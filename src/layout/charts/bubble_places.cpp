@@ -1,5 +1,7 @@
 #include "layout/charts/bubble_places.h"
 
+#include "graph/numbers.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -14,7 +16,6 @@ constexpr double areaDivisor = 3.14;
 constexpr double labelMargin = 4.0;
 // The sum of any number of them is below what the packing takes.
 constexpr double largestNode = 1e290;
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 // The scale at which the drawing is as large as an int can measure. Beyond it all circles would
 // come to lie in the same place, and a device would paint the page once for each of them.

@@ -11,7 +11,7 @@ namespace {
 
 namespace Rows = LegendAttributes;
 
-constexpr int gap = 4; // between a square and its text
+constexpr int textGap = 4; // between a square and its text
 
 LegendSide sideOf(const DotGraph *graph, const DotSubgraph *legend)
 {
@@ -22,7 +22,7 @@ LegendSide sideOf(const DotGraph *graph, const DotSubgraph *legend)
 // An entry: a square as high as its label, and the label.
 QSize entrySize(const TextBlock &label)
 {
-    return {saturated(qint64(label.width) + gap + label.height), label.height};
+    return {saturated(qint64(label.width) + textGap + label.height), label.height};
 }
 
 template <typename Object>
@@ -111,7 +111,8 @@ void ChartLegend::drawEntry(const Entry &entry, Device *device) const
     device->drawRect(corner,
                      saturatedPoint(qint64(corner.x()) + square, qint64(corner.y()) + square), 0,
                      style.nodePen(node), style.nodeFill(node, &bounds));
-    TextBlock::draw(label, saturatedPoint(qint64(corner.x()) + square + gap, corner.y()), device);
+    TextBlock::draw(label, saturatedPoint(qint64(corner.x()) + square + textGap, corner.y()),
+                    device);
     device->endNode();
 }
 

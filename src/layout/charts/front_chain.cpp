@@ -1,13 +1,12 @@
 #include "layout/charts/front_chain.h"
 
+#include "graph/numbers.h"
+
 #include <cmath>
-#include <limits>
 
 namespace ORR::Graph::Layout {
 
 namespace {
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 // A run of the square root of the chain's length would be best; this is that of some 65,000.
 constexpr size_t mostInRun = 256;

@@ -8,7 +8,7 @@ namespace ORR::Graph::Layout {
 
 namespace {
 
-constexpr int gap = 4; // between entries, and behind the title
+constexpr int entryGap = 4; // between entries, and behind the title
 constexpr int distance = 12; // between the chart and the legend
 
 // A legend runs "along" one axis, x or y, and its lines follow each other "across".
@@ -71,9 +71,9 @@ Band bandFor(const QList<Extent> &entries, const std::optional<Extent> &title, q
     for (const Extent &entry : entries)
         longest = std::max(longest, entry.along);
     Band band;
-    band.cell = longest + gap;
+    band.cell = longest + entryGap;
     band.columns = std::max<qint64>(std::min<qint64>(available / band.cell, entries.size()), 1);
-    band.needed = band.columns * band.cell - gap;
+    band.needed = band.columns * band.cell - entryGap;
     band.length = std::max(available, band.needed);
     if (title)
         band.length = std::max(band.length, title->along);
@@ -92,7 +92,7 @@ void placeEntries(Lines &lines, const QList<Extent> &sizes, const Band &band, Ex
         lines.entries.append(place);
         highest = std::max(highest, sizes.at(i).across);
         if ((i + 1) % band.columns == 0) {
-            place = {start.along, place.across + highest + gap};
+            place = {start.along, place.across + highest + entryGap};
             highest = 0;
         } else {
             place.along += band.cell;
@@ -109,10 +109,10 @@ Lines placeLines(const QList<Extent> &sizes, const std::optional<Extent> &title,
     Lines lines;
     if (title && axes.horizontal) {
         lines.title = {start.along + (band.length - title->along) / 2, start.across};
-        start.across += title->across + gap;
+        start.across += title->across + entryGap;
     } else if (title) {
         lines.title = start;
-        start.along += title->along + gap;
+        start.along += title->along + entryGap;
         // The title takes the place of one entry of each line, as it stands beside them all.
         band.columns = std::max<qint64>(band.columns - 1, 1);
     }

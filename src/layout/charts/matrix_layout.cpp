@@ -22,11 +22,6 @@ MatrixAxis axisOf(const DotGraph *graph, const DotSubgraph *subgraph)
     return MatrixAxis(Rows::axis.of(graph, subgraph) + 1);
 }
 
-QSize sizeOf(const TextBlock &label)
-{
-    return {label.width, label.height};
-}
-
 // Numbers the headers in their order and measures all labels.
 class HeaderNumbering
 {
@@ -104,7 +99,7 @@ void HeaderNumbering::numberNode(Level &level, DotNode *node)
 {
     const TextBlock label = style.nodeLabel(node);
     if (!label.isEmpty()) {
-        level.extents.includeHeader(level.axis, sizeOf(label));
+        level.extents.includeHeader(level.axis, label.size());
         labels.insert(node, label);
     }
     if (level.axis != MatrixAxis::Rows)
@@ -119,7 +114,7 @@ void HeaderNumbering::leave(Level &level)
         const TextBlock label = style.edgeLabel(edge);
         if (label.isEmpty())
             continue;
-        level.extents.includeEdge(sizeOf(label));
+        level.extents.includeEdge(label.size());
         labels.insert(edge, label);
     }
     measureGroupLabel(level);
@@ -136,7 +131,7 @@ void HeaderNumbering::measureGroupLabel(Level &level)
         return;
     labels.insert(level.subgraph, label);
     const MatrixShift shift = addGroupLabel(level.extents, level.axis, xCount - level.x0,
-                                            yCount - level.y0, sizeOf(label));
+                                            yCount - level.y0, label.size());
     if (shift.side == MatrixShift::AboveColumns)
         Rows::yShift.setInteger(graph, level.subgraph, shift.distance);
     else if (shift.side == MatrixShift::LeftOfRows)
@@ -211,10 +206,10 @@ void MatrixPainter::paintGroup(DotSubgraph *subgraph)
     if (!label)
         return;
     if (Rows::xShift.find(subgraph))
-        paintBracket(grid.rowBracket(span, Rows::xShift.integer(subgraph), sizeOf(*label)), *label,
+        paintBracket(grid.rowBracket(span, Rows::xShift.integer(subgraph), label->size()), *label,
                      pen);
     else if (Rows::yShift.find(subgraph))
-        paintBracket(grid.columnBracket(span, Rows::yShift.integer(subgraph), sizeOf(*label)),
+        paintBracket(grid.columnBracket(span, Rows::yShift.integer(subgraph), label->size()),
                      *label, pen);
 }
 
@@ -230,7 +225,7 @@ void MatrixPainter::paintNode(DotNode *node)
 {
     device->beginNode(node);
     if (const TextBlock *label = labelOf(node)) {
-        const QSize size = sizeOf(*label);
+        const QSize size = label->size();
         if (Rows::y.find(node))
             TextBlock::draw(*label, grid.rowHeader(Rows::y.integer(node), size), device);
         else if (Rows::x.find(node))
@@ -248,7 +243,7 @@ void MatrixPainter::paintEdge(DotEdge *edge)
     device->drawRect(square.topLeft, square.bottomRight, 0, style.edgePen(edge, false),
                      style.edgeFill(edge, nullptr));
     if (const TextBlock *label = labelOf(edge))
-        TextBlock::draw(*label, grid.labelInSquare(column, row, sizeOf(*label)), device);
+        TextBlock::draw(*label, grid.labelInSquare(column, row, label->size()), device);
     device->endEdge();
     device->connect(edge, edge->tail, edge->head);
 }

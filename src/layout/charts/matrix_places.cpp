@@ -8,12 +8,12 @@ namespace ORR::Graph::Layout {
 
 namespace {
 
-constexpr int gap = 4; // between squares, labels and the edges of the page
+constexpr int cellGap = 4; // between squares, labels and the edges of the page
 constexpr int inset = 2; // of a square in its cell
 
 qint64 originBehind(qint64 extent)
 {
-    return extent + (extent != 0 ? gap : 0) + gap;
+    return extent + (extent != 0 ? cellGap : 0) + cellGap;
 }
 
 } // namespace
@@ -49,20 +49,22 @@ MatrixShift addGroupLabel(MatrixExtents &extents, MatrixAxis axis, qint64 column
     extents.cell = std::max(extents.cell, along / headers + 1);
     qint64 &extent = above ? extents.y : extents.x;
     if (extent != 0)
-        extent += gap;
+        extent += cellGap;
     const MatrixShift shift{above ? MatrixShift::AboveColumns : MatrixShift::LeftOfRows, extent};
     extent += above ? label.height() : label.width();
     return shift;
 }
 
 MatrixGrid::MatrixGrid(const MatrixExtents &extents)
-    : cell(extents.cell + gap), xOrigin(originBehind(extents.x)), yOrigin(originBehind(extents.y))
+    : cell(extents.cell + cellGap), xOrigin(originBehind(extents.x)),
+      yOrigin(originBehind(extents.y))
 {
 }
 
 QSize MatrixGrid::page(qint64 columns, qint64 rows) const
 {
-    return {saturated(cell * columns + gap + xOrigin), saturated(cell * rows + gap + yOrigin)};
+    return {saturated(cell * columns + cellGap + xOrigin),
+            saturated(cell * rows + cellGap + yOrigin)};
 }
 
 MatrixArea MatrixGrid::area(const MatrixSpan &span) const
@@ -75,24 +77,25 @@ MatrixArea MatrixGrid::square(int column, int row) const
 {
     const qint64 left = columnX(column) + inset;
     const qint64 top = rowY(row) + inset;
-    const qint64 side = cell - gap;
+    const qint64 side = cell - cellGap;
     return {saturatedPoint(left, top), saturatedPoint(left + side, top + side)};
 }
 
 QPoint MatrixGrid::rowHeader(int row, QSize label) const
 {
-    return saturatedPoint(xOrigin - label.width() - gap, (cell - label.height()) / 2 + rowY(row));
+    return saturatedPoint(xOrigin - label.width() - cellGap,
+                          (cell - label.height()) / 2 + rowY(row));
 }
 
 QPoint MatrixGrid::columnHeader(int column, QSize label) const
 {
     return saturatedPoint((cell - label.width()) / 2 + columnX(column),
-                          yOrigin - label.height() - gap);
+                          yOrigin - label.height() - cellGap);
 }
 
 QPoint MatrixGrid::labelInSquare(int column, int row, QSize label) const
 {
-    const qint64 side = cell - gap;
+    const qint64 side = cell - cellGap;
     return saturatedPoint((side - label.width()) / 2 + columnX(column) + inset,
                           (side - label.height()) / 2 + rowY(row) + inset);
 }
@@ -100,7 +103,7 @@ QPoint MatrixGrid::labelInSquare(int column, int row, QSize label) const
 MatrixBracket MatrixGrid::rowBracket(const MatrixSpan &span, int shift, QSize label) const
 {
     const qint64 w = label.width();
-    const qint64 x = xOrigin - w - shift - gap;
+    const qint64 x = xOrigin - w - shift - cellGap;
     const qint64 y0 = rowY(span.y0);
     const qint64 y1 = rowY(span.y1);
     return {saturatedPoint(x, (y1 - label.height() - y0) / 2 + y0),
@@ -111,7 +114,7 @@ MatrixBracket MatrixGrid::rowBracket(const MatrixSpan &span, int shift, QSize la
 MatrixBracket MatrixGrid::columnBracket(const MatrixSpan &span, int shift, QSize label) const
 {
     const qint64 h = label.height();
-    const qint64 y = yOrigin - h - shift - gap;
+    const qint64 y = yOrigin - h - shift - cellGap;
     const qint64 x0 = columnX(span.x0);
     const qint64 x1 = columnX(span.x1);
     return {saturatedPoint((x1 - label.width() - x0) / 2 + x0, y),

@@ -1,14 +1,13 @@
 #include "layout/charts/squarify.h"
 
+#include "graph/numbers.h"
+
 #include <algorithm>
-#include <limits>
 #include <set>
 
 namespace ORR::Graph::Layout {
 
 namespace {
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 // No value above this, divided by any thickness, comes out as zero.
 constexpr double smallestSafe = 1e-15;

@@ -20,7 +20,7 @@ namespace Rows = SunburstAttributes;
 
 constexpr double halfTurn = 180.0;
 constexpr double defaultRingStep = 72.0; // points
-constexpr int margin = 4; // points
+constexpr int pageMargin = 4; // points
 
 QList<double> areasOf(const QList<ChartItem> &items)
 {
@@ -184,7 +184,7 @@ QString Sunburst::run(const LayoutContext &context)
     const double radius = layoutRings(graph, root);
     const int width = rounded(radius + radius);
     const int height = Rows::sweep.number(root) > halfTurn ? width : truncated(radius);
-    QRect rect = chartRect(margin, margin, width, height);
+    QRect rect = chartRect(pageMargin, pageMargin, width, height);
     const GraphStyle style(graph, device);
     const ChartLegend legend(graph, findLegend(graph), style);
     const QSize size = legend.place(rect);

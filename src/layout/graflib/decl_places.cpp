@@ -47,8 +47,8 @@ QList<QRectF> cellPlaces(const QList<AddressedCell> &cells, QPointF corner, cons
         columns.append({cell.column, cell.row, cell.size.width()});
         rows.append({cell.row, cell.column, cell.size.height()});
     }
-    const auto horizontal = mode == GridMode::Rows ? flowPositions : alignedPositions;
-    const auto vertical = mode == GridMode::Columns ? flowPositions : alignedPositions;
+    const auto horizontal = mode == GridMode::ByRows ? flowPositions : alignedPositions;
+    const auto vertical = mode == GridMode::ByColumns ? flowPositions : alignedPositions;
     horizontal(columns, corner.x(), place.right(), spacing.columnGap, spacing.extra);
     vertical(rows, corner.y(), place.bottom(), spacing.rowGap, 0.0);
 

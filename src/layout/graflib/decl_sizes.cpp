@@ -59,10 +59,10 @@ QSizeF gridSize(const QList<MeasuredCell> &cells, GridMode mode, const GridSpaci
         rowHeights[cell.row].append(cell.size.height());
         columnWidths[cell.column].append(cell.size.width());
     }
-    const double height = mode == GridMode::Columns ? longestLine(rowHeights, spacing.rowGap)
-                                                    : stackedLines(rowHeights, spacing.rowGap);
-    const double width = mode == GridMode::Rows ? longestLine(columnWidths, spacing.columnGap)
-                                                : stackedLines(columnWidths, spacing.columnGap);
+    const double height = mode == GridMode::ByColumns ? longestLine(rowHeights, spacing.rowGap)
+                                                      : stackedLines(rowHeights, spacing.rowGap);
+    const double width = mode == GridMode::ByRows ? longestLine(columnWidths, spacing.columnGap)
+                                                  : stackedLines(columnWidths, spacing.columnGap);
     return {width + spacing.extra, height};
 }
 

@@ -7,7 +7,7 @@ namespace ORR::Graph::Layout {
 
 // How the subgraphs of a declaration graph stand, in the order of the words of `grid`: every row
 // by itself, every column by itself, or in a table whose lines are aligned.
-enum class GridMode { Rows, Columns, Table };
+enum class GridMode { ByRows, ByColumns, Table };
 
 // The room between the cells of a grid, in points.
 struct GridSpacing

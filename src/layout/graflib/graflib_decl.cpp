@@ -94,8 +94,8 @@ private:
 QList<MeasuredCell> Measuring::cells(const DotSubgraph *subgraph, GridMode mode,
                                      const QList<QSizeF> &sizes) const
 {
-    const auto &row = mode == GridMode::Columns ? Rows::col : Rows::row;
-    const auto &column = mode == GridMode::Rows ? Rows::row : Rows::col;
+    const auto &row = mode == GridMode::ByColumns ? Rows::col : Rows::row;
+    const auto &column = mode == GridMode::ByRows ? Rows::row : Rows::col;
     QList<MeasuredCell> cells;
     cells.reserve(sizes.size());
     for (qsizetype i = 0; i < sizes.size(); ++i) {
