@@ -12,6 +12,12 @@ Output::Output(const OutputTarget &target) : memory(target.memory)
         file.emplace(target.outputName);
 }
 
+Output::~Output()
+{
+    if (memory)
+        memory->clear();
+}
+
 bool Output::write(QByteArrayView bytes)
 {
     if (!memory)

@@ -43,6 +43,10 @@ class Output
 public:
     // Opens the target.
     explicit Output(const OutputTarget &target);
+    // Without a `commit` that succeeded, what is in memory is empty.
+    ~Output();
+    Output(const Output &) = delete;
+    Output &operator=(const Output &) = delete;
 
     // Whether it can be written and has not been committed yet.
     bool isOpen() const { return memory || (file && file->isOpen()); }

@@ -33,6 +33,16 @@ TEST(Output, in_memory_takes_nothing_once_it_is_committed)
     EXPECT_EQ(bytes, "a");
 }
 
+TEST(Output, in_memory_that_is_not_committed_is_empty)
+{
+    QByteArray bytes = "what stood there";
+    {
+        Output output(&bytes);
+        ASSERT_TRUE(output.write("half"));
+    }
+    EXPECT_EQ(bytes, "");
+}
+
 TEST(Output, without_memory_cannot_be_opened)
 {
     Output output(static_cast<QByteArray *>(nullptr));
