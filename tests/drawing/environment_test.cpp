@@ -1,7 +1,7 @@
 #include "drawing/debug_flag.h"
 #include "drawing/environment.h"
 
-#include "driver/scoped_environment.h"
+#include "drawing/scoped_environment.h"
 #include "support/golden.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "drawing/home_directory.h"
 
-#include "driver/scoped_environment.h"
+#include "drawing/scoped_environment.h"
 #include "support/golden.h"
 
 #include <gtest/gtest.h>
