@@ -59,6 +59,12 @@ TEST_F(Start, that_ends_by_an_exit_says_what_was_said_and_fails)
                            "Unable to start the toolkit: (spoiled): no display, no word\n"));
 }
 
+TEST_F(Start, that_fails_says_nothing_that_a_terminal_obeys)
+{
+    EXPECT_TRUE(failedWith(spoiled(u"exit with controls"_s),
+                           "Unable to start the toolkit: \\x1b]0;title\\x07\\x9b31m \xC3\xA9\n"));
+}
+
 TEST_F(Start, that_ends_without_a_word_says_so_much)
 {
     EXPECT_TRUE(failedWith(spoiled(u"silent exit"_s), "Unable to start the toolkit\n"));

@@ -9,7 +9,7 @@
 #include <array>
 #include <optional>
 
-namespace ORR::Driver {
+namespace ORR::Drawing {
 
 // The layout engines by their position in the table.
 enum class LayoutIndex { GfTree, GfDecl, UmlSeq, Matrix, FlatBubble, Sunburst, Treemap, Bar };
@@ -20,7 +20,7 @@ struct LayoutRow
     QLatin1StringView name; // the value of -K
     // Lays out and draws. Empty for success, otherwise a message for the user that ends in a line
     // feed.
-    QString (*run)(Graph::LayoutContext context);
+    QString (*run)(const Graph::LayoutContext &context);
 };
 
 // All engines, each at its position.
@@ -33,4 +33,4 @@ QStringList layoutNames();
 // The engine of a name (the value of -K, in any case), or nothing.
 std::optional<LayoutIndex> chooseLayout(const QString &name);
 
-} // namespace ORR::Driver
+} // namespace ORR::Drawing

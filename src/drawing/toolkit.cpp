@@ -1,8 +1,12 @@
-#include "driver/toolkit.h"
+#include "drawing/toolkit.h"
 
-#include "driver/font_rules.h"
-#include "driver/standard_streams.h"
-#include "driver/surroundings.h"
+#include "drawing/font_rules.h"
+#include "drawing/held_standard_error.h"
+#include "drawing/open_files.h"
+#include "drawing/printable_bytes.h"
+#include "drawing/surroundings.h"
+#include "graph/message_text.h"
+#include "output/files/descriptor.h"
 #include "output/files/unfinished_file.h"
 
 #include <QApplication>
@@ -11,6 +15,7 @@
 #include <QHashSeed>
 
 #include <csignal>
+#include <cstddef>
 #include <cstdlib>
 #include <string>
 
@@ -18,7 +23,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace ORR::Driver {
+namespace ORR::Drawing {
 
 namespace {
 
@@ -54,26 +59,38 @@ private:
 
 volatile std::sig_atomic_t isStarting = 0;
 
+bool isBlank(char c)
+{
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+// Leaves one space between words, and none around them. Gives the new length.
+std::size_t withSingleBlanks(char *text, std::size_t length)
+{
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < length; ++i) {
+        if (isBlank(text[i]))
+            continue;
+        if (kept > 0 && isBlank(text[i - 1]))
+            text[kept++] = ' ';
+        text[kept++] = text[i];
+    }
+    return kept;
+}
+
 // Says in one line what the held standard error says in several. It makes only calls that a
 // handler of a signal may make.
 void tellFailedStart()
 {
     char said[1000];
-    char line[sizeof said + 64] = "Unable to start the toolkit";
-    size_t length = std::char_traits<char>::length(line);
-    const size_t count = HeldStandardError::copyText(said, sizeof said);
-    const char *separator = ": ";
-    bool inWord = false;
-    for (size_t i = 0; i < count; ++i) {
-        const bool isBlank = said[i] == ' ' || (said[i] >= '\t' && said[i] <= '\r');
-        if (!isBlank && !inWord) {
-            while (*separator)
-                line[length++] = *separator++;
-            separator = " ";
-        }
-        if (!isBlank)
-            line[length++] = said[i];
-        inWord = !isBlank;
+    char line[longestPrintable * sizeof said + 64] = "Unable to start the toolkit";
+    std::size_t length = std::char_traits<char>::length(line);
+    const std::size_t count =
+        withSingleBlanks(said, HeldStandardError::copyText(said, sizeof said));
+    if (count > 0) {
+        line[length++] = ':';
+        line[length++] = ' ';
+        length += writePrintable(said, count, line + length);
     }
     line[length++] = '\n';
     // There is nobody to tell if this fails.
@@ -106,8 +123,11 @@ void passFatalMessagesOnly(QtMsgType type, const QMessageLogContext & /*context*
     if (type != QtFatalMsg)
         return;
     // While the toolkit starts it is told with whatever else was said.
-    const int descriptor = isStarting ? STDERR_FILENO : HeldStandardError::messages();
-    writeToEnd(descriptor, message.toLocal8Bit() + '\n');
+    if (isStarting)
+        Graph::writeToEnd(STDERR_FILENO, message.toLocal8Bit() + '\n');
+    else
+        Graph::writeToEnd(HeldStandardError::messages(),
+                          Graph::printableMessage(message).toLocal8Bit() + '\n');
     endProcess();
 }
 
@@ -123,7 +143,7 @@ void prepareToolkit()
 void startToolkit(const char *programName)
 {
     if (!canOpenFiles(neededDescriptors)) {
-        writeToEnd(STDERR_FILENO, "Unable to open enough files\n");
+        Graph::writeToEnd(STDERR_FILENO, "Unable to open enough files\n");
         std::exit(EXIT_FAILURE);
     }
     // The application object keeps references to both.
@@ -157,4 +177,4 @@ QString fontFault()
     return isFound ? QString() : u"Unable to find a font\n"_s;
 }
 
-} // namespace ORR::Driver
+} // namespace ORR::Drawing
