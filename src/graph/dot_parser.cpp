@@ -3,25 +3,21 @@
 #include "graph/dot_listener.h"
 #include "graph/dot_tokenizer.h"
 #include "graph/limits.h"
+#include "graph/recent_texts.h"
 
 #include <QSet>
 
 #include <algorithm>
+#include <string>
 #include <utility>
 
 namespace ORR::Graph {
 
 namespace {
 
-// Values repeat: colours, sizes and words of a vocabulary stand at thousands of objects. A short
-// one is looked for among the last that were read, and shares the text of the one that it equals.
-constexpr size_t recentCount = 1024;
-constexpr qsizetype longestShared = 16;
-
-bool isPlain(QByteArrayView bytes)
-{
-    return std::all_of(bytes.begin(), bytes.end(), [](char c) { return c >= 0; });
-}
+// Enough for the colours, sizes and words of a drawing, and for its vocabulary.
+constexpr size_t rememberedValues = 1024;
+constexpr size_t rememberedNames = 64;
 
 // Nobody listens: whatever is done for a listener only is compiled away.
 struct Nobody
@@ -74,6 +70,8 @@ private:
     void parseAttribute(const Target &target);
     QString takeValue();
     AttributeName takeName();
+    const AttributeName &nameOf(QByteArrayView bytes);
+    QStringView wideId(QByteArrayView bytes);
     MentionedNode takeNode();
 
     void tellNode(const MentionedNode &mentioned, NodeMention mention);
@@ -84,8 +82,9 @@ private:
     std::unique_ptr<DotGraph> graph = std::make_unique<DotGraph>();
     DotSubgraph *current = graph->root(); // the innermost open subgraph
     QHash<QByteArray, AttributeName> names; // those met so far
-    QList<QString> recentValues = QList<QString>(recentCount);
-    QString nodeId; // room that one id after the other is read into
+    RecentTexts<QString, rememberedValues> recentValues;
+    RecentTexts<AttributeName, rememberedNames> recentNames;
+    std::u16string nodeId; // room that one id after the other is read into
     QSet<std::pair<int, QString>> givenToRoot; // by target; kept for a listener only
 };
 
@@ -259,13 +258,12 @@ QString DotParser<Audience>::takeValue()
 {
     tokens.expect(DotToken::Identifier);
     const QByteArrayView bytes = tokens.text();
-    if (bytes.isEmpty() || bytes.size() > longestShared || !isPlain(bytes))
-        return tokens.takeIdentifier();
-    QString &recent = recentValues[qsizetype(qHash(bytes) % recentCount)];
-    if (recent != QLatin1StringView(bytes))
-        recent = QString::fromLatin1(bytes);
+    const std::optional<ShortText> text = ShortText::of(bytes);
+    const QString value = text && text->isAscii()
+        ? recentValues.of(*text, [&] { return QString::fromLatin1(bytes); })
+        : QString::fromUtf8(bytes);
     tokens.next();
-    return recent;
+    return value;
 }
 
 template <typename Audience>
@@ -273,10 +271,19 @@ AttributeName DotParser<Audience>::takeName()
 {
     tokens.expect(DotToken::Identifier);
     const QByteArrayView bytes = tokens.text();
+    const std::optional<ShortText> text = ShortText::of(bytes);
+    AttributeName name =
+        text ? recentNames.of(*text, [&] { return nameOf(bytes); }) : nameOf(bytes);
+    tokens.next();
+    return name;
+}
+
+template <typename Audience>
+const AttributeName &DotParser<Audience>::nameOf(QByteArrayView bytes)
+{
     auto known = names.constFind(QByteArray::fromRawData(bytes.data(), bytes.size()));
     if (known == names.cend())
         known = names.insert(bytes.toByteArray(), QString::fromUtf8(bytes));
-    tokens.next();
     return *known;
 }
 
@@ -285,19 +292,28 @@ template <typename Audience>
 MentionedNode DotParser<Audience>::takeNode()
 {
     tokens.expect(DotToken::Identifier);
-    const qsizetype place = tokens.offset();
-    const QByteArrayView bytes = tokens.text();
-    if (isPlain(bytes)) {
-        nodeId.resize(bytes.size());
-        std::copy(bytes.begin(), bytes.end(), nodeId.begin());
-    } else {
-        nodeId = QString::fromUtf8(bytes);
-    }
+    MentionedNode mentioned{nullptr, false, tokens.offset()};
+    mentioned.node = graph->findOrCreateNode(current, wideId(tokens.text()), &mentioned.first);
     tokens.next();
-    if (DotNode *node = graph->findNode(nodeId))
-        return {node, false, place};
-    const QString id(nodeId.constData(), nodeId.size());
-    return {graph->createNode(current, {}, id), true, place};
+    return mentioned;
+}
+
+// Valid until the next call.
+template <typename Audience>
+QStringView DotParser<Audience>::wideId(QByteArrayView bytes)
+{
+    nodeId.resize(size_t(bytes.size()));
+    char16_t all = 0;
+    std::transform(bytes.begin(), bytes.end(), nodeId.begin(), [&all](char c) {
+        const char16_t wide = static_cast<unsigned char>(c);
+        all |= wide;
+        return wide;
+    });
+    if (all >= 0x80) {
+        const QString text = QString::fromUtf8(bytes);
+        nodeId.assign(reinterpret_cast<const char16_t *>(text.utf16()), size_t(text.size()));
+    }
+    return nodeId;
 }
 
 // The fault of a text that cannot be read as a whole.

@@ -3,21 +3,29 @@
 #include "graph/source_text.h"
 
 #include <array>
+#include <initializer_list>
 
 namespace ORR::Graph {
 
 namespace {
 
-constexpr auto stopsIdentifier = [] {
-    std::array<bool, 256> stops{};
-    for (const unsigned char c : {'\t', '\n', ' ', ',', ';', '=', ']', '}', '\0'})
-        stops[c] = true;
-    return stops;
-}();
+// A byte each, so that a text is walked over with one look-up a byte.
+using ByteSet = std::array<bool, 256>;
 
-bool isStop(char c)
+constexpr ByteSet setOf(std::initializer_list<unsigned char> bytes)
 {
-    return stopsIdentifier[static_cast<unsigned char>(c)];
+    ByteSet set{};
+    for (const unsigned char c : bytes)
+        set[c] = true;
+    return set;
+}
+
+constexpr ByteSet stopsIdentifier = setOf({'\t', '\n', ' ', ',', ';', '=', ']', '}', '\0'});
+constexpr ByteSet mattersWithinQuotes = setOf({'"', '\\', '\0'});
+
+bool isIn(const ByteSet &set, char c)
+{
+    return set[static_cast<unsigned char>(c)];
 }
 
 } // namespace
@@ -25,34 +33,6 @@ bool isStop(char c)
 DotTokenizer::DotTokenizer(const QByteArray &text) : input(withLineFeeds(text))
 {
     next();
-}
-
-DotToken DotTokenizer::next()
-{
-    currentText = {};
-    expected = {};
-    currentKind = readToken();
-    return currentKind;
-}
-
-void DotTokenizer::expect(DotToken kind)
-{
-    if (!is(kind))
-        throw DotParseError;
-}
-
-void DotTokenizer::take(DotToken kind)
-{
-    expect(kind);
-    next();
-}
-
-bool DotTokenizer::takeIf(DotToken kind)
-{
-    if (!is(kind))
-        return false;
-    next();
-    return true;
 }
 
 QString DotTokenizer::takeIdentifier()
@@ -136,7 +116,7 @@ DotToken DotTokenizer::readToken()
 DotToken DotTokenizer::readUnquoted(qsizetype start)
 {
     const char *const data = input.constData();
-    while (!isStop(data[position]))
+    while (!isIn(stopsIdentifier, data[position]))
         ++position;
     currentText = QByteArrayView(data + start, position - start);
     return DotToken::Identifier;
@@ -171,13 +151,13 @@ DotToken DotTokenizer::readQuoted()
         assembled.append(data + start, position - start);
     };
     for (;; ++position) {
+        while (!isIn(mattersWithinQuotes, data[position]))
+            ++position;
         const char c = data[position];
         if (c == '"')
             break;
         if (c == '\0')
             return DotToken::End;
-        if (c != '\\')
-            continue;
         const char escaped = data[position + 1];
         if (escaped != '\n' && escaped != '"')
             continue;

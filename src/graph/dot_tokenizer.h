@@ -26,7 +26,13 @@ public:
     explicit DotTokenizer(const QByteArray &input);
 
     // Reads the next token and returns its kind. At the end it stays at the end.
-    DotToken next();
+    DotToken next()
+    {
+        currentText = {};
+        expected = {};
+        currentKind = readToken();
+        return currentKind;
+    }
 
     // The current token.
     DotToken kind() const { return currentKind; }
@@ -45,11 +51,25 @@ public:
     }
 
     // The steps of a grammar. What is expected and does not come throws `DotParseError`.
-    void expect(DotToken kind);
+    void expect(DotToken kind)
+    {
+        if (!is(kind))
+            throw DotParseError;
+    }
     // Steps over the token.
-    void take(DotToken kind);
+    void take(DotToken kind)
+    {
+        expect(kind);
+        next();
+    }
     // True if the token came, which then is stepped over.
-    bool takeIf(DotToken kind);
+    bool takeIf(DotToken kind)
+    {
+        if (!is(kind))
+            return false;
+        next();
+        return true;
+    }
     // The text of an identifier, which is stepped over.
     QString takeIdentifier();
     // The same; empty if there is none.
