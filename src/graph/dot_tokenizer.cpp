@@ -176,4 +176,14 @@ DotToken DotTokenizer::readQuoted()
     return DotToken::Identifier;
 }
 
+QByteArrayView unquotedAt(QByteArrayView text, qsizetype offset)
+{
+    if (offset < 0 || offset >= text.size() || text.at(offset) == '"')
+        return {};
+    qsizetype end = offset;
+    while (end < text.size() && !isIn(stopsIdentifier, text.at(end)))
+        ++end;
+    return text.sliced(offset, end - offset);
+}
+
 } // namespace ORR::Graph

@@ -96,4 +96,8 @@ private:
     DotToken currentKind = DotToken::End;
 };
 
+// The bytes of the unquoted token that begins at the offset, as they stand in the text, up to what
+// stops an identifier. Empty where a quoted one or nothing begins.
+QByteArrayView unquotedAt(QByteArrayView text, qsizetype offset);
+
 } // namespace ORR::Graph
