@@ -2,6 +2,7 @@
 //
 //   cmake --preset release -DORR_BENCH=ON && cmake --build --preset release --target reader_bench
 //   build/release/bench/reader_bench
+#include "graph/dot_listener.h"
 #include "graph/dot_parser.h"
 
 #include <benchmark/benchmark.h>
@@ -43,6 +44,35 @@ void readText(benchmark::State &state)
     state.SetBytesProcessed(state.iterations() * text.size());
 }
 
+// The reading alone, without taking the graph apart again.
+void readAndKeep(benchmark::State &state)
+{
+    const QByteArray text = generated(state.range(0));
+    for ([[maybe_unused]] auto _ : state) {
+        auto graph = parseDot(text);
+        if (!graph)
+            state.SkipWithError("the text was rejected");
+        state.PauseTiming();
+        graph.reset();
+        state.ResumeTiming();
+    }
+    state.SetBytesProcessed(state.iterations() * text.size());
+}
+
+// With a listener that does nothing with what it hears.
+void readAndTell(benchmark::State &state)
+{
+    const QByteArray text = generated(state.range(0));
+    DotListener listener;
+    for ([[maybe_unused]] auto _ : state) {
+        const DotReading reading = parseDot(text, listener);
+        if (!reading.graph)
+            state.SkipWithError("the text was rejected");
+        benchmark::DoNotOptimize(reading.graph.get());
+    }
+    state.SetBytesProcessed(state.iterations() * text.size());
+}
+
 // Looks up an attribute that only the root has, from the given depth.
 void lookUp(benchmark::State &state)
 {
@@ -61,6 +91,8 @@ void lookUp(benchmark::State &state)
 } // namespace
 
 BENCHMARK(readText)->Arg(1)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
+BENCHMARK(readAndKeep)->Arg(100)->Unit(benchmark::kMillisecond);
+BENCHMARK(readAndTell)->Arg(100)->Unit(benchmark::kMillisecond);
 BENCHMARK(lookUp)->Arg(1)->Arg(10)->Arg(100);
 
 BENCHMARK_MAIN();

@@ -16,8 +16,8 @@ class OpsReplay
 {
 public:
     OpsReplay(QByteArrayView ops, ReplayState &replayState, Device *drawingDevice,
-              const PageTransform &transform)
-        : reader(ops), state(replayState), device(drawingDevice), page(transform)
+              const PageTransform &transform, ReplayListener *listener)
+        : reader(ops, listener), state(replayState), device(drawingDevice), page(transform)
     {
     }
 
@@ -44,6 +44,12 @@ private:
     Device *device;
     const PageTransform &page;
 };
+
+// An op is a single character, the one that was read last.
+void tellUnknownOp(const XDotReader &reader)
+{
+    reader.tell(OpFault::Cause::UnknownOp, reader.place() - 1);
+}
 
 QPointF readPathPoint(XDotReader &reader, const PageTransform &page)
 {
@@ -84,6 +90,7 @@ void replayPathOp(char op, XDotReader &reader, const PageTransform &page, Device
         break;
     }
     default:
+        tellUnknownOp(reader);
         break;
     }
 }
@@ -146,6 +153,7 @@ void OpsReplay::replayOp(char op)
         skipImage();
         break;
     default:
+        tellUnknownOp(reader);
         break;
     }
 }
@@ -199,7 +207,7 @@ bool OpsReplay::drawRoundedRect(const QList<QPoint> &corners, Device::Color *fil
 
 void OpsReplay::drawPath(Device::Color *fill)
 {
-    XDotReader pathReader(reader.countedBytes());
+    XDotReader pathReader = reader.within(reader.countedBytes());
     Device::Path *path = device->createPath();
     while (const char op = pathReader.nextOp())
         replayPathOp(op, pathReader, page, path);
@@ -219,17 +227,22 @@ void OpsReplay::setColor(QByteArrayView setting)
 void OpsReplay::setGradient(QByteArrayView text)
 {
     const bool radial = text.front() == '(';
-    XDotReader fields(text.sliced(1));
+    XDotReader fields = reader.within(text.sliced(1));
     const QPointF start = readPathPoint(fields, page);
     const double startRadius = radial ? fields.real() : 0.0;
     const QPointF stop = readPathPoint(fields, page);
     const double stopRadius = radial ? fields.real() : 0.0;
+    const qsizetype countPlace = fields.nextPlace();
     const int count = fields.integer();
+    if (count < 0)
+        fields.tell(OpFault::Cause::NegativeCount, countPlace, count);
     QStringList names;
     QList<double> offsets;
     // All missing stops are equal, so that one of them stands for all.
     for (int i = 0; i < count; ++i) {
         const bool missing = fields.atEnd();
+        if (missing)
+            fields.tell(OpFault::Cause::MissingPoints, countPlace, count, i);
         offsets.append(fields.real());
         names.append(fields.countedString());
         if (missing)
@@ -282,12 +295,19 @@ QPoint OpsReplay::readPoint()
 
 QList<QPoint> OpsReplay::readPoints()
 {
+    const qsizetype countPlace = reader.nextPlace();
     const int count = reader.integer();
+    if (count < 0)
+        reader.tell(OpFault::Cause::NegativeCount, countPlace, count);
     QList<QPoint> points;
     int missing = 0;
     for (int i = 0; i < count; ++i) {
-        if (!reader.hasWord() && ++missing > mostMissing)
-            break;
+        if (!reader.hasWord()) {
+            if (++missing == 1)
+                reader.tell(OpFault::Cause::MissingPoints, countPlace, count, i);
+            if (missing > mostMissing)
+                break;
+        }
         points.append(readPoint());
     }
     return points;
@@ -306,9 +326,9 @@ QPointF PageTransform::map(double x, double y) const
 }
 
 void replayDrawing(QByteArrayView ops, ReplayState &state, Device *device,
-                   const PageTransform &page)
+                   const PageTransform &page, ReplayListener *listener)
 {
-    OpsReplay(ops, state, device, page).run();
+    OpsReplay(ops, state, device, page, listener).run();
 }
 
 } // namespace ORR::Graph::Graphviz

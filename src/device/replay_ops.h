@@ -1,6 +1,7 @@
 #pragma once
 
 #include "device/device.h"
+#include "device/replay_listener.h"
 #include "device/replay_state.h"
 
 #include <QByteArrayView>
@@ -26,8 +27,8 @@ struct PageTransform
 //
 // A count of points or of gradient stops is never believed. Points that are missing read as (0, 0),
 // like every number that is missing, but no more than four of them: those beyond would lie upon one
-// another.
+// another. A listener, which may be null, hears of such counts and of all else that is wrong.
 void replayDrawing(QByteArrayView ops, ReplayState &state, Device *device,
-                   const PageTransform &page);
+                   const PageTransform &page, ReplayListener *listener = nullptr);
 
 } // namespace ORR::Graph::Graphviz

@@ -1,16 +1,30 @@
 #pragma once
 
+#include "device/replay_listener.h"
+
 #include <QByteArrayView>
 #include <QString>
 
 namespace ORR::Graph::Graphviz {
 
 // Reads the fields of xdot ops, one behind the other. Nothing fails: what is no number, or is
-// missing, is 0.
+// missing, is 0. A listener hears of it.
 class XDotReader
 {
 public:
-    explicit XDotReader(QByteArrayView bytes) : text(bytes) { }
+    // The listener may be null and is not owned. `offset` is where the bytes stand in the value
+    // that the listener counts from.
+    explicit XDotReader(QByteArrayView bytes, ReplayListener *hearer = nullptr,
+                        qsizetype offset = 0)
+        : text(bytes), listener(hearer), base(offset)
+    {
+    }
+
+    // A reader of a part of the text, for the same listener.
+    XDotReader within(QByteArrayView part) const
+    {
+        return XDotReader(part, listener, base + (part.data() - text.data()));
+    }
 
     // Whether nothing but blanks is left.
     bool atEnd();
@@ -20,6 +34,18 @@ public:
 
     // Whether a word that is not empty comes next.
     bool hasWord();
+    // Tells a fault that the bytes from `start` to where reading is are at. Nothing where nobody
+    // listens.
+    void tell(OpFault::Cause cause, qsizetype start, qint64 stated = 0, qint64 there = 0) const;
+    // Where reading is, for `tell`.
+    qsizetype place() const { return position; }
+    // Likewise, behind the blanks that come next.
+    qsizetype nextPlace()
+    {
+        skipBlanks();
+        return position;
+    }
+
     // Up to a blank, a comma or the end, which is not stepped over; blanks ahead are.
     QByteArrayView word();
     double real();
@@ -32,8 +58,12 @@ public:
 
 private:
     void skipBlanks();
+    void tellNumber(QByteArrayView word, bool whole) const;
+    void tellLength(QByteArrayView word, int length, qsizetype dash) const;
 
     QByteArrayView text;
+    ReplayListener *listener;
+    qsizetype base;
     qsizetype position = 0;
 };
 

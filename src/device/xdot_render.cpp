@@ -10,9 +10,7 @@
 #include <QTextStream>
 
 #include <algorithm>
-#include <array>
 #include <memory>
-#include <utility>
 
 namespace ORR::Graph::Graphviz {
 
@@ -33,64 +31,82 @@ struct SavedRender
     QTextStream stream;
 };
 
+bool isNumber(const QString &text)
+{
+    bool is = false;
+    (void)text.toDouble(&is);
+    return is;
+}
+
+} // namespace
+
+struct DeferredAttribute
+{
+    QByteArrayView name;
+    QByteArray value = {};
+    qsizetype place = 0; // of the value in the text
+};
+
 // The attributes of an object that are acted on behind its attribute list.
 struct DeferredAttributes
 {
-    QByteArray drawing;
-    QByteArray pos;
-    QByteArray width;
-    QByteArray label;
-    QByteArray headDrawing;
-    QByteArray tailDrawing;
-    QByteArray headLabel;
-    QByteArray tailLabel;
+    DeferredAttribute drawing{"_draw_"};
+    DeferredAttribute pos{"pos"};
+    DeferredAttribute width{"width"};
+    DeferredAttribute label{"_ldraw_"};
+    DeferredAttribute headDrawing{"_hdraw_"};
+    DeferredAttribute tailDrawing{"_tdraw_"};
+    DeferredAttribute headLabel{"_hldraw_"};
+    DeferredAttribute tailLabel{"_tldraw_"};
 
     // Null if the attribute is not one of these.
-    QByteArray *find(QByteArrayView name)
+    DeferredAttribute *find(QByteArrayView name)
     {
-        const std::array<std::pair<QByteArrayView, QByteArray *>, 8> table{{
-            {"_draw_", &drawing},
-            {"_ldraw_", &label},
-            {"_hdraw_", &headDrawing},
-            {"_tdraw_", &tailDrawing},
-            {"_hldraw_", &headLabel},
-            {"_tldraw_", &tailLabel},
-            {"pos", &pos},
-            {"width", &width},
-        }};
-        for (const auto &[attribute, value] : table) {
-            if (attribute == name)
-                return value;
+        for (DeferredAttribute *attribute :
+             {&drawing, &pos, &width, &label, &headDrawing, &tailDrawing, &headLabel, &tailLabel}) {
+            if (attribute->name == name)
+                return attribute;
         }
         return nullptr;
     }
 };
 
-} // namespace
-
 QString XDotRender::render(const QByteArray &bytes)
 {
     const std::unique_ptr<SavedRender> saved =
         qEnvironmentVariableIsSet("ORR_SAVE_RENDER") ? std::make_unique<SavedRender>() : nullptr;
-    QString message;
-    try {
-        parse(bytes);
-    } catch (int) {
-        message = u"Unable to parse input xdot"_s;
-    }
+    return replay(bytes);
+}
+
+QString XDotRender::render(const QByteArray &bytes, ReplayListener &hearer)
+{
+    listener = &hearer;
+    return replay(bytes);
+}
+
+QString XDotRender::replay(const QByteArray &bytes)
+{
+    const QString message = parse(bytes) ? QString() : u"Unable to parse input xdot"_s;
     // Frames that a fault left open are dropped without the end of their objects.
     states.clear();
     const QString result = device->end();
     return message.isEmpty() ? result : message;
 }
 
-void XDotRender::parse(const QByteArray &bytes)
+bool XDotRender::parse(const QByteArray &bytes)
 {
     states.emplace_back();
     bbPending = true;
     DotTokenizer tokens(bytes);
-    tokens.takeGraphHead();
-    parseBody(tokens);
+    try {
+        tokens.takeGraphHead();
+        parseBody(tokens);
+    } catch (int) {
+        if (listener)
+            listener->replayRejected(tokens.fault());
+        return false;
+    }
+    return true;
 }
 
 // Bodies within bodies are counted, not recursed into: a subgraph's frame is left where its brace
@@ -178,25 +194,41 @@ void XDotRender::parseObjectAttributes(DotTokenizer &tokens)
         tokens.next();
         tokens.take(DotToken::Equals);
         tokens.expect(DotToken::Identifier);
-        if (QByteArray *value = deferred.find(name))
-            *value = tokens.text().toByteArray();
-        else
+        if (DeferredAttribute *attribute = deferred.find(name)) {
+            attribute->value = tokens.text().toByteArray();
+            attribute->place = tokens.offset();
+        } else {
+            if (listener)
+                listener->attributeReplayed(name, tokens.offset());
             applyAttribute(name, tokens.text());
+        }
         tokens.next();
         tokens.takeIf(DotToken::Comma);
     }
     tokens.takeIf(DotToken::Semicolon);
+    replayDeferred(deferred);
+}
 
+void XDotRender::replayDeferred(const DeferredAttributes &deferred)
+{
     replayOps(ReplayObjectKind::Drawing, deferred.drawing);
-    if (!deferred.pos.isEmpty())
-        state().posX = XDotReader(deferred.pos).integer();
-    if (!deferred.width.isEmpty())
-        state().objectWidth = rounded(XDotReader(deferred.width).real() * pointsPerInch);
+    if (!deferred.pos.value.isEmpty())
+        state().posX = readerOf(deferred.pos).integer();
+    if (!deferred.width.value.isEmpty())
+        state().objectWidth = rounded(readerOf(deferred.width).real() * pointsPerInch);
     replayOps(ReplayObjectKind::Label, deferred.label);
     replayOps(ReplayObjectKind::HeadDrawing, deferred.headDrawing);
     replayOps(ReplayObjectKind::TailDrawing, deferred.tailDrawing);
     replayOps(ReplayObjectKind::HeadLabel, deferred.headLabel);
     replayOps(ReplayObjectKind::TailLabel, deferred.tailLabel);
+}
+
+// A reader of the value, after the listener was told that it comes.
+XDotReader XDotRender::readerOf(const DeferredAttribute &attribute)
+{
+    if (listener)
+        listener->attributeReplayed(attribute.name, attribute.place);
+    return XDotReader(attribute.value, listener);
 }
 
 void XDotRender::applyAttribute(QByteArrayView name, QByteArrayView value)
@@ -215,18 +247,22 @@ void XDotRender::beginPage(QByteArrayView bb)
     bbPending = false;
     const QStringList fields = QString::fromUtf8(bb).split(u',');
     const auto field = [&](qsizetype i) { return numberFrom(fields.value(i)); };
+    if (listener)
+        listener->pageRead(fields.size(), std::all_of(fields.begin(), fields.end(), isNumber));
     canvasWidth = truncated(field(2) - field(0));
     canvasHeight = truncated(field(3) - field(1));
     constexpr qint64 bothMargins = qint64(2) * pageMargin;
     device->begin(saturated(canvasWidth + bothMargins), saturated(canvasHeight + bothMargins));
 }
 
-void XDotRender::replayOps(ReplayObjectKind kind, QByteArrayView ops)
+void XDotRender::replayOps(ReplayObjectKind kind, const DeferredAttribute &ops)
 {
-    if (ops.isEmpty())
+    if (ops.value.isEmpty())
         return;
+    if (listener)
+        listener->attributeReplayed(ops.name, ops.place);
     enterPlain(kind);
-    replayDrawing(ops, state(), device, PageTransform{canvasHeight});
+    replayDrawing(ops.value, state(), device, PageTransform{canvasHeight}, listener);
     leave();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "device/device.h"
+#include "device/replay_listener.h"
 #include "device/replay_ops.h"
 #include "device/replay_state.h"
 #include "graph/dot_graph.h"
@@ -16,6 +17,10 @@ class DotTokenizer;
 }
 
 namespace ORR::Graph::Graphviz {
+
+struct DeferredAttribute;
+struct DeferredAttributes;
+class XDotReader;
 
 // Draws a graph that has its drawing already: walks its DOT text once more and turns the xdot
 // drawing attributes of each object into calls on a device. The parsed graph only serves to find
@@ -58,17 +63,24 @@ public:
     // If the environment has ORR_SAVE_RENDER, an empty "render.txt" is made in the home directory.
     QString render(const QByteArray &bytes);
 
+    // The same replay, which tells the listener what it reads and what is wrong with it, and makes
+    // no "render.txt".
+    QString render(const QByteArray &bytes, ReplayListener &hearer);
+
 private:
-    void parse(const QByteArray &bytes);
+    QString replay(const QByteArray &bytes);
+    bool parse(const QByteArray &bytes);
     void parseBody(DotTokenizer &tokens);
     bool parseStatement(DotTokenizer &tokens);
     void parseKeyword(DotTokenizer &tokens, ReplayObjectKind kind);
     void openSubgraph(DotTokenizer &tokens);
     void parseObject(DotTokenizer &tokens);
     void parseObjectAttributes(DotTokenizer &tokens);
+    void replayDeferred(const DeferredAttributes &deferred);
     void applyAttribute(QByteArrayView name, QByteArrayView value);
     void beginPage(QByteArrayView bb);
-    void replayOps(ReplayObjectKind kind, QByteArrayView ops);
+    void replayOps(ReplayObjectKind kind, const DeferredAttribute &ops);
+    XDotReader readerOf(const DeferredAttribute &attribute);
     void enterPlain(ReplayObjectKind kind);
     void enterNode(const QString &id);
     void enterEdge(const QString &tail, const QString &head);
@@ -80,6 +92,7 @@ private:
     bool bbPending = true;
     Device *device;
     DotGraph *graph;
+    ReplayListener *listener = nullptr;
     std::vector<ReplayState> states; // the frames, innermost last
     int canvasWidth = 0;
     int canvasHeight = 0;

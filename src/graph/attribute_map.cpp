@@ -42,18 +42,19 @@ QString AttributeMap::value(const AttributeName &name) const
     return found ? *found : QString();
 }
 
-void AttributeMap::insert(const AttributeName &name, const QString &value)
+void AttributeMap::insert(const AttributeName &name, QString value)
 {
     // A null value would read like a missing name.
-    const QString stored = value.isNull() ? QStringLiteral("") : value;
+    if (value.isNull())
+        value = QStringLiteral("");
     if (!d)
         d = new Data;
     Data &data = *d;
     if (const Entry *entry = entryOf(data, name)) {
-        data.entries[entry - data.entries.cbegin()].value = stored;
+        data.entries[entry - data.entries.cbegin()].value = std::move(value);
         return;
     }
-    data.entries.append({name, stored});
+    data.entries.append({name, std::move(value)});
     const qsizetype count = data.entries.size();
     if (count == longestPlainList + 1) {
         for (qsizetype k = 0; k < count; ++k)

@@ -43,7 +43,7 @@ public:
     QString value(const AttributeName &name) const;
 
     // Stores the value, replacing an earlier one under the same name.
-    void insert(const AttributeName &name, const QString &value);
+    void insert(const AttributeName &name, QString value);
 
     const_iterator begin() const { return d ? d->entries.cbegin() : nullptr; }
     const_iterator end() const { return d ? d->entries.cend() : nullptr; }

@@ -97,6 +97,23 @@ DotNode *DotGraph::createNode(DotSubgraph *owner, const QString &label, const QS
     return node;
 }
 
+DotNode *DotGraph::findOrCreateNode(DotSubgraph *owner, QStringView id, bool *created)
+{
+    *created = id.isEmpty();
+    if (id.isEmpty())
+        return createNode(owner, {}, {});
+    DotNode *&place = nodesById.placeFor(id);
+    if (place)
+        return place;
+    *created = true;
+    DotNode *node = &nodes.emplace_back();
+    place = node;
+    node->owner = owner;
+    node->id = QString(id.data(), id.size());
+    owner->nodes.append(node);
+    return node;
+}
+
 DotEdge *DotGraph::createEdge(DotNode *tail, DotNode *head, const QString &label)
 {
     DotEdge *edge = &edges.emplace_back();

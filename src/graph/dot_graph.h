@@ -103,6 +103,9 @@ public:
     DotSubgraph *createSubgraph(DotSubgraph *parent, const QString &id);
     DotSubgraph *createCluster(DotSubgraph *parent, const QString &label, const QString &id);
     DotNode *createNode(DotSubgraph *owner, const QString &label, const QString &id);
+    // The node with this id; if there is none, a new one without a label, which is `created`. An
+    // empty id is never found.
+    DotNode *findOrCreateNode(DotSubgraph *owner, QStringView id, bool *created);
     // The edge is listed in the lowest common subgraph of its ends. Parallel edges and loops are
     // allowed.
     DotEdge *createEdge(DotNode *tail, DotNode *head, const QString &label);

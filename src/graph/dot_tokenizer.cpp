@@ -1,43 +1,31 @@
 #include "graph/dot_tokenizer.h"
 
+#include "graph/source_text.h"
+
 #include <array>
-#include <cstring>
+#include <initializer_list>
 
 namespace ORR::Graph {
 
 namespace {
 
-QByteArray withLineFeeds(const QByteArray &text)
+// A byte each, so that a text is walked over with one look-up a byte.
+using ByteSet = std::array<bool, 256>;
+
+constexpr ByteSet setOf(std::initializer_list<unsigned char> bytes)
 {
-    if (!text.contains('\r'))
-        return text;
-    QByteArray result;
-    result.reserve(text.size());
-    const char *next = text.constData();
-    const char *const end = next + text.size();
-    while (next < end) {
-        if (*next != '\r') {
-            result.append(*next++);
-            continue;
-        }
-        result.append('\n');
-        ++next;
-        if (next < end && *next == '\n')
-            ++next;
-    }
-    return result;
+    ByteSet set{};
+    for (const unsigned char c : bytes)
+        set[c] = true;
+    return set;
 }
 
-constexpr auto stopsIdentifier = [] {
-    std::array<bool, 256> stops{};
-    for (const unsigned char c : {'\t', '\n', ' ', ',', ';', '=', ']', '}', '\0'})
-        stops[c] = true;
-    return stops;
-}();
+constexpr ByteSet stopsIdentifier = setOf({'\t', '\n', ' ', ',', ';', '=', ']', '}', '\0'});
+constexpr ByteSet mattersWithinQuotes = setOf({'"', '\\', '\0'});
 
-bool isStop(char c)
+bool isIn(const ByteSet &set, char c)
 {
-    return stopsIdentifier[static_cast<unsigned char>(c)];
+    return set[static_cast<unsigned char>(c)];
 }
 
 } // namespace
@@ -45,33 +33,6 @@ bool isStop(char c)
 DotTokenizer::DotTokenizer(const QByteArray &text) : input(withLineFeeds(text))
 {
     next();
-}
-
-DotToken DotTokenizer::next()
-{
-    currentText = {};
-    currentKind = readToken();
-    return currentKind;
-}
-
-void DotTokenizer::expect(DotToken kind) const
-{
-    if (currentKind != kind)
-        throw DotParseError;
-}
-
-void DotTokenizer::take(DotToken kind)
-{
-    expect(kind);
-    next();
-}
-
-bool DotTokenizer::takeIf(DotToken kind)
-{
-    if (currentKind != kind)
-        return false;
-    next();
-    return true;
 }
 
 QString DotTokenizer::takeIdentifier()
@@ -84,16 +45,32 @@ QString DotTokenizer::takeIdentifier()
 
 QString DotTokenizer::takeIdentifierIfAny()
 {
-    return currentKind == DotToken::Identifier ? takeIdentifier() : QString();
+    return is(DotToken::Identifier) ? takeIdentifier() : QString();
 }
 
-void DotTokenizer::takeGraphHead()
+qsizetype DotTokenizer::takeGraphHead()
 {
     expect(DotToken::Identifier);
     if (currentText != QByteArrayView("digraph"))
         throw DotParseError;
     next();
-    takeIf(DotToken::Identifier);
+    const qsizetype name = tokenStart;
+    return takeIf(DotToken::Identifier) ? name : -1;
+}
+
+DotFault DotTokenizer::fault() const
+{
+    using Cause = DotFault::Cause;
+    DotFault fault{Cause::UnexpectedToken,    tokenStart, position, currentKind,
+                   currentText.toByteArray(), expected};
+    // An identifier where one could stand: the steps above ask for no text but that of the head.
+    if (currentKind == DotToken::Identifier && expected.contains(DotToken::Identifier))
+        fault.cause = Cause::NotDigraph;
+    else if (currentKind == DotToken::End)
+        fault.cause = tokenStart == input.size()   ? Cause::EndOfText
+            : input.constData()[tokenStart] == '"' ? Cause::UnterminatedText
+                                                   : Cause::NulByte;
+    return fault;
 }
 
 // Reading one byte past the end is fine throughout: a QByteArray ends in a NUL.
@@ -102,6 +79,7 @@ DotToken DotTokenizer::readToken()
     const char *const data = input.constData();
     while (data[position] == ' ' || data[position] == '\t' || data[position] == '\n')
         ++position;
+    tokenStart = position;
     switch (data[position]) {
     case '\0':
         return DotToken::End;
@@ -138,7 +116,7 @@ DotToken DotTokenizer::readToken()
 DotToken DotTokenizer::readUnquoted(qsizetype start)
 {
     const char *const data = input.constData();
-    while (!isStop(data[position]))
+    while (!isIn(stopsIdentifier, data[position]))
         ++position;
     currentText = QByteArrayView(data + start, position - start);
     return DotToken::Identifier;
@@ -173,13 +151,13 @@ DotToken DotTokenizer::readQuoted()
         assembled.append(data + start, position - start);
     };
     for (;; ++position) {
+        while (!isIn(mattersWithinQuotes, data[position]))
+            ++position;
         const char c = data[position];
         if (c == '"')
             break;
         if (c == '\0')
             return DotToken::End;
-        if (c != '\\')
-            continue;
         const char escaped = data[position + 1];
         if (escaped != '\n' && escaped != '"')
             continue;
@@ -196,6 +174,16 @@ DotToken DotTokenizer::readQuoted()
     }
     ++position;
     return DotToken::Identifier;
+}
+
+QByteArrayView unquotedAt(QByteArrayView text, qsizetype offset)
+{
+    if (offset < 0 || offset >= text.size() || text.at(offset) == '"')
+        return {};
+    qsizetype end = offset;
+    while (end < text.size() && !isIn(stopsIdentifier, text.at(end)))
+        ++end;
+    return text.sliced(offset, end - offset);
 }
 
 } // namespace ORR::Graph

@@ -1,23 +1,13 @@
 #pragma once
 
+#include "graph/dot_fault.h"
+#include "graph/dot_token.h"
+
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
 
 namespace ORR::Graph {
-
-enum class DotToken {
-    End = 0, // end of the text, an unterminated string, or a NUL byte
-    Arrow = 1, // ->
-    Identifier = 2, // any name, keyword, number or string; the only kind with a text
-    Comma = 3,
-    Equals = 4,
-    OpenBrace = 5,
-    OpenBracket = 6,
-    CloseBrace = 7,
-    CloseBracket = 8,
-    Semicolon = 9,
-};
 
 // What is thrown where a text breaks the grammar, to be caught at the entry of its parser.
 inline constexpr int DotParseError = -1;
@@ -36,25 +26,60 @@ public:
     explicit DotTokenizer(const QByteArray &input);
 
     // Reads the next token and returns its kind. At the end it stays at the end.
-    DotToken next();
+    DotToken next()
+    {
+        currentText = {};
+        expected = {};
+        currentKind = readToken();
+        return currentKind;
+    }
 
     // The current token.
     DotToken kind() const { return currentKind; }
     // Its text, UTF-8; empty unless it is an identifier. Valid until the next call of `next`.
     QByteArrayView text() const { return currentText; }
+    // Where it begins, and behind its last byte, in the text with its line ends turned.
+    qsizetype offset() const { return tokenStart; }
+    qsizetype end() const { return position; }
+
+    // Whether it is of this kind. Asking tells `fault` that the kind could stand here, as the steps
+    // of a grammar do.
+    bool is(DotToken kind)
+    {
+        expected.insert(kind);
+        return currentKind == kind;
+    }
 
     // The steps of a grammar. What is expected and does not come throws `DotParseError`.
-    void expect(DotToken kind) const;
+    void expect(DotToken kind)
+    {
+        if (!is(kind))
+            throw DotParseError;
+    }
     // Steps over the token.
-    void take(DotToken kind);
+    void take(DotToken kind)
+    {
+        expect(kind);
+        next();
+    }
     // True if the token came, which then is stepped over.
-    bool takeIf(DotToken kind);
+    bool takeIf(DotToken kind)
+    {
+        if (!is(kind))
+            return false;
+        next();
+        return true;
+    }
     // The text of an identifier, which is stepped over.
     QString takeIdentifier();
     // The same; empty if there is none.
     QString takeIdentifierIfAny();
     // What a graph begins with: "digraph" and a name, which may be missing and counts for nothing.
-    void takeGraphHead();
+    // The result is where the name stands, -1 if it is missing.
+    qsizetype takeGraphHead();
+
+    // After a step has thrown: what it found, and all that was asked for at this token.
+    DotFault fault() const;
 
 private:
     DotToken readToken();
@@ -64,9 +89,15 @@ private:
 
     QByteArray input;
     qsizetype position = 0;
+    qsizetype tokenStart = 0;
+    DotTokenSet expected; // what the current token was asked for
     QByteArrayView currentText;
     QByteArray assembled; // holds the text of a token that does not stand in the input as it is
     DotToken currentKind = DotToken::End;
 };
+
+// The bytes of the unquoted token that begins at the offset, as they stand in the text, up to what
+// stops an identifier. Empty where a quoted one or nothing begins.
+QByteArrayView unquotedAt(QByteArrayView text, qsizetype offset);
 
 } // namespace ORR::Graph

@@ -5,6 +5,9 @@
 #include <QString>
 #include <QStringView>
 
+#include <utility>
+#include <vector>
+
 namespace ORR::Graph {
 
 // Finds records by their `id`, of several with the same one the newest. Records stay where they
@@ -21,18 +24,33 @@ public:
     // The newest record with this id, or null.
     Record *find(QStringView id) const
     {
-        return places.isEmpty() ? nullptr : places.at(placeOf(id, hashOf(id))).record;
+        return places.empty() ? nullptr : places[placeOf(id, hashOf(id))].record;
     }
 
     void insert(Record *record)
     {
-        if (2 * (count + 1) > places.size())
+        if (2 * (count + 1) > qsizetype(places.size()))
             grow();
         const size_t hash = hashOf(record->id);
         Place &place = places[placeOf(record->id, hash)];
         if (!place.record)
             ++count;
         place = {hash, record};
+    }
+
+    // Where the newest record with this id is kept: null if there is none, which is to be replaced
+    // at once by one that has the id.
+    Record *&placeFor(QStringView id)
+    {
+        if (2 * (count + 1) > qsizetype(places.size()))
+            grow();
+        const size_t hash = hashOf(id);
+        Place &place = places[placeOf(id, hash)];
+        if (!place.record) {
+            ++count;
+            place.hash = hash;
+        }
+        return place.record;
     }
 
     // All that can be found, in no promised order.
@@ -54,38 +72,46 @@ private:
         Record *record = nullptr;
     };
 
-    // With the seed of the process: nobody can prepare ids that all come to one place.
-    static size_t hashOf(QStringView id) { return qHash(id, QHashSeed::globalSeed()); }
+    // With the seed of the process: nobody can prepare ids that all come to one place. Ids that
+    // differ in their last digit only come to places side by side: producers number their nodes, so
+    // that the next id is looked for where the memory is at hand.
+    static size_t hashOf(QStringView id)
+    {
+        const size_t seed = QHashSeed::globalSeed();
+        const char16_t last = id.isEmpty() ? u'\0' : id.back().unicode();
+        if (last < u'0' || last > u'9')
+            return qHash(id, seed);
+        constexpr size_t room = 15;
+        return (qHash(id.chopped(1), seed) & ~room) + (last - u'0');
+    }
 
     // Where the id stands, or where it would go.
-    qsizetype placeOf(QStringView id, size_t hash) const
+    size_t placeOf(QStringView id, size_t hash) const
     {
-        const size_t mask = size_t(places.size()) - 1;
+        const size_t mask = places.size() - 1;
         size_t i = hash & mask;
-        while (
-            places.at(qsizetype(i)).record
-            && (places.at(qsizetype(i)).hash != hash || places.at(qsizetype(i)).record->id != id))
+        while (places[i].record && (places[i].hash != hash || places[i].record->id != id))
             i = (i + 1) & mask;
-        return qsizetype(i);
+        return i;
     }
 
     void grow()
     {
-        constexpr qsizetype fewest = 16; // a power of two, as are all sizes
-        const QList<Place> old =
-            std::exchange(places, QList<Place>(places.isEmpty() ? fewest : 2 * places.size()));
-        const size_t mask = size_t(places.size()) - 1;
+        constexpr size_t fewest = 16; // a power of two, as are all sizes
+        const std::vector<Place> old =
+            std::exchange(places, std::vector<Place>(places.empty() ? fewest : 2 * places.size()));
+        const size_t mask = places.size() - 1;
         for (const Place &place : old) {
             if (!place.record)
                 continue;
             size_t i = place.hash & mask;
-            while (places.at(qsizetype(i)).record)
+            while (places[i].record)
                 i = (i + 1) & mask;
-            places[qsizetype(i)] = place;
+            places[i] = place;
         }
     }
 
-    QList<Place> places;
+    std::vector<Place> places;
     qsizetype count = 0;
 };
 

@@ -69,6 +69,34 @@ TEST(DotGraph, an_id_used_twice_finds_the_newer_object_and_keeps_both)
     EXPECT_EQ(graph.root()->nodes, (QList<DotNode *>{older, newer}));
 }
 
+TEST(DotGraph, a_node_is_found_or_created_once)
+{
+    DotGraph graph;
+    DotSubgraph *inner = graph.createSubgraph(graph.root(), u"s"_s);
+    bool created = false;
+    DotNode *node = graph.findOrCreateNode(inner, u"a", &created);
+    EXPECT_TRUE(created);
+    EXPECT_EQ(node->id, "a");
+    EXPECT_EQ(node->owner, inner);
+    EXPECT_EQ(inner->nodes, QList<DotNode *>{node});
+    EXPECT_EQ(graph.findNode(u"a"), node);
+    EXPECT_EQ(graph.findOrCreateNode(graph.root(), u"a", &created), node);
+    EXPECT_FALSE(created);
+    EXPECT_TRUE(graph.root()->nodes.isEmpty());
+}
+
+TEST(DotGraph, a_node_without_an_id_is_always_a_new_one)
+{
+    DotGraph graph;
+    bool created = false;
+    const DotNode *first = graph.findOrCreateNode(graph.root(), u"", &created);
+    EXPECT_TRUE(created);
+    const DotNode *second = graph.findOrCreateNode(graph.root(), u"", &created);
+    EXPECT_TRUE(created);
+    EXPECT_EQ(first->id, "__N1");
+    EXPECT_EQ(second->id, "__N2");
+}
+
 TEST(DotGraph, html_labels_are_a_flag_when_declared_for_no_kind)
 {
     DotGraph graph;

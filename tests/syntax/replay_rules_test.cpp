@@ -1,0 +1,89 @@
+#include "support/golden.h"
+#include "syntax/told.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// What is told of a node with these ops, whose places count from their first byte.
+QStringList toldOfOps(const QByteArray &ops)
+{
+    return toldOf("digraph { graph [xdotversion=\"1.2\" bb=\"0,0,9,9\"];\na [_draw_=\n" + ops
+                  + "];\n}");
+}
+
+} // namespace
+
+TEST(ReplayRules, nothing_is_wrong_with_every_op)
+{
+    EXPECT_EQ(
+        toldOfOps("\"c 7 -#000000 C 7 -#ffffff S 5 -solid E 1 2 3 4 e 1 2 3 4 L 2 1 1 2 2 "
+                  "P 3 1 1 2 2 3 3 p 3 1 1 2 2 3 3 B 4 1 1 2 2 3 3 4 4 b 4 1 1 2 2 3 3 4 4 "
+                  "F 9 5 -Arial T 1 2 -1 9 1 -x H 1 2 -1 9 1 -x I 1 2 3 4 1 -x "
+                  "D 13 -M 1 2 L 3.5 4 d 1 -Z C 37 -[0 0 9 9 2 0 7 -#000000 1 7 -#ffffff] \""),
+        QStringList());
+}
+
+TEST(ReplayRules, an_unknown_op_is_told_where_it_stands)
+{
+    EXPECT_EQ(toldOfOps("\"E 1 2 3 4 Q 1\""),
+              (QStringList{u"3:12 unknown-op unknown op 'Q' in _draw_"_s,
+                           u"3:14 unknown-op a number that no op takes in _draw_ (see whether the "
+                           "count ahead of it is too low)"_s}));
+    EXPECT_EQ(toldOfOps("\"D 5 -M 1 2 X\"").value(0).section(u' ', 0, 1), u"3:13 unknown-op"_s);
+    EXPECT_EQ(toldOfOps("\"L 1 1 1 200 30\"").size(), 2) << "a number is told once";
+}
+
+TEST(ReplayRules, a_count_that_is_not_true_is_told_at_the_count)
+{
+    EXPECT_EQ(toldOfOps("\"P 5 1 1 2 2 3 3\""),
+              QStringList(u"3:4 op-count 5 are announced and 3 are there in _draw_"_s));
+    EXPECT_EQ(toldOfOps("\"P -1\""), QStringList(u"3:4 op-count the count is below 0 in _draw_"_s));
+    EXPECT_EQ(toldOfOps("\"S 9 -solid\""),
+              QStringList(u"3:4 op-count 9 bytes are announced and 5 are there in _draw_"_s));
+    EXPECT_EQ(toldOfOps("\"S 2 -solid\"").value(0),
+              u"3:4 op-count 2 bytes are announced and the text is longer in _draw_"_s);
+    EXPECT_EQ(toldOfOps("\"C 23 -[0 0 9 9 3 0 7 -#000000\"").value(0),
+              u"3:17 op-count 3 are announced and 1 are there in _draw_"_s);
+    EXPECT_EQ(
+        toldOfOps("\"S 5 solid\""),
+        QStringList(u"3:4 op-count '-' and a text are missing behind the length in _draw_"_s));
+}
+
+TEST(ReplayRules, what_is_no_number_is_told)
+{
+    EXPECT_EQ(toldOfOps("\"E 1 x 3 4\""),
+              QStringList(u"3:6 op-number this is no number in _draw_"_s));
+    EXPECT_EQ(toldOfOps("\"E 1 2 3\""),
+              QStringList(u"3:9 op-number a number is missing in _draw_"_s));
+}
+
+TEST(ReplayRules, places_within_a_value_count_its_backslashes)
+{
+    EXPECT_EQ(toldOfOps("\"S 3 -\\\"\\\"\\\" \\\nQ\""),
+              QStringList(u"4:1 unknown-op unknown op 'Q' in _draw_"_s));
+    EXPECT_EQ(toldOfOps("\"S 1 -\\\" Q\""),
+              QStringList(u"3:10 unknown-op unknown op 'Q' in _draw_"_s));
+}
+
+TEST(ReplayRules, a_drawing_without_a_page_is_told_at_its_first_word)
+{
+    EXPECT_EQ(toldOf("\ndigraph { graph [xdotversion=\"1.2\"]; }"),
+              QStringList(u"2:1 missing-page the drawing has no bb (write graph "
+                          "[bb=\"left,bottom,right,top\"])"_s));
+    EXPECT_EQ(toldOf("digraph { graph [xdotversion=1 bb=\"0,0,x\"]; }"),
+              QStringList(u"1:35 missing-page bb is not four numbers (write "
+                          "left,bottom,right,top)"_s));
+}
+
+TEST(ReplayRules, what_only_the_replay_rejects_is_told)
+{
+    EXPECT_EQ(toldOf("digraph { graph [xdotversion=1 bb=\"0,0,1,1\"]; a -> b; }"),
+              QStringList(u"1:53 replay-syntax-error the replay ends here: found ';', expected '[' "
+                          "(give every keyword and edge a list, [] at least)"_s));
+    EXPECT_EQ(toldOf("digraph { graph [xdotversion=1 bb=\"0,0,1,1\"]; subgraph s { }; }"),
+              QStringList(u"1:61 replay-syntax-error the replay ends here: found ';', expected a "
+                          "statement or '}' (leave the semicolon out)"_s));
+}

@@ -1,0 +1,95 @@
+// All inputs of the project, and the same spoiled: a rejection is told exactly where the reader or
+// the replay rejects, and nothing is wrong with what users are shown.
+#include "companion/syntax/silent_device.h"
+#include "device/xdot_render.h"
+#include "graph/dot_parser.h"
+#include "mutation/mutator.h"
+#include "support/golden.h"
+#include "syntax/told.h"
+
+#include <gtest/gtest.h>
+
+#include <QDirIterator>
+
+#include <algorithm>
+#include <memory>
+
+using namespace ORR;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The files of a folder of the project and those within, sorted.
+QStringList filesOf(const QString &folder, const QStringList &kinds)
+{
+    QStringList files;
+    QDirIterator walk(QStringLiteral(ORR_PROJECT_FOLDER) + u'/' + folder, kinds, QDir::Files,
+                      QDirIterator::Subdirectories);
+    while (walk.hasNext())
+        files += walk.next();
+    files.sort();
+    return files;
+}
+
+bool isRejected(const QByteArray &text)
+{
+    const std::unique_ptr<Graph::DotGraph> graph = Graph::parseDot(text);
+    if (!graph)
+        return true;
+    if (!graph->root()->attributes.contains(u"xdotversion"_s))
+        return false;
+    Companion::SilentDevice device;
+    return !Graph::Graphviz::XDotRender(&device, graph.get()).render(text).isEmpty();
+}
+
+testing::AssertionResult rejectionIsTold(const QByteArray &text)
+{
+    const Companion::SyntaxFindings checked = Companion::checkSyntax(text);
+    const QList<Companion::SyntaxFinding> &findings = checked.kept();
+    const auto told = std::count_if(findings.begin(), findings.end(),
+                                    [](const auto &finding) { return finding.rule->rejection; });
+    if (told == (isRejected(text) ? 1 : 0))
+        return testing::AssertionSuccess();
+    return testing::AssertionFailure() << told << " rejections told\n"
+                                       << toldOf(text).join(u'\n').toStdString() << '\n'
+                                       << text.toStdString();
+}
+
+} // namespace
+
+TEST(SyntaxInputs, a_rejection_is_told_of_every_rejected_input_and_of_no_other)
+{
+    const QStringList files = filesOf(u"fuzz/corpus"_s, {u"*"_s})
+        + filesOf(u"tests"_s, {u"*.dot"_s, u"*.xdot"_s}) + filesOf(u"examples"_s, {u"*.dot"_s});
+    ASSERT_GT(files.size(), 100);
+    for (const QString &file : files)
+        EXPECT_TRUE(rejectionIsTold(readTestFile(file))) << file.toStdString();
+}
+
+TEST(SyntaxInputs, a_rejection_is_told_of_every_spoiled_input_and_of_no_other)
+{
+    const QStringList files = filesOf(u"tests/drawings"_s, {u"*.dot"_s, u"*.xdot"_s})
+        + filesOf(u"fuzz/corpus/reader"_s, {u"*"_s});
+    ASSERT_FALSE(files.isEmpty());
+    int rejected = 0;
+    constexpr int rounds = 3000;
+    for (int seed = 1; seed <= rounds; ++seed) {
+        Mutator mutator{quint64(seed)};
+        const QByteArray text =
+            mutator.mutated(readTestFile(files.at(mutator.below(files.size()))));
+        ASSERT_TRUE(rejectionIsTold(text)) << "seed " << seed;
+        rejected += isRejected(text) ? 1 : 0;
+    }
+    EXPECT_GT(rejected, rounds / 20);
+    EXPECT_LT(rejected, rounds);
+}
+
+TEST(SyntaxInputs, nothing_is_wrong_with_the_examples_and_what_is_drawn_from_them)
+{
+    const QStringList files = filesOf(u"examples"_s, {u"*.dot"_s})
+        + filesOf(u"tests/drawings"_s, {u"*.dot"_s, u"*.xdot"_s})
+        + filesOf(u"tests/sequence"_s, {u"*.dot"_s, u"*.xdot"_s});
+    ASSERT_GT(files.size(), 30);
+    for (const QString &file : files)
+        EXPECT_EQ(toldOf(readTestFile(file)), QStringList()) << file.toStdString();
+}
