@@ -158,7 +158,7 @@ void AttributeCheck::addUnread(const CheckedAttribute &attribute, AttributePlace
         return placed({&Rules::unreadAttribute,
                        "attribute %1 of %2 is never read%3"_L1.arg(
                            quotedText(attribute.name.text()), placeName(place), ofEngine),
-                       use.readers ? "it is one of "_L1 + elementNames(use.readers) : QString()},
+                       use.readers ? "it is read of "_L1 + elementNames(use.readers) : QString()},
                       attribute.nameOffset);
     });
 }

@@ -56,7 +56,7 @@ constexpr Rule unreadAttribute{
     "unread-attribute",
     Warning,
     "an attribute is given to what never reads it",
-    "It changes nothing there. What an attribute is one of is told by the page of the engine.",
+    "It changes nothing there. The page of the engine tells what it is read of.",
 };
 
 } // namespace Rules
