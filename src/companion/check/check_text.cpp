@@ -1,12 +1,14 @@
 #include "companion/check/check_text.h"
 
+#include "companion/check/attribute_rules.h"
+#include "companion/check/checked_text.h"
+#include "companion/check/object_rules.h"
 #include "companion/check/rules.h"
 #include "companion/findings/finding_list.h"
 #include "companion/findings/locate.h"
 #include "companion/findings/nearest_word.h"
 #include "companion/findings/quoted_text.h"
 #include "drawing/layout_table.h"
-#include "graph/dot_listener.h"
 #include "graph/dot_parser.h"
 
 using namespace Qt::StringLiterals;
@@ -43,14 +45,18 @@ void findSyntaxError(const Graph::DotFault &fault, FindingList *findings)
 QList<Finding> checkText(const QByteArray &bytes, const CheckOptions &options)
 {
     FindingList findings;
-    Graph::DotListener listener;
-    const Graph::DotReading reading = Graph::parseDot(bytes, listener);
+    CheckedText checked;
+    const Graph::DotReading reading = Graph::parseDot(bytes, checked);
     if (reading.fault)
         findSyntaxError(*reading.fault, &findings);
     if (!reading.graph || !isReplayed(*reading.graph))
         findUnknownEngine(options.engine, &findings);
-
     Graph::SourceText text(bytes);
+    if (reading.graph && !isReplayed(*reading.graph)) {
+        const QString engine = options.engine.toLower();
+        checkAttributes(checked, text.bytes(), engine, &findings);
+        checkObjects({checked, text.bytes(), *reading.graph, engine}, &findings);
+    }
     return located(findings.take(), &text);
 }
 

@@ -11,6 +11,20 @@ namespace Rules {
 
 extern const Rule syntaxError;
 extern const Rule unknownEngine;
+extern const Rule badValue;
+extern const Rule unknownColor;
+extern const Rule unknownWord;
+extern const Rule unknownAttribute;
+extern const Rule unreadAttribute;
+extern const Rule sharedId;
+extern const Rule undeclaredNode;
+extern const Rule sharedPlace;
+extern const Rule misplacedLegend;
+extern const Rule edgeWithoutCell;
+extern const Rule outsideGrid;
+extern const Rule noGridPlace;
+extern const Rule sectionWithoutFragment;
+extern const Rule returnWithoutCall;
 
 } // namespace Rules
 
