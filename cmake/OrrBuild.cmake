@@ -74,3 +74,21 @@ function(orr_add_library name)
     add_executable(${name}_stands_alone "${PROJECT_SOURCE_DIR}/cmake/stands_alone.cpp")
     target_link_libraries(${name}_stands_alone PRIVATE "$<LINK_LIBRARY:WHOLE_ARCHIVE,${name}>")
 endfunction()
+
+# An installation is <root>/conf and <root>/bin/<platform>/<program>, with a link <root>/bin/<program>.
+# The build tree has the same layout.
+string(TOLOWER "${CMAKE_SYSTEM_NAME}-${CMAKE_SYSTEM_PROCESSOR}" ORR_PLATFORM) # linux-x86_64, say
+file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/bin/${ORR_PLATFORM}")
+file(CREATE_LINK "${PROJECT_SOURCE_DIR}/conf" "${PROJECT_BINARY_DIR}/conf" SYMBOLIC)
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/conf" DESTINATION .)
+
+# orr_place_program(TARGET)
+#
+# Builds and installs a program where users look for it.
+function(orr_place_program target)
+    set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY
+                                               "${PROJECT_BINARY_DIR}/bin/${ORR_PLATFORM}")
+    file(CREATE_LINK ${ORR_PLATFORM}/${target} "${PROJECT_BINARY_DIR}/bin/${target}" SYMBOLIC)
+    install(TARGETS ${target} RUNTIME DESTINATION bin/${ORR_PLATFORM})
+    install(FILES "${PROJECT_BINARY_DIR}/bin/${target}" DESTINATION bin)
+endfunction()

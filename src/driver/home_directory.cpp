@@ -15,15 +15,26 @@ namespace ORR::Driver {
 
 namespace {
 
+bool isProgramDirectory(const QString &directory)
+{
+    return directory.endsWith("/bin"_L1);
+}
+
+// Whatever the platform is called.
+bool isPlatformDirectory(const QString &directory)
+{
+    return isProgramDirectory(directory.section(u'/', 0, -2));
+}
+
 // The roots that a directory with programs may belong to.
 QStringList rootsOfProgramDirectory(const QString &directory)
 {
-    if (directory.endsWith("/bin/pc-win64"_L1))
-        return {QDir::cleanPath(directory + "/../.."_L1)};
-    if (!directory.endsWith("/bin"_L1))
-        return {directory};
     const QString prefix = QDir::cleanPath(directory + "/.."_L1);
-    return {QDir(prefix).filePath(u"share/orrlayout"_s), prefix};
+    if (isProgramDirectory(directory))
+        return {QDir(prefix).filePath(u"share/orrlayout"_s), prefix};
+    if (isPlatformDirectory(directory))
+        return {QDir::cleanPath(prefix + "/.."_L1), directory};
+    return {directory};
 }
 
 // The search itself. A source gives the root that it leads to, or an empty text.
@@ -92,7 +103,7 @@ private:
     {
         for (const QString &entry : clues.path) {
             const QString directory = absolute(entry);
-            if (!directory.endsWith("/bin"_L1) && !directory.endsWith("/bin/pc-win64"_L1))
+            if (!isProgramDirectory(directory) && !isPlatformDirectory(directory))
                 continue;
             const QString root = fromDirectory(QFileInfo(directory).canonicalFilePath(), directory);
             if (!root.isEmpty())

@@ -36,9 +36,12 @@ HomeClues homeClues(const QString &argv0);
 // A program belongs to a root in one of these ways, with its symbolic links resolved or, if that
 // leads nowhere, as it was named:
 //
-//   <root>/bin/pc-win64/<program>  as it is installed, and in a build tree
-//   <root>/bin/<program>           likewise, with the root in <root>/share/orrlayout tried first
-//   <root>/<program>               a folder to be carried around
+//   <root>/bin/<platform>/<program>  as it is installed, and in a build tree
+//   <root>/bin/<program>             likewise, with the root in <root>/share/orrlayout tried first
+//   <root>/<program>                 a folder to be carried around
+//
+// The platform may have any name. A folder to be carried around may lie in one called `bin`, too,
+// and comes second there.
 HomeSearch findHome(const HomeClues &clues);
 
 // The search at the start of the program. Traced on standard error with the debug flag of group

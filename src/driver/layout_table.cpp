@@ -14,37 +14,17 @@ using namespace Qt::StringLiterals;
 
 namespace ORR::Driver {
 
-namespace {
-
-// Engines start in one of four ways, of which each has one: both given to the constructor, a
-// function of the context, an object that runs with the context, or one that runs with the two
-// apart. The engine lives as long as its run.
-template <typename Engine>
-QString start(Graph::LayoutContext context)
-{
-    if constexpr (requires { Engine(context.graph, context.device).run(); })
-        return Engine(context.graph, context.device).run();
-    else if constexpr (requires { Engine::run(context); })
-        return Engine::run(context);
-    else if constexpr (requires { Engine().run(context); })
-        return Engine().run(context);
-    else
-        return Engine().run(context.graph, context.device);
-}
-
-} // namespace
-
 const std::array<LayoutRow, 8> &layoutTable()
 {
     static constexpr std::array<LayoutRow, 8> table{{
-        {"gftree"_L1, start<GraflibTree>},
-        {"gfdecl"_L1, start<GraflibDecl>},
-        {"umlseq"_L1, start<UmlSequence>},
-        {"matrix"_L1, start<MatrixLayout>},
-        {"flatbubble"_L1, start<FlatBubble>},
-        {"sunburst"_L1, start<Sunburst>},
-        {"treemap"_L1, start<Treemap>},
-        {"bar"_L1, start<BarChart>},
+        {"gftree"_L1, GraflibTree::run},
+        {"gfdecl"_L1, GraflibDecl::run},
+        {"umlseq"_L1, UmlSequence::run},
+        {"matrix"_L1, MatrixLayout::run},
+        {"flatbubble"_L1, FlatBubble::run},
+        {"sunburst"_L1, Sunburst::run},
+        {"treemap"_L1, Treemap::run},
+        {"bar"_L1, BarChart::run},
     }};
     return table;
 }

@@ -20,7 +20,7 @@ struct LayoutRow
     QLatin1StringView name; // the value of -K
     // Lays out and draws. Empty for success, otherwise a message for the user that ends in a line
     // feed.
-    QString (*run)(Graph::LayoutContext context);
+    QString (*run)(const Graph::LayoutContext &context);
 };
 
 // All engines, each at its position.

@@ -63,7 +63,7 @@ TEST(BarChart, returns_what_the_device_says_in_the_end)
     const auto graph = graphOf("digraph { a [area=1] }");
     RecordingDevice device;
     device.setResult(u"Disk on fire\n"_s);
-    EXPECT_EQ(BarChart().run({graph.get(), &device}), "Disk on fire\n");
+    EXPECT_EQ(BarChart::run({graph.get(), &device}), "Disk on fire\n");
 }
 
 TEST(BarChart, grows_upward_for_bt)
@@ -410,7 +410,7 @@ TEST(BarChart, draws_bars_that_never_overlap_with_lengths_in_proportion)
         const bool horizontal = direction == "RL" || direction == "LR";
         const auto graph = graphOf("digraph { " + towards(direction, randomChart(seed)) + "}");
         RecordingDevice device;
-        BarChart().run({graph.get(), &device});
+        BarChart::run({graph.get(), &device});
         QList<DrawnBar> drawn;
         for (qsizetype i = 0; i < device.calls().size(); ++i) {
             const QString &call = device.calls().at(i);
@@ -443,11 +443,10 @@ TEST(BarChart, draws_the_same_on_every_run)
 
 TEST(BarChart, starts_anew_with_each_run)
 {
-    BarChart engine;
     for (int i = 0; i < 2; ++i) {
         const auto graph = graphOf("digraph { a [area=10] }");
         RecordingDevice device;
-        engine.run({graph.get(), &device});
+        BarChart::run({graph.get(), &device});
         EXPECT_EQ(device.callsOf(u"begin"_s), QStringList({u"begin 28 16"_s}));
     }
 }

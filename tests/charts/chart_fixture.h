@@ -25,6 +25,6 @@ QStringList callsOfDrawing(const QByteArray &dot)
 {
     const std::unique_ptr<ORR::Graph::DotGraph> graph = graphOf(dot);
     RecordingDevice device;
-    EXPECT_EQ(Engine().run({graph.get(), &device}), QString());
+    EXPECT_EQ(Engine::run({graph.get(), &device}), QString());
     return device.calls();
 }

@@ -22,7 +22,7 @@ const QString goldens = QStringLiteral(ORR_TEST_FOLDER "/goldens/flat_bubble_");
 QStringList callsFor(DotGraph *graph)
 {
     RecordingDevice device;
-    EXPECT_EQ(FlatBubble(graph, &device).run(), QString());
+    EXPECT_EQ(FlatBubble::run({graph, &device}), QString());
     return device.calls();
 }
 
@@ -198,7 +198,7 @@ TEST(FlatBubble, groups_are_painted_below_their_members_and_their_labels_above)
                                 "  b [radius=30 label=b] c [radius=10] }\n"
                                 "subgraph l { graph [legend=right label=L] k [label=key] } }");
     RecordingDevice device;
-    FlatBubble(graph.get(), &device).run();
+    FlatBubble::run({graph.get(), &device});
     EXPECT_TRUE(matchesGolden(device.log().toUtf8(), goldens + u"nested.txt"_s));
 }
 
@@ -335,7 +335,7 @@ TEST(FlatBubble, draws_a_deep_nest_of_groups)
     dot += "a [radius=1]" + QByteArray(depth, '}') + "}";
     const auto graph = parseDot(dot);
     RecordingDevice device(false);
-    FlatBubble(graph.get(), &device).run();
+    FlatBubble::run({graph.get(), &device});
     const QStringList calls = device.calls();
     EXPECT_EQ(calls.constFirst(), u"begin 200004 200004"_s);
     EXPECT_EQ(ellipsesIn(calls).size(), depth + 1);

@@ -22,7 +22,7 @@ const QString goldens = QStringLiteral(ORR_TEST_FOLDER "/goldens/matrix_");
 QStringList callsFor(DotGraph *graph)
 {
     RecordingDevice device;
-    EXPECT_EQ(MatrixLayout().run({graph, &device}), QString());
+    EXPECT_EQ(MatrixLayout::run({graph, &device}), QString());
     return device.calls();
 }
 
@@ -78,7 +78,7 @@ TEST(Matrix, groups_on_both_axes_have_brackets)
                                 "edge [color=red]\n"
                                 "__N5 -> __N3 [label=x] __N6 -> __N2 [] }");
     RecordingDevice device;
-    MatrixLayout().run({graph.get(), &device});
+    MatrixLayout::run({graph.get(), &device});
     EXPECT_TRUE(matchesGolden(device.log().toUtf8(), goldens + u"groups.txt"_s));
 }
 
@@ -311,6 +311,6 @@ TEST(Matrix, draws_a_deep_nest_of_groups)
     dot += "a [label=a] a -> a []" + QByteArray(depth, '}') + "}";
     const auto graph = parseDot(dot);
     RecordingDevice device(false);
-    MatrixLayout().run({graph.get(), &device});
+    MatrixLayout::run({graph.get(), &device});
     EXPECT_EQ(rectsIn(device.calls()).size(), depth + 1);
 }

@@ -21,7 +21,7 @@ const QString goldens = QStringLiteral(ORR_TEST_FOLDER "/goldens/sunburst_");
 QStringList callsFor(DotGraph *graph)
 {
     RecordingDevice device;
-    EXPECT_EQ(Sunburst().run({graph, &device}), QString());
+    EXPECT_EQ(Sunburst::run({graph, &device}), QString());
     return device.calls();
 }
 
@@ -87,7 +87,7 @@ TEST(Sunburst, rings_nest_and_slices_share_the_angle)
                                 "c [area=1 fillcolor=blue]\n"
                                 "subgraph l { graph [legend=bottom] k [label=key] } }");
     RecordingDevice device;
-    Sunburst().run({graph.get(), &device});
+    Sunburst::run({graph.get(), &device});
     EXPECT_TRUE(matchesGolden(device.log().toUtf8(), goldens + u"nested.txt"_s));
 }
 
@@ -324,7 +324,7 @@ TEST(Sunburst, draws_a_deep_nest_of_groups)
     dot += "a [area=1]" + QByteArray(depth, '}') + "}";
     const auto graph = parseDot(dot);
     RecordingDevice device(false);
-    Sunburst().run({graph.get(), &device});
+    Sunburst::run({graph.get(), &device});
     EXPECT_EQ(device.calls().constFirst(), u"begin 200010 200010"_s);
     EXPECT_EQ(device.callsOf(u"path"_s).size(), depth + 1);
 }

@@ -51,7 +51,7 @@ TEST(Treemap, without_a_size_is_640_by_480)
 {
     const auto graph = graphOf("digraph { a [area=1] }");
     RecordingDevice device;
-    EXPECT_EQ(Treemap().run({graph.get(), &device}), QString());
+    EXPECT_EQ(Treemap::run({graph.get(), &device}), QString());
     EXPECT_EQ(device.calls(),
               QStringList({u"begin 640 480"_s, u"beginNode a"_s,
                            u"rect 0,0 640,480 radius 0 pen #000000 solid 1 fill #FFFFFF"_s,
@@ -66,7 +66,7 @@ TEST(Treemap, truncates_the_size_and_leaves_it_as_it_was_written)
 {
     const auto graph = graphOf("digraph { graph [width=99.9 height=\"50.2\"] a [area=1] }");
     RecordingDevice device;
-    Treemap().run({graph.get(), &device});
+    Treemap::run({graph.get(), &device});
     EXPECT_EQ(device.callsOf(u"begin"_s), QStringList({u"begin 99 50"_s}));
     EXPECT_EQ(graph->root()->attributes.value(u"width"_s), "99.9");
 }
@@ -82,7 +82,7 @@ TEST(Treemap, returns_what_the_device_says_in_the_end)
     const auto graph = graphOf("digraph { a [area=1] }");
     RecordingDevice device;
     device.setResult(u"Disk on fire\n"_s);
-    EXPECT_EQ(Treemap().run({graph.get(), &device}), "Disk on fire\n");
+    EXPECT_EQ(Treemap::run({graph.get(), &device}), "Disk on fire\n");
 }
 
 TEST(Treemap, of_a_square_lays_its_first_row_along_the_left)
@@ -381,7 +381,7 @@ TEST(Treemap, tiles_every_parent_with_its_members_in_proportion)
     for (unsigned seed = 1; seed <= 40; ++seed) {
         const auto graph = graphOf(RandomTree(seed).dot());
         RecordingDevice device;
-        Treemap().run({graph.get(), &device});
+        Treemap::run({graph.get(), &device});
         QList<QList<Cell>> open{{}}; // the members so far of each subgraph that is not ended
         QList<Cell> parents{{0, 0, 2000, 1500, 0.0}};
         const double total = graph->root()->attributes.value(u"area"_s).toDouble();
@@ -431,7 +431,7 @@ TEST(Treemap, draws_exactly_the_labels_that_fit)
     const auto graph = graphOf(dot + "}");
     RecordingDevice device;
     const GraphStyle style(graph.get(), &device);
-    Treemap().run({graph.get(), &device});
+    Treemap::run({graph.get(), &device});
     int drawn = 0;
     for (qsizetype i = 0; i < device.calls().size(); ++i) {
         const QString &call = device.calls().at(i);

@@ -30,11 +30,11 @@ protected:
         ASSERT_TRUE(file.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
     }
 
-    // An installation as it is told to be: its root holds conf and bin/pc-win64/orrlayout.
+    // An installation as it is told to be: its root holds conf and bin/linux-x86_64/orrlayout.
     void makeInstallation(const QString &root)
     {
         makeFolder(root + u"/conf"_s);
-        makeProgram(root + u"/bin/pc-win64/orrlayout"_s);
+        makeProgram(root + u"/bin/linux-x86_64/orrlayout"_s);
     }
 
     void makeLink(const QString &relative, const QString &target)
@@ -65,8 +65,9 @@ TEST_F(HomeDirectory, variable_goes_before_the_program)
 {
     makeFolder(u"elsewhere/conf"_s);
     makeInstallation(u"opt/orr"_s);
-    EXPECT_EQ(find(path(u"opt/orr/bin/pc-win64/orrlayout"_s), {}, path(u"elsewhere"_s)).directory,
-              path(u"elsewhere"_s));
+    EXPECT_EQ(
+        find(path(u"opt/orr/bin/linux-x86_64/orrlayout"_s), {}, path(u"elsewhere"_s)).directory,
+        path(u"elsewhere"_s));
 }
 
 TEST_F(HomeDirectory, relative_variable_counts_from_the_working_directory)
@@ -79,36 +80,40 @@ TEST_F(HomeDirectory, variable_without_conf_is_rejected_for_the_program)
 {
     makeInstallation(u"opt/orr"_s);
     makeFolder(u"elsewhere"_s);
-    EXPECT_EQ(find(path(u"opt/orr/bin/pc-win64/orrlayout"_s), {}, path(u"elsewhere"_s)).directory,
-              path(u"opt/orr"_s));
+    EXPECT_EQ(
+        find(path(u"opt/orr/bin/linux-x86_64/orrlayout"_s), {}, path(u"elsewhere"_s)).directory,
+        path(u"opt/orr"_s));
 }
 
 TEST_F(HomeDirectory, absolute_program_leads_to_its_root)
 {
     makeInstallation(u"opt/orr"_s);
-    EXPECT_EQ(find(path(u"opt/orr/bin/pc-win64/orrlayout"_s)).directory, path(u"opt/orr"_s));
+    EXPECT_EQ(find(path(u"opt/orr/bin/linux-x86_64/orrlayout"_s)).directory, path(u"opt/orr"_s));
 }
 
 TEST_F(HomeDirectory, relative_program_counts_from_the_working_directory)
 {
     makeInstallation(u"opt/orr"_s);
-    EXPECT_EQ(find(u"./opt/orr/bin/pc-win64/orrlayout"_s).directory, path(u"opt/orr"_s));
+    EXPECT_EQ(find(u"./opt/orr/bin/linux-x86_64/orrlayout"_s).directory, path(u"opt/orr"_s));
 }
 
 TEST_F(HomeDirectory, bare_name_is_looked_up_along_path)
 {
     makeInstallation(u"opt/orr"_s);
     makeFolder(u"empty"_s);
-    EXPECT_EQ(find(u"orrlayout"_s, {path(u"empty"_s), path(u"opt/orr/bin/pc-win64"_s)}).directory,
-              path(u"opt/orr"_s));
+    EXPECT_EQ(
+        find(u"orrlayout"_s, {path(u"empty"_s), path(u"opt/orr/bin/linux-x86_64"_s)}).directory,
+        path(u"opt/orr"_s));
 }
 
 TEST_F(HomeDirectory, bare_name_passes_by_what_cannot_be_run)
 {
     makeInstallation(u"opt/orr"_s);
     makeInstallation(u"wrong"_s);
-    ASSERT_TRUE(QFile::setPermissions(path(u"wrong/bin/pc-win64/orrlayout"_s), QFile::ReadOwner));
-    EXPECT_EQ(find(u"orrlayout"_s, {path(u"wrong/bin/pc-win64"_s), path(u"opt/orr/bin/pc-win64"_s)})
+    ASSERT_TRUE(
+        QFile::setPermissions(path(u"wrong/bin/linux-x86_64/orrlayout"_s), QFile::ReadOwner));
+    EXPECT_EQ(find(u"orrlayout"_s,
+                   {path(u"wrong/bin/linux-x86_64"_s), path(u"opt/orr/bin/linux-x86_64"_s)})
                   .directory,
               path(u"opt/orr"_s));
 }
@@ -133,7 +138,7 @@ TEST_F(HomeDirectory, other_folders_on_path_are_no_program_folders)
 TEST_F(HomeDirectory, symbolic_link_leads_to_what_it_names)
 {
     makeInstallation(u"opt/orr"_s);
-    makeLink(u"usr/bin/orrlayout"_s, u"../../opt/orr/bin/pc-win64/orrlayout"_s);
+    makeLink(u"usr/bin/orrlayout"_s, u"../../opt/orr/bin/linux-x86_64/orrlayout"_s);
     EXPECT_EQ(find(path(u"usr/bin/orrlayout"_s)).directory, path(u"opt/orr"_s));
     EXPECT_EQ(find(u"orrlayout"_s, {path(u"usr/bin"_s)}).directory, path(u"opt/orr"_s));
 }
@@ -142,7 +147,7 @@ TEST_F(HomeDirectory, conf_beside_a_link_is_somebody_elses)
 {
     makeInstallation(u"opt/orr"_s);
     makeFolder(u"home/conf"_s);
-    makeLink(u"home/bin/orrlayout"_s, path(u"opt/orr/bin/pc-win64/orrlayout"_s));
+    makeLink(u"home/bin/orrlayout"_s, path(u"opt/orr/bin/linux-x86_64/orrlayout"_s));
     EXPECT_EQ(find(path(u"home/bin/orrlayout"_s)).directory, path(u"opt/orr"_s));
 }
 
@@ -169,11 +174,40 @@ TEST_F(HomeDirectory, program_may_lie_in_the_root)
     EXPECT_EQ(find(path(u"stick/orrlayout"_s)).directory, path(u"stick"_s));
 }
 
+TEST_F(HomeDirectory, platform_may_have_any_name)
+{
+    for (const QString &platform : {u"pc-win64"_s, u"linux-aarch64"_s, u"x"_s}) {
+        const QString root = u"opt/"_s + platform;
+        makeFolder(root + u"/conf"_s);
+        makeProgram(root + u"/bin/"_s + platform + u"/orrlayout"_s);
+        const QString programs = path(root + u"/bin/"_s + platform);
+        EXPECT_EQ(find(programs + u"/orrlayout"_s).directory, path(root));
+        EXPECT_EQ(find(u"unknown"_s, {programs}).directory, path(root));
+    }
+}
+
+TEST_F(HomeDirectory, programs_lie_no_deeper_than_in_the_folder_of_a_platform)
+{
+    makeFolder(u"opt/orr/conf"_s);
+    makeProgram(u"opt/orr/bin/linux-x86_64/debug/orrlayout"_s);
+    EXPECT_EQ(find(path(u"opt/orr/bin/linux-x86_64/debug/orrlayout"_s)).directory, u""_s);
+}
+
+TEST_F(HomeDirectory, program_may_lie_in_the_root_below_a_folder_called_bin)
+{
+    makeProgram(u"home/bin/orrlayout-1.0/orrlayout"_s);
+    makeFolder(u"home/bin/orrlayout-1.0/conf"_s);
+    const QString program = path(u"home/bin/orrlayout-1.0/orrlayout"_s);
+    EXPECT_EQ(find(program).directory, path(u"home/bin/orrlayout-1.0"_s));
+    makeFolder(u"home/conf"_s);
+    EXPECT_EQ(find(program).directory, path(u"home"_s));
+}
+
 TEST_F(HomeDirectory, file_named_conf_does_not_count)
 {
-    makeProgram(u"opt/orr/bin/pc-win64/orrlayout"_s);
+    makeProgram(u"opt/orr/bin/linux-x86_64/orrlayout"_s);
     makeProgram(u"opt/orr/conf"_s);
-    EXPECT_EQ(find(path(u"opt/orr/bin/pc-win64/orrlayout"_s)).directory, u""_s);
+    EXPECT_EQ(find(path(u"opt/orr/bin/linux-x86_64/orrlayout"_s)).directory, u""_s);
 }
 
 TEST_F(HomeDirectory, nothing_to_go_by_gives_nothing)
@@ -186,14 +220,14 @@ TEST_F(HomeDirectory, nothing_to_go_by_gives_nothing)
 TEST_F(HomeDirectory, trace_tells_each_source_by_its_name)
 {
     makeInstallation(u"opt/orr"_s);
-    const QString programs = path(u"opt/orr/bin/pc-win64"_s);
+    const QString programs = path(u"opt/orr/bin/linux-x86_64"_s);
     const QString absolute = programs + u"/orrlayout"_s;
     const auto last = [](const HomeSearch &search) { return search.trace.last(); };
     const QString root = path(u"opt/orr"_s);
 
     EXPECT_EQ(last(find(u""_s, {}, root)), u"ORRHOME: [%1] from $ORRHOME variable\n"_s.arg(root));
     EXPECT_EQ(last(find(absolute)), u"ORRHOME: [%1] from Abs argv0\n"_s.arg(root));
-    EXPECT_EQ(last(find(u"opt/orr/bin/pc-win64/orrlayout"_s)),
+    EXPECT_EQ(last(find(u"opt/orr/bin/linux-x86_64/orrlayout"_s)),
               u"ORRHOME: [%1] from Rel argv0\n"_s.arg(root));
     EXPECT_EQ(last(find(u"orrlayout"_s, {programs})),
               u"ORRHOME: [%1] from argv0 on Path\n"_s.arg(root));
@@ -204,7 +238,7 @@ TEST_F(HomeDirectory, trace_tells_each_source_by_its_name)
 TEST_F(HomeDirectory, trace_starts_with_the_clues_and_tells_what_is_rejected)
 {
     makeInstallation(u"opt/orr"_s);
-    const QString program = path(u"opt/orr/bin/pc-win64/orrlayout"_s);
+    const QString program = path(u"opt/orr/bin/linux-x86_64/orrlayout"_s);
     const QStringList expected{
         u"ORRHOME: Init argv0='%1' Cwd='%2'\n"_s.arg(program, base),
         u"ORRHOME: reject path for no '%1'\n"_s.arg(path(u"elsewhere/conf"_s)),

@@ -197,7 +197,7 @@ TEST(CompactTreeLimits, chains_of_100000_nodes_are_placed)
         const auto graph = parsed("digraph { graph [pad=0.125 crossing=" + QByteArray(crossing)
                                   + "] " + chain + "}");
         SilentDevice device;
-        EXPECT_EQ(Layout::GraflibTree(graph.get(), &device).run(), QString());
+        EXPECT_EQ(Layout::GraflibTree::run({graph.get(), &device}), QString());
         const DotNode *last = graph->findNode(u"99999"_s);
         EXPECT_EQ(graph->nodeAttribute(last, u"level"_s), u"99999"_s);
         EXPECT_EQ(graph->nodeAttribute(last, u"d2"_s), u"9"_s);
@@ -212,7 +212,7 @@ TEST(CompactTreeLimits, a_chain_in_which_every_parent_is_pushed_is_placed)
         chain += QByteArray::number(i) + " -> " + QByteArray::number(i + 1) + " []\n";
     const auto graph = parsed("digraph { graph [pad=17146.17 crossing=false] " + chain + "}");
     SilentDevice device;
-    EXPECT_EQ(Layout::GraflibTree(graph.get(), &device).run(), QString());
+    EXPECT_EQ(Layout::GraflibTree::run({graph.get(), &device}), QString());
     EXPECT_EQ(graph->nodeAttribute(graph->findNode(u"50000"_s), u"d2"_s), u"1.23452e+06"_s);
 }
 

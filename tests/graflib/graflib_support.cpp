@@ -44,7 +44,7 @@ std::unique_ptr<DotGraph> parsed(const QByteArray &dot)
 Laid runTree(const QByteArray &dot, bool withExpanders)
 {
     Laid laid{parsed(dot), std::make_unique<RecordingDevice>(true, withExpanders), {}};
-    laid.result = Layout::GraflibTree(laid.graph.get(), laid.device.get()).run();
+    laid.result = Layout::GraflibTree::run({laid.graph.get(), laid.device.get()});
     return laid;
 }
 

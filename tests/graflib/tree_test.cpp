@@ -94,7 +94,7 @@ TEST(TreeChecks, the_message_of_the_device_is_the_result)
     const auto graph = parsed("digraph { a [] }");
     RecordingDevice device;
     device.setResult(u"Disk full\n"_s);
-    EXPECT_EQ(Layout::GraflibTree(graph.get(), &device).run(), u"Disk full\n"_s);
+    EXPECT_EQ(Layout::GraflibTree::run({graph.get(), &device}), u"Disk full\n"_s);
 }
 
 TEST(TreeLevels, a_node_with_two_parents_stands_in_its_deepest_level)

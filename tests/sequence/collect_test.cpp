@@ -161,7 +161,7 @@ TEST(Collect, agrees_with_a_plain_reading_on_random_graphs)
 
         RecordingDevice device;
         UmlSequence sequence;
-        ASSERT_EQ(sequence.run(&graph, &device), u""_s);
+        ASSERT_EQ(sequence.draw({&graph, &device}), u""_s);
         ASSERT_EQ(madeEdges(sequence), plain.made) << "round " << round;
         const QHash<QString, QStringList> contents = contentsOf(sequence);
         for (auto it = plain.contents.cbegin(); it != plain.contents.cend(); ++it) {

@@ -52,7 +52,7 @@ struct Drawing
     explicit Drawing(const QByteArray &dot) : graph(ORR::Graph::parseDot(dot))
     {
         if (graph)
-            result = sequence.run(graph.get(), &device);
+            result = sequence.draw({graph.get(), &device});
     }
 
     QStringList calls(const QString &word) const { return device.callsOf(word); }

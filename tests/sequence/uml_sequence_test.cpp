@@ -59,7 +59,7 @@ TEST(UmlSequence, returns_what_the_device_returns)
     const auto graph = parseDot("digraph {}");
     RecordingDevice device;
     device.setResult(u"Unable to open file\n"_s);
-    EXPECT_EQ(UmlSequence().run(graph.get(), &device), u"Unable to open file\n"_s);
+    EXPECT_EQ(UmlSequence::run({graph.get(), &device}), u"Unable to open file\n"_s);
 }
 
 TEST(UmlSequence, makes_an_object_of_every_known_node)

@@ -17,7 +17,7 @@ class BarChart
 {
 public:
     // Draws the graph. What comes back is the result of the device's `end`.
-    QString run(const LayoutContext &context);
+    static QString run(const LayoutContext &context);
 };
 
 } // namespace ORR::Graph::Layout

@@ -195,13 +195,9 @@ private:
 
 } // namespace
 
-FlatBubble::FlatBubble(DotGraph *dotGraph, Device *drawingDevice)
-    : graph(dotGraph), device(drawingDevice)
+QString FlatBubble::run(const LayoutContext &context)
 {
-}
-
-QString FlatBubble::run()
-{
+    const auto [graph, device] = context;
     DotSubgraph *root = graph->root();
     DotSubgraph *legendGraph = findLegend(graph);
     const double radius = packGraph(graph, legendGraph);

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "device/device.h"
-#include "graph/dot_graph.h"
+#include "layout/layout_context.h"
 
 #include <QString>
 
@@ -20,15 +19,8 @@ namespace ORR::Graph::Layout {
 class FlatBubble
 {
 public:
-    // Neither is owned.
-    FlatBubble(DotGraph *dotGraph, Device *drawingDevice);
-
     // Draws the graph. What comes back is the result of the device's `end`.
-    QString run();
-
-private:
-    DotGraph *graph;
-    Device *device;
+    static QString run(const LayoutContext &context);
 };
 
 } // namespace ORR::Graph::Layout

@@ -24,7 +24,7 @@ class MatrixLayout
 {
 public:
     // Draws the graph. What comes back is the result of the device's `end`.
-    QString run(const LayoutContext &context);
+    static QString run(const LayoutContext &context);
 };
 
 } // namespace ORR::Graph::Layout

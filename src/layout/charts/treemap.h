@@ -20,7 +20,7 @@ class Treemap
 {
 public:
     // Draws the graph. What comes back is the result of the device's `end`.
-    QString run(const LayoutContext &context);
+    static QString run(const LayoutContext &context);
 };
 
 } // namespace ORR::Graph::Layout

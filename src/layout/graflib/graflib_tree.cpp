@@ -41,9 +41,9 @@ TreeSpacing treeSpacing(const DotGraph *graph, const PageAxes &axes)
 
 } // namespace
 
-GraflibTree::GraflibTree(DotGraph *dotGraph, Device *drawingDevice)
-    : graph(dotGraph), device(drawingDevice), nodes(graph->root()->nodes), style(graph, device),
-      labels(style), axes(graph), spacing(treeSpacing(graph, axes)),
+GraflibTree::GraflibTree(const LayoutContext &context)
+    : graph(context.graph), device(context.device), nodes(graph->root()->nodes),
+      style(graph, device), labels(style), axes(graph), spacing(treeSpacing(graph, axes)),
       isSorted(Rows::sort.of(graph, graph->root()) == Rows::ByLabel)
 {
 }
@@ -198,7 +198,12 @@ void GraflibTree::writePolylines(const EdgeRuns &runs)
     }
 }
 
-QString GraflibTree::run()
+QString GraflibTree::run(const LayoutContext &context)
+{
+    return GraflibTree(context).draw();
+}
+
+QString GraflibTree::draw()
 {
     if (!graph->root()->subgraphs.isEmpty())
         return u"GraflibTree does not support subgraphs\n"_s;

@@ -26,17 +26,17 @@ namespace ORR::Graph::Layout {
 class GraflibTree
 {
 public:
-    // Neither is owned.
-    GraflibTree(DotGraph *graph, Device *device);
-
     // Lays the graph out and draws it. Empty on success, otherwise a message for the user, with
     // nothing drawn: the graph has subgraphs, or not exactly one node without parents, or a cycle
     // that its root reaches; a node that the root does not reach gives itself a level that there is
     // not; or the compact placement would take too long (see `CompactPlacement`). Or, after all is
     // drawn, that of the device.
-    QString run();
+    static QString run(const LayoutContext &context);
 
 private:
+    explicit GraflibTree(const LayoutContext &context);
+
+    QString draw();
     Successors successors() const;
     void measure();
     bool assignLevels();

@@ -94,12 +94,18 @@ struct UmlSequence::Build
     QList<OpenFragment> open; // those around the subgraph at hand
 };
 
+QString UmlSequence::run(const LayoutContext &context)
+{
+    return UmlSequence().draw(context);
+}
+
 UmlSequence::UmlSequence() = default;
 
 UmlSequence::~UmlSequence() = default;
 
-QString UmlSequence::run(DotGraph *graph, Device *device)
+QString UmlSequence::draw(const LayoutContext &context)
 {
+    const auto [graph, device] = context;
     {
         Build build(graph);
         collect(build);

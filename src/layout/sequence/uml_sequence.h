@@ -1,7 +1,6 @@
 #pragma once
 
-#include "device/device.h"
-#include "graph/dot_graph.h"
+#include "layout/layout_context.h"
 #include "layout/sequence/grid_object.h"
 #include "layout/sequence/uml_fragment.h"
 
@@ -28,16 +27,18 @@ namespace ORR::Graph::Layout {
 class UmlSequence
 {
 public:
+    // Builds, lays out and draws a diagram. Returns what the device's `end` returns. If something
+    // stands on no row or column of the grid, nothing is drawn and a message that ends in a line
+    // feed is returned; the device has not been begun then.
+    static QString run(const LayoutContext &context);
+
     UmlSequence();
     ~UmlSequence();
     UmlSequence(const UmlSequence &) = delete;
     UmlSequence &operator=(const UmlSequence &) = delete;
 
-    // Builds, lays out and draws the diagram; to be called once. Neither is owned, and both must
-    // outlive this object. Returns what the device's `end` returns. If something stands on no row
-    // or column of the grid, nothing is drawn and a message that ends in a line feed is returned;
-    // the device has not been begun then.
-    QString run(DotGraph *graph, Device *device);
+    // The same, with the diagram at hand afterwards; to be called once. The graph must outlive it.
+    QString draw(const LayoutContext &context);
 
     // Takes an object into the diagram, which grows to hold its row and column.
     void addObject(std::unique_ptr<GridObject> object);
