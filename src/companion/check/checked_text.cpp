@@ -1,0 +1,119 @@
+#include "companion/check/checked_text.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace ORR::Companion {
+
+using namespace Graph;
+
+namespace {
+
+// No text is so long that a place in it would not fit.
+qint32 placeFrom(qsizetype offset)
+{
+    return static_cast<qint32>(offset);
+}
+
+DotObject *objectOf(const AttributeMention &attribute)
+{
+    if (attribute.node)
+        return attribute.node;
+    if (attribute.edge)
+        return attribute.edge;
+    return attribute.subgraph;
+}
+
+bool endsIdentifier(char c)
+{
+    return QByteArrayView("\t\n ,;=]}").contains(c) || c == '\0';
+}
+
+} // namespace
+
+qsizetype CheckedText::endOf(const CheckedList &list) const
+{
+    return &list == &attributeLists.back() ? static_cast<qsizetype>(readAttributes.size())
+                                           : std::next(&list)->first;
+}
+
+std::vector<const DotNode *> CheckedText::undeclaredNodes() const
+{
+    std::vector<const DotNode *> byEdge;
+    for (const CheckedNode &node : firstMentions) {
+        if (node.byEdge)
+            byEdge.push_back(node.node);
+    }
+    std::vector<const DotNode *> declared = declaredLater;
+    const std::less<> byAddress; // an order also of addresses that are not of one array
+    std::sort(byEdge.begin(), byEdge.end(), byAddress);
+    std::sort(declared.begin(), declared.end(), byAddress);
+    std::vector<const DotNode *> undeclared;
+    std::set_difference(byEdge.begin(), byEdge.end(), declared.begin(), declared.end(),
+                        std::back_inserter(undeclared), byAddress);
+    return undeclared;
+}
+
+void CheckedText::subgraphOpened(DotSubgraph *subgraph, qsizetype keyword, qsizetype id)
+{
+    openedSubgraphs.push_back({subgraph, placeFrom(keyword), placeFrom(id)});
+}
+
+void CheckedText::nodeMentioned(DotNode *node, NodeMention mention, bool first, qsizetype place)
+{
+    const bool byEdge = mention != NodeMention::Statement;
+    if (first)
+        firstMentions.push_back({node, placeFrom(place), byEdge});
+    else if (!byEdge)
+        declaredLater.push_back(node);
+}
+
+void CheckedText::edgeRead(DotEdge *edge, qsizetype tail, qsizetype head)
+{
+    readEdges.push_back({edge, placeFrom(tail), placeFrom(head)});
+}
+
+void CheckedText::attributeRead(const AttributeMention &attribute)
+{
+    DotObject *object = objectOf(attribute);
+    if (attributeLists.empty() || attributeLists.back().object != object
+        || attributeLists.back().target != attribute.target)
+        attributeLists.push_back(
+            {attribute.target, object, static_cast<qsizetype>(readAttributes.size())});
+    readAttributes.push_back(
+        {attribute.name, placeFrom(attribute.nameOffset), placeFrom(attribute.valueOffset)});
+    if (hear)
+        hear(attribute);
+}
+
+const AttributeMap &attributesOf(const CheckedList &list)
+{
+    if (list.target == AttributeTarget::NodeDefaults)
+        return static_cast<const DotSubgraph *>(list.object)->nodeDefaults;
+    if (list.target == AttributeTarget::EdgeDefaults)
+        return static_cast<const DotSubgraph *>(list.object)->edgeDefaults;
+    return list.object->attributes;
+}
+
+qsizetype identifierEnd(QByteArrayView text, qsizetype offset)
+{
+    qsizetype end = offset;
+    const bool isQuoted = end < text.size() && text[end] == '"';
+    if (isQuoted) {
+        for (++end; end < text.size() && text[end] != '"'; ++end) {
+            const bool isEscape = text[end] == '\\' && end + 1 < text.size()
+                && (text[end + 1] == '"' || text[end + 1] == '\n');
+            if (isEscape)
+                ++end;
+        }
+        return std::min(end + 1, text.size());
+    }
+    // A dash takes the byte behind it along, whatever it is.
+    if (end < text.size() && text[end] == '-')
+        end = std::min(end + 2, text.size());
+    while (end < text.size() && !endsIdentifier(text[end]))
+        ++end;
+    return end;
+}
+
+} // namespace ORR::Companion
