@@ -10,9 +10,10 @@
 
 # To build; to draw the same letters everywhere; to test, with readers and renderers of other hands.
 PACKAGES := cmake ninja-build g++ pkg-config \
-            qt6-base-dev qt6-svg-dev libgl-dev libfontconfig-dev libminizip-dev zlib1g-dev libcli11-dev \
-            fonts-liberation python3 \
-            libgtest-dev python3-jsonschema libvisio-tools libxml2-utils librsvg2-bin locales strace
+            qt6-base-dev qt6-svg-dev libgl-dev libfontconfig-dev libminizip-dev zlib1g-dev \
+            libcli11-dev fonts-liberation python3 \
+            libgtest-dev libvisio-tools libxml2-utils librsvg2-bin locales strace \
+            python3-jsonschema pre-commit git
 
 # Of the versions that Debian 12 has: another one formats otherwise.
 FORM_PACKAGES := clang-format-14

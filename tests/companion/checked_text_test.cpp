@@ -108,15 +108,6 @@ TEST(CheckedText, has_the_attributes_list_by_list)
     EXPECT_EQ(lists[5].object, heard.graph->findSubgraph(u"s"_s));
 }
 
-TEST(CheckedText, tells_its_hearer_also_of_what_is_replaced)
-{
-    QStringList values;
-    CheckedText checked([&](const AttributeMention &attribute) { values += attribute.value; });
-    ASSERT_TRUE(parseDot("digraph { a [x=1 x=2] }", checked).graph);
-    EXPECT_EQ(values, (QStringList{u"1"_s, u"2"_s}));
-    EXPECT_EQ(checked.attributes().size(), 2);
-}
-
 TEST(IdentifierEnd, is_where_the_tokenizer_ends)
 {
     for (const char *text : {"word next",

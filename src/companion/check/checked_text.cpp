@@ -82,8 +82,6 @@ void CheckedText::attributeRead(const AttributeMention &attribute)
             {attribute.target, object, static_cast<qsizetype>(readAttributes.size())});
     readAttributes.push_back(
         {attribute.name, placeFrom(attribute.nameOffset), placeFrom(attribute.valueOffset)});
-    if (hear)
-        hear(attribute);
 }
 
 const AttributeMap &attributesOf(const CheckedList &list)

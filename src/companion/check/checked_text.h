@@ -4,7 +4,6 @@
 
 #include <QByteArrayView>
 
-#include <functional>
 #include <vector>
 
 // What `orr check` knows of one text beside its graph: where everything stands.
@@ -57,12 +56,6 @@ struct CheckedList
 class CheckedText : public Graph::DotListener
 {
 public:
-    using AttributeHearer = std::function<void(const Graph::AttributeMention &)>;
-
-    // The hearer, if there is one, is told of each attribute while it is read: only then a value
-    // is at hand that a later one of the same name replaces.
-    explicit CheckedText(AttributeHearer hearer = {}) : hear(std::move(hearer)) { }
-
     // All in the order of the text; the first subgraph is the root.
     const std::vector<CheckedSubgraph> &subgraphs() const { return openedSubgraphs; }
     const std::vector<CheckedNode> &nodes() const { return firstMentions; }
@@ -82,7 +75,6 @@ public:
     void attributeRead(const Graph::AttributeMention &attribute) override;
 
 private:
-    AttributeHearer hear;
     std::vector<CheckedSubgraph> openedSubgraphs;
     std::vector<CheckedNode> firstMentions;
     std::vector<const Graph::DotNode *> declaredLater; // first mentioned by an edge; repeats
