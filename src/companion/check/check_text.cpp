@@ -1,5 +1,7 @@
 #include "companion/check/check_text.h"
 
+#include "companion/check/checked_text.h"
+#include "companion/check/drawing_rules.h"
 #include "companion/check/rules.h"
 #include "companion/findings/finding_list.h"
 #include "companion/findings/locate.h"
@@ -43,14 +45,19 @@ void findSyntaxError(const Graph::DotFault &fault, FindingList *findings)
 QList<Finding> checkText(const QByteArray &bytes, const CheckOptions &options)
 {
     FindingList findings;
-    Graph::DotListener listener;
-    const Graph::DotReading reading = Graph::parseDot(bytes, listener);
+    CheckedText checked;
+    const Graph::DotReading reading = Graph::parseDot(bytes, checked);
     if (reading.fault)
         findSyntaxError(*reading.fault, &findings);
     if (!reading.graph || !isReplayed(*reading.graph))
         findUnknownEngine(options.engine, &findings);
 
     Graph::SourceText text(bytes);
+    const auto engine = Driver::chooseLayout(options.engine);
+    const bool replayed = reading.graph && isReplayed(*reading.graph);
+    if (replayed || (reading.graph && engine))
+        foretellDrawing(text.bytes(), checked, reading.graph.get(),
+                        replayed ? std::nullopt : engine, &findings);
     return located(findings.take(), &text);
 }
 
