@@ -1,5 +1,6 @@
 #include "companion/check/check_text.h"
 
+#include "companion/check/attribute_rules.h"
 #include "companion/check/checked_text.h"
 #include "companion/check/drawing_rules.h"
 #include "companion/check/rules.h"
@@ -8,7 +9,6 @@
 #include "companion/findings/nearest_word.h"
 #include "companion/findings/quoted_text.h"
 #include "driver/layout_table.h"
-#include "graph/dot_listener.h"
 #include "graph/dot_parser.h"
 
 using namespace Qt::StringLiterals;
@@ -51,13 +51,11 @@ QList<Finding> checkText(const QByteArray &bytes, const CheckOptions &options)
         findSyntaxError(*reading.fault, &findings);
     if (!reading.graph || !isReplayed(*reading.graph))
         findUnknownEngine(options.engine, &findings);
-
     Graph::SourceText text(bytes);
-    const auto engine = Driver::chooseLayout(options.engine);
-    const bool replayed = reading.graph && isReplayed(*reading.graph);
-    if (replayed || (reading.graph && engine))
-        foretellDrawing(text.bytes(), checked, reading.graph.get(),
-                        replayed ? std::nullopt : engine, &findings);
+    if (reading.graph && !isReplayed(*reading.graph))
+        checkAttributes(checked, text.bytes(), options.engine, &findings);
+    if (reading.graph)
+        foretellDrawing(checked, text.bytes(), options.engine, reading.graph.get(), &findings);
     return located(findings.take(), &text);
 }
 

@@ -148,15 +148,17 @@ void tellOf(const ForetoldDrawing &made, FindingList *findings)
 
 } // namespace
 
-void foretellDrawing(const QByteArray &bytes, const CheckedText &text, DotGraph *graph,
-                     std::optional<LayoutIndex> engine, FindingList *findings)
+void foretellDrawing(const CheckedText &text, const QByteArray &bytes, const QString &engine,
+                     DotGraph *graph, FindingList *findings)
 {
-    if (!startsDrawingToolkit())
+    const bool isReplayed = graph->root()->attributes.contains(u"xdotversion"_s);
+    const auto layout = isReplayed ? std::nullopt : Driver::chooseLayout(engine);
+    if ((!isReplayed && !layout) || !startsDrawingToolkit())
         return;
-    DotSubgraph *const legend = legendOf(graph, engine);
+    DotSubgraph *const legend = legendOf(graph, layout);
     WatchedDrawing drawing(graph, legend);
-    const QString message = draw(bytes, graph, engine, &drawing);
-    const ForetoldDrawing made{bytes, text, graph, engine, legend, drawing};
+    const QString message = draw(bytes, graph, layout, &drawing);
+    const ForetoldDrawing made{bytes, text, graph, layout, legend, drawing};
     if (!message.isEmpty())
         findFailure(message, made, findings);
     else

@@ -20,6 +20,45 @@ constexpr Rule unknownEngine{
     "The engine that -K names draws the graph; there is no other one to take its place.",
 };
 
+constexpr Rule badValue{
+    "bad-value",
+    Error,
+    "a value is none of the type of its attribute",
+    "It is taken for 0. A number has a decimal point and no unit behind it; a whole number has "
+    "neither.",
+};
+
+constexpr Rule unknownColor{
+    "unknown-color",
+    Error,
+    "a colour is neither a known name nor of the form #rrggbb or #rrggbbaa",
+    "What can't be read is black. Only fills may run through several colours.",
+};
+
+constexpr Rule unknownWord{
+    "unknown-word",
+    Error,
+    "a value is none of the words of its attribute",
+    "It counts as the default, and a word of a style as nothing. Words are exact, also in their "
+    "case.",
+};
+
+constexpr Rule unknownAttribute{
+    "unknown-attribute",
+    Warning,
+    "no such attribute is known",
+    "Nothing reads it. Names are exact, also in their case. Some that no engine reads are meant "
+    "for "
+    "whoever shows the graph and are no findings, as are href, line and tooltip.",
+};
+
+constexpr Rule unreadAttribute{
+    "unread-attribute",
+    Warning,
+    "an attribute is given to what never reads it",
+    "It changes nothing there. What an attribute is one of is told by the page of the engine.",
+};
+
 constexpr Rule drawingFails{
     "drawing-fails",
     Error,
@@ -40,8 +79,7 @@ constexpr Rule largeDrawing{
     Warning,
     "the drawing is too large for an image",
     "PNG and JPEG are scaled down to at most 32,767 pixels a side, and readers of the other "
-    "formats "
-    "may refuse such a page. Ask for a smaller one, or make several drawings.",
+    "formats may refuse such a page. Ask for a smaller one, or make several drawings.",
 };
 
 constexpr Rule leftOutNode{
@@ -49,9 +87,8 @@ constexpr Rule leftOutNode{
     Warning,
     "a chart leaves out nodes",
     "A node without an area, or with one that is too small beside the others, is not drawn, and "
-    "the "
-    "others share its room. Give the chart more room, or sum small nodes up in one. The place is "
-    "that of the first of them.",
+    "the others share its room. Give the chart more room, or sum small nodes up in one. The place "
+    "is that of the first of them.",
 };
 
 constexpr Rule unseenLabel{
@@ -59,8 +96,7 @@ constexpr Rule unseenLabel{
     Warning,
     "labels are not drawn",
     "A cell that is too small for its label has none, and so has a group of a matrix without rows "
-    "or "
-    "columns. The place is that of the first of them.",
+    "or columns. The place is that of the first of them.",
 };
 
 constexpr Rule plainRichText{
@@ -84,9 +120,11 @@ constexpr Rule missingPicture{
 std::span<const Rule *const> checkRules()
 {
     static constexpr const Rule *rules[] = {
-        &Rules::syntaxError,  &Rules::unknownEngine, &Rules::drawingFails,
-        &Rules::blankDrawing, &Rules::largeDrawing,  &Rules::leftOutNode,
-        &Rules::unseenLabel,  &Rules::plainRichText, &Rules::missingPicture,
+        &Rules::syntaxError,     &Rules::unknownEngine,  &Rules::badValue,
+        &Rules::unknownColor,    &Rules::unknownWord,    &Rules::unknownAttribute,
+        &Rules::unreadAttribute, &Rules::drawingFails,   &Rules::blankDrawing,
+        &Rules::largeDrawing,    &Rules::leftOutNode,    &Rules::unseenLabel,
+        &Rules::plainRichText,   &Rules::missingPicture,
     };
     return rules;
 }

@@ -11,6 +11,11 @@ namespace Rules {
 
 extern const Rule syntaxError;
 extern const Rule unknownEngine;
+extern const Rule badValue;
+extern const Rule unknownColor;
+extern const Rule unknownWord;
+extern const Rule unknownAttribute;
+extern const Rule unreadAttribute;
 
 // Of what the drawing will be.
 extern const Rule drawingFails;

@@ -1,0 +1,230 @@
+#include "companion/check/attribute_rules.h"
+
+#include "companion/check/attribute_passed_on.h"
+#include "companion/check/attribute_uses.h"
+#include "companion/check/attribute_values.h"
+#include "companion/check/ordered_findings.h"
+#include "companion/check/rules.h"
+#include "companion/findings/nearest_word.h"
+#include "companion/findings/quoted_text.h"
+#include "graph/dot_tokenizer.h"
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace ORR::Companion {
+
+using namespace Graph;
+
+namespace {
+
+AttributePlace placeOf(const CheckedList &list)
+{
+    switch (list.target) {
+    case AttributeTarget::Node:
+        return AttributePlace::Node;
+    case AttributeTarget::Edge:
+        return AttributePlace::Edge;
+    case AttributeTarget::NodeDefaults:
+        return AttributePlace::NodeDefaults;
+    case AttributeTarget::EdgeDefaults:
+        return AttributePlace::EdgeDefaults;
+    case AttributeTarget::Subgraph:
+        break;
+    }
+    return static_cast<const DotSubgraph *>(list.object)->parent ? AttributePlace::Cluster
+                                                                 : AttributePlace::Root;
+}
+
+bool isPassedOn(const AttributeName &name)
+{
+    return std::any_of(std::begin(passedOnAttributes), std::end(passedOnAttributes),
+                       [&](std::string_view passedOn) { return name.text() == latin1(passedOn); });
+}
+
+// The values that were found to be meant last. Short values that repeat are one text in memory.
+class MeantValues
+{
+public:
+    bool contains(const AttributeUse::At *use, const QString &value)
+    {
+        const Entry &entry = entryOf(value);
+        return entry.use == use && entry.text == value.constData();
+    }
+    void insert(const AttributeUse::At *use, const QString &value)
+    {
+        entryOf(value) = {use, value.constData()};
+    }
+
+private:
+    struct Entry
+    {
+        const AttributeUse::At *use = nullptr;
+        const QChar *text = nullptr;
+    };
+    static constexpr size_t count = 1024;
+
+    Entry &entryOf(const QString &value) { return entries[qHash(value.constData()) % count]; }
+
+    std::array<Entry, count> entries;
+};
+
+class AttributeCheck
+{
+public:
+    AttributeCheck(const CheckedText &checkedText, const QByteArray &textBytes,
+                   const QString &engineName, FindingList *list)
+        : text(checkedText), bytes(textBytes), uses(engineName),
+          ofEngine(uses.isOfEngine() ? " in "_L1 + engineName.toLower() : QString()),
+          unknownAttributes(Rules::unknownAttribute, list),
+          unreadAttributes(Rules::unreadAttribute, list), badValues(Rules::badValue, list),
+          unknownColors(Rules::unknownColor, list), unknownWords(Rules::unknownWord, list)
+    {
+    }
+
+    void checkAll();
+
+private:
+    void check(const CheckedAttribute &attribute, AttributePlace place, const AttributeMap &values);
+    void addUnknown(const CheckedAttribute &attribute, AttributePlace place);
+    void addUnread(const CheckedAttribute &attribute, AttributePlace place,
+                   const AttributeUse &use);
+    void checkValue(const CheckedAttribute &attribute, const AttributeUse::At &use,
+                    const QString &value);
+    const AttributeRow *offended(const AttributeUse::At &use, const QString &value) const;
+    bool isStill(const CheckedAttribute &attribute, const QString &value) const;
+    OrderedFindings &findingsOf(const AttributeRow &row);
+    Finding placed(Finding finding, qsizetype offset) const;
+
+    const CheckedText &text;
+    const QByteArray &bytes;
+    AttributeUses uses;
+    QString ofEngine; // " in treemap"; empty for all engines
+    MeantValues meant;
+    OrderedFindings unknownAttributes;
+    OrderedFindings unreadAttributes;
+    OrderedFindings badValues;
+    OrderedFindings unknownColors;
+    OrderedFindings unknownWords;
+};
+
+void AttributeCheck::checkAll()
+{
+    for (const CheckedList &list : text.lists()) {
+        const AttributePlace place = placeOf(list);
+        const AttributeMap &values = attributesOf(list);
+        for (qsizetype i = list.first; i < text.endOf(list); ++i)
+            check(text.attributes()[size_t(i)], place, values);
+    }
+}
+
+void AttributeCheck::check(const CheckedAttribute &attribute, AttributePlace place,
+                           const AttributeMap &values)
+{
+    const AttributeUse *use = uses.find(attribute.name);
+    if (!use)
+        addUnknown(attribute, place);
+    else if (!use->at(place).isRead)
+        addUnread(attribute, place, *use);
+    else if (const QString *value = values.find(attribute.name))
+        checkValue(attribute, use->at(place), *value);
+}
+
+void AttributeCheck::addUnknown(const CheckedAttribute &attribute, AttributePlace place)
+{
+    if (isPassedOn(attribute.name))
+        return;
+    unknownAttributes.add(attribute.nameOffset, [&] {
+        const QString &name = attribute.name.text();
+        const QStringList engines = enginesThatRead(name);
+        QString suggestion = engines.isEmpty() ? didYouMean(name, uses.namesAt(place))
+                                               : "known in "_L1 + listed(engines);
+        if (suggestion.isEmpty())
+            suggestion = didYouMean(name, uses.names());
+        return placed(
+            {&Rules::unknownAttribute,
+             "unknown attribute %1 of %2%3"_L1.arg(quotedText(name), placeName(place), ofEngine),
+             suggestion},
+            attribute.nameOffset);
+    });
+}
+
+void AttributeCheck::addUnread(const CheckedAttribute &attribute, AttributePlace place,
+                               const AttributeUse &use)
+{
+    unreadAttributes.add(attribute.nameOffset, [&] {
+        return placed({&Rules::unreadAttribute,
+                       "attribute %1 of %2 is never read%3"_L1.arg(
+                           quotedText(attribute.name.text()), placeName(place), ofEngine),
+                       use.readers ? "it is one of "_L1 + elementNames(use.readers) : QString()},
+                      attribute.nameOffset);
+    });
+}
+
+void AttributeCheck::checkValue(const CheckedAttribute &attribute, const AttributeUse::At &use,
+                                const QString &value)
+{
+    if (use.rows.empty() || meant.contains(&use, value))
+        return;
+    const AttributeRow *row = offended(use, value);
+    if (!row) {
+        meant.insert(&use, value);
+    } else if (isStill(attribute, value)) {
+        findingsOf(*row).add(attribute.valueOffset, [&] {
+            return placed(valueFinding(*row, value), attribute.valueOffset);
+        });
+    }
+}
+
+// The row that the value is nothing for. Where the engine is open, it has to be nothing for all.
+const AttributeRow *AttributeCheck::offended(const AttributeUse::At &use,
+                                             const QString &value) const
+{
+    const auto isOffended = [&](const AttributeRow *row) { return !isMeant(*row, value); };
+    const auto first = std::find_if(use.rows.begin(), use.rows.end(), isOffended);
+    if (first == use.rows.end())
+        return nullptr;
+    if (!uses.isOfEngine() && !std::all_of(use.rows.begin(), use.rows.end(), isOffended))
+        return nullptr;
+    return *first;
+}
+
+// Whether the value that holds in the end is the one that stands here.
+bool AttributeCheck::isStill(const CheckedAttribute &attribute, const QString &value) const
+{
+    const qsizetype end = identifierEnd(bytes, attribute.valueOffset);
+    const DotTokenizer token(bytes.sliced(attribute.valueOffset, end - attribute.valueOffset));
+    return QString::fromUtf8(token.text()) == value;
+}
+
+OrderedFindings &AttributeCheck::findingsOf(const AttributeRow &row)
+{
+    switch (row.type) {
+    case AttributeType::Color:
+        return unknownColors;
+    case AttributeType::Choice:
+    case AttributeType::Words:
+        return unknownWords;
+    default:
+        return badValues;
+    }
+}
+
+Finding AttributeCheck::placed(Finding finding, qsizetype offset) const
+{
+    finding.offset = offset;
+    finding.end = identifierEnd(bytes, offset);
+    return finding;
+}
+
+} // namespace
+
+void checkAttributes(const CheckedText &text, const QByteArray &bytes, const QString &engine,
+                     FindingList *findings)
+{
+    AttributeCheck(text, bytes, engine, findings).checkAll();
+}
+
+} // namespace ORR::Companion

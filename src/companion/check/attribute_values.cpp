@@ -1,0 +1,304 @@
+#include "companion/check/attribute_values.h"
+
+#include "companion/check/attribute_uses.h"
+#include "companion/check/rules.h"
+#include "companion/findings/nearest_word.h"
+#include "companion/findings/quoted_text.h"
+#include "device/color_value.h"
+#include "graph/attribute_values.h"
+#include "layout/attribute_tables.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+using namespace Qt::StringLiterals;
+
+namespace ORR::Companion {
+
+using namespace Graph;
+
+namespace {
+
+// Words that say what holds anyway, where the table has none for it.
+struct DefaultWord
+{
+    KnownAttribute name;
+    QLatin1StringView word;
+};
+const DefaultWord defaultWords[] = {
+    {"rankdir"_attribute, "TB"_L1},     {"rankdir"_attribute, "LR"_L1},
+    {"crossing"_attribute, "true"_L1},  {"sort"_attribute, "false"_L1},
+    {"peripheries"_attribute, "1"_L1},  {"slash"_attribute, "false"_L1},
+    {"expander"_attribute, "false"_L1}, {"visible"_attribute, "false"_L1},
+    {"style"_attribute, "filled"_L1},   {"style"_attribute, "solid"_L1},
+};
+
+bool saysDefault(const AttributeRow &row, const QString &word)
+{
+    if (word == latin1(row.byDefault))
+        return true;
+    return std::any_of(std::begin(defaultWords), std::end(defaultWords),
+                       [&](const DefaultWord &known) {
+                           return known.name.text() == row.name.text() && known.word == word;
+                       });
+}
+
+bool isNumber(QStringView text)
+{
+    bool ok = false;
+    static_cast<void>(text.toDouble(&ok));
+    return ok;
+}
+
+bool isInteger(const QString &text)
+{
+    bool ok = false;
+    text.toInt(&ok);
+    return ok;
+}
+
+// The two ends of a comma list, as `numberPairFrom` takes them.
+QString firstOf(const QString &list)
+{
+    return list.section(u',', 0, 0);
+}
+
+QString lastOf(const QString &list)
+{
+    return list.section(u',', -1, -1);
+}
+
+// Only fills run through several colours.
+bool mayBeGradient(const AttributeRow &row)
+{
+    return row.name.text() == "fillcolor"_L1;
+}
+
+QString firstBadColor(const QString &value)
+{
+    const QStringList colors = value.split(u';');
+    const auto bad = std::find_if(colors.begin(), colors.end(), [](const QString &color) {
+        return !ColorValue(color).isValid();
+    });
+    return bad == colors.end() ? QString() : *bad;
+}
+
+bool isColor(const AttributeRow &row, const QString &value)
+{
+    if (value.isEmpty() || ColorValue(value).isValid())
+        return true;
+    if (!mayBeGradient(row) || !value.contains(u';'))
+        return false;
+    const QStringList colors = value.split(u';');
+    return std::all_of(colors.begin(), colors.end(),
+                       [](const QString &color) { return ColorValue(color).isValid(); });
+}
+
+// The words that a style may have, whichever table they are in: what one engine draws is known to
+// the others, and left out.
+QStringList wordsOf(const AttributeRow &row)
+{
+    QStringList words;
+    const auto add = [&](const AttributeRow &other) {
+        for (const AttributeWord &word : other.words)
+            words += latin1(word.word);
+    };
+    if (row.type == AttributeType::Choice) {
+        add(row);
+        return words;
+    }
+    for (const AttributeTable *table : Layout::attributeTables()) {
+        for (const AttributeRow *other : table->rows) {
+            if (other->type == AttributeType::Words && other->name.text() == row.name.text())
+                add(*other);
+        }
+    }
+    words.removeDuplicates();
+    return words;
+}
+
+// The first word of a style that holds none of the words.
+QString firstBadWord(const AttributeRow &row, const QString &value)
+{
+    const QStringList known = wordsOf(row);
+    const QStringList words = QString(value).replace(u',', u' ').simplified().split(u' ');
+    for (const QString &word : words) {
+        const bool isKnown = word.isEmpty() || saysDefault(row, word)
+            || std::any_of(known.begin(), known.end(),
+                           [&](const QString &one) { return word.contains(one); });
+        if (!isKnown)
+            return word;
+    }
+    return {};
+}
+
+QString nameOf(const AttributeRow &row)
+{
+    return quotedText(row.name.text());
+}
+
+// The number at the beginning of a text, with a decimal point for a comma; empty if there is none.
+QString numberAhead(const QString &text)
+{
+    QString plain = text.trimmed();
+    if (plain.count(u',') == 1)
+        plain.replace(u',', u'.');
+    for (qsizetype length = std::min<qsizetype>(plain.size(), longestNumber); length > 0;
+         --length) {
+        const QString ahead = plain.first(length);
+        if (ahead.back().isDigit() && isNumber(ahead))
+            return ahead;
+    }
+    return {};
+}
+
+QString meantInstead(const QString &ahead)
+{
+    return ahead.isEmpty() ? QString() : u"did you mean '%1'?"_s.arg(ahead);
+}
+
+// "0", or "infinite"
+QString takenFor(QStringView text)
+{
+    const double number = numberFrom(text);
+    return std::isinf(number) ? u"infinite"_s : numberText(number);
+}
+
+Finding numberFinding(const AttributeRow &row, const QString &value)
+{
+    return {
+        &Rules::badValue,
+        "%1 is no number: %2 counts as %3"_L1.arg(quotedText(value), nameOf(row), takenFor(value)),
+        meantInstead(numberAhead(value))};
+}
+
+Finding integerFinding(const AttributeRow &row, const QString &value)
+{
+    const bool isFraction = isNumber(value);
+    const QString whole = numberAhead(value).section(u'.', 0, 0);
+    return {&Rules::badValue,
+            "%1 is no %2: %3 counts as 0"_L1.arg(
+                quotedText(value), isFraction ? u"whole number of 32 bits"_s : u"whole number"_s,
+                nameOf(row)),
+            meantInstead(isInteger(whole) ? whole : QString())};
+}
+
+Finding pairFinding(const AttributeRow &row, const QString &value)
+{
+    const QString bad = isNumber(firstOf(value)) ? lastOf(value) : firstOf(value);
+    return {&Rules::badValue,
+            "%1 is no number: it counts as %2 in %3"_L1.arg(quotedText(bad), takenFor(bad),
+                                                            nameOf(row)),
+            u"write one number, or two with a comma between"_s};
+}
+
+// The six or eight digits that a colour without them may have meant.
+QString digitsMeant(const QString &color)
+{
+    QString digits = color.startsWith(u'#') ? color.sliced(1) : color;
+    if (digits.size() == 3 || digits.size() == 4) {
+        QString doubled;
+        for (const QChar digit : std::as_const(digits))
+            doubled += QString(2, digit);
+        digits = doubled;
+    }
+    const QString meant = u'#' + digits;
+    return ColorValue(meant).isValid() ? meant : QString();
+}
+
+QString colorSuggestion(const QString &color)
+{
+    if (const QString digits = color.size() <= longestNumber ? digitsMeant(color) : QString();
+        !digits.isEmpty())
+        return u"did you mean '%1'?"_s.arg(digits);
+    if (const QString name = didYouMean(color, colorNames()); !name.isEmpty())
+        return name;
+    if (color.startsWith(u'#'))
+        return u"write '#rrggbb' or '#rrggbbaa'"_s;
+    return "write '#rrggbb', '#rrggbbaa' or one of "_L1 + colorNames().join(", "_L1);
+}
+
+// A bad digit leaves the channels ahead of it.
+QString paintedInstead(const QString &color)
+{
+    const QString painted = ColorValue(color).toString();
+    return painted == "#000000"_L1 ? u"black"_s : quotedText(painted);
+}
+
+Finding colorFinding(const AttributeRow &row, const QString &value)
+{
+    if (!mayBeGradient(row) && value.contains(u';'))
+        return {&Rules::unknownColor,
+                "%1 can't be a gradient: %2 becomes black"_L1.arg(nameOf(row), quotedText(value)),
+                u"write one colour"_s};
+    const QString bad = firstBadColor(value);
+    return {&Rules::unknownColor,
+            "unknown colour %1 of %2 becomes %3"_L1.arg(quotedText(bad), nameOf(row),
+                                                        paintedInstead(bad)),
+            colorSuggestion(bad)};
+}
+
+Finding wordFinding(const AttributeRow &row, const QString &word, const QString &effect)
+{
+    const QStringList words = wordsOf(row);
+    const QString suggestion = didYouMean(word, words);
+    return {&Rules::unknownWord,
+            "unknown word %1 of %2 %3"_L1.arg(quotedText(word), nameOf(row), effect),
+            !suggestion.isEmpty()   ? suggestion
+                : words.size() == 1 ? "the only word is "_L1 + quotedText(words.first())
+                                    : "the words are "_L1 + listed(words)};
+}
+
+Finding choiceFinding(const AttributeRow &row, const QString &value)
+{
+    return wordFinding(row, value,
+                       "counts as the default (%1)"_L1.arg(QString(latin1(row.byDefault))));
+}
+
+} // namespace
+
+bool isMeant(const AttributeRow &row, const QString &value)
+{
+    switch (row.type) {
+    case AttributeType::Number:
+    case AttributeType::Inches:
+        return isNumber(value);
+    case AttributeType::Integer:
+        return isInteger(value);
+    case AttributeType::NumberPair:
+    case AttributeType::InchPair:
+        return isNumber(firstOf(value)) && isNumber(lastOf(value));
+    case AttributeType::Color:
+        return isColor(row, value);
+    case AttributeType::Choice:
+        return value.isEmpty() || wordIn(row.words, value) >= 0 || saysDefault(row, value);
+    case AttributeType::Words:
+        return firstBadWord(row, value).isEmpty();
+    case AttributeType::Text:
+        return true;
+    }
+    return true;
+}
+
+Finding valueFinding(const AttributeRow &row, const QString &value)
+{
+    switch (row.type) {
+    case AttributeType::Number:
+    case AttributeType::Inches:
+        return numberFinding(row, value);
+    case AttributeType::Integer:
+        return integerFinding(row, value);
+    case AttributeType::NumberPair:
+    case AttributeType::InchPair:
+        return pairFinding(row, value);
+    case AttributeType::Color:
+        return colorFinding(row, value);
+    case AttributeType::Choice:
+        return choiceFinding(row, value);
+    default:
+        return wordFinding(row, firstBadWord(row, value), u"has no effect"_s);
+    }
+}
+
+} // namespace ORR::Companion
