@@ -33,7 +33,7 @@ check: release-tests asan-tests
 
 release: packages
 	cmake --preset release $(SETTINGS)
-	cmake --build --preset release --target orrlayout
+	cmake --build --preset release --target orrlayout orr
 
 release-tests asan-tests: %-tests: packages
 	cmake --preset $* $(SETTINGS)

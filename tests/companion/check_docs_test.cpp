@@ -81,6 +81,8 @@ TEST_F(CheckDocs, have_examples_that_do_what_they_say)
         EXPECT_TRUE(faulty.output.contains('[' + text(rule->id).toUtf8() + ']')) << rule->id;
         EXPECT_EQ(faulty.status, rule->severity == Severity::Error ? 1 : 0) << rule->id;
 
+        EXPECT_EQ(runCommand(command + " --werror"_L1, inputs[0]).status, 1) << rule->id;
+
         // A second command stands for a mistake that is not in the text.
         const QString mendedCommand = runs.size() > 1 ? runs[1].section(u'\n', 0, 0) : command;
         const ProgramRun mended = runCommand(mendedCommand, inputs[1]);
