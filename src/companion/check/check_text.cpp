@@ -3,6 +3,7 @@
 #include "companion/check/attribute_rules.h"
 #include "companion/check/checked_text.h"
 #include "companion/check/drawing_rules.h"
+#include "companion/check/drawing_toolkit.h"
 #include "companion/check/rules.h"
 #include "companion/findings/finding_list.h"
 #include "companion/findings/locate.h"
@@ -44,6 +45,7 @@ void findSyntaxError(const Graph::DotFault &fault, FindingList *findings)
 
 QList<Finding> checkText(const QByteArray &bytes, const CheckOptions &options)
 {
+    prepareDrawingToolkit();
     FindingList findings;
     CheckedText checked;
     const Graph::DotReading reading = Graph::parseDot(bytes, checked);

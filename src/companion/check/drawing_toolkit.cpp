@@ -9,12 +9,18 @@ namespace ORR::Companion {
 
 namespace {
 
+// Whoever made an application object has prepared it.
+bool prepare()
+{
+    if (!QCoreApplication::instance())
+        Driver::prepareToolkit();
+    return true;
+}
+
 bool start()
 {
-    if (!QCoreApplication::instance()) {
-        Driver::prepareToolkit();
+    if (!QCoreApplication::instance())
         Driver::startToolkit("orr");
-    }
     const QString fault = Driver::fontFault();
     if (!fault.isEmpty())
         tell("orr check: the drawing is not checked: " + fault.toStdString());
@@ -23,8 +29,14 @@ bool start()
 
 } // namespace
 
+void prepareDrawingToolkit()
+{
+    [[maybe_unused]] static const bool isPrepared = prepare();
+}
+
 bool startsDrawingToolkit()
 {
+    prepareDrawingToolkit();
     static const bool isThere = start();
     return isThere;
 }
