@@ -71,11 +71,11 @@ public:
     }
 };
 
-std::unique_ptr<Graph::Device> makeDevice(Driver::DriverFormat format, const QString &fileName)
+std::unique_ptr<Graph::Device> makeDevice(Drawing::Format format, const QString &fileName)
 {
-    if (format == Driver::DriverFormat::Png || format == Driver::DriverFormat::Jpg)
+    if (format == Drawing::Format::Png || format == Drawing::Format::Jpg)
         return std::make_unique<SmallPicture>(fileName);
-    return Driver::formatRow(format).create({fileName, QStringLiteral(ORR_HOME)});
+    return Drawing::formatRow(format).create({fileName, QStringLiteral(ORR_HOME)});
 }
 
 // Takes the file away once it is read, so that no run sees one of an earlier run.
@@ -96,11 +96,11 @@ struct Outcome
     friend bool operator==(const Outcome &, const Outcome &) = default;
 };
 
-Outcome drawFile(Graph::DotGraph *graph, const Run &run, Driver::DriverFormat format)
+Outcome drawFile(Graph::DotGraph *graph, const Run &run, Drawing::Format format)
 {
     static const QTemporaryDir folder;
     // A picture takes its format from the suffix.
-    const QString fileName = folder.filePath("drawing."_L1 + Driver::formatRow(format).name);
+    const QString fileName = folder.filePath("drawing."_L1 + Drawing::formatRow(format).name);
     std::unique_ptr<Graph::Device> device = makeDevice(format, fileName);
     const QString message = run(graph, device.get());
     device.reset(); // it may still hold the file
@@ -199,21 +199,21 @@ void checkReplay(const QByteArray &xdot, const QByteArray &input)
 }
 
 // Judges what was written. A run that ends in a message may leave none.
-void checkDrawing(Driver::DriverFormat format, const QByteArray &drawing, const QByteArray &input)
+void checkDrawing(Drawing::Format format, const QByteArray &drawing, const QByteArray &input)
 {
     if (drawing.isEmpty())
         return;
     switch (format) {
-    case Driver::DriverFormat::XDot:
+    case Drawing::Format::XDot:
         return checkReplay(drawing, input);
-    case Driver::DriverFormat::Jpg:
-    case Driver::DriverFormat::Png:
+    case Drawing::Format::Jpg:
+    case Drawing::Format::Png:
         return require(!QImage::fromData(drawing).isNull(), "a picture that can be read");
-    case Driver::DriverFormat::Svg:
+    case Drawing::Format::Svg:
         return checkXml(withPageInFront(drawing), svgElements, checkSvgAttribute);
-    case Driver::DriverFormat::Vsdx:
+    case Drawing::Format::Vsdx:
         return checkPackage(drawing);
-    case Driver::DriverFormat::Vdx:
+    case Drawing::Format::Vdx:
         return checkXml(drawing, vdxElements, checkVisioAttribute);
     }
 }
@@ -233,12 +233,11 @@ void checkCalls(const QByteArray &text, const Run &run)
         return {message, device.log().toUtf8()};
     });
     // One of the two formats that are written fast.
-    const auto format =
-        text.size() % 2 == 0 ? Driver::DriverFormat::Svg : Driver::DriverFormat::XDot;
+    const auto format = text.size() % 2 == 0 ? Drawing::Format::Svg : Drawing::Format::XDot;
     checkDrawing(format, drawFile(graph.get(), run, format).drawing, text);
 }
 
-void checkFile(const QByteArray &text, const Run &run, Driver::DriverFormat format)
+void checkFile(const QByteArray &text, const Run &run, Drawing::Format format)
 {
     if (!Graph::parseDot(text))
         return;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "device/device.h"
-#include "driver/format_table.h"
+#include "drawing/format_table.h"
 #include "graph/dot_graph.h"
 
 #include <QByteArray>
@@ -21,4 +21,4 @@ void checkCalls(const QByteArray &text, const Run &run);
 // but elements that draw, SVG no attribute and no link that does more, a picture can be read, and
 // xdot is replayed if the text is plain (plain_input.h). Large pictures are not painted: they would
 // take all the time.
-void checkFile(const QByteArray &text, const Run &run, ORR::Driver::DriverFormat format);
+void checkFile(const QByteArray &text, const Run &run, ORR::Drawing::Format format);

@@ -19,7 +19,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         return device->end();
     };
     // One of the two, since laying out takes all the time.
-    const auto format = size % 2 == 0 ? Driver::DriverFormat::Svg : Driver::DriverFormat::Png;
+    const auto format = size % 2 == 0 ? Drawing::Format::Svg : Drawing::Format::Png;
     checkFile("digraph {}", run, format);
     return 0;
 }

@@ -1,7 +1,7 @@
 #include "driver/command_line.h"
 
-#include "driver/format_table.h"
-#include "driver/layout_table.h"
+#include "drawing/format_table.h"
+#include "drawing/layout_table.h"
 #include "driver/toolkit_arguments.h"
 #include "graph/message_text.h"
 
@@ -43,12 +43,13 @@ void describeCommandLine(QCommandLineParser *parser)
         u"infile"_s, translated("Input dot file. Standard in if not provided"), QString());
     parser->addOptions({
         {layoutOption,
-         translated("Use <layout> engine. Options are %1.").arg(alternatives(layoutNames())),
+         translated("Use <layout> engine. Options are %1.")
+             .arg(alternatives(Drawing::layoutNames())),
          translated("layout")},
         {formatOption,
          translated("Output in <format>. Options are %1. This can be automatically determined "
                     "from the output file name if provided.")
-             .arg(formatNamesForHelp().join(", "_L1)),
+             .arg(Drawing::formatNamesForHelp().join(", "_L1)),
          translated("format")},
         {outputOption, translated("Output to <outfile>. Standard out if not provided"),
          translated("outfile")},

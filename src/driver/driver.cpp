@@ -1,10 +1,8 @@
 #include "driver/driver.h"
 
-#include "device/xdot_render.h"
-#include "driver/format_table.h"
-#include "driver/layout_table.h"
-#include "driver/toolkit.h"
-#include "graph/dot_parser.h"
+#include "drawing/held_standard_error.h"
+#include "drawing/job.h"
+#include "drawing/toolkit.h"
 #include "graph/limits.h"
 #include "graph/message_text.h"
 #include "output/files/descriptor.h"
@@ -68,11 +66,9 @@ Graph::DotGraph *keepForever(std::unique_ptr<Graph::DotGraph> graph)
     return kept->back();
 }
 
-void applyEnvironment(Graph::DotGraph *graph)
+bool isHtmlWanted()
 {
-    static const QString useHtml = u"ORR_GVLAYOUT_USE_HTML=1"_s;
-    if (QProcess::systemEnvironment().contains(useHtml))
-        graph->declareAttribute(graph->root(), u"htmllabels"_s, u"on"_s, QString());
+    return QProcess::systemEnvironment().contains(u"ORR_GVLAYOUT_USE_HTML=1"_s);
 }
 
 // The file that stands in for standard output. It stays if the run fails.
@@ -84,14 +80,14 @@ struct StandIn
 
 // Makes a file for the device to write, with a name of its own, and gives the name; nothing if it
 // can't be made.
-std::optional<QString> makeTemporaryFile(DriverFormat format, StandIn *standIn)
+std::optional<QString> makeTemporaryFile(Drawing::Format format, StandIn *standIn)
 {
     QTemporaryFile *const file = &standIn->file;
     file->setAutoRemove(false);
     // A TMPDIR that is not there; the working directory would stand in for it.
     if (QDir::tempPath().isEmpty())
         return std::nullopt;
-    const QString nameTemplate = u"orr_orrlayout_XXXXXX.%1"_s.arg(formatRow(format).name);
+    const QString nameTemplate = u"orr_orrlayout_XXXXXX.%1"_s.arg(Drawing::formatRow(format).name);
     file->setFileTemplate(QDir::temp().filePath(nameTemplate));
     const Graph::HeldSignals held;
     if (!file->open())
@@ -102,21 +98,13 @@ std::optional<QString> makeTemporaryFile(DriverFormat format, StandIn *standIn)
     return name;
 }
 
-// Lets the replay or the chosen engine draw. The message is empty for success.
-QString draw(const CommandLine &commandLine, const QByteArray &input, Graph::DotGraph *graph,
-             Graph::Device *device)
+Drawing::Outcome draw(const Drawing::Job &job, Graph::DotGraph *graph, const QString &outputFile)
 {
 #ifndef __SANITIZE_ADDRESS__
     // The libraries of pictures complain there about those that an input holds.
-    const HeldStandardError held;
+    const Drawing::HeldStandardError held;
 #endif
-    if (graph->root()->attributes.contains(u"xdotversion"_s))
-        return Graph::Graphviz::XDotRender(device, graph).render(input);
-    const std::optional<LayoutIndex> layout = chooseLayout(commandLine.layout);
-    if (!layout)
-        return u"Layout required and layout engine not provided/available.\n\n"_s
-            + commandLine.help;
-    return layoutRow(*layout).run({graph, device});
+    return Drawing::drawGraph(job, graph, outputFile);
 }
 
 // A temporary file that is no longer there leaves standard output empty, and is no failure.
@@ -139,20 +127,24 @@ int run(const CommandLine &commandLine, const QString &homeDirectory,
     if (!input)
         return EXIT_FAILURE;
 
-    std::unique_ptr<Graph::DotGraph> parsed = Graph::parseDot(*input);
-    if (!parsed)
-        return fail(u"Unable to parse dot input\n"_s);
-    Graph::DotGraph *const graph = keepForever(std::move(parsed));
-    applyEnvironment(graph);
+    Drawing::Job job{.input = *input,
+                     .engine = commandLine.layout,
+                     .htmlLabels = isHtmlWanted(),
+                     .homeDirectory = homeDirectory};
+    Drawing::Reading reading = Drawing::readGraph(job);
+    if (!reading.graph)
+        return fail(reading.outcome.message);
+    Graph::DotGraph *const graph = keepForever(std::move(reading.graph));
 
-    const auto format = chooseFormat(commandLine.format, commandLine.outputFile);
+    const auto format = Drawing::chooseFormat(commandLine.format, commandLine.outputFile);
     if (!format)
         return fail(u"Output format could not be determined or is not supported.\n"
                     " Use -T provide a render engine or provide an output file name with a "
                     "supported extension.\n\n"_s
                     + commandLine.help);
+    job.format = *format;
 
-    if (const QString fault = fontFault(); !fault.isEmpty())
+    if (const QString fault = Drawing::fontFault(); !fault.isEmpty())
         return fail(fault);
 
     StandIn standIn;
@@ -163,13 +155,11 @@ int run(const CommandLine &commandLine, const QString &homeDirectory,
     if (!outputFile)
         return fail(u"Unable to create temporary file\n"_s);
 
-    std::unique_ptr<Graph::Device> device = formatRow(*format).create({*outputFile, homeDirectory});
-    const QString message = draw(commandLine, *input, graph, device.get());
-    if (!message.isEmpty())
-        return fail(message);
-
-    // Before the file is read: the device may still hold it open.
-    device.reset();
+    const Drawing::Outcome outcome = draw(job, graph, *outputFile);
+    if (outcome.fault == Drawing::Outcome::Engine)
+        return fail(outcome.message + commandLine.help);
+    if (outcome.fault != Drawing::Outcome::None)
+        return fail(outcome.message);
     if (toStandardOutput && !copyToStandardOutput(*outputFile, streams))
         return fail(u"Unable to write to stdout\n"_s);
     return EXIT_SUCCESS;

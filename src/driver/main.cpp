@@ -1,14 +1,16 @@
+#include "drawing/environment.h"
+#include "drawing/held_standard_error.h"
+#include "drawing/home_directory.h"
+#include "drawing/sudden_end.h"
+#include "drawing/toolkit.h"
 #include "driver/command_line.h"
 #include "driver/driver.h"
-#include "driver/environment.h"
-#include "driver/home_directory.h"
 #include "driver/standard_streams.h"
-#include "driver/sudden_end.h"
-#include "driver/toolkit.h"
 #include "output/files/file_name.h"
 
 #include <QCoreApplication>
 
+using namespace ORR::Drawing;
 using namespace ORR::Driver;
 using namespace Qt::StringLiterals;
 

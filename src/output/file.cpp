@@ -3,7 +3,6 @@
 #include "device/point_resolution.h"
 #include "graph/limits.h"
 #include "graph/numbers.h"
-#include "output/output_file.h"
 #include "output/painter_path.h"
 #include "output/painter_values.h"
 #include "output/pixel_rect.h"
@@ -47,7 +46,10 @@ QByteArray encoded(const QImage &image, const QString &fileName, int quality)
 
 } // namespace
 
-File::File(const QString &name, int saveQuality) : fileName(name), quality(saveQuality) { }
+File::File(const OutputTarget &outputTarget, int saveQuality)
+    : target(outputTarget), quality(saveQuality)
+{
+}
 
 void File::begin(int width, int height)
 {
@@ -59,7 +61,7 @@ void File::begin(int width, int height)
     if (image.isNull())
         return;
     setPointResolution(&image);
-    image.fill(fileName.endsWith(u"png"_s) ? Qt::transparent : Qt::white);
+    image.fill(target.name().endsWith(u"png"_s) ? Qt::transparent : Qt::white);
     // One painter for all primitives; each of them sets every value that it depends on.
     painter = std::make_unique<QPainter>(&image);
     painter->setRenderHint(QPainter::Antialiasing, true);
@@ -73,9 +75,9 @@ QString File::end()
     begun = false;
     painter.reset();
     makeColorsPlain(&image);
-    const QByteArray bytes = encoded(image, fileName, quality);
+    const QByteArray bytes = encoded(image, target.name(), quality);
     image = QImage();
-    if (bytes.isEmpty() || !writeOutputFile(fileName, bytes))
+    if (bytes.isEmpty() || !writeOutput(target, bytes))
         return u"Could not save image to file\n"_s;
     return {};
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "device/text_image.h"
+#include "output/output.h"
 
 #include <QImage>
 #include <QPainter>
@@ -10,16 +11,16 @@
 
 namespace ORR::Graph {
 
-// Paints the drawing into an image and saves it when it ends, in the format of the file name's
-// suffix. A PNG is transparent where nothing is painted, every other format white.
+// Paints the drawing into an image and saves it when it ends, in the format of the suffix of
+// its name. A PNG is transparent where nothing is painted, every other format white.
 //
 // A drawing that is too large to be held is scaled down: engines keep their coordinates. What has
 // no image all the same (a side of zero or less, before or after scaling; no memory) draws nothing.
 class File : public TextImage
 {
 public:
-    // quality: 0 to 100, or -1 for the default of the format.
-    explicit File(const QString &fileName, int quality = -1);
+    // saveQuality: 0 to 100, or -1 for the default of the format.
+    explicit File(const OutputTarget &outputTarget, int saveQuality = -1);
 
     void begin(int width, int height) override;
     // "Draw too large\n" if nothing was begun, which is so again after the first call; "Could not
@@ -38,7 +39,7 @@ public:
 private:
     void setPaint(const Pen *pen, const Color *fill);
 
-    QString fileName;
+    OutputTarget target;
     int quality;
     bool begun = false; // and not ended yet, with an image or without
     QImage image; // null if there is none

@@ -200,10 +200,4 @@ bool OutputFile::writeOverTarget()
         && target.close();
 }
 
-bool writeOutputFile(const QString &fileName, QByteArrayView bytes)
-{
-    OutputFile file(fileName);
-    return file.write(bytes) && file.commit();
-}
-
 } // namespace ORR::Graph

@@ -58,8 +58,4 @@ private:
     bool failed = false;
 };
 
-// Writes a whole file, in place of what stood there. False if it can't be opened or if not every
-// byte arrived; what stood there then stays.
-bool writeOutputFile(const QString &fileName, QByteArrayView bytes);
-
 } // namespace ORR::Graph

@@ -2,30 +2,10 @@
 
 namespace ORR::Graph {
 
-OutputText::OutputText(const QString &fileName) : file(std::make_unique<OutputFile>(fileName)) { }
-
-OutputText::OutputText(QByteArray *target) : buffer(target)
-{
-    if (buffer)
-        buffer->clear();
-}
-
-OutputText::~OutputText()
-{
-    if (buffer)
-        flush();
-}
-
-bool OutputText::flush()
-{
-    handOn({block.get(), used});
-    used = 0;
-    return isOpen() && !failed;
-}
-
 bool OutputText::finish()
 {
-    return flush() && (buffer || file->commit());
+    flush();
+    return output.commit();
 }
 
 OutputText &OutputText::appendLong(QByteArrayView text)
@@ -38,12 +18,16 @@ OutputText &OutputText::appendLong(QByteArrayView text)
     return *this;
 }
 
+void OutputText::flush()
+{
+    handOn({block.get(), used});
+    used = 0;
+}
+
+// A write that failed fails the completion.
 void OutputText::handOn(QByteArrayView text)
 {
-    if (buffer)
-        buffer->append(text);
-    else if (file && !failed)
-        failed = !file->write(text);
+    output.write(text);
 }
 
 } // namespace ORR::Graph

@@ -1,35 +1,27 @@
 #pragma once
 
 #include "graph/decimal.h"
-#include "output/output_file.h"
+#include "output/output.h"
 
 #include <QByteArray>
 #include <QByteArrayView>
-#include <QString>
 
 #include <algorithm>
 #include <memory>
 
 namespace ORR::Graph {
 
-// The text of an output file, written piece by piece and handed on in large blocks, so that a
+// The text of an output, written piece by piece and handed on in large blocks, so that a
 // drawing of any size takes no memory to speak of. Everything is UTF-8. After a write that failed
 // the rest is dropped.
 class OutputText
 {
 public:
-    // To a file, which appears with `finish`.
-    explicit OutputText(const QString &fileName);
-    // To memory, in place of what stood there. The buffer is not owned and is complete after
-    // `flush`.
-    explicit OutputText(QByteArray *buffer);
-    // A buffer gets what is still held. A file that is not finished is none.
-    ~OutputText();
-    OutputText(const OutputText &) = delete;
-    OutputText &operator=(const OutputText &) = delete;
+    // Complete with `finish` only.
+    explicit OutputText(const OutputTarget &target) : output(target) { }
 
     // Whether there is anything to write to. If not, what is written is dropped.
-    bool isOpen() const { return buffer || (file && file->isOpen()); }
+    bool isOpen() const { return output.isOpen(); }
 
     OutputText &operator<<(QByteArrayView text)
     {
@@ -42,11 +34,8 @@ public:
     OutputText &operator<<(int value) { return appendNumber(value); }
     OutputText &operator<<(double value) { return appendNumber(value); } // as `numberText`
 
-    // Hands on everything written so far. False if any of it has not arrived.
-    bool flush();
-
-    // Does so for the last time. A file takes the place of what stood there, and is closed. False
-    // if any of it has not arrived.
+    // Hands on what is still held, and completes and closes the output. False if anything that was
+    // written has not arrived.
     bool finish();
 
 private:
@@ -54,6 +43,7 @@ private:
 
     qsizetype room() const { return blockSize - used; }
     OutputText &appendLong(QByteArrayView text);
+    void flush();
     void handOn(QByteArrayView text);
 
     template <typename Number>
@@ -65,11 +55,9 @@ private:
         return *this;
     }
 
-    std::unique_ptr<OutputFile> file;
-    QByteArray *buffer = nullptr;
+    Output output;
     std::unique_ptr<char[]> block = std::make_unique<char[]>(blockSize);
     qsizetype used = 0;
-    bool failed = false;
 };
 
 } // namespace ORR::Graph

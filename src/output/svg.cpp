@@ -67,9 +67,7 @@ QString plainText(QString html)
 
 } // namespace
 
-Svg::Svg(const QString &fileName) : out(fileName) { }
-
-Svg::Svg(QByteArray *buffer) : out(buffer) { }
+Svg::Svg(const OutputTarget &target) : out(target) { }
 
 void Svg::begin(int width, int height)
 {

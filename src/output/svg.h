@@ -13,16 +13,13 @@ namespace ORR::Graph {
 // first in the file, and nothing is kept. There is no object protocol.
 //
 // The file is well-formed for every input: characters that XML forbids are left out of all texts.
-// A file appears whole when the drawing ends. If the output can't be opened the device draws
+// It is complete when the drawing ends. If the output can't be opened the device draws
 // nothing, and `end` returns "Unable to open file\n". If it takes less than everything, `end`
 // returns "Unable to write to file\n".
 class Svg : public Device
 {
 public:
-    explicit Svg(const QString &fileName);
-    // Into memory; the buffer is not owned, is complete after `end`, and may be null, which counts
-    // as not opened.
-    explicit Svg(QByteArray *buffer);
+    explicit Svg(const OutputTarget &target);
 
     void begin(int width, int height) override;
     QString end() override;

@@ -3,7 +3,6 @@
 #include "graph/dot_writer.h"
 #include "graph/numbers.h"
 #include "graph/subgraph_walk.h"
-#include "output/output_file.h"
 #include "output/xdot_path.h"
 #include "output/xdot_text.h"
 
@@ -63,8 +62,8 @@ QRect ellipseBox(QPoint centre, int rx, int ry)
 
 } // namespace
 
-XDot::XDot(const QString &outputFile)
-    : graph(std::make_unique<DotGraph>()), subgraphs{graph->root()}, fileName(outputFile)
+XDot::XDot(const OutputTarget &outputTarget)
+    : graph(std::make_unique<DotGraph>()), subgraphs{graph->root()}, target(outputTarget)
 {
 }
 
@@ -83,7 +82,7 @@ QString XDot::end()
     QString text;
     QTextStream stream(&text);
     writeDot(graph->root(), stream, false);
-    if (!writeOutputFile(fileName, text.toUtf8()))
+    if (!writeOutput(target, text.toUtf8()))
         return u"Unable to write to file\n"_s;
     return {};
 }

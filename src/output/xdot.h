@@ -1,6 +1,7 @@
 #pragma once
 
 #include "device/text_image.h"
+#include "output/output.h"
 #include "output/xdot_object.h"
 
 #include <QList>
@@ -33,7 +34,7 @@ namespace ORR::Graph {
 class XDot : public TextImage
 {
 public:
-    explicit XDot(const QString &fileName);
+    explicit XDot(const OutputTarget &outputTarget);
     ~XDot() override;
 
     void begin(int width, int height) override;
@@ -71,7 +72,7 @@ private:
     std::unique_ptr<DotGraph> graph; // what is written
     QList<XDotObject *> objects; // those that are open, innermost last
     QList<DotSubgraph *> subgraphs; // the open clusters; the first is the root
-    QString fileName;
+    OutputTarget target;
     int height = 0;
 };
 

@@ -16,7 +16,7 @@ QStringList foldersIn(const QString &root)
     return QDir(root).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
 }
 
-class CorpusOfEngine : public testing::TestWithParam<Driver::LayoutIndex>
+class CorpusOfEngine : public testing::TestWithParam<Drawing::LayoutIndex>
 {
 };
 
@@ -32,7 +32,7 @@ TEST_P(CorpusOfEngine, has_a_golden_for_each_format_and_for_the_replay)
 {
     for (const CorpusInput &input : inputsOf(GetParam(), drawingInputs())) {
         QStringList suffixes{u"replayed.svg"_s, u"replayed.png"_s};
-        for (const Driver::DriverFormat format : allFormats())
+        for (const Drawing::Format format : allFormats())
             suffixes += goldenSuffix(format);
         for (const QString &suffix : suffixes)
             EXPECT_FALSE(readTestFile(input.besideIt(suffix)).isEmpty()) << suffix.toStdString();
@@ -44,7 +44,7 @@ INSTANTIATE_TEST_SUITE_P(All, CorpusOfEngine, testing::ValuesIn(allLayouts()), n
 // A folder that is misspelt, or that of an engine that is gone, is drawn by nobody.
 TEST(Corpus, has_no_folder_that_is_no_engine)
 {
-    QStringList engines = Driver::layoutNames();
+    QStringList engines = Drawing::layoutNames();
     engines.sort();
     EXPECT_EQ(foldersIn(drawingsFolder()), engines);
     QStringList examples = foldersIn(examplesFolder());
@@ -66,7 +66,7 @@ TEST(Corpus, has_no_golden_whose_drawing_is_gone)
 TEST(Corpus, names_each_engine_s_picture_in_the_documents)
 {
     const QDir pictures(QStringLiteral(ORR_TEST_FOLDER "/../../docs/pictures"));
-    for (const QString &engine : Driver::layoutNames())
+    for (const QString &engine : Drawing::layoutNames())
         EXPECT_FALSE(pictures.entryList({engine + u"-*.png"_s}, QDir::Files).isEmpty())
             << engine.toStdString();
 }

@@ -12,7 +12,7 @@
 #include <QTemporaryDir>
 #include <QXmlStreamReader>
 
-using namespace ORR::Driver;
+using namespace ORR::Drawing;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -25,15 +25,15 @@ QByteArray succeeded(const FinishedDrawing &drawing)
 }
 
 // The finished drawing in a format; drawn anew for every call.
-QByteArray drawn(const CorpusInput &input, DriverFormat format)
+QByteArray drawn(const CorpusInput &input, Format format)
 {
     return succeeded(draw(input.file, input.engine(), formatRow(format).name));
 }
 
 // The golden xdot text, replayed.
-QByteArray replayed(const CorpusInput &input, DriverFormat format)
+QByteArray replayed(const CorpusInput &input, Format format)
 {
-    const QString xdot = input.besideIt(goldenSuffix(DriverFormat::XDot));
+    const QString xdot = input.besideIt(goldenSuffix(Format::XDot));
     return succeeded(draw(xdot, QString(), formatRow(format).name));
 }
 
@@ -58,7 +58,7 @@ void expectJpgOfSizeAndWhite(const QByteArray &bytes, const QString &golden)
 }
 
 // An input and one format of the table.
-using DrawnFormat = std::tuple<CorpusInput, DriverFormat>;
+using DrawnFormat = std::tuple<CorpusInput, Format>;
 
 class Drawings : public testing::TestWithParam<DrawnFormat>
 {
@@ -84,22 +84,22 @@ TEST_P(Drawings, are_as_they_were_accepted)
     const QString golden = input.besideIt(goldenSuffix(format));
     const QByteArray bytes = drawn(input, format);
     switch (format) {
-    case DriverFormat::XDot:
+    case Format::XDot:
         EXPECT_TRUE(matchesGolden(bytes, golden));
         return;
-    case DriverFormat::Jpg:
+    case Format::Jpg:
         return expectJpgOfSizeAndWhite(bytes, golden);
-    case DriverFormat::Png:
+    case Format::Png:
         EXPECT_TRUE(matchesPicture(bytes, golden));
         return;
-    case DriverFormat::Svg:
+    case Format::Svg:
         EXPECT_TRUE(matchesGolden(bytes, golden));
         EXPECT_TRUE(isWellFormed(bytes));
         return;
-    case DriverFormat::Vsdx:
+    case Format::Vsdx:
         EXPECT_TRUE(matchesGoldenNumbers(packagePart(bytes, u"visio/pages/page1.xml"_s), golden));
         return;
-    case DriverFormat::Vdx:
+    case Format::Vdx:
         EXPECT_TRUE(matchesGoldenNumbers(bytes, golden));
         return;
     }
@@ -115,10 +115,8 @@ TEST_P(Drawings, have_the_same_bytes_on_every_run)
 TEST_P(ReplayedDrawings, are_as_they_were_accepted)
 {
     const CorpusInput &input = GetParam();
-    EXPECT_TRUE(
-        matchesGolden(replayed(input, DriverFormat::Svg), input.besideIt(u"replayed.svg"_s)));
-    EXPECT_TRUE(
-        matchesPicture(replayed(input, DriverFormat::Png), input.besideIt(u"replayed.png"_s)));
+    EXPECT_TRUE(matchesGolden(replayed(input, Format::Svg), input.besideIt(u"replayed.svg"_s)));
+    EXPECT_TRUE(matchesPicture(replayed(input, Format::Png), input.besideIt(u"replayed.png"_s)));
 }
 
 // The tolerance of the comparison hides no true difference.

@@ -176,7 +176,7 @@ QList<double> widthRatios(const QList<SvgText> &texts)
     return ratios;
 }
 
-class TextWidths : public testing::TestWithParam<Driver::LayoutIndex>
+class TextWidths : public testing::TestWithParam<Drawing::LayoutIndex>
 {
 };
 

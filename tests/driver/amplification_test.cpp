@@ -19,20 +19,20 @@ struct Hostile
 };
 
 // What the largest output of a format is at most, as a multiple of the input.
-double boundOf(Driver::DriverFormat format)
+double boundOf(Drawing::Format format)
 {
     switch (format) {
-    case Driver::DriverFormat::XDot:
+    case Drawing::Format::XDot:
         return 200;
-    case Driver::DriverFormat::Jpg:
+    case Drawing::Format::Jpg:
         return 100;
-    case Driver::DriverFormat::Png:
+    case Drawing::Format::Png:
         return 30;
-    case Driver::DriverFormat::Svg:
+    case Drawing::Format::Svg:
         return 300;
-    case Driver::DriverFormat::Vsdx:
+    case Drawing::Format::Vsdx:
         return 8;
-    case Driver::DriverFormat::Vdx:
+    case Drawing::Format::Vdx:
         return 400;
     }
     return 0;
@@ -75,7 +75,7 @@ QList<Hostile> hostileInputs()
         finished(u"many shapes"_s, QByteArray("E 9 9 9 9 ").repeated(1000)),
         finished(u"a large page"_s, QByteArray("E 9 9 9 9 ").repeated(990), "0,0,7000,7000"),
     };
-    for (const QString &engine : Driver::layoutNames())
+    for (const QString &engine : Drawing::layoutNames())
         inputs += laidOut(engine);
     return inputs;
 }
@@ -106,8 +106,8 @@ protected:
 // Not less than half of it either, so that the figures mean something.
 TEST_F(Amplification, stays_within_a_factor_in_each_format)
 {
-    for (const Driver::DriverFormat index : allFormats()) {
-        const QString format = Driver::formatRow(index).name;
+    for (const Drawing::Format index : allFormats()) {
+        const QString format = Drawing::formatRow(index).name;
         const double most = boundOf(index);
         const double largest = largestFactor(format);
         EXPECT_LT(largest, most) << format.toStdString();

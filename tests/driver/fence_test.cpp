@@ -1,6 +1,6 @@
 // Whatever an input says, nothing that it names is opened, in any format and on any way that leads
 // to rich text.
-#include "driver/format_table.h"
+#include "drawing/format_table.h"
 #include "driver/hostile_texts.h"
 #include "driver/open_watch.h"
 #include "driver/program_run.h"
@@ -85,14 +85,14 @@ TEST_F(Fence, the_watch_sees_what_is_opened)
 TEST_F(Fence, rich_text_of_a_finished_drawing_opens_nothing)
 {
     const QByteArray drawing = drawingOf(texts(), "H");
-    for (const QString &format : ORR::Driver::formatNames())
+    for (const QString &format : ORR::Drawing::formatNames())
         expectNothingTouched({.arguments = {u"-T"_s, format}, .input = drawing}, format);
 }
 
 TEST_F(Fence, texts_that_are_read_as_html_open_nothing)
 {
     const QByteArray drawing = drawingOf(texts(), "T");
-    for (const QString &format : ORR::Driver::formatNames())
+    for (const QString &format : ORR::Drawing::formatNames())
         expectNothingTouched({.arguments = {u"-T"_s, format},
                               .input = drawing,
                               .environment = {{u"ORR_GVLAYOUT_USE_HTML"_s, u"1"_s}}},

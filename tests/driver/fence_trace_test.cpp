@@ -1,7 +1,7 @@
 // The fence once more, from below: every call of the system that names a file, opens something or
 // speaks to a network is written down by strace, for hostile texts and for harmless ones. What an
 // input says must not make a difference.
-#include "driver/format_table.h"
+#include "drawing/format_table.h"
 #include "driver/hostile_texts.h"
 #include "driver/program_run.h"
 #include "support/golden.h"
@@ -149,7 +149,7 @@ TEST_F(FenceTrace, sees_what_speaks_to_a_network)
 
 TEST_F(FenceTrace, rich_texts_make_no_difference_in_any_format)
 {
-    for (const QString &format : ORR::Driver::formatNames()) {
+    for (const QString &format : ORR::Drawing::formatNames()) {
         SCOPED_TRACE(format.toStdString());
         const QStringList arguments{u"-T"_s, format, u"-o"_s, u"out."_s + format};
         const QSet<QByteArray> hostile = callsOf(arguments, drawingOf(everyText(), "H"));
@@ -161,7 +161,7 @@ TEST_F(FenceTrace, rich_texts_make_no_difference_in_any_format)
 TEST_F(FenceTrace, texts_that_are_read_as_html_make_no_difference_in_any_format)
 {
     const QList<QPair<QString, QString>> html{{u"ORR_GVLAYOUT_USE_HTML"_s, u"1"_s}};
-    for (const QString &format : ORR::Driver::formatNames()) {
+    for (const QString &format : ORR::Drawing::formatNames()) {
         SCOPED_TRACE(format.toStdString());
         const QStringList arguments{u"-T"_s, format, u"-o"_s, u"out."_s + format};
         const QSet<QByteArray> hostile = callsOf(arguments, drawingOf(everyText(), "T"), html);

@@ -1,6 +1,6 @@
 // No message brings a terminal a control character of the input, of a file's name, an argument or
 // the environment.
-#include "driver/layout_table.h"
+#include "drawing/layout_table.h"
 #include "driver/program_run.h"
 #include "support/breaking_texts.h"
 #include "support/golden.h"
@@ -76,7 +76,7 @@ TEST_F(HostileMessages, of_ids_that_a_sequence_refuses)
 TEST_F(HostileMessages, of_graphs_that_an_engine_refuses)
 {
     const QByteArray id = quotedInGraph(controls);
-    for (const QString &engine : ORR::Driver::layoutNames()) {
+    for (const QString &engine : ORR::Drawing::layoutNames()) {
         const ProgramRun drawn = draw("digraph " + id + " { subgraph " + id + " { " + id + " -> "
                                           + id + " [" + id + '=' + id + "]; } }",
                                       u"svg"_s, engine);

@@ -1,13 +1,13 @@
 // The options, the choice of format and engine, and the file that takes the drawing.
-#include "driver/format_table.h"
-#include "driver/layout_table.h"
+#include "drawing/format_table.h"
+#include "drawing/layout_table.h"
 
 #include "driver/program_run.h"
 #include "support/golden.h"
 
 #include <QRegularExpression>
 
-using namespace ORR::Driver;
+using namespace ORR::Drawing;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -61,7 +61,7 @@ TEST_F(Options, every_format_of_the_table_is_written)
 {
     ASSERT_EQ(firstBytes.size(), qsizetype(formatTable().size()));
     for (qsizetype i = 0; i < firstBytes.size(); ++i) {
-        const FormatRow &row = formatRow(static_cast<DriverFormat>(i));
+        const FormatRow &row = formatRow(static_cast<Format>(i));
         const ProgramRun drawn = draw(smallGraph(), row.name);
         EXPECT_TRUE(succeeded(drawn)) << row.name.data();
         EXPECT_EQ(drawn.output.first(firstBytes[i].size()), firstBytes[i]) << row.name.data();

@@ -7,7 +7,6 @@
 #include <thread>
 
 #include <fcntl.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 using namespace ORR::Driver;
@@ -85,53 +84,4 @@ TEST(StandardStreams, writing_to_a_full_disk_fails)
     EXPECT_FALSE(writeToEnd(full, "x"));
     EXPECT_TRUE(writeToEnd(full, ""));
     ::close(full);
-}
-
-TEST(StandardStreams, held_standard_error_leaves_a_way_out)
-{
-    Pipe pipe;
-    const int real = ::dup(STDERR_FILENO);
-    ::dup2(pipe.ends[1], STDERR_FILENO);
-    {
-        const HeldStandardError held;
-        writeToEnd(STDERR_FILENO, "unheard ");
-        writeToEnd(HeldStandardError::messages(), "message ");
-        EXPECT_EQ(held.text(), "unheard ");
-    }
-    writeToEnd(STDERR_FILENO, "afterwards");
-    ::dup2(real, STDERR_FILENO);
-    ::close(real);
-    pipe.closeWriter();
-    EXPECT_EQ(readToEnd(pipe.ends[0], noLimit), QByteArray("message afterwards"));
-}
-
-TEST(StandardStreams, held_standard_error_starts_empty_and_is_copied_as_far_as_there_is_room)
-{
-    char buffer[4] = {};
-    for (int i = 0; i < 2; ++i) {
-        const HeldStandardError held;
-        EXPECT_EQ(held.text(), "");
-        writeToEnd(STDERR_FILENO, "unheard");
-        EXPECT_EQ(HeldStandardError::copyText(buffer, sizeof buffer), 4U);
-        EXPECT_EQ(QByteArray(buffer, sizeof buffer), "unhe");
-    }
-    EXPECT_EQ(HeldStandardError::copyText(buffer, sizeof buffer), 0U);
-}
-
-TEST(StandardStreams, files_that_can_be_opened_are_counted_by_what_is_free)
-{
-    rlimit former = {};
-    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &former), 0);
-    const int firstFree = ::open("/dev/null", O_RDONLY);
-    ::close(firstFree);
-    // All numbers below the first free one are taken.
-    const rlimit few{static_cast<rlim_t>(firstFree) + 5, former.rlim_max};
-    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
-    const bool five = canOpenFiles(5);
-    const bool fiveAgain = canOpenFiles(5);
-    const bool six = canOpenFiles(6);
-    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &former), 0);
-    EXPECT_TRUE(five);
-    EXPECT_TRUE(fiveAgain) << "what was opened is not closed";
-    EXPECT_FALSE(six);
 }

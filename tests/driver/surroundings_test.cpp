@@ -1,5 +1,5 @@
 // What the program makes of the environment that it is started in.
-#include "driver/format_table.h"
+#include "drawing/format_table.h"
 #include "driver/program_run.h"
 #include "support/golden.h"
 
@@ -10,7 +10,7 @@
 
 #include <unistd.h>
 
-using namespace ORR::Driver;
+using namespace ORR::Drawing;
 using namespace Qt::StringLiterals;
 
 namespace {

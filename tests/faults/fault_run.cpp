@@ -1,6 +1,6 @@
 #include "faults/fault_run.h"
 
-#include "driver/format_table.h"
+#include "drawing/format_table.h"
 #include "support/golden.h"
 
 #include <QDir>
@@ -42,7 +42,7 @@ std::function<void()> closed(const QList<int> &descriptors)
 std::vector<const char *> formatsOfTests()
 {
     std::vector<const char *> names;
-    for (const ORR::Driver::FormatRow &row : ORR::Driver::formatTable())
+    for (const ORR::Drawing::FormatRow &row : ORR::Drawing::formatTable())
         names.push_back(row.name.data());
     return names;
 }

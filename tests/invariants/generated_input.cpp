@@ -4,7 +4,7 @@
 
 #include <random>
 
-using namespace ORR::Driver;
+using namespace ORR::Drawing;
 
 namespace {
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "driver/layout_table.h"
+#include "drawing/layout_table.h"
 
 #include <QByteArray>
 
 // An input in the vocabulary of an engine, of some ten to a hundred objects, that it draws: groups
 // within groups, areas of very different size, labels of any length, edges of all kinds. The same
 // seed gives the same text, with one compiler.
-QByteArray generatedInput(ORR::Driver::LayoutIndex layout, quint64 seed);
+QByteArray generatedInput(ORR::Drawing::LayoutIndex layout, quint64 seed);

@@ -121,7 +121,7 @@ TEST(Harness, sees_what_has_another_scale)
 
 TEST(Harness, generates_graphs_that_depend_on_the_seed_alone)
 {
-    for (const Driver::LayoutIndex layout : allLayouts()) {
+    for (const Drawing::LayoutIndex layout : allLayouts()) {
         const QByteArray text = generatedInput(layout, 1);
         EXPECT_TRUE(Graph::parseDot(text)) << text.toStdString();
         EXPECT_EQ(generatedInput(layout, 1), text);

@@ -31,14 +31,14 @@ constexpr double everything = std::numeric_limits<double>::infinity();
 // What an engine does not promise by its rules, and why.
 struct Exception
 {
-    Driver::LayoutIndex layout;
+    Drawing::LayoutIndex layout;
     Promise promise;
     double leeway; // points to the right by which the promise may be missed
     const char *kind; // of the objects that it is about; empty for all
     const char *reason;
 };
 
-using enum Driver::LayoutIndex;
+using enum Drawing::LayoutIndex;
 const QList<Exception> exceptions{
     {GfTree, Promise::ChildrenInside, everything, "", "no groups"},
     {GfTree, Promise::InProportion, everything, "", "no weights"},
@@ -52,7 +52,7 @@ const QList<Exception> exceptions{
 };
 
 // 0 for a promise that holds.
-double leewayOf(Driver::LayoutIndex layout, Promise promise, const QString &kind)
+double leewayOf(Drawing::LayoutIndex layout, Promise promise, const QString &kind)
 {
     const auto row = std::ranges::find_if(exceptions, [&](const Exception &each) {
         return each.layout == layout && each.promise == promise
@@ -68,13 +68,13 @@ struct Case
     QByteArray text;
 };
 
-QString draw(Driver::LayoutIndex layout, const QByteArray &text, Graph::Device *device)
+QString draw(Drawing::LayoutIndex layout, const QByteArray &text, Graph::Device *device)
 {
     const std::unique_ptr<Graph::DotGraph> graph = Graph::parseDot(text);
-    return graph ? Driver::layoutRow(layout).run({graph.get(), device}) : u"no graph"_s;
+    return graph ? Drawing::layoutRow(layout).run({graph.get(), device}) : u"no graph"_s;
 }
 
-class Invariants : public testing::TestWithParam<Driver::LayoutIndex>
+class Invariants : public testing::TestWithParam<Drawing::LayoutIndex>
 {
 protected:
     static std::vector<Case> cases()
@@ -123,7 +123,7 @@ std::vector<std::optional<Figure>> figuresOf(const Drawn &drawn)
 }
 
 // Edges may cross what they lead to, but not each other where they have an area.
-bool mustLieApart(Driver::LayoutIndex layout, const DrawnObject &a, const DrawnObject &b)
+bool mustLieApart(Drawing::LayoutIndex layout, const DrawnObject &a, const DrawnObject &b)
 {
     if (a.parent != b.parent || (a.kind == "Edge"_L1) != (b.kind == "Edge"_L1))
         return false;
@@ -214,12 +214,12 @@ TEST_P(Invariants, extents_are_in_proportion_to_the_weights)
 TEST_P(Invariants, the_same_input_gives_the_same_bytes_in_each_format)
 {
     const DrawingFolder folder;
-    QSet<Driver::DriverFormat> written;
+    QSet<Drawing::Format> written;
     forEachDrawing([&](const Drawn &drawn, const QByteArray &text) {
-        for (const Driver::DriverFormat format : allFormats()) {
+        for (const Drawing::Format format : allFormats()) {
             if (isPicture(format) && qint64(drawn.page.width()) * drawn.page.height() > mostPixels)
                 continue;
-            SCOPED_TRACE(Driver::formatRow(format).name.data());
+            SCOPED_TRACE(Drawing::formatRow(format).name.data());
             const auto file = [&] {
                 return folder.drawnFile(format, [&](Graph::Device *device) {
                     EXPECT_EQ(draw(GetParam(), text, device), QString());

@@ -101,11 +101,11 @@ QList<Weighed> byLength(const Drawn &drawn, const QHash<QString, double> &weight
 
 } // namespace
 
-QList<QList<Weighed>> weighedFamilies(Driver::LayoutIndex layout, const Drawn &drawn,
+QList<QList<Weighed>> weighedFamilies(Drawing::LayoutIndex layout, const Drawn &drawn,
                                       const Graph::DotGraph &graph)
 {
     const QHash<QString, double> weights = weightsOf(graph);
-    if (layout == Driver::LayoutIndex::Bar)
+    if (layout == Drawing::LayoutIndex::Bar)
         return {byLength(drawn, weights)};
     std::map<qsizetype, QList<Weighed>> families; // one for each parent, or one for all
     for (const DrawnObject &object : drawn.objects) {
@@ -113,11 +113,11 @@ QList<QList<Weighed>> weighedFamilies(Driver::LayoutIndex layout, const Drawn &d
         const std::optional<Figure> figure = figureOf(object);
         if (!figure || !(weight > 0))
             continue;
-        if (layout == Driver::LayoutIndex::Treemap)
+        if (layout == Drawing::LayoutIndex::Treemap)
             families[object.parent] += byArea(object.id, *figure, weight);
-        else if (layout == Driver::LayoutIndex::Sunburst)
+        else if (layout == Drawing::LayoutIndex::Sunburst)
             families[object.parent] += byAngle(object.id, *figure, weight);
-        else if (layout == Driver::LayoutIndex::FlatBubble && object.kind == "Node"_L1)
+        else if (layout == Drawing::LayoutIndex::FlatBubble && object.kind == "Node"_L1)
             families[0] += byRadius(object.id, *figure, weight);
     }
     QList<QList<Weighed>> all;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "driver/layout_table.h"
+#include "drawing/layout_table.h"
 #include "graph/dot_graph.h"
 #include "invariants/drawn_objects.h"
 
@@ -18,7 +18,7 @@ struct Weighed
 
 // The objects of an engine that shows weights, in families whose members have one scale. None for
 // an engine that shows none. The graph is that of the input, as it was before the run.
-QList<QList<Weighed>> weighedFamilies(ORR::Driver::LayoutIndex layout, const Drawn &drawn,
+QList<QList<Weighed>> weighedFamilies(ORR::Drawing::LayoutIndex layout, const Drawn &drawn,
                                       const ORR::Graph::DotGraph &graph);
 
 // The ids of those that can't have the scale of those before them.

@@ -14,24 +14,24 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString draw(Driver::DriverFormat format, Driver::LayoutIndex layout, const QByteArray &text,
+QString draw(Drawing::Format format, Drawing::LayoutIndex layout, const QByteArray &text,
              const QString &path)
 {
     const std::unique_ptr<Graph::DotGraph> graph = Graph::parseDot(text);
     if (!graph)
         return u"no graph"_s;
-    const auto device = Driver::formatRow(format).create({path, QStringLiteral(ORR_HOME)});
+    const auto device = Drawing::formatRow(format).create({path, QStringLiteral(ORR_HOME)});
     if (graph->root()->attributes.contains(u"xdotversion"_s))
         return Graph::Graphviz::XDotRender(device.get(), graph.get()).render(text);
-    return Driver::layoutRow(layout).run({graph.get(), device.get()});
+    return Drawing::layoutRow(layout).run({graph.get(), device.get()});
 }
 
-Drawing drawn(Driver::DriverFormat format, Driver::LayoutIndex layout, const QByteArray &graph,
-              bool isRead)
+ReadDrawing drawn(Drawing::Format format, Drawing::LayoutIndex layout, const QByteArray &graph,
+                  bool isRead)
 {
     const QTemporaryDir folder;
-    const QString path = folder.filePath(u"drawing."_s + Driver::formatRow(format).name);
-    Drawing drawing;
+    const QString path = folder.filePath(u"drawing."_s + Drawing::formatRow(format).name);
+    ReadDrawing drawing;
     drawing.message = draw(format, layout, graph, path);
     EXPECT_EQ(drawing.message, QString()) << graph.toStdString();
     if (!drawing.message.isEmpty())
@@ -46,22 +46,23 @@ Drawing drawn(Driver::DriverFormat format, Driver::LayoutIndex layout, const QBy
 
 } // namespace
 
-Drawing fileOf(Driver::DriverFormat format, Driver::LayoutIndex layout, const QByteArray &graph)
+ReadDrawing fileOf(Drawing::Format format, Drawing::LayoutIndex layout, const QByteArray &graph)
 {
     return drawn(format, layout, graph, false);
 }
 
-Drawing drawingOf(Driver::DriverFormat format, Driver::LayoutIndex layout, const QByteArray &graph)
+ReadDrawing drawingOf(Drawing::Format format, Drawing::LayoutIndex layout, const QByteArray &graph)
 {
     return drawn(format, layout, graph, true);
 }
 
-Drawing expectSameStructure(Driver::DriverFormat format, Driver::LayoutIndex layout,
-                            const QByteArray &hostile, const QByteArray &plain)
+ReadDrawing expectSameStructure(Drawing::Format format, Drawing::LayoutIndex layout,
+                                const QByteArray &hostile, const QByteArray &plain)
 {
-    SCOPED_TRACE(std::string(Driver::formatRow(format).name.data()) + ": " + hostile.toStdString());
-    const Drawing drawing = drawingOf(format, layout, hostile);
-    const Drawing other = drawingOf(format, layout, plain);
+    SCOPED_TRACE(std::string(Drawing::formatRow(format).name.data()) + ": "
+                 + hostile.toStdString());
+    const ReadDrawing drawing = drawingOf(format, layout, hostile);
+    const ReadDrawing other = drawingOf(format, layout, plain);
     EXPECT_EQ(drawing.reading.structure, other.reading.structure);
     if (!isPicture(format)) {
         EXPECT_GT(drawing.reading.drawn, 0);

@@ -8,7 +8,7 @@
 #include <QString>
 
 // One graph on its way through the program to a file.
-struct Drawing
+struct ReadDrawing
 {
     QString message; // of the engine or the replay; empty for success
     QByteArray bytes;
@@ -18,14 +18,14 @@ struct Drawing
 
 // The file alone, without what is read in it. A finished drawing is replayed, and the layout is not
 // looked at.
-Drawing fileOf(ORR::Driver::DriverFormat format, ORR::Driver::LayoutIndex layout,
-               const QByteArray &graph);
+ReadDrawing fileOf(ORR::Drawing::Format format, ORR::Drawing::LayoutIndex layout,
+                   const QByteArray &graph);
 
 // The file and what a reader finds in it.
-Drawing drawingOf(ORR::Driver::DriverFormat format, ORR::Driver::LayoutIndex layout,
-                  const QByteArray &graph);
+ReadDrawing drawingOf(ORR::Drawing::Format format, ORR::Drawing::LayoutIndex layout,
+                      const QByteArray &graph);
 
 // Draws both graphs and expects the same structure of their files, with something drawn in it; of
 // pictures that they are some. Gives the first one.
-Drawing expectSameStructure(ORR::Driver::DriverFormat format, ORR::Driver::LayoutIndex layout,
-                            const QByteArray &hostile, const QByteArray &plain);
+ReadDrawing expectSameStructure(ORR::Drawing::Format format, ORR::Drawing::LayoutIndex layout,
+                                const QByteArray &hostile, const QByteArray &plain);

@@ -69,9 +69,9 @@ const QList<Vocabulary> vocabularies{
      {GraphElement::Cluster, GraphElement::Node}},
 };
 
-Driver::LayoutIndex layoutOf(const Vocabulary &vocabulary)
+Drawing::LayoutIndex layoutOf(const Vocabulary &vocabulary)
 {
-    return *Driver::chooseLayout(QString::fromLatin1(vocabulary.engine));
+    return *Drawing::chooseLayout(QString::fromLatin1(vocabulary.engine));
 }
 
 // The inputs of tests/drawings for the engine.
@@ -132,10 +132,10 @@ QByteArray painted(QByteArray graph, const QByteArray &text)
 }
 
 // Labels and families are in the file as they were; names of colours are in none but xdot.
-void expectTexts(Driver::DriverFormat format, const Vocabulary &vocabulary, const Reading &reading,
+void expectTexts(Drawing::Format format, const Vocabulary &vocabulary, const Reading &reading,
                  const QByteArray &text)
 {
-    const bool isXdot = format == Driver::DriverFormat::XDot;
+    const bool isXdot = format == Drawing::Format::XDot;
     const auto says = [&](GraphElement element, const QByteArray &name) {
         const QByteArray value = tag(element, name) + text;
         return reading.says(isXdot ? QString::fromUtf8(value) : asXmlHasIt(value));
@@ -160,7 +160,7 @@ TEST(HostileStrings, go_through_every_attribute_of_the_drawings)
     QStringList engines;
     for (const Vocabulary &vocabulary : vocabularies)
         engines += QString::fromLatin1(vocabulary.engine);
-    ASSERT_EQ(engines, Driver::layoutNames());
+    ASSERT_EQ(engines, Drawing::layoutNames());
     for (const Vocabulary &vocabulary : vocabularies) {
         const QByteArrayList known = vocabulary.names + paintedNames + paintNumbers;
         EXPECT_EQ(QSet<QByteArray>(known.begin(), known.end()).size(), known.size());
@@ -179,9 +179,9 @@ TEST(HostileStrings, in_all_that_an_engine_paints_stay_text)
             for (const QByteArray &text : breakingTexts()) {
                 const QByteArray hostile = painted(graph, text);
                 const QByteArray plain = painted(graph, harmlessText(text));
-                for (const Driver::DriverFormat format : allFormats()) {
+                for (const Drawing::Format format : allFormats()) {
                     SCOPED_TRACE(vocabulary.engine);
-                    const Drawing drawing =
+                    const ReadDrawing drawing =
                         expectSameStructure(format, layoutOf(vocabulary), hostile, plain);
                     if (!isPicture(format))
                         expectTexts(format, vocabulary, drawing.reading, text);
@@ -198,18 +198,18 @@ TEST(HostileStrings, in_numbers_and_words_are_like_any_other_that_is_none)
     const QByteArrayList &texts = breakingTexts();
     qsizetype turn = 0;
     for (const Vocabulary &vocabulary : vocabularies) {
-        const Driver::LayoutIndex layout = layoutOf(vocabulary);
+        const Drawing::LayoutIndex layout = layoutOf(vocabulary);
         for (const QByteArray &graph : graphsOf(vocabulary)) {
             for (const QByteArray &name : vocabulary.names + paintNumbers) {
                 SCOPED_TRACE(vocabulary.engine + (' ' + name).toStdString());
-                const auto fileWith = [&](Driver::DriverFormat format, const QByteArray &value) {
+                const auto fileWith = [&](Drawing::Format format, const QByteArray &value) {
                     return fileOf(format, layout, withAttributeEverywhere(graph, name, value))
                         .bytes;
                 };
-                const QByteArray plain = fileWith(Driver::DriverFormat::Svg, noWord);
+                const QByteArray plain = fileWith(Drawing::Format::Svg, noWord);
                 EXPECT_TRUE(plain.endsWith("</svg>\n"));
                 for (const QByteArray &text : texts)
-                    EXPECT_EQ(fileWith(Driver::DriverFormat::Svg, text), plain);
+                    EXPECT_EQ(fileWith(Drawing::Format::Svg, text), plain);
                 const auto format = allFormats().at(size_t(turn++) % allFormats().size());
                 const QByteArray &text = texts.at(turn % texts.size());
                 EXPECT_EQ(fileWith(format, text), fileWith(format, noWord));

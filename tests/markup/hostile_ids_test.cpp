@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // A graph that the engine draws, with the text in all of its ids.
-QByteArray graphFor(Driver::LayoutIndex layout, const QByteArray &text)
+QByteArray graphFor(Drawing::LayoutIndex layout, const QByteArray &text)
 {
     const auto id = [&](const QByteArray &prefix) { return quotedInGraph(prefix + text); };
     const QByteArray ends[] = {
@@ -30,9 +30,9 @@ QByteArray graphFor(Driver::LayoutIndex layout, const QByteArray &text)
     };
     // Trees have no subgraphs, and in a sequence nothing stands in one that is no fragment.
     const QByteArray all = ends[0] + ends[1];
-    const QByteArray nodes = layout == Driver::LayoutIndex::GfTree ? all
-        : layout == Driver::LayoutIndex::UmlSeq ? all + cluster("c", cluster("d", {}))
-                                                : cluster("c", ends[0]) + cluster("d", ends[1]);
+    const QByteArray nodes = layout == Drawing::LayoutIndex::GfTree ? all
+        : layout == Drawing::LayoutIndex::UmlSeq ? all + cluster("c", cluster("d", {}))
+                                                 : cluster("c", ends[0]) + cluster("d", ends[1]);
     return "digraph " + id("g") + " { " + nodes + id("n") + " -> " + id("m")
         + " [label=e uml=message lhead=" + id("c") + " ltail=" + id("d") + "]; " + id("m") + " -> "
         + id("n:p") + " [label=f uml=message]; }";
@@ -70,34 +70,34 @@ QStringList idsOf(const QByteArray &dot)
 
 TEST(HostileStrings, in_ids_leave_no_trace_but_in_xdot)
 {
-    for (const Driver::LayoutIndex layout : allLayouts()) {
-        for (const Driver::DriverFormat format : allFormats()) {
-            if (format == Driver::DriverFormat::XDot)
+    for (const Drawing::LayoutIndex layout : allLayouts()) {
+        for (const Drawing::Format format : allFormats()) {
+            if (format == Drawing::Format::XDot)
                 continue;
-            const Drawing expected = drawingOf(format, layout, graphFor(layout, "x"));
+            const ReadDrawing expected = drawingOf(format, layout, graphFor(layout, "x"));
             EXPECT_TRUE(isPicture(format) || expected.reading.drawn > 1);
             for (const QByteArray &text : breakingTexts())
                 EXPECT_EQ(fileOf(format, layout, graphFor(layout, text)).bytes, expected.bytes)
-                    << Driver::layoutRow(layout).name.data() << ' ' << text.toStdString();
+                    << Drawing::layoutRow(layout).name.data() << ' ' << text.toStdString();
         }
     }
 }
 
 TEST(HostileStrings, in_ids_without_quotes_come_back_from_xdot)
 {
-    for (const Driver::LayoutIndex layout : allLayouts()) {
+    for (const Drawing::LayoutIndex layout : allLayouts()) {
         const QStringList plain =
-            idsOf(fileOf(Driver::DriverFormat::XDot, layout, graphFor(layout, "x")).bytes);
+            idsOf(fileOf(Drawing::Format::XDot, layout, graphFor(layout, "x")).bytes);
         EXPECT_GT(plain.size(), 2);
         for (const QByteArray &text : breakingTexts()) {
             const QByteArray id = asPlainId(text);
             const QByteArray xdot =
-                fileOf(Driver::DriverFormat::XDot, layout, graphFor(layout, id)).bytes;
+                fileOf(Drawing::Format::XDot, layout, graphFor(layout, id)).bytes;
             QStringList ids = idsOf(xdot);
             for (QString &each : ids)
                 each.replace(QString::fromUtf8(id), u"x"_s);
             EXPECT_EQ(ids, plain) << xdot.toStdString();
-            const Drawing replayed = drawingOf(Driver::DriverFormat::Svg, {}, xdot);
+            const ReadDrawing replayed = drawingOf(Drawing::Format::Svg, {}, xdot);
             EXPECT_GT(replayed.reading.drawn, 1);
         }
     }
@@ -106,10 +106,10 @@ TEST(HostileStrings, in_ids_without_quotes_come_back_from_xdot)
 // The file is whole, with the ids as they are.
 TEST(HostileStrings, in_ids_with_quotes_stand_in_xdot_as_they_are)
 {
-    for (const Driver::LayoutIndex layout : allLayouts()) {
+    for (const Drawing::LayoutIndex layout : allLayouts()) {
         for (const QByteArray &text : breakingTexts()) {
             const QByteArray xdot =
-                fileOf(Driver::DriverFormat::XDot, layout, graphFor(layout, text)).bytes;
+                fileOf(Drawing::Format::XDot, layout, graphFor(layout, text)).bytes;
             EXPECT_TRUE(xdot.contains("n" + QString::fromUtf8(text).toUtf8() + ' '))
                 << xdot.toStdString();
             EXPECT_TRUE(xdot.endsWith("}\n"));

@@ -37,15 +37,15 @@ void expectText(With with, bool isShown)
         const QByteArray hostile = with(text);
         const QByteArray plain = with(harmlessText(text));
         for (const auto format : allFormats()) {
-            const Drawing drawing = expectSameStructure(format, {}, hostile, plain);
+            const ReadDrawing drawing = expectSameStructure(format, {}, hostile, plain);
             if (isPicture(format)) {
                 EXPECT_EQ(drawing.size, pageSize);
             }
-            const bool isXdot = format == Driver::DriverFormat::XDot;
+            const bool isXdot = format == Drawing::Format::XDot;
             if (isShown && !isPicture(format)) {
                 EXPECT_TRUE(
                     drawing.reading.says(isXdot ? QString::fromUtf8(text) : asXmlHasIt(text)))
-                    << Driver::formatRow(format).name.data() << ' ' << hostile.toStdString();
+                    << Drawing::formatRow(format).name.data() << ' ' << hostile.toStdString();
             }
         }
     }
@@ -155,7 +155,7 @@ TEST(HostileStrings, come_out_as_they_went_in)
         const QTemporaryDir folder;
         const QString path = folder.filePath(u"a.svg"_s);
         const auto device =
-            Driver::formatRow(Driver::DriverFormat::Svg).create({path, QStringLiteral(ORR_HOME)});
+            Drawing::formatRow(Drawing::Format::Svg).create({path, QStringLiteral(ORR_HOME)});
         device->begin(9, 9);
         device->drawRichText(
             {0, 0}, device->text(u"text"_s, device->font(family, 9, 0), device->color({})));

@@ -261,8 +261,8 @@ void Caller::markObject(const Choice &with)
 TEST(Calls, of_any_kind_and_order_are_drawn_and_twice_the_same)
 {
     const DrawingFolder folder;
-    for (const QString &name : Driver::formatNames()) {
-        const Driver::DriverFormat format = *Driver::chooseFormat(name, {});
+    for (const QString &name : Drawing::formatNames()) {
+        const Drawing::Format format = *Drawing::chooseFormat(name, {});
         int drawn = 0;
         for (int seed = 1; seed <= rounds; ++seed) {
             SCOPED_TRACE(name.toStdString() + ", seed " + std::to_string(seed));

@@ -5,10 +5,10 @@
 using namespace ORR;
 using namespace Qt::StringLiterals;
 
-QByteArray DrawingFolder::drawnFile(Driver::DriverFormat format,
+QByteArray DrawingFolder::drawnFile(Drawing::Format format,
                                     const std::function<void(Graph::Device *)> &draw) const
 {
-    const Driver::FormatRow &row = Driver::formatRow(format);
+    const Drawing::FormatRow &row = Drawing::formatRow(format);
     // A picture takes its format from the suffix.
     QFile file(folder.filePath("drawing."_L1 + row.name));
     const auto device = row.create({file.fileName(), QStringLiteral(ORR_HOME)});

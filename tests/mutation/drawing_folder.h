@@ -1,6 +1,6 @@
 #pragma once
 
-#include "driver/format_table.h"
+#include "drawing/format_table.h"
 
 #include <QByteArray>
 #include <QTemporaryDir>
@@ -13,7 +13,7 @@ class DrawingFolder
 public:
     // What is drawn on a device of the format, `end` included, as the bytes of its file; empty if
     // there is none.
-    QByteArray drawnFile(ORR::Driver::DriverFormat format,
+    QByteArray drawnFile(ORR::Drawing::Format format,
                          const std::function<void(ORR::Graph::Device *)> &draw) const;
 
 private:

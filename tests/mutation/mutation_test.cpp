@@ -28,7 +28,7 @@ constexpr qint64 largestPicture = 300 * 300; // pixels; larger ones only cost ti
 
 struct Input
 {
-    Driver::LayoutIndex layout;
+    Drawing::LayoutIndex layout;
     QByteArray text;
 };
 
@@ -37,7 +37,7 @@ QList<Input> wellMeantInputs()
 {
     QList<Input> inputs;
     for (const CorpusInput &drawing : drawingInputs()) {
-        const QString xdot = drawing.besideIt(goldenSuffix(Driver::DriverFormat::XDot));
+        const QString xdot = drawing.besideIt(goldenSuffix(Drawing::Format::XDot));
         inputs.append({drawing.layout, drawing.text()});
         inputs.append({drawing.layout, readTestFile(xdot)});
     }
@@ -52,7 +52,7 @@ std::optional<QString> drawOn(Graph::Device *device, const Input &input)
         return std::nullopt;
     if (graph->root()->attributes.contains(u"xdotversion"_s))
         return Graph::Graphviz::XDotRender(device, graph.get()).render(input.text);
-    return Driver::layoutRow(input.layout).run({graph.get(), device});
+    return Drawing::layoutRow(input.layout).run({graph.get(), device});
 }
 
 qint64 pagePixels(const RecordingDevice &device)
@@ -99,7 +99,7 @@ TEST(Mutations, are_rejected_or_drawn_and_twice_the_same)
 
         auto format = allFormats().at(size_t(mutator.below(qsizetype(allFormats().size()))));
         if (isPicture(format) && pagePixels(once) > largestPicture)
-            format = Driver::DriverFormat::Svg;
+            format = Drawing::Format::Svg;
         std::optional<QString> told;
         const auto draw = [&](Graph::Device *device) { told = drawOn(device, input); };
         const QByteArray file = folder.drawnFile(format, draw);

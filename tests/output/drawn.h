@@ -13,10 +13,11 @@ template <typename SvgDevice = ORR::Graph::Svg, typename Draw>
 QByteArray drawn(Draw draw)
 {
     QByteArray bytes;
-    {
-        SvgDevice device(&bytes);
-        draw(device);
-    }
+    SvgDevice device(&bytes);
+    draw(device);
+    EXPECT_EQ(device.end(), QString());
+    EXPECT_TRUE(bytes.endsWith("</svg>\n"));
+    bytes.chop(7);
     return bytes;
 }
 

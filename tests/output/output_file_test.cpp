@@ -1,4 +1,4 @@
-#include "output/output_file.h"
+#include "output/output.h"
 
 #include "support/golden.h"
 
@@ -22,7 +22,7 @@ namespace {
 class OutputFiles : public testing::Test
 {
 protected:
-    void SetUp() override { ASSERT_TRUE(writeOutputFile(name, "old")); }
+    void SetUp() override { ASSERT_TRUE(writeOutput(name, "old")); }
 
     struct stat status() const
     {
@@ -57,28 +57,28 @@ public:
 
 TEST_F(OutputFiles, holds_the_bytes_in_place_of_what_stood_there)
 {
-    EXPECT_TRUE(writeOutputFile(name, QByteArray(1000, 'x')));
-    EXPECT_TRUE(writeOutputFile(name, "a\n\0b"_ba));
+    EXPECT_TRUE(writeOutput(name, QByteArray(1000, 'x')));
+    EXPECT_TRUE(writeOutput(name, "a\n\0b"_ba));
     EXPECT_EQ(readTestFile(name), "a\n\0b"_ba);
-    EXPECT_TRUE(writeOutputFile(name, QByteArray()));
+    EXPECT_TRUE(writeOutput(name, QByteArray()));
     EXPECT_EQ(readTestFile(name), QByteArray());
 }
 
 TEST_F(OutputFiles, one_that_cannot_be_opened_fails)
 {
-    EXPECT_FALSE(writeOutputFile(folder.path(), "a"));
-    EXPECT_FALSE(writeOutputFile(folder.filePath(u"no/a"_s), "a"));
-    EXPECT_FALSE(writeOutputFile(folder.filePath(u"no/"_s), "a"));
-    EXPECT_FALSE(writeOutputFile(folder.filePath(u"a/b"_s), "a"));
-    EXPECT_FALSE(writeOutputFile(folder.filePath(QString(300, u'a')), "a"));
-    EXPECT_FALSE(writeOutputFile(QString(), "a"));
+    EXPECT_FALSE(writeOutput(folder.path(), "a"));
+    EXPECT_FALSE(writeOutput(folder.filePath(u"no/a"_s), "a"));
+    EXPECT_FALSE(writeOutput(folder.filePath(u"no/"_s), "a"));
+    EXPECT_FALSE(writeOutput(folder.filePath(u"a/b"_s), "a"));
+    EXPECT_FALSE(writeOutput(folder.filePath(QString(300, u'a')), "a"));
+    EXPECT_FALSE(writeOutput(QString(), "a"));
     EXPECT_EQ(files(), QStringList(u"a"_s));
 }
 
 TEST_F(OutputFiles, a_full_disk_fails)
 {
-    EXPECT_FALSE(writeOutputFile(u"/dev/full"_s, "a"));
-    EXPECT_FALSE(writeOutputFile(u"/dev/full"_s, QByteArray(1000000, 'x')));
+    EXPECT_FALSE(writeOutput(u"/dev/full"_s, "a"));
+    EXPECT_FALSE(writeOutput(u"/dev/full"_s, QByteArray(1000000, 'x')));
 }
 
 TEST_F(OutputFiles, appears_with_commit_and_not_before)
@@ -126,7 +126,7 @@ TEST_F(OutputFiles, chain_of_links_is_followed_from_folder_to_folder)
     ASSERT_TRUE(QDir(folder.path()).mkdir(u"sub"_s));
     ASSERT_TRUE(QFile::link(u"../second"_s, folder.filePath(u"sub/first"_s)));
     ASSERT_TRUE(QFile::link(folder.filePath(u"sub/../a"_s), folder.filePath(u"second"_s)));
-    EXPECT_TRUE(writeOutputFile(folder.filePath(u"sub/first"_s), "new"));
+    EXPECT_TRUE(writeOutput(folder.filePath(u"sub/first"_s), "new"));
     EXPECT_EQ(readTestFile(name), "new");
     EXPECT_EQ(QDir(folder.filePath(u"sub"_s)).entryList(QDir::Files | QDir::Hidden),
               QStringList(u"first"_s));
@@ -135,7 +135,7 @@ TEST_F(OutputFiles, chain_of_links_is_followed_from_folder_to_folder)
 TEST_F(OutputFiles, ring_of_links_fails)
 {
     ASSERT_TRUE(QFile::link(u"ring"_s, folder.filePath(u"ring"_s)));
-    EXPECT_FALSE(writeOutputFile(folder.filePath(u"ring"_s), "new"));
+    EXPECT_FALSE(writeOutput(folder.filePath(u"ring"_s), "new"));
 }
 
 TEST_F(OutputFiles, owner_is_kept)
@@ -144,7 +144,7 @@ TEST_F(OutputFiles, owner_is_kept)
         GTEST_SKIP() << "only the superuser can give files away";
     ASSERT_EQ(::chown(path.constData(), 1234, 4321), 0);
     ASSERT_EQ(::chmod(path.constData(), 06751), 0);
-    EXPECT_TRUE(writeOutputFile(name, "new"));
+    EXPECT_TRUE(writeOutput(name, "new"));
     EXPECT_EQ(status().st_uid, 1234U);
     EXPECT_EQ(status().st_gid, 4321U);
     EXPECT_EQ(status().st_mode & 07777, 0751U) << "it is no longer the program that was trusted";
@@ -154,7 +154,7 @@ TEST_F(OutputFiles, own_attributes_of_the_user_are_kept)
 {
     if (::setxattr(path.constData(), "user.origin", "here", 4, 0) != 0)
         GTEST_SKIP() << "not known to this file system";
-    EXPECT_TRUE(writeOutputFile(name, "new"));
+    EXPECT_TRUE(writeOutput(name, "new"));
     std::array<char, 16> value{};
     EXPECT_EQ(::getxattr(path.constData(), "user.origin", value.data(), value.size()), 4);
     EXPECT_EQ(QByteArray(value.data()), "here");
@@ -181,7 +181,7 @@ TEST_F(OutputFiles, access_list_is_kept_and_none_comes_from_the_folder)
     const List list;
     if (::setxattr(path.constData(), access, &list, sizeof list, 0) != 0)
         GTEST_SKIP() << "not known to this file system";
-    EXPECT_TRUE(writeOutputFile(name, "new"));
+    EXPECT_TRUE(writeOutput(name, "new"));
     List kept;
     EXPECT_EQ(::getxattr(path.constData(), access, &kept, sizeof kept), ssize_t(sizeof list));
     EXPECT_EQ(std::memcmp(&kept, &list, sizeof list), 0);
@@ -191,7 +191,7 @@ TEST_F(OutputFiles, access_list_is_kept_and_none_comes_from_the_folder)
     ASSERT_EQ(::setxattr(QFile::encodeName(folder.path()).constData(), "system.posix_acl_default",
                          &list, sizeof list, 0),
               0);
-    EXPECT_TRUE(writeOutputFile(name, "newer"));
+    EXPECT_TRUE(writeOutput(name, "newer"));
     EXPECT_EQ(::getxattr(path.constData(), access, &kept, sizeof kept), -1);
     EXPECT_EQ(status().st_mode & 07777, 0640U);
 }
@@ -204,15 +204,15 @@ TEST_F(OutputFiles, file_in_a_folder_that_takes_no_other_is_written_over)
     {
         const OrdinaryUser user;
         ASSERT_TRUE(user.isPossible);
-        EXPECT_FALSE(writeOutputFile(folder.filePath(u"b"_s), "new"));
+        EXPECT_FALSE(writeOutput(folder.filePath(u"b"_s), "new"));
         {
             OutputFile file(name);
             EXPECT_TRUE(file.isOpen());
         }
         EXPECT_EQ(readTestFile(name), "old") << "nothing was written";
-        EXPECT_TRUE(writeOutputFile(name, "n"));
+        EXPECT_TRUE(writeOutput(name, "n"));
         EXPECT_EQ(readTestFile(name), "n");
-        EXPECT_TRUE(writeOutputFile(name, ""));
+        EXPECT_TRUE(writeOutput(name, ""));
         EXPECT_EQ(readTestFile(name), "");
     }
     EXPECT_EQ(status().st_ino, before);
@@ -228,7 +228,7 @@ TEST_F(OutputFiles, file_of_somebody_else_is_written_over)
     {
         const OrdinaryUser user;
         ASSERT_TRUE(user.isPossible);
-        EXPECT_TRUE(writeOutputFile(name, "new"));
+        EXPECT_TRUE(writeOutput(name, "new"));
     }
     EXPECT_EQ(readTestFile(name), "new");
     EXPECT_EQ(status().st_uid, 0U);
@@ -242,7 +242,7 @@ TEST_F(OutputFiles, file_that_may_not_be_written_stays)
     {
         const OrdinaryUser user;
         ASSERT_TRUE(user.isPossible);
-        EXPECT_FALSE(writeOutputFile(name, "new"));
+        EXPECT_FALSE(writeOutput(name, "new"));
     }
     EXPECT_EQ(readTestFile(name), "old");
 }

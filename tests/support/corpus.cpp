@@ -26,8 +26,8 @@ std::vector<Index> indicesOf(const Table &table)
 std::vector<CorpusInput> inputsIn(const QDir &root)
 {
     std::vector<CorpusInput> inputs;
-    for (const Driver::LayoutIndex layout : allLayouts()) {
-        const QDir folder(root.filePath(Driver::layoutRow(layout).name));
+    for (const Drawing::LayoutIndex layout : allLayouts()) {
+        const QDir folder(root.filePath(Drawing::layoutRow(layout).name));
         for (const QString &file : folder.entryList({u"*.dot"_s}, QDir::Files, QDir::Name))
             inputs.push_back({layout, folder.filePath(file)});
     }
@@ -36,24 +36,24 @@ std::vector<CorpusInput> inputsIn(const QDir &root)
 
 } // namespace
 
-std::vector<Driver::LayoutIndex> allLayouts()
+std::vector<Drawing::LayoutIndex> allLayouts()
 {
-    return indicesOf<Driver::LayoutIndex>(Driver::layoutTable());
+    return indicesOf<Drawing::LayoutIndex>(Drawing::layoutTable());
 }
 
-std::vector<Driver::DriverFormat> allFormats()
+std::vector<Drawing::Format> allFormats()
 {
-    return indicesOf<Driver::DriverFormat>(Driver::formatTable());
+    return indicesOf<Drawing::Format>(Drawing::formatTable());
 }
 
-bool isPicture(Driver::DriverFormat format)
+bool isPicture(Drawing::Format format)
 {
-    return format == Driver::DriverFormat::Jpg || format == Driver::DriverFormat::Png;
+    return format == Drawing::Format::Jpg || format == Drawing::Format::Png;
 }
 
 QString CorpusInput::engine() const
 {
-    return Driver::layoutRow(layout).name;
+    return Drawing::layoutRow(layout).name;
 }
 
 QString CorpusInput::name() const
@@ -88,7 +88,7 @@ std::vector<CorpusInput> corpusInputs()
     return inputs;
 }
 
-std::vector<CorpusInput> inputsOf(Driver::LayoutIndex layout,
+std::vector<CorpusInput> inputsOf(Drawing::LayoutIndex layout,
                                   const std::vector<CorpusInput> &inputs)
 {
     std::vector<CorpusInput> found;
@@ -107,19 +107,19 @@ QString examplesFolder()
     return QStringLiteral(ORR_PROJECT_FOLDER "/examples");
 }
 
-QString goldenSuffix(Driver::DriverFormat format)
+QString goldenSuffix(Drawing::Format format)
 {
     switch (format) {
-    case Driver::DriverFormat::XDot:
+    case Drawing::Format::XDot:
         return u"xdot"_s;
-    case Driver::DriverFormat::Jpg:
-    case Driver::DriverFormat::Png:
+    case Drawing::Format::Jpg:
+    case Drawing::Format::Png:
         return u"png"_s;
-    case Driver::DriverFormat::Svg:
+    case Drawing::Format::Svg:
         return u"svg"_s;
-    case Driver::DriverFormat::Vsdx:
+    case Drawing::Format::Vsdx:
         return u"vsdx.page1.xml"_s;
-    case Driver::DriverFormat::Vdx:
+    case Drawing::Format::Vdx:
         return u"vdx"_s;
     }
     return {};
@@ -138,7 +138,7 @@ std::string nameOfInput(const testing::TestParamInfo<CorpusInput> &test)
     return (isExample ? u"example_"_s + name : name).toStdString();
 }
 
-std::string nameOfLayout(const testing::TestParamInfo<Driver::LayoutIndex> &test)
+std::string nameOfLayout(const testing::TestParamInfo<Drawing::LayoutIndex> &test)
 {
-    return Driver::layoutRow(test.param).name.data();
+    return Drawing::layoutRow(test.param).name.data();
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "driver/format_table.h"
-#include "driver/layout_table.h"
+#include "drawing/format_table.h"
+#include "drawing/layout_table.h"
 
 #include <gtest/gtest.h>
 
@@ -16,16 +16,16 @@
 // folders. Nothing is named here, so a new engine, format or input is in every suite at once.
 
 // All engines and all formats, in the order of their tables.
-std::vector<ORR::Driver::LayoutIndex> allLayouts();
-std::vector<ORR::Driver::DriverFormat> allFormats();
+std::vector<ORR::Drawing::LayoutIndex> allLayouts();
+std::vector<ORR::Drawing::Format> allFormats();
 
 // Whether the format is one of pixels, which say nothing but colours.
-bool isPicture(ORR::Driver::DriverFormat format);
+bool isPicture(ORR::Drawing::Format format);
 
 // An input of one engine.
 struct CorpusInput
 {
-    ORR::Driver::LayoutIndex layout = {};
+    ORR::Drawing::LayoutIndex layout = {};
     QString file; // with its whole path
 
     QString engine() const;
@@ -43,7 +43,7 @@ std::vector<CorpusInput> exampleInputs();
 // Both, the drawings first.
 std::vector<CorpusInput> corpusInputs();
 // Those of one engine.
-std::vector<CorpusInput> inputsOf(ORR::Driver::LayoutIndex layout,
+std::vector<CorpusInput> inputsOf(ORR::Drawing::LayoutIndex layout,
                                   const std::vector<CorpusInput> &inputs);
 
 // Where they lie; a folder for each engine in it.
@@ -52,9 +52,9 @@ QString examplesFolder();
 
 // The suffix of the golden that judges a format. No two formats have the same, but for the JPEG:
 // what compression makes of it differs, and the golden of the PNG judges it too.
-QString goldenSuffix(ORR::Driver::DriverFormat format);
+QString goldenSuffix(ORR::Drawing::Format format);
 
 // For the names of tests and what they print.
 void PrintTo(const CorpusInput &input, std::ostream *out);
 std::string nameOfInput(const testing::TestParamInfo<CorpusInput> &test);
-std::string nameOfLayout(const testing::TestParamInfo<ORR::Driver::LayoutIndex> &test);
+std::string nameOfLayout(const testing::TestParamInfo<ORR::Drawing::LayoutIndex> &test);

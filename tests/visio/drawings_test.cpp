@@ -50,7 +50,7 @@ protected:
     QString drawn(const QString &format)
     {
         const auto &[input, replay] = GetParam();
-        const QString xdot = input.besideIt(goldenSuffix(ORR::Driver::DriverFormat::XDot));
+        const QString xdot = input.besideIt(goldenSuffix(ORR::Drawing::Format::XDot));
         const FinishedDrawing drawing =
             replay ? draw(xdot, QString(), format) : draw(input.file, input.engine(), format);
         EXPECT_EQ(drawing.status, 0) << drawing.errors.toStdString();

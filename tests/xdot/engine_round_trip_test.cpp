@@ -35,7 +35,7 @@ TEST_P(EngineRoundTrip, differs_in_no_pixel_but_for_what_is_known)
 {
     const CorpusInput &input = GetParam();
     const Engine run = [&](Graph::DotGraph *graph, Graph::Device *device) {
-        return Driver::layoutRow(input.layout).run({graph, device});
+        return Drawing::layoutRow(input.layout).run({graph, device});
     };
     const RoundTrip trip = roundTrip(input.text(), run);
     ASSERT_EQ(trip.message, u""_s);

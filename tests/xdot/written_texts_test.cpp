@@ -25,7 +25,7 @@ QString draw(const QByteArray &text, const QString &engine, Device &device)
         return u"no graph"_s;
     if (graph->root()->attributes.contains(u"xdotversion"_s))
         return Graphviz::XDotRender(&device, graph.get()).render(text);
-    return Driver::layoutRow(*Driver::chooseLayout(engine)).run({graph.get(), &device});
+    return Drawing::layoutRow(*Drawing::chooseLayout(engine)).run({graph.get(), &device});
 }
 
 // Draws the boxes that expand a node, as the xdot device alone does.

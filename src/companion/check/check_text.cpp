@@ -9,7 +9,7 @@
 #include "companion/findings/locate.h"
 #include "companion/findings/nearest_word.h"
 #include "companion/findings/quoted_text.h"
-#include "driver/layout_table.h"
+#include "drawing/layout_table.h"
 #include "graph/dot_parser.h"
 
 using namespace Qt::StringLiterals;
@@ -26,9 +26,9 @@ bool isReplayed(const Graph::DotGraph &graph)
 
 void findUnknownEngine(const QString &engine, FindingList *findings)
 {
-    if (engine.isEmpty() || Driver::chooseLayout(engine))
+    if (engine.isEmpty() || Drawing::chooseLayout(engine))
         return;
-    const QStringList engines = Driver::layoutNames();
+    const QStringList engines = Drawing::layoutNames();
     const QString suggestion = didYouMean(engine, engines);
     findings->add(
         {&Rules::unknownEngine, "unknown engine "_L1 + quotedText(engine),

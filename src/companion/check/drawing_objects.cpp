@@ -12,7 +12,7 @@ namespace ORR::Companion {
 
 using namespace Graph;
 using namespace Graph::Layout;
-using Driver::LayoutIndex;
+using Drawing::LayoutIndex;
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include "companion/check/checked_text.h"
 #include "companion/check/watched_drawing.h"
 #include "companion/findings/finding_list.h"
-#include "driver/layout_table.h"
+#include "drawing/layout_table.h"
 
 #include <QByteArray>
 
@@ -18,7 +18,7 @@ struct ForetoldDrawing
     const QByteArray &bytes; // of the text, with its line ends normalised
     const CheckedText &text;
     const Graph::DotGraph *graph; // with what the engine wrote
-    std::optional<Driver::LayoutIndex> engine; // nothing for the replay
+    std::optional<Drawing::LayoutIndex> engine; // nothing for the replay
     Graph::DotSubgraph *legend; // null for none
     const WatchedDrawing &drawing;
 };

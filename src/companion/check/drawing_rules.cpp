@@ -4,7 +4,7 @@
 #include "companion/check/drawing_toolkit.h"
 #include "companion/check/rules.h"
 #include "device/xdot_render.h"
-#include "driver/standard_streams.h"
+#include "drawing/held_standard_error.h"
 #include "graph/limits.h"
 #include "graph/message_text.h"
 #include "layout/charts/chart_legend.h"
@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 namespace ORR::Companion {
 
 using namespace Graph;
-using Driver::LayoutIndex;
+using Drawing::LayoutIndex;
 
 namespace {
 
@@ -35,9 +35,9 @@ QString draw(const QByteArray &bytes, DotGraph *graph, std::optional<LayoutIndex
 {
 #ifndef __SANITIZE_ADDRESS__
     // The libraries of pictures complain there about those that an input holds.
-    const Driver::HeldStandardError held;
+    const Drawing::HeldStandardError held;
 #endif
-    return engine ? Driver::layoutRow(*engine).run({graph, device})
+    return engine ? Drawing::layoutRow(*engine).run({graph, device})
                   : Graphviz::XDotRender(device, graph).render(bytes);
 }
 
@@ -152,7 +152,7 @@ void foretellDrawing(const CheckedText &text, const QByteArray &bytes, const QSt
                      DotGraph *graph, FindingList *findings)
 {
     const bool isReplayed = graph->root()->attributes.contains(u"xdotversion"_s);
-    const auto layout = isReplayed ? std::nullopt : Driver::chooseLayout(engine);
+    const auto layout = isReplayed ? std::nullopt : Drawing::chooseLayout(engine);
     if ((!isReplayed && !layout) || !startsDrawingToolkit())
         return;
     DotSubgraph *const legend = legendOf(graph, layout);

@@ -1,7 +1,7 @@
 #include "companion/check/drawing_toolkit.h"
 
 #include "companion/command/streams.h"
-#include "driver/toolkit.h"
+#include "drawing/toolkit.h"
 
 #include <QCoreApplication>
 
@@ -13,15 +13,15 @@ namespace {
 bool prepare()
 {
     if (!QCoreApplication::instance())
-        Driver::prepareToolkit();
+        Drawing::prepareToolkit();
     return true;
 }
 
 bool start()
 {
     if (!QCoreApplication::instance())
-        Driver::startToolkit("orr");
-    const QString fault = Driver::fontFault();
+        Drawing::startToolkit("orr");
+    const QString fault = Drawing::fontFault();
     if (!fault.isEmpty())
         tell("orr check: the drawing is not checked: " + fault.toStdString());
     return fault.isEmpty();

@@ -23,8 +23,8 @@ QList<VisioShape *> shapesOf(const Objects &objects)
 
 } // namespace
 
-VisioDevice::VisioDevice(const QString &outputFile, const VisioCells &formatCells)
-    : cells(formatCells), fileName(outputFile), connects(cells.connectDepth())
+VisioDevice::VisioDevice(const OutputTarget &outputTarget, const VisioCells &formatCells)
+    : cells(formatCells), target(outputTarget), connects(cells.connectDepth())
 {
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "device/text_image.h"
+#include "output/output.h"
 #include "output/visio/visio_container.h"
 #include "output/visio/visio_markup.h"
 #include "output/visio/visio_shape.h"
@@ -51,7 +52,7 @@ protected:
     };
 
     // The cells are not owned and outlive the device.
-    VisioDevice(const QString &outputFile, const VisioCells &formatCells);
+    VisioDevice(const OutputTarget &outputTarget, const VisioCells &formatCells);
 
     // The number of the next sheet.
     int takeId() { return nextId++; }
@@ -70,7 +71,7 @@ protected:
     virtual void edgeGlued(VisioShape *edge);
 
     const VisioCells &cells;
-    QString fileName;
+    OutputTarget target;
     std::vector<PageShape> pageShapes;
     VisioMarkup connects;
     int pageHeight = 0; // in points, from the beginning of the drawing on

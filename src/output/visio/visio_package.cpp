@@ -1,7 +1,5 @@
 #include "output/visio/visio_package.h"
 
-#include "output/output_file.h"
-
 #include <zip.h>
 
 #include <algorithm>
@@ -112,14 +110,14 @@ int zipParts(const QMap<QString, QByteArrayList> &parts, Package *package)
 
 } // namespace
 
-QString saveVisioPackage(const QString &fileName, const QMap<QString, QByteArrayList> &parts)
+QString saveVisioPackage(const OutputTarget &target, const QMap<QString, QByteArrayList> &parts)
 {
-    OutputFile file(fileName);
-    if (!file.isOpen())
+    Output output(target);
+    if (!output.isOpen())
         return u"Couldn't open output file for writing\n"_s;
     Package package;
     int error = zipParts(parts, &package);
-    if (error == ZIP_OK && (!file.write(package.bytes) || !file.commit()))
+    if (error == ZIP_OK && (!output.write(package.bytes) || !output.commit()))
         error = ZIP_ERRNO;
     return error == ZIP_OK ? QString() : u"Unable to save file. Error code %1\n"_s.arg(error);
 }

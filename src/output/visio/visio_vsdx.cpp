@@ -63,8 +63,8 @@ const VisioPackageCells packageCells;
 
 } // namespace
 
-VisioVSDX::VisioVSDX(const QString &outputFile, const QString &templateDirectory)
-    : VisioDevice(outputFile, packageCells)
+VisioVSDX::VisioVSDX(const OutputTarget &outputTarget, const QString &templateDirectory)
+    : VisioDevice(outputTarget, packageCells)
 {
     takeId(); // the shapes are numbered from 1
     for (const QString &name : partNames)
@@ -93,7 +93,7 @@ void VisioVSDX::begin(int width, int height)
 QString VisioVSDX::end()
 {
     finishShapes();
-    return saveVisioPackage(fileName, takeParts());
+    return saveVisioPackage(target, takeParts());
 }
 
 void VisioVSDX::connectEdge(Edge *edge, Node *tail, Node *head)

@@ -21,7 +21,7 @@ class VisioVSDX : public VisioDevice
 {
 public:
     // templateDirectory: where the parts of the empty drawing are.
-    VisioVSDX(const QString &outputFile, const QString &templateDirectory);
+    VisioVSDX(const OutputTarget &outputTarget, const QString &templateDirectory);
 
     void begin(int width, int height) override;
     QString end() override;

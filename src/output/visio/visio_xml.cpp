@@ -1,7 +1,6 @@
 #include "output/visio/visio_xml.h"
 
 #include "graph/numbers.h"
-#include "output/output_file.h"
 #include "output/visio/visio_xml_cells.h"
 
 #include <utility>
@@ -29,7 +28,7 @@ const VisioXMLCells xmlCells;
 
 } // namespace
 
-VisioXML::VisioXML(const QString &outputFile) : VisioDevice(outputFile, xmlCells) { }
+VisioXML::VisioXML(const OutputTarget &outputTarget) : VisioDevice(outputTarget, xmlCells) { }
 
 void VisioXML::begin(int width, int height)
 {
@@ -47,7 +46,7 @@ QString VisioXML::end()
         forgetShapes();
         begin(0, 0);
     }
-    return writeOutputFile(fileName, takeDocument()) ? QString() : u"Unable to write to file\n"_s;
+    return writeOutput(target, takeDocument()) ? QString() : u"Unable to write to file\n"_s;
 }
 
 void VisioXML::appendConnects(const VisioMarkup &tail, const VisioMarkup &head)

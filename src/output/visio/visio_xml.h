@@ -14,7 +14,7 @@ namespace ORR::Graph {
 class VisioXML : public VisioDevice
 {
 public:
-    explicit VisioXML(const QString &outputFile);
+    explicit VisioXML(const OutputTarget &outputTarget);
 
     void begin(int width, int height) override;
     QString end() override;

@@ -1,8 +1,10 @@
-#include "driver/toolkit.h"
+#include "drawing/toolkit.h"
 
-#include "driver/font_rules.h"
-#include "driver/standard_streams.h"
-#include "driver/surroundings.h"
+#include "drawing/font_rules.h"
+#include "drawing/held_standard_error.h"
+#include "drawing/open_files.h"
+#include "drawing/surroundings.h"
+#include "output/files/descriptor.h"
 #include "output/files/unfinished_file.h"
 
 #include <QApplication>
@@ -18,7 +20,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace ORR::Driver {
+namespace ORR::Drawing {
 
 namespace {
 
@@ -107,7 +109,7 @@ void passFatalMessagesOnly(QtMsgType type, const QMessageLogContext & /*context*
         return;
     // While the toolkit starts it is told with whatever else was said.
     const int descriptor = isStarting ? STDERR_FILENO : HeldStandardError::messages();
-    writeToEnd(descriptor, message.toLocal8Bit() + '\n');
+    Graph::writeToEnd(descriptor, message.toLocal8Bit() + '\n');
     endProcess();
 }
 
@@ -123,7 +125,7 @@ void prepareToolkit()
 void startToolkit(const char *programName)
 {
     if (!canOpenFiles(neededDescriptors)) {
-        writeToEnd(STDERR_FILENO, "Unable to open enough files\n");
+        Graph::writeToEnd(STDERR_FILENO, "Unable to open enough files\n");
         std::exit(EXIT_FAILURE);
     }
     // The application object keeps references to both.
@@ -157,4 +159,4 @@ QString fontFault()
     return isFound ? QString() : u"Unable to find a font\n"_s;
 }
 
-} // namespace ORR::Driver
+} // namespace ORR::Drawing

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-namespace ORR::Driver {
+namespace ORR::Drawing {
 
 // To be called before the application object is made: shuts out what the environment would tell
 // the toolkit, makes the order of its hashes the same in every run, so that attributes are written
@@ -22,4 +22,4 @@ void startToolkit(const char *programName);
 // Empty for success.
 QString fontFault();
 
-} // namespace ORR::Driver
+} // namespace ORR::Drawing

@@ -9,7 +9,7 @@
 #include <array>
 #include <optional>
 
-namespace ORR::Driver {
+namespace ORR::Drawing {
 
 // The layout engines by their position in the table.
 enum class LayoutIndex { GfTree, GfDecl, UmlSeq, Matrix, FlatBubble, Sunburst, Treemap, Bar };
@@ -33,4 +33,4 @@ QStringList layoutNames();
 // The engine of a name (the value of -K, in any case), or nothing.
 std::optional<LayoutIndex> chooseLayout(const QString &name);
 
-} // namespace ORR::Driver
+} // namespace ORR::Drawing

@@ -1,10 +1,10 @@
-#include "driver/debug_flag.h"
+#include "drawing/debug_flag.h"
 
 #include <QStringList>
 
 using namespace Qt::StringLiterals;
 
-namespace ORR::Driver {
+namespace ORR::Drawing {
 
 bool debugFlag(const QString &group, const QString &keyword)
 {
@@ -15,4 +15,4 @@ bool debugFlag(const QString &group, const QString &keyword)
     return !wordsForNo.contains(qEnvironmentVariable(name.constData()), Qt::CaseInsensitive);
 }
 
-} // namespace ORR::Driver
+} // namespace ORR::Drawing

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace ORR::Driver {
+namespace ORR::Drawing {
 
 // Takes away, or settles, every variable of the environment by which a user, a desktop or a
 // packager could tell the toolkit and the libraries below it to draw otherwise, to look elsewhere
@@ -10,4 +10,4 @@ namespace ORR::Driver {
 // and configuration) stays: fonts are the machine's.
 void shutOutSurroundings();
 
-} // namespace ORR::Driver
+} // namespace ORR::Drawing

@@ -1,4 +1,4 @@
-#include "driver/sudden_end.h"
+#include "drawing/sudden_end.h"
 
 #include "output/output_file.h"
 #include "support/golden.h"
@@ -19,7 +19,7 @@ namespace {
 template <typename End>
 void endWithFile(const QTemporaryDir &folder, End end)
 {
-    Driver::prepareForSuddenEnd();
+    Drawing::prepareForSuddenEnd();
     Graph::OutputFile file(folder.filePath(u"a"_s));
     if (!file.write("half"))
         std::_Exit(99);

@@ -1,4 +1,4 @@
-#include "driver/home_directory.h"
+#include "drawing/home_directory.h"
 
 #include "driver/scoped_environment.h"
 #include "support/golden.h"
@@ -9,7 +9,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-using namespace ORR::Driver;
+using namespace ORR::Drawing;
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "device/device.h"
+#include "output/output.h"
 
 #include <QLatin1StringView>
 #include <QString>
@@ -10,15 +11,15 @@
 #include <memory>
 #include <optional>
 
-namespace ORR::Driver {
+namespace ORR::Drawing {
 
 // The output formats by their position in the table.
-enum class DriverFormat { XDot, Jpg, Png, Svg, Vsdx, Vdx };
+enum class Format { XDot, Jpg, Png, Svg, Vsdx, Vdx };
 
 // What a device is made from.
 struct DeviceRequest
 {
-    QString fileName; // the file to write
+    Graph::OutputTarget target; // where it writes
     QString homeDirectory; // the root of the installation, for a device that needs its templates
 };
 
@@ -33,7 +34,7 @@ struct FormatRow
 
 // All formats, each at its position.
 const std::array<FormatRow, 6> &formatTable();
-const FormatRow &formatRow(DriverFormat format);
+const FormatRow &formatRow(Format format);
 
 // The names in the order of the table, and in the order of the help text.
 QStringList formatNames();
@@ -44,6 +45,6 @@ QStringList formatSuffixAliases();
 
 // The format to write, or nothing: a name (the value of -T, in any case) that is a format decides;
 // else the suffix of the file name, in any case, does, where an alias counts too.
-std::optional<DriverFormat> chooseFormat(const QString &name, const QString &fileName);
+std::optional<Format> chooseFormat(const QString &name, const QString &fileName);
 
-} // namespace ORR::Driver
+} // namespace ORR::Drawing

@@ -1,4 +1,4 @@
-#include "driver/layout_table.h"
+#include "drawing/layout_table.h"
 
 #include "layout/charts/bar_chart.h"
 #include "layout/charts/flat_bubble.h"
@@ -12,7 +12,7 @@
 using namespace ORR::Graph::Layout;
 using namespace Qt::StringLiterals;
 
-namespace ORR::Driver {
+namespace ORR::Drawing {
 
 const std::array<LayoutRow, 8> &layoutTable()
 {
@@ -48,4 +48,4 @@ std::optional<LayoutIndex> chooseLayout(const QString &name)
     return position < 0 ? std::nullopt : std::optional(static_cast<LayoutIndex>(position));
 }
 
-} // namespace ORR::Driver
+} // namespace ORR::Drawing

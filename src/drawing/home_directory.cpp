@@ -1,6 +1,6 @@
-#include "driver/home_directory.h"
+#include "drawing/home_directory.h"
 
-#include "driver/debug_flag.h"
+#include "drawing/debug_flag.h"
 #include "graph/message_text.h"
 
 #include <QDir>
@@ -11,7 +11,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace ORR::Driver {
+namespace ORR::Drawing {
 
 namespace {
 
@@ -179,4 +179,4 @@ QString visioTemplateDirectory(const QString &homeDirectory)
                                    : QDir(homeDirectory).filePath(u"conf/orrery/visio/empty"_s);
 }
 
-} // namespace ORR::Driver
+} // namespace ORR::Drawing

@@ -1,6 +1,6 @@
-#include "driver/sudden_end.h"
+#include "drawing/sudden_end.h"
 
-#include "driver/standard_streams.h"
+#include "drawing/held_standard_error.h"
 #include "output/files/descriptor.h"
 #include "output/files/unfinished_file.h"
 
@@ -12,7 +12,7 @@
 
 #include <sys/mman.h>
 
-namespace ORR::Driver {
+namespace ORR::Drawing {
 
 namespace {
 
@@ -92,4 +92,4 @@ void prepareForSuddenEnd()
         endWithoutMemory();
 }
 
-} // namespace ORR::Driver
+} // namespace ORR::Drawing

@@ -3,7 +3,7 @@
 #include <QString>
 #include <QStringList>
 
-namespace ORR::Driver {
+namespace ORR::Drawing {
 
 // What the search for the installation goes by.
 struct HomeClues
@@ -51,4 +51,4 @@ QString startHome(const QString &argv0);
 // Where the empty package lies from which a drawing in VSDX is made; empty without a home.
 QString visioTemplateDirectory(const QString &homeDirectory);
 
-} // namespace ORR::Driver
+} // namespace ORR::Drawing

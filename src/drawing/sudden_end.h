@@ -1,6 +1,6 @@
 #pragma once
 
-namespace ORR::Driver {
+namespace ORR::Drawing {
 
 // From now on a process that is ended before its time leaves no unfinished file behind where that
 // can be helped: by SIGINT, SIGTERM, SIGHUP or SIGXCPU, by a crash, or because memory ran out in
@@ -9,4 +9,4 @@ namespace ORR::Driver {
 // called before the toolkit starts.
 void prepareForSuddenEnd();
 
-} // namespace ORR::Driver
+} // namespace ORR::Drawing

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-namespace ORR::Driver {
+namespace ORR::Drawing {
 
 // The maker's registered name.
 inline constexpr char registeredName[] = "Halvane Labs, Inc.";
@@ -16,4 +16,4 @@ void startApplication(const QString &name);
 // The log file for a name.
 QString logFileName(const QString &logDirectory, const QString &name);
 
-} // namespace ORR::Driver
+} // namespace ORR::Drawing

@@ -1,4 +1,4 @@
-#include "driver/environment.h"
+#include "drawing/environment.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -11,7 +11,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace ORR::Driver {
+namespace ORR::Drawing {
 
 namespace {
 
@@ -85,4 +85,4 @@ QString logFileName(const QString &logDirectory, const QString &name)
     return QDir(logDirectory).filePath(u"%1.log"_s.arg(name));
 }
 
-} // namespace ORR::Driver
+} // namespace ORR::Drawing

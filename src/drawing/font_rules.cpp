@@ -1,8 +1,8 @@
-#include "driver/font_rules.h"
+#include "drawing/font_rules.h"
 
 #include <fontconfig/fontconfig.h>
 
-namespace ORR::Driver {
+namespace ORR::Drawing {
 
 namespace {
 
@@ -27,4 +27,4 @@ void settleFontRules()
                                    FcFalse);
 }
 
-} // namespace ORR::Driver
+} // namespace ORR::Drawing

@@ -1,6 +1,6 @@
-#include "driver/format_table.h"
+#include "drawing/format_table.h"
 
-#include "driver/home_directory.h"
+#include "drawing/home_directory.h"
 #include "output/file.h"
 #include "output/svg_rich_text.h"
 #include "output/visio/visio_vsdx.h"
@@ -13,26 +13,26 @@
 
 using namespace Qt::StringLiterals;
 
-namespace ORR::Driver {
+namespace ORR::Drawing {
 
 namespace {
 
-// A device that is made from nothing but the name of its file.
+// A device that is made from nothing but its target.
 template <typename Maker>
 std::unique_ptr<Graph::Device> make(const DeviceRequest &request)
 {
-    return std::make_unique<Maker>(request.fileName);
+    return std::make_unique<Maker>(request.target);
 }
 
 std::unique_ptr<Graph::Device> makeVsdx(const DeviceRequest &request)
 {
-    return std::make_unique<Graph::VisioVSDX>(request.fileName,
+    return std::make_unique<Graph::VisioVSDX>(request.target,
                                               visioTemplateDirectory(request.homeDirectory));
 }
 
-std::optional<DriverFormat> formatAt(qsizetype position)
+std::optional<Format> formatAt(qsizetype position)
 {
-    return position < 0 ? std::nullopt : std::optional(static_cast<DriverFormat>(position));
+    return position < 0 ? std::nullopt : std::optional(static_cast<Format>(position));
 }
 
 } // namespace
@@ -50,7 +50,7 @@ const std::array<FormatRow, 6> &formatTable()
     return table;
 }
 
-const FormatRow &formatRow(DriverFormat format)
+const FormatRow &formatRow(Format format)
 {
     return formatTable().at(static_cast<size_t>(format));
 }
@@ -79,7 +79,7 @@ QStringList formatSuffixAliases()
     return {u"dot"_s, u"jpeg"_s};
 }
 
-std::optional<DriverFormat> chooseFormat(const QString &name, const QString &fileName)
+std::optional<Format> chooseFormat(const QString &name, const QString &fileName)
 {
     const auto named = formatAt(formatNames().indexOf(name.toLower()));
     if (named || fileName.isEmpty())
@@ -89,4 +89,4 @@ std::optional<DriverFormat> chooseFormat(const QString &name, const QString &fil
     return ofSuffix ? ofSuffix : formatAt(formatSuffixAliases().indexOf(suffix));
 }
 
-} // namespace ORR::Driver
+} // namespace ORR::Drawing

@@ -1,5 +1,5 @@
-#include "driver/debug_flag.h"
-#include "driver/environment.h"
+#include "drawing/debug_flag.h"
+#include "drawing/environment.h"
 
 #include "driver/scoped_environment.h"
 #include "support/golden.h"
@@ -16,7 +16,7 @@
 #include <memory>
 #include <vector>
 
-using namespace ORR::Driver;
+using namespace ORR::Drawing;
 using namespace Qt::StringLiterals;
 
 namespace {
