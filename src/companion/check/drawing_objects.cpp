@@ -66,12 +66,12 @@ QString reasonText(LeftOutNodes::Reason reason, bool isBubble, bool isOne)
 {
     switch (reason) {
     case LeftOutNodes::WithoutArea:
-        return (isOne ? "has "_L1 : "have "_L1)
-            + (isBubble ? "no area and no radius"_L1 : "no area"_L1);
+        return (isOne ? "has no area"_L1 : "have no area"_L1)
+            + (isBubble ? " and no radius"_L1 : ""_L1);
     case LeftOutNodes::TooDeep:
-        return (isOne ? "stands "_L1 : "stand "_L1) + "in a subgraph of a subgraph"_L1;
+        return (isOne ? "stands"_L1 : "stand"_L1) + " in a subgraph of a subgraph"_L1;
     default:
-        return (isOne ? "is "_L1 : "are "_L1) + "too small to be seen"_L1;
+        return (isOne ? "is"_L1 : "are"_L1) + " too small to be seen"_L1;
     }
 }
 
@@ -126,12 +126,10 @@ void findLeftOutNodes(const LeftOutNodes &leftOut, const ForetoldDrawing &made,
         const auto &[count, first] = leftOut.nodes[i];
         if (count == 0)
             continue;
-        const bool isOne = count == 1;
-        Finding finding{&Rules::leftOutNode,
-                        u"%1 of %2 nodes %3 and %4 left out"_s.arg(
-                            QString::number(count), QString::number(leftOut.all),
-                            reasonText(LeftOutNodes::Reason(i), isBubble, isOne),
-                            isOne ? u"is"_s : u"are"_s)};
+        Finding finding{
+            &Rules::leftOutNode,
+            u"%1 of %2 nodes %3"_s.arg(QString::number(count), QString::number(leftOut.all),
+                                       reasonText(LeftOutNodes::Reason(i), isBubble, count == 1))};
         placeAt(first, made, &finding);
         findings->add(finding);
     }

@@ -5,6 +5,8 @@
 #include "device/rich_text_images.h"
 
 #include <algorithm>
+#include <initializer_list>
+#include <iterator>
 #include <limits>
 #include <memory>
 
@@ -48,30 +50,36 @@ QRectF boundsOf(const QList<QPoint> &points)
     return bounds.rect();
 }
 
-// Covers the control points of curves and the whole ellipses of arcs, and so no less than what is
-// drawn.
+// Covers the control points of curves and the whole ellipses of arcs: no less than what is drawn.
 class WatchedPath : public Device::Path
 {
 public:
-    void moveTo(const QPointF &) override { }
-    void lineTo(const QPointF &point) override { bounds.include(point); }
+    void moveTo(const QPointF &point) override { current = point; }
+    void lineTo(const QPointF &point) override { goTo({point}); }
     void closeSubpath() override { }
     void cubicTo(const QPointF &c1, const QPointF &c2, const QPointF &end) override
     {
-        for (const QPointF &point : {c1, c2, end})
-            bounds.include(point);
+        goTo({c1, c2, end});
     }
-    void quadTo(const QPointF &c, const QPointF &end) override
-    {
-        bounds.include(c);
-        bounds.include(end);
-    }
+    void quadTo(const QPointF &c, const QPointF &end) override { goTo({c, end}); }
     void arcTo(const QPointF &topLeft, const QPointF &bottomRight, double, double) override
     {
-        bounds.include(topLeft);
-        bounds.include(bottomRight);
+        goTo({topLeft, bottomRight});
     }
 
+    QRectF rect() const { return bounds.rect(); }
+
+private:
+    // A move alone draws nothing.
+    void goTo(std::initializer_list<QPointF> points)
+    {
+        bounds.include(current);
+        for (const QPointF &point : points)
+            bounds.include(point);
+        current = *std::prev(points.end());
+    }
+
+    QPointF current;
     Bounds bounds;
 };
 
@@ -171,7 +179,7 @@ void WatchedDrawing::drawPath(Path *path, Pen *, Color *)
 {
     const std::unique_ptr<Path> owned(path);
     if (const auto *watched = dynamic_cast<const WatchedPath *>(path))
-        watchShape(watched->bounds.rect());
+        watchShape(watched->rect());
 }
 
 void WatchedDrawing::endCluster()
