@@ -44,6 +44,12 @@ bool isPassedOn(const AttributeName &name)
                        [&](std::string_view passedOn) { return name.text() == latin1(passedOn); });
 }
 
+// An engine that has legends has a rule of its own for one in the wrong place.
+bool isLegend(const AttributeName &name)
+{
+    return name == "legend"_attribute;
+}
+
 // The values that were found to be meant last. Short values that repeat are one text in memory.
 class MeantValues
 {
@@ -126,6 +132,8 @@ void AttributeCheck::check(const CheckedAttribute &attribute, AttributePlace pla
     const AttributeUse *use = uses.find(attribute.name);
     if (!use)
         addUnknown(attribute, place);
+    else if (uses.isOfEngine() && isLegend(attribute.name) && !use->at(place).isRead)
+        return;
     else if (!use->at(place).isRead)
         addUnread(attribute, place, *use);
     else if (const QString *value = values.find(attribute.name))
@@ -158,7 +166,7 @@ void AttributeCheck::addUnread(const CheckedAttribute &attribute, AttributePlace
         return placed({&Rules::unreadAttribute,
                        "attribute %1 of %2 is never read%3"_L1.arg(
                            quotedText(attribute.name.text()), placeName(place), ofEngine),
-                       use.readers ? "it is one of "_L1 + elementNames(use.readers) : QString()},
+                       use.readers ? "it is read of "_L1 + elementNames(use.readers) : QString()},
                       attribute.nameOffset);
     });
 }

@@ -59,14 +59,15 @@ bool isInteger(const QString &text)
 }
 
 // The two ends of a comma list, as `numberPairFrom` takes them.
-QString firstOf(const QString &list)
+QStringView firstOf(const QString &list)
 {
-    return list.section(u',', 0, 0);
+    const qsizetype comma = list.indexOf(u',');
+    return QStringView(list).first(comma < 0 ? list.size() : comma);
 }
 
-QString lastOf(const QString &list)
+QStringView lastOf(const QString &list)
 {
-    return list.section(u',', -1, -1);
+    return QStringView(list).sliced(list.lastIndexOf(u',') + 1);
 }
 
 // Only fills run through several colours.
@@ -75,24 +76,34 @@ bool mayBeGradient(const AttributeRow &row)
     return row.name.text() == "fillcolor"_L1;
 }
 
+// The first part between two of the separators that is not meant; null if all of them are. A value
+// may have as many parts as bytes, so they are not collected.
+template <typename IsMeant>
+QString firstBadPart(const QString &value, QStringView separators, const IsMeant &isMeantPart)
+{
+    qsizetype start = 0;
+    for (qsizetype i = 0; i <= value.size(); ++i) {
+        if (i < value.size() && !separators.contains(value.at(i)))
+            continue;
+        const QString part = value.sliced(start, i - start);
+        if (!isMeantPart(part))
+            return part.isNull() ? u""_s : part;
+        start = i + 1;
+    }
+    return {};
+}
+
 QString firstBadColor(const QString &value)
 {
-    const QStringList colors = value.split(u';');
-    const auto bad = std::find_if(colors.begin(), colors.end(), [](const QString &color) {
-        return !ColorValue(color).isValid();
-    });
-    return bad == colors.end() ? QString() : *bad;
+    return firstBadPart(value, u";",
+                        [](const QString &color) { return ColorValue(color).isValid(); });
 }
 
 bool isColor(const AttributeRow &row, const QString &value)
 {
     if (value.isEmpty() || ColorValue(value).isValid())
         return true;
-    if (!mayBeGradient(row) || !value.contains(u';'))
-        return false;
-    const QStringList colors = value.split(u';');
-    return std::all_of(colors.begin(), colors.end(),
-                       [](const QString &color) { return ColorValue(color).isValid(); });
+    return mayBeGradient(row) && firstBadColor(value).isNull();
 }
 
 // The words that a style may have, whichever table they are in: what one engine draws is known to
@@ -118,19 +129,15 @@ QStringList wordsOf(const AttributeRow &row)
     return words;
 }
 
-// The first word of a style that holds none of the words.
+// The first word of a style that holds none of the words; null if there is none.
 QString firstBadWord(const AttributeRow &row, const QString &value)
 {
     const QStringList known = wordsOf(row);
-    const QStringList words = QString(value).replace(u',', u' ').simplified().split(u' ');
-    for (const QString &word : words) {
-        const bool isKnown = word.isEmpty() || saysDefault(row, word)
+    return firstBadPart(value, u", \t\n", [&](const QString &word) {
+        return word.isEmpty() || saysDefault(row, word)
             || std::any_of(known.begin(), known.end(),
                            [&](const QString &one) { return word.contains(one); });
-        if (!isKnown)
-            return word;
-    }
-    return {};
+    });
 }
 
 QString nameOf(const AttributeRow &row)
@@ -167,26 +174,30 @@ QString takenFor(QStringView text)
 
 Finding numberFinding(const AttributeRow &row, const QString &value)
 {
+    const QString taken = takenFor(value);
     return {
         &Rules::badValue,
-        "%1 is no number: %2 counts as %3"_L1.arg(quotedText(value), nameOf(row), takenFor(value)),
-        meantInstead(numberAhead(value))};
+        "%1 is no number: %2 counts as %3"_L1.arg(quotedText(value), nameOf(row), taken),
+        taken == "0"_L1 ? meantInstead(numberAhead(value)) : u"it is too large"_s,
+    };
 }
 
 Finding integerFinding(const AttributeRow &row, const QString &value)
 {
-    const bool isFraction = isNumber(value);
     const QString whole = numberAhead(value).section(u'.', 0, 0);
-    return {&Rules::badValue,
-            "%1 is no %2: %3 counts as 0"_L1.arg(
-                quotedText(value), isFraction ? u"whole number of 32 bits"_s : u"whole number"_s,
-                nameOf(row)),
-            meantInstead(isInteger(whole) ? whole : QString())};
+    const bool isTooLarge = whole == value.trimmed();
+    return {
+        &Rules::badValue,
+        "%1 is no whole number: %2 counts as 0"_L1.arg(quotedText(value), nameOf(row)),
+        isTooLarge             ? u"it is too large"_s
+            : isInteger(whole) ? meantInstead(whole)
+                               : QString(),
+    };
 }
 
 Finding pairFinding(const AttributeRow &row, const QString &value)
 {
-    const QString bad = isNumber(firstOf(value)) ? lastOf(value) : firstOf(value);
+    const QString bad = (isNumber(firstOf(value)) ? lastOf(value) : firstOf(value)).toString();
     return {&Rules::badValue,
             "%1 is no number: it counts as %2 in %3"_L1.arg(quotedText(bad), takenFor(bad),
                                                             nameOf(row)),
@@ -274,7 +285,7 @@ bool isMeant(const AttributeRow &row, const QString &value)
     case AttributeType::Choice:
         return value.isEmpty() || wordIn(row.words, value) >= 0 || saysDefault(row, value);
     case AttributeType::Words:
-        return firstBadWord(row, value).isEmpty();
+        return firstBadWord(row, value).isNull();
     case AttributeType::Text:
         return true;
     }

@@ -4,6 +4,7 @@
 #include "companion/check/checked_text.h"
 #include "companion/check/drawing_rules.h"
 #include "companion/check/drawing_toolkit.h"
+#include "companion/check/object_rules.h"
 #include "companion/check/rules.h"
 #include "companion/findings/finding_list.h"
 #include "companion/findings/locate.h"
@@ -54,8 +55,11 @@ QList<Finding> checkText(const QByteArray &bytes, const CheckOptions &options)
     if (!reading.graph || !isReplayed(*reading.graph))
         findUnknownEngine(options.engine, &findings);
     Graph::SourceText text(bytes);
-    if (reading.graph && !isReplayed(*reading.graph))
-        checkAttributes(checked, text.bytes(), options.engine, &findings);
+    if (reading.graph && !isReplayed(*reading.graph)) {
+        const QString engine = options.engine.toLower();
+        checkAttributes(checked, text.bytes(), engine, &findings);
+        checkObjects({checked, text.bytes(), *reading.graph, engine}, &findings);
+    }
     if (reading.graph)
         foretellDrawing(checked, text.bytes(), options.engine, reading.graph.get(), &findings);
     return located(findings.take(), &text);

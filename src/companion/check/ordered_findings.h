@@ -4,8 +4,8 @@
 
 namespace ORR::Companion {
 
-// The findings of one rule, found in the order of their places. Only those that are told get a
-// sentence: a text with a million of them costs no more than their count.
+// The findings of one rule that one pass over a text makes, in the order of the text. Only those
+// that may be told get a sentence: a million of them cost little more than their count.
 class OrderedFindings
 {
 public:

@@ -56,7 +56,71 @@ constexpr Rule unreadAttribute{
     "unread-attribute",
     Warning,
     "an attribute is given to what never reads it",
-    "It changes nothing there. What an attribute is one of is told by the page of the engine.",
+    "It changes nothing there. The page of the engine tells what it is read of.",
+};
+
+constexpr Rule sharedId{
+    "shared-id",
+    Warning,
+    "a subgraph and a node have one name",
+    "Whoever reads the graph or its drawing by names may take the one for the other.",
+};
+
+constexpr Rule undeclaredNode{
+    "undeclared-node",
+    Warning,
+    "a node is mentioned by edges only",
+    "A misspelt end of an edge is a new node, without a label of its own. A text that declares no "
+    "node at all is taken to do so on purpose.",
+};
+
+constexpr Rule sharedPlace{
+    "shared-place",
+    Warning,
+    "two objects stand in one place of the grid",
+    "The later one is drawn over the earlier one.",
+};
+
+constexpr Rule misplacedLegend{
+    "misplaced-legend",
+    Warning,
+    "a legend is given to what is none",
+    "The legend of a chart is the first subgraph with the attribute legend.",
+};
+
+constexpr Rule edgeWithoutCell{
+    "edge-without-cell",
+    Warning,
+    "an edge of a matrix meets no cell",
+    "It is drawn in the first row or the first column, as if it belonged there.",
+};
+
+constexpr Rule outsideGrid{
+    "outside-grid",
+    Error,
+    "an object of a sequence diagram stands outside the grid",
+    "Nothing is drawn: orrlayout ends with the message.",
+};
+
+constexpr Rule noGridPlace{
+    "no-grid-place",
+    Warning,
+    "an object of a sequence diagram has no row or no column",
+    "What is missing counts as 0. A section needs no column, a return needs a row only.",
+};
+
+constexpr Rule sectionWithoutFragment{
+    "section-without-fragment",
+    Warning,
+    "a section of a sequence diagram is in no fragment",
+    "It is left out, with everything in it.",
+};
+
+constexpr Rule returnWithoutCall{
+    "return-without-call",
+    Warning,
+    "a return of a sequence diagram has no call",
+    "A return comes from an activation to which a message runs.",
 };
 
 constexpr Rule drawingFails{
@@ -120,11 +184,14 @@ constexpr Rule missingPicture{
 std::span<const Rule *const> checkRules()
 {
     static constexpr const Rule *rules[] = {
-        &Rules::syntaxError,     &Rules::unknownEngine,  &Rules::badValue,
-        &Rules::unknownColor,    &Rules::unknownWord,    &Rules::unknownAttribute,
-        &Rules::unreadAttribute, &Rules::drawingFails,   &Rules::blankDrawing,
-        &Rules::largeDrawing,    &Rules::leftOutNode,    &Rules::unseenLabel,
-        &Rules::plainRichText,   &Rules::missingPicture,
+        &Rules::syntaxError,       &Rules::unknownEngine,   &Rules::badValue,
+        &Rules::unknownColor,      &Rules::unknownWord,     &Rules::unknownAttribute,
+        &Rules::unreadAttribute,   &Rules::sharedId,        &Rules::undeclaredNode,
+        &Rules::sharedPlace,       &Rules::misplacedLegend, &Rules::edgeWithoutCell,
+        &Rules::outsideGrid,       &Rules::noGridPlace,     &Rules::sectionWithoutFragment,
+        &Rules::returnWithoutCall, &Rules::drawingFails,    &Rules::blankDrawing,
+        &Rules::largeDrawing,      &Rules::leftOutNode,     &Rules::unseenLabel,
+        &Rules::plainRichText,     &Rules::missingPicture,
     };
     return rules;
 }

@@ -16,6 +16,15 @@ extern const Rule unknownColor;
 extern const Rule unknownWord;
 extern const Rule unknownAttribute;
 extern const Rule unreadAttribute;
+extern const Rule sharedId;
+extern const Rule undeclaredNode;
+extern const Rule sharedPlace;
+extern const Rule misplacedLegend;
+extern const Rule edgeWithoutCell;
+extern const Rule outsideGrid;
+extern const Rule noGridPlace;
+extern const Rule sectionWithoutFragment;
+extern const Rule returnWithoutCall;
 
 // Of what the drawing will be.
 extern const Rule drawingFails;
