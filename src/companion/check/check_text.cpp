@@ -2,6 +2,8 @@
 
 #include "companion/check/attribute_rules.h"
 #include "companion/check/checked_text.h"
+#include "companion/check/drawing_rules.h"
+#include "companion/check/drawing_toolkit.h"
 #include "companion/check/object_rules.h"
 #include "companion/check/rules.h"
 #include "companion/findings/finding_list.h"
@@ -44,6 +46,7 @@ void findSyntaxError(const Graph::DotFault &fault, FindingList *findings)
 
 QList<Finding> checkText(const QByteArray &bytes, const CheckOptions &options)
 {
+    prepareDrawingToolkit();
     FindingList findings;
     CheckedText checked;
     const Graph::DotReading reading = Graph::parseDot(bytes, checked);
@@ -57,6 +60,8 @@ QList<Finding> checkText(const QByteArray &bytes, const CheckOptions &options)
         checkAttributes(checked, text.bytes(), engine, &findings);
         checkObjects({checked, text.bytes(), *reading.graph, engine}, &findings);
     }
+    if (reading.graph)
+        foretellDrawing(checked, text.bytes(), options.engine, reading.graph.get(), &findings);
     return located(findings.take(), &text);
 }
 

@@ -123,6 +123,62 @@ constexpr Rule returnWithoutCall{
     "A return comes from an activation to which a message runs.",
 };
 
+constexpr Rule drawingFails{
+    "drawing-fails",
+    Error,
+    "the engine can't draw the graph",
+    "There is no drawing: orrlayout ends with this message.",
+};
+
+constexpr Rule blankDrawing{
+    "blank-drawing",
+    Warning,
+    "nothing of the drawing can be seen",
+    "The drawing is made, and is an empty page or one without a size. A legend alone is no "
+    "drawing.",
+};
+
+constexpr Rule largeDrawing{
+    "large-drawing",
+    Warning,
+    "the drawing is too large for an image",
+    "PNG and JPEG are scaled down to at most 32,767 pixels a side, and readers of the other "
+    "formats may refuse such a page. Ask for a smaller one, or make several drawings.",
+};
+
+constexpr Rule leftOutNode{
+    "left-out-node",
+    Warning,
+    "a chart leaves out nodes",
+    "A node without an area, or with one that is too small beside the others, is not drawn, and "
+    "the others share its room. Give the chart more room, or sum small nodes up in one. The place "
+    "is that of the first of them.",
+};
+
+constexpr Rule unseenLabel{
+    "unseen-label",
+    Warning,
+    "labels are not drawn",
+    "A cell that is too small for its label has none, and so has a group of a matrix without rows "
+    "or columns. The place is that of the first of them.",
+};
+
+constexpr Rule plainRichText{
+    "plain-rich-text",
+    Warning,
+    "rich texts are drawn as plain texts",
+    "A text whose tables, pictures, styles or length would take too long to lay out loses its "
+    "markup, and so do all that come when those before have used up the time of the drawing.",
+};
+
+constexpr Rule missingPicture{
+    "missing-picture",
+    Warning,
+    "pictures in rich texts are not shown",
+    "Only a PNG or JPEG picture within the text itself is shown, as an address that begins with "
+    "\"data:\", of at most a megabyte and 1600 x 1200 pixels. Nothing is ever read from elsewhere.",
+};
+
 } // namespace Rules
 
 std::span<const Rule *const> checkRules()
@@ -133,7 +189,9 @@ std::span<const Rule *const> checkRules()
         &Rules::unreadAttribute,   &Rules::sharedId,        &Rules::undeclaredNode,
         &Rules::sharedPlace,       &Rules::misplacedLegend, &Rules::edgeWithoutCell,
         &Rules::outsideGrid,       &Rules::noGridPlace,     &Rules::sectionWithoutFragment,
-        &Rules::returnWithoutCall,
+        &Rules::returnWithoutCall, &Rules::drawingFails,    &Rules::blankDrawing,
+        &Rules::largeDrawing,      &Rules::leftOutNode,     &Rules::unseenLabel,
+        &Rules::plainRichText,     &Rules::missingPicture,
     };
     return rules;
 }

@@ -26,6 +26,15 @@ extern const Rule noGridPlace;
 extern const Rule sectionWithoutFragment;
 extern const Rule returnWithoutCall;
 
+// Of what the drawing will be.
+extern const Rule drawingFails;
+extern const Rule blankDrawing;
+extern const Rule largeDrawing;
+extern const Rule leftOutNode;
+extern const Rule unseenLabel;
+extern const Rule plainRichText;
+extern const Rule missingPicture;
+
 } // namespace Rules
 
 // All rules, in the order in which they are explained.

@@ -1,0 +1,168 @@
+#include "companion/check/drawing_rules.h"
+
+#include "companion/check/drawing_objects.h"
+#include "companion/check/drawing_toolkit.h"
+#include "companion/check/rules.h"
+#include "device/xdot_render.h"
+#include "drawing/held_standard_error.h"
+#include "graph/limits.h"
+#include "graph/message_text.h"
+#include "layout/charts/chart_legend.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace ORR::Companion {
+
+using namespace Graph;
+using Drawing::LayoutIndex;
+
+namespace {
+
+// The legend of an engine that draws one.
+DotSubgraph *legendOf(const DotGraph *graph, std::optional<LayoutIndex> engine)
+{
+    static constexpr LayoutIndex charts[] = {LayoutIndex::Treemap, LayoutIndex::Sunburst,
+                                             LayoutIndex::FlatBubble, LayoutIndex::Bar};
+    return std::ranges::find(charts, engine) != std::end(charts) ? Layout::findLegend(graph)
+                                                                 : nullptr;
+}
+
+// The message is empty for success.
+QString draw(const QByteArray &bytes, DotGraph *graph, std::optional<LayoutIndex> engine,
+             Device *device)
+{
+#ifndef __SANITIZE_ADDRESS__
+    // The libraries of pictures complain there about those that an input holds.
+    const Drawing::HeldStandardError held;
+#endif
+    return engine ? Drawing::layoutRow(*engine).run({graph, device})
+                  : Graphviz::XDotRender(device, graph).render(bytes);
+}
+
+// What a message of a sequence calls an object, or what one of its edges.
+QString quoted(const QString &id)
+{
+    return u'"' + messageText(id) + u'"';
+}
+
+// The object that a message is about, null if none can be told.
+const DotObject *culpritOf(const QString &message, const ForetoldDrawing &made)
+{
+    // The first subgraph is the root.
+    if (made.engine == LayoutIndex::GfTree && made.text.subgraphs().size() > 1)
+        return made.text.subgraphs().at(1).subgraph;
+    if (made.engine != LayoutIndex::UmlSeq)
+        return nullptr;
+    const auto isMeant = [&](const QString &name) {
+        return message.contains(" of "_L1 + name + " is not between"_L1);
+    };
+    for (const CheckedNode &node : made.text.nodes()) {
+        if (isMeant(quoted(node.node->id)))
+            return node.node;
+    }
+    for (const CheckedSubgraph &subgraph : made.text.subgraphs()) {
+        if (isMeant(quoted(subgraph.subgraph->id)))
+            return subgraph.subgraph;
+    }
+    for (const CheckedEdge &edge : made.text.edges()) {
+        if (isMeant(quoted(edge.edge->tail->id) + " -> "_L1 + quoted(edge.edge->head->id)))
+            return edge.edge;
+    }
+    return nullptr;
+}
+
+void findFailure(const QString &message, const ForetoldDrawing &made, FindingList *findings)
+{
+    Finding finding{&Rules::drawingFails, "the drawing fails: "_L1 + message.trimmed()};
+    placeAt(culpritOf(message, made), made, &finding);
+    findings->add(finding);
+}
+
+QString sizeText(QSize size)
+{
+    return u"%1 x %2 points"_s.arg(size.width()).arg(size.height());
+}
+
+// Why nothing is drawn, as far as it can be told.
+QString emptinessReason(const std::optional<LeftOutNodes> &leftOut)
+{
+    if (!leftOut)
+        return {};
+    const auto all = [&](LeftOutNodes::Reason reason) {
+        return leftOut->nodes[reason].count == leftOut->all;
+    };
+    if (leftOut->all == 0)
+        return u": there are no nodes"_s;
+    if (all(LeftOutNodes::WithoutArea))
+        return u": no node has an area"_s;
+    if (leftOut->nodes[LeftOutNodes::TooSmall].count > 0)
+        return u": every node is too small to be seen"_s;
+    return {};
+}
+
+// Why nothing of the drawing can be seen; empty if something can.
+QString blankness(const ForetoldDrawing &made, const std::optional<LeftOutNodes> &leftOut)
+{
+    const std::optional<QSize> page = made.drawing.page();
+    if (!page)
+        return u"nothing is drawn: the text has no \"bb\", the size of the page"_s;
+    if (page->isEmpty())
+        return "nothing can be seen: the page is "_L1 + sizeText(*page) + " large"_L1;
+    if (!made.drawing.drawsSomething())
+        return u"nothing is drawn"_s + emptinessReason(leftOut);
+    if (!made.drawing.showsSomething())
+        return "nothing can be seen: all that is drawn lies beside the page of "_L1
+            + sizeText(*page);
+    return {};
+}
+
+void findLargePage(QSize page, FindingList *findings)
+{
+    const int longer = std::max(page.width(), page.height());
+    if (longer <= Limits::longestImageSide)
+        return;
+    // An image that is scaled to its longest side has to keep a pixel of the other one.
+    const int shorter = std::min(page.width(), page.height());
+    const bool isThin = shorter * (Limits::longestImageSide / longer) < 1.0;
+    findings->add({&Rules::largeDrawing,
+                   "the drawing is "_L1 + sizeText(page)
+                       + (isThin ? " large: it can't be an image"_L1
+                                 : " large: images of it are scaled down"_L1)});
+}
+
+void tellOf(const ForetoldDrawing &made, FindingList *findings)
+{
+    const std::optional<LeftOutNodes> leftOut = leftOutNodes(made);
+    if (const QString blank = blankness(made, leftOut); !blank.isEmpty()) {
+        findings->add({&Rules::blankDrawing, blank});
+        return;
+    }
+    findLargePage(*made.drawing.page(), findings);
+    if (leftOut)
+        findLeftOutNodes(*leftOut, made, findings);
+    findUnseenLabels(made, findings);
+    findUnshownTexts(made, findings);
+}
+
+} // namespace
+
+void foretellDrawing(const CheckedText &text, const QByteArray &bytes, const QString &engine,
+                     DotGraph *graph, FindingList *findings)
+{
+    const bool isReplayed = graph->root()->attributes.contains(u"xdotversion"_s);
+    const auto layout = isReplayed ? std::nullopt : Drawing::chooseLayout(engine);
+    if ((!isReplayed && !layout) || !startsDrawingToolkit())
+        return;
+    DotSubgraph *const legend = legendOf(graph, layout);
+    WatchedDrawing drawing(graph, legend);
+    const QString message = draw(bytes, graph, layout, &drawing);
+    const ForetoldDrawing made{bytes, text, graph, layout, legend, drawing};
+    if (!message.isEmpty())
+        findFailure(message, made, findings);
+    else
+        tellOf(made, findings);
+}
+
+} // namespace ORR::Companion
