@@ -169,3 +169,28 @@ TEST_F(FenceTrace, texts_that_are_read_as_html_make_no_difference_in_any_format)
         expectSame(hostile, callsOf(arguments, drawingOf(harmlessTexts(), "T"), html));
     }
 }
+
+// The boxes that expand a node: an engine makes HTML of the value.
+TEST_F(FenceTrace, the_html_of_an_engine_makes_no_difference_in_any_format)
+{
+    const auto tree = [](const QString &color) {
+        const QByteArray value = QString(color).replace(u'"', u"\\\""_s).toUtf8();
+        return "digraph { graph [expandcolor=\"" + value
+            + "\"]; a [label=a shape=rectangle expander=true]; a -> b []; }";
+    };
+    const QString hostile = u"red'\"><img src='%1'><link rel=stylesheet href='%1'>"
+                            "<table background='%1'><tr><td>x</table>"_s;
+    for (const QString &format : ORR::Drawing::formatNames()) {
+        SCOPED_TRACE(format.toStdString());
+        const QStringList arguments{u"-K"_s, u"gftree"_s, u"-T"_s,
+                                    format,  u"-o"_s,     u"out."_s + format};
+        const QSet<QByteArray> harmless = callsOf(arguments, tree(u"red"_s));
+        for (const QString &name : names) {
+            const QString file = QString(name).replace(u"%1"_s, path({}));
+            const QSet<QByteArray> calls =
+                callsOf(arguments, tree(QString(hostile).replace(u"%1"_s, file)));
+            expectNoBait(calls);
+            expectSame(calls, harmless);
+        }
+    }
+}
