@@ -146,25 +146,13 @@ private:
             return qHashMulti(seed, key.family, key.size, key.style);
         }
     };
-    // Two gradients that start with the same stop share a text: texts never take a gradient.
-    struct TextKey
-    {
-        QString text;
-        Font *font;
-        QString colorName;
-        friend bool operator==(const TextKey &, const TextKey &) = default;
-        friend size_t qHash(const TextKey &key, size_t seed)
-        {
-            return qHashMulti(seed, key.text, key.font, key.colorName);
-        }
-    };
+    class TextTable;
     struct Pools; // holds the values; the hashes find them
 
     std::unique_ptr<Pools> pools;
     QHash<QString, Color *> colors;
     QHash<FontKey, Font *> fonts;
     QHash<PenKey, Pen *> pens;
-    QHash<TextKey, Text *> texts;
     // An object that is begun a second time hides the first one, which is still to be deleted.
     QMultiHash<const DotEdge *, Edge *> edges;
     QMultiHash<const DotNode *, Node *> nodes;
@@ -267,6 +255,7 @@ public:
 
 private:
     friend class TextImage;
+    friend class TextTable;
 
     QString string;
     Font *textFont;
