@@ -1,6 +1,7 @@
 #include "device/device.h"
 
 #include "device/point_resolution.h"
+#include "device/text_widths.h"
 #include "graph/limits.h"
 #include "graph/numbers.h"
 
@@ -343,6 +344,8 @@ Device::Font::Font(const QString &family, int size, int style)
 {
 }
 
+Device::Font::~Font() = default;
+
 const QFont &Device::Font::qFont() const
 {
     if (!toolkitFont) {
@@ -363,6 +366,13 @@ const QFontMetrics &Device::Font::metrics() const
     if (!toolkitMetrics)
         toolkitMetrics.emplace(qFont(), pointDevice());
     return *toolkitMetrics;
+}
+
+QSize Device::Font::sizeOf(const QString &text) const
+{
+    if (!widths)
+        widths = std::make_unique<TextWidths>(qFont(), metrics());
+    return widths->sizeOf(text);
 }
 
 } // namespace ORR::Graph

@@ -18,6 +18,8 @@
 
 namespace ORR::Graph {
 
+class TextWidths;
+
 // The one drawing surface: layout engines and the replay talk to it and to nothing else; the output
 // formats derive from it.
 //
@@ -204,7 +206,7 @@ public:
     enum Style { Bold = 1, Italic = 2 }; // bits
 
     Font(const QString &family, int size, int style);
-    virtual ~Font() = default;
+    virtual ~Font();
 
     QString family() const { return familyName; }
     int size() const { return pointSize; }
@@ -214,12 +216,16 @@ public:
     const QFont &qFont() const;
     const QFontMetrics &metrics() const;
 
+    // The size of a plain text as the metrics have it, in points.
+    QSize sizeOf(const QString &text) const;
+
 private:
     QString familyName;
     int pointSize;
     int styleBits;
     mutable std::optional<QFont> toolkitFont;
     mutable std::optional<QFontMetrics> toolkitMetrics;
+    mutable std::unique_ptr<TextWidths> widths;
 };
 
 class Device::Pen
