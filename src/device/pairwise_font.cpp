@@ -1,6 +1,7 @@
 // After the tables GSUB, GPOS, GDEF and kern of the OpenType specification.
 #include "device/pairwise_font.h"
 
+#include "device/font_features.h"
 #include "device/font_table.h"
 
 #include <algorithm>
@@ -156,10 +157,12 @@ void removeStartsOfLookups(AsciiGlyphs &glyphs, FontTable &table, const LookupKi
     if (table.isMissing())
         return;
     if (table.shortAt(0) != 1)
-        table.setBroken();
+        table.setBroken(); // a version of large fonts, whose offsets are longer
     const qint64 list = table.shortAt(8);
-    const int lookupCount = table.shortAt(list);
-    for (int i = 0; i < lookupCount && !table.isBroken(); ++i) {
+    const std::vector<bool> used = lookupsInUse(table);
+    for (size_t i = 0; i < used.size() && !table.isBroken(); ++i) {
+        if (!used[i])
+            continue;
         const qint64 lookup = list + table.shortAt(list + 2 + 2 * qint64(i));
         const int kind = table.shortAt(lookup);
         const int flags = table.shortAt(lookup + 2);

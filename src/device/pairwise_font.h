@@ -21,8 +21,8 @@ struct PairwiseFont
     bool needsFractions = false;
 };
 
-// Of a font of the kinds TrueType and OpenType. All lookups count, whichever of them the script,
-// the language and the features of a text choose: one that is not chosen only tells less.
+// Of a font of the kinds TrueType and OpenType. What is on for any script or language counts for
+// all texts, so that nothing hangs on which of them a text is taken for.
 PairwiseFont pairwiseFont(const QRawFont &font);
 
 } // namespace ORR::Graph

@@ -76,11 +76,19 @@ int glyphOf(char16_t c)
     return int(fontOf(tablesOfSans()).glyphIndexesForString(QChar(c)).value(0));
 }
 
-// A table GSUB or GPOS without scripts and features, with one lookup of one subtable.
-QByteArray lookupTable(int kind, int flags, const QByteArray &subtable)
+// A table GSUB or GPOS with one feature that has one lookup of one subtable. It is for one script;
+// as its required feature the script has the one with this number.
+QByteArray lookupTable(int kind, int flags, const QByteArray &subtable,
+                       const QByteArray &feature = "ccmp", int required = 0xFFFF)
 {
-    const QByteArray none = shorts({0});
-    return shorts({1, 0, 10, 12, 14}) + none + none + shorts({1, 4}) // one lookup
+    const QByteArray scripts =
+        shorts({1}) + "latn" + shorts({8}) + shorts({4, 0}) + shorts({0, required, 1, 0});
+    const QByteArray features = shorts({1}) + feature + shorts({8}) + shorts({0, 1, 0});
+    const int start = 10;
+    const int featureStart = start + int(scripts.size());
+    const int lookupStart = featureStart + int(features.size());
+    return shorts({1, 0, start, featureStart, lookupStart}) + scripts + features
+        + shorts({1, 4}) // one lookup
         + shorts({kind, flags, 1, 8}) + subtable;
 }
 
@@ -155,6 +163,32 @@ TEST(PairwiseFont, leaves_out_what_a_context_begins_with)
     EXPECT_EQ(missing(withTable("GPOS", lookupTable(8, 0, chained))), "c");
 }
 
+TEST(PairwiseFont, passes_over_features_that_a_text_has_to_ask_for)
+{
+    for (const char *name : {"dlig", "subs", "frac", "ss07", "cv31"})
+        EXPECT_EQ(missing(withTable("GSUB", lookupTable(4, 0, ligature(), name))), "") << name;
+    for (const char *name : {"liga", "calt", "ssab", "cvvv", "what"})
+        EXPECT_EQ(missing(withTable("GSUB", lookupTable(4, 0, ligature(), name))), "f") << name;
+}
+
+TEST(PairwiseFont, heeds_a_required_feature_whatever_its_name)
+{
+    EXPECT_EQ(missing(withTable("GSUB", lookupTable(4, 0, ligature(), "dlig", 0))), "f");
+    EXPECT_EQ(missing(withTable("GSUB", lookupTable(4, 0, ligature(), "dlig", 1))), "");
+}
+
+TEST(PairwiseFont, heeds_all_lookups_where_features_vary)
+{
+    // Version 1.1, which has an offset more.
+    QByteArray table = lookupTable(4, 0, ligature(), "dlig");
+    table = shorts({1, 1}) + table.sliced(4, 6) + longNumber(0) + table.sliced(10);
+    for (const int at : {4, 6, 8})
+        table[at + 1] = char(table.at(at + 1) + 4);
+    EXPECT_EQ(missing(withTable("GSUB", table)), "");
+    table[13] = 1;
+    EXPECT_EQ(missing(withTable("GSUB", table)), "f");
+}
+
 TEST(PairwiseFont, looks_behind_extensions)
 {
     const QByteArray extension = shorts({1, 4}) + longNumber(8);
@@ -186,8 +220,8 @@ TEST(PairwiseFont, leaves_out_marks)
 TEST(PairwiseFont, tells_nothing_where_a_table_ends_too_soon)
 {
     const QByteArray whole = lookupTable(4, 0, ligature());
-    // Up to the end of its coverage, behind which nothing is looked at.
-    constexpr qsizetype lookedAt = 14 + 4 + 8 + 8 + 6;
+    // Up to the end of its coverage; the rest of the ligature is not looked at.
+    const qsizetype lookedAt = whole.size() - 10;
     for (qsizetype size = 1; size < lookedAt; ++size)
         EXPECT_TRUE(withTable("GSUB", whole.first(size)).characters.none()) << size;
     EXPECT_TRUE(withTable("GSUB", whole.first(lookedAt)).characters.any());
