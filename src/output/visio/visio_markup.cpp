@@ -7,6 +7,13 @@ namespace ORR::Graph {
 
 using namespace Qt::StringLiterals;
 
+char *VisioMarkup::appended(qsizetype length)
+{
+    const qsizetype before = bytes.size();
+    bytes.resize(before + length);
+    return std::next(bytes.data(), before);
+}
+
 // Room for all of it is made at once, and the pieces are copied into it: most of a drawing is made
 // of such pieces of a few bytes.
 void VisioMarkup::start(QByteArrayView name, Attributes attributes, QByteArrayView end)
@@ -15,9 +22,7 @@ void VisioMarkup::start(QByteArrayView name, Attributes attributes, QByteArrayVi
     qsizetype length = depth + 1 + name.size() + end.size();
     for (const Attribute &attribute : attributes)
         length += around + attribute.name.size() + attribute.value.size();
-    const qsizetype before = bytes.size();
-    bytes.resize(before + length);
-    char *out = std::next(bytes.data(), before);
+    char *out = appended(length);
     const auto put = [&out](QByteArrayView text) {
         out = std::copy(text.cbegin(), text.cend(), out);
     };
@@ -49,7 +54,7 @@ void VisioMarkup::open(QByteArrayView name, Attributes attributes)
 void VisioMarkup::close(QByteArrayView name)
 {
     --depth;
-    bytes.append(depth, ' ');
+    std::fill_n(appended(depth), depth, ' ');
     end(name);
 }
 

@@ -40,6 +40,7 @@ public:
 private:
     void start(QByteArrayView name, Attributes attributes, QByteArrayView end);
     void end(QByteArrayView name);
+    char *appended(qsizetype length);
 
     QByteArray bytes;
     int depth;
