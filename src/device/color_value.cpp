@@ -2,6 +2,9 @@
 
 #include <QHash>
 
+#include <algorithm>
+#include <iterator>
+
 namespace ORR::Graph {
 
 using namespace Qt::StringLiterals;
@@ -72,6 +75,13 @@ ColorValue ColorValue::of(const Device::Color *color, int stop)
 
 QString ColorValue::toString() const
 {
+    constexpr int largest = 255;
+    if (std::max({r, g, b}) <= largest && std::min({r, g, b}) >= 0) {
+        const auto digit = [](int value) { return QChar(u"0123456789abcdef"[value]); };
+        const QChar text[] = {u'#',          digit(r / 16), digit(r % 16), digit(g / 16),
+                              digit(g % 16), digit(b / 16), digit(b % 16)};
+        return QString(text, std::ssize(text));
+    }
     constexpr QChar zero(u'0');
     return u"#%1%2%3"_s.arg(r, 2, 16, zero).arg(g, 2, 16, zero).arg(b, 2, 16, zero);
 }

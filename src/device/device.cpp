@@ -1,11 +1,14 @@
 #include "device/device.h"
 
 #include "device/point_resolution.h"
+#include "device/text_widths.h"
 #include "graph/limits.h"
 #include "graph/numbers.h"
 
 #include <algorithm>
 #include <deque>
+#include <utility>
+#include <vector>
 
 namespace ORR::Graph {
 
@@ -61,12 +64,65 @@ Value *interned(QHash<Key, Value *> &values, std::deque<Value> &pool, const Key 
 
 } // namespace
 
+// All texts by what they are made of. There is one for nearly every object, each of them new: so
+// they are their own keys, in a table of places, at least twice as many as there are texts, where
+// one stands in the first free place from that of its hash on (linear probing).
+class Device::TextTable
+{
+public:
+    Text *text(const QString &string, Font *font, Color *color)
+    {
+        if (2 * (texts.size() + 1) > places.size())
+            grow();
+        const QString colorName = nameOf(color);
+        const size_t hash = qHashMulti(QHashSeed::globalSeed(), string, font, colorName);
+        const auto isMeant = [&](const Text &text) {
+            return text.string == string && text.textFont == font
+                && nameOf(text.textColor) == colorName;
+        };
+        size_t i = hash & (places.size() - 1);
+        while (places[i].text && !(places[i].hash == hash && isMeant(*places[i].text)))
+            i = (i + 1) & (places.size() - 1);
+        if (!places[i].text)
+            places[i] = {hash, &texts.emplace_back(string, font, color)};
+        return places[i].text;
+    }
+
+private:
+    struct Place
+    {
+        size_t hash = 0;
+        Text *text = nullptr;
+    };
+
+    // Two gradients that start with the same stop share a text: texts never take a gradient.
+    static QString nameOf(const Color *color) { return color ? color->name(0) : QString(); }
+
+    void grow()
+    {
+        constexpr size_t fewest = 16; // a power of two, as are all sizes
+        std::vector<Place> grown(places.empty() ? fewest : 2 * places.size());
+        for (const Place &place : places) {
+            if (!place.text)
+                continue;
+            size_t i = place.hash & (grown.size() - 1);
+            while (grown[i].text)
+                i = (i + 1) & (grown.size() - 1);
+            grown[i] = place;
+        }
+        places = std::move(grown);
+    }
+
+    std::vector<Place> places;
+    std::deque<Text> texts;
+};
+
 struct Device::Pools
 {
     std::deque<Color> colors;
     std::deque<Font> fonts;
     std::deque<Pen> pens;
-    std::deque<Text> texts;
+    TextTable texts;
 };
 
 Device::Device(bool owns) : pools(std::make_unique<Pools>()), ownsObjects(owns) { }
@@ -249,9 +305,7 @@ Device::Pen *Device::pen(Color *color, int style, int width)
 
 Device::Text *Device::text(const QString &string, Font *font, Color *color)
 {
-    Font *used = font ? font : defaultFont();
-    const TextKey key{string, used, color ? color->name(0) : QString()};
-    return interned(texts, pools->texts, key, string, used, color);
+    return pools->texts.text(string, font ? font : defaultFont(), color);
 }
 
 Device::Color::Color(const QString &name) : gradientType(Solid), names{name} { }
@@ -290,6 +344,8 @@ Device::Font::Font(const QString &family, int size, int style)
 {
 }
 
+Device::Font::~Font() = default;
+
 const QFont &Device::Font::qFont() const
 {
     if (!toolkitFont) {
@@ -310,6 +366,13 @@ const QFontMetrics &Device::Font::metrics() const
     if (!toolkitMetrics)
         toolkitMetrics.emplace(qFont(), pointDevice());
     return *toolkitMetrics;
+}
+
+QSize Device::Font::sizeOf(const QString &text) const
+{
+    if (!widths)
+        widths = std::make_unique<TextWidths>(qFont(), metrics());
+    return widths->sizeOf(text);
 }
 
 } // namespace ORR::Graph

@@ -18,6 +18,8 @@
 
 namespace ORR::Graph {
 
+class TextWidths;
+
 // The one drawing surface: layout engines and the replay talk to it and to nothing else; the output
 // formats derive from it.
 //
@@ -146,25 +148,13 @@ private:
             return qHashMulti(seed, key.family, key.size, key.style);
         }
     };
-    // Two gradients that start with the same stop share a text: texts never take a gradient.
-    struct TextKey
-    {
-        QString text;
-        Font *font;
-        QString colorName;
-        friend bool operator==(const TextKey &, const TextKey &) = default;
-        friend size_t qHash(const TextKey &key, size_t seed)
-        {
-            return qHashMulti(seed, key.text, key.font, key.colorName);
-        }
-    };
+    class TextTable;
     struct Pools; // holds the values; the hashes find them
 
     std::unique_ptr<Pools> pools;
     QHash<QString, Color *> colors;
     QHash<FontKey, Font *> fonts;
     QHash<PenKey, Pen *> pens;
-    QHash<TextKey, Text *> texts;
     // An object that is begun a second time hides the first one, which is still to be deleted.
     QMultiHash<const DotEdge *, Edge *> edges;
     QMultiHash<const DotNode *, Node *> nodes;
@@ -216,7 +206,7 @@ public:
     enum Style { Bold = 1, Italic = 2 }; // bits
 
     Font(const QString &family, int size, int style);
-    virtual ~Font() = default;
+    virtual ~Font();
 
     QString family() const { return familyName; }
     int size() const { return pointSize; }
@@ -226,12 +216,16 @@ public:
     const QFont &qFont() const;
     const QFontMetrics &metrics() const;
 
+    // The size of a plain text as the metrics have it, in points.
+    QSize sizeOf(const QString &text) const;
+
 private:
     QString familyName;
     int pointSize;
     int styleBits;
     mutable std::optional<QFont> toolkitFont;
     mutable std::optional<QFontMetrics> toolkitMetrics;
+    mutable std::unique_ptr<TextWidths> widths;
 };
 
 class Device::Pen
@@ -267,6 +261,7 @@ public:
 
 private:
     friend class TextImage;
+    friend class TextTable;
 
     QString string;
     Font *textFont;

@@ -100,10 +100,13 @@ Device::Color *GraphStyle::nodeFill(const DotNode *node, const QRectF *bounds) c
 
 Device::Font *GraphStyle::fontFor(const QString &family, const QString &size) const
 {
-    const double points = size.toDouble();
-    if (points != 0.0 && !family.isEmpty())
-        return device->font(family, points, -1);
-    return device->defaultFont();
+    if (!lastFont.font || lastFont.family != family || lastFont.size != size) {
+        const double points = size.toDouble();
+        const bool isGiven = points != 0.0 && !family.isEmpty();
+        lastFont = {family, size,
+                    isGiven ? device->font(family, points, -1) : device->defaultFont()};
+    }
+    return lastFont.font;
 }
 
 template <typename Object>
@@ -130,10 +133,16 @@ Device::Font *GraphStyle::nodeFont(const DotNode *node) const
 Device::Pen *GraphStyle::penFor(const QString &color, const QString &style,
                                 const QString &width) const
 {
-    const int penStyle = style.contains("dashed"_L1) ? Device::Pen::Dashed
-        : style.contains("dotted"_L1)                ? Device::Pen::Dotted
-                                                     : Device::Pen::Solid;
-    return device->pen(device->color(color), penStyle, std::max(width.toInt(), 1));
+    if (!lastPen.pen || lastPen.color != color || lastPen.style != style
+        || lastPen.width != width) {
+        const int penStyle = style.contains("dashed"_L1) ? Device::Pen::Dashed
+            : style.contains("dotted"_L1)                ? Device::Pen::Dotted
+                                                         : Device::Pen::Solid;
+        Device::Color *penColor = device->color(color);
+        lastPen = {color, style, width,
+                   device->pen(penColor, penStyle, std::max(width.toInt(), 1))};
+    }
+    return lastPen.pen;
 }
 
 Device::Pen *GraphStyle::clusterPen(const DotSubgraph *subgraph) const

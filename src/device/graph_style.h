@@ -58,8 +58,26 @@ private:
     template <typename Object>
     TextBlock labelOf(const Object *object) const;
 
+    // What was asked for last: most objects have their font and their pen from a default, and
+    // neighbours the same one.
+    struct LastFont
+    {
+        QString family;
+        QString size;
+        Device::Font *font = nullptr; // null if none was asked for
+    };
+    struct LastPen
+    {
+        QString color;
+        QString style;
+        QString width;
+        Device::Pen *pen = nullptr; // null if none was asked for
+    };
+
     DotGraph *graph;
     Device *device;
+    mutable LastFont lastFont;
+    mutable LastPen lastPen;
 };
 
 } // namespace ORR::Graph

@@ -13,7 +13,7 @@ QSize richSize(const QString &html, const Device::Font *font)
 {
     const std::unique_ptr<QTextDocument> document = richTextDocument(html, font->qFont());
     if (!document)
-        return font->metrics().size(0, withoutMarkup(html));
+        return font->sizeOf(withoutMarkup(html));
     const QSizeF size = document->documentLayout()->documentSize();
     return {truncated(size.width()), truncated(size.height())};
 }
@@ -33,7 +33,7 @@ QSize TextImage::textSize(const Text *text, bool rich)
 
 QSize TextImage::textSize(const QString &text, const Font *font, bool rich)
 {
-    return rich ? richSize(text, font) : font->metrics().size(0, text);
+    return rich ? richSize(text, font) : font->sizeOf(text);
 }
 
 int TextImage::fontLeading(const Font *font)

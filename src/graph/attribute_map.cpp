@@ -19,6 +19,8 @@ AttributeMap::AttributeMap(std::initializer_list<Entry> entries)
 
 const AttributeMap::Entry *AttributeMap::entryOf(const Data &data, const AttributeName &name)
 {
+    if (name.isKnown() && !(data.knownNames & bitOf(name)))
+        return nullptr;
     if (data.entries.size() > longestPlainList) {
         const auto place = data.index.constFind(name);
         return place == data.index.cend() ? nullptr : &data.entries.at(*place);
@@ -55,6 +57,8 @@ void AttributeMap::insert(const AttributeName &name, QString value)
         return;
     }
     data.entries.append({name, std::move(value)});
+    if (name.isKnown())
+        data.knownNames |= bitOf(name);
     const qsizetype count = data.entries.size();
     if (count == longestPlainList + 1) {
         for (qsizetype k = 0; k < count; ++k)

@@ -58,9 +58,13 @@ private:
 
     struct Data : QSharedData
     {
+        // A bit for each known name, every 32nd of which share one: most names that are looked for
+        // are in no map but that of the defaults.
+        quint32 knownNames = 0;
         QVarLengthArray<Entry, usualCount> entries;
         QHash<AttributeName, qsizetype> index; // empty while the list is short
     };
+    static quint32 bitOf(const AttributeName &name) { return 1U << (name.number() % 32); }
     static const Entry *entryOf(const Data &data, const AttributeName &name);
 
     QSharedDataPointer<Data> d;

@@ -107,6 +107,9 @@ public:
         return spelling >= knownSpellings && spelling < knownSpellings + knownCount;
     }
 
+    // Where a known name stands in the vocabulary.
+    std::ptrdiff_t number() const { return spelling - knownSpellings; }
+
     friend bool operator==(const AttributeName &a, const AttributeName &b)
     {
         return a.spelling == b.spelling

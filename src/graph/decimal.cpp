@@ -157,7 +157,14 @@ QString numberText(double value)
 QByteArray exactNumberText(double value)
 {
     constexpr int exactDigits = 17;
-    return QByteArray::number(value, 'g', exactDigits);
+    constexpr size_t longestExact = 32;
+    if (!std::isfinite(value) || value == 0.0)
+        return QByteArray::number(value, 'g', exactDigits);
+    std::array<char, longestExact> text;
+    const char *const textEnd = std::to_chars(text.data(), std::next(text.data(), longestExact),
+                                              value, std::chars_format::general, exactDigits)
+                                    .ptr;
+    return {text.data(), std::distance<const char *>(text.data(), textEnd)};
 }
 
 double numberFrom(QStringView text)

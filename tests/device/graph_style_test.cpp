@@ -115,6 +115,20 @@ TEST_F(GraphStyleTest, a_font_needs_a_family_and_a_size)
     EXPECT_EQ(style.fontFor(u"Courier"_s, u"-3"_s), device.font(u"Courier"_s, 12, 0));
 }
 
+TEST_F(GraphStyleTest, fonts_and_pens_are_told_apart_from_those_before)
+{
+    const Device::Font *font = style.fontFor(u"Courier"_s, u"9"_s);
+    EXPECT_NE(style.fontFor(u"Times"_s, u"9"_s), font);
+    EXPECT_EQ(style.fontFor(u"Courier"_s, u"9"_s), font);
+    EXPECT_NE(style.fontFor(u"Courier"_s, u"8"_s), font);
+    const Device::Pen *pen = style.penFor(u"red"_s, u""_s, u"1"_s);
+    EXPECT_NE(style.penFor(u"blue"_s, u""_s, u"1"_s), pen);
+    EXPECT_EQ(style.penFor(u"red"_s, u""_s, u"1"_s), pen);
+    EXPECT_NE(style.penFor(u"red"_s, u"dashed"_s, u"1"_s), pen);
+    EXPECT_EQ(style.penFor(u"red"_s, u""_s, u"1"_s), pen);
+    EXPECT_NE(style.penFor(u"red"_s, u""_s, u"2"_s), pen);
+}
+
 TEST_F(GraphStyleTest, pens_read_style_and_width)
 {
     const auto expectPen = [this](const QString &kind, const QString &width, int expectedStyle,

@@ -165,6 +165,22 @@ TEST(Decimal, texts_of_attributes_have_six_significant_digits)
     EXPECT_EQ(numberText(infinity), u"inf"_s);
 }
 
+TEST(Decimal, exact_texts_are_those_of_the_toolkit)
+{
+    const auto expectSame = [](double value) {
+        EXPECT_EQ(exactNumberText(value), QByteArray::number(value, 'g', 17));
+    };
+    for (const double value : edges)
+        expectSame(value);
+    std::mt19937_64 random(17);
+    for (int i = 0; i < 100000; ++i) {
+        const quint64 pattern = random();
+        expectSame(std::bit_cast<double>(pattern)); // of any magnitude
+        expectSame(double(qint64(pattern % 2000000) - 1000000) / 72.0);
+        expectSame(double(pattern % 100000) / 1000.0);
+    }
+}
+
 TEST(Decimal, exact_texts_tell_every_double_apart)
 {
     EXPECT_EQ(exactNumberText(11 / 72.0), "0.15277777777777779"_ba);

@@ -1,25 +1,17 @@
 #include "layout/graflib/edge_painter.h"
 
 #include "graph/numbers.h"
+#include "layout/arrow_head.h"
 #include "layout/graflib/graflib_attributes.h"
 
 namespace ORR::Graph::Layout {
 
 namespace Rows = GraflibAttributes;
 
-namespace {
-
-constexpr int arrowLength = 6;
-constexpr int arrowHalfWidth = 3;
-
-} // namespace
-
 QList<QPoint> arrowHead(QPoint tip, QPoint before)
 {
-    const int step = before.x() < tip.x() ? -arrowLength : arrowLength;
-    const int back = saturated(qint64(tip.x()) + step);
-    return {tip, QPoint(back, saturated(qint64(tip.y()) - arrowHalfWidth)),
-            QPoint(back, saturated(qint64(tip.y()) + arrowHalfWidth)), tip};
+    const ArrowHead head = arrowHead(tip, before.x() < tip.x());
+    return {tip, head.upper, head.lower, tip};
 }
 
 void EdgePainter::draw(const DotEdge *edge) const

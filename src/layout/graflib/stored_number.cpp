@@ -1,13 +1,12 @@
 #include "layout/graflib/stored_number.h"
 
-#include "graph/attribute_values.h"
-#include "graph/numbers.h"
+#include "graph/decimal.h"
 
 namespace ORR::Graph::Layout {
 
 double StoredNumber::throughText(double value)
 {
-    return numberFrom(numberText(value));
+    return numberThroughText(value);
 }
 
 bool StoredNumber::findDecade(double size)

@@ -6,8 +6,6 @@ namespace ORR::Graph::Layout {
 
 namespace {
 
-constexpr int headLength = 6;
-constexpr int headHalfWidth = 3;
 constexpr int hookReach = 10; // beyond the right side of the box that it runs to
 constexpr int hookGap = 3; // what a labelled hook draws of its vertical stretch, at either end
 
@@ -16,13 +14,6 @@ constexpr int hookGap = 3; // what a labelled hook draws of its vertical stretch
 Shaft levelShaft(const QRect &from, const QRect &to, int y, bool rightward)
 {
     return {{rightward ? to.left() : to.right(), y}, {rightward ? from.right() : from.left(), y}};
-}
-
-ArrowHead arrowHead(QPoint tip, bool rightward)
-{
-    const qint64 back = qint64(tip.x()) + (rightward ? -headLength : headLength);
-    const qint64 y = tip.y();
-    return {saturatedPoint(back, y + headHalfWidth), saturatedPoint(back, y - headHalfWidth)};
 }
 
 Hook hookBeside(const QRect &label, const QRect &from, const QRect &to, bool labelled)

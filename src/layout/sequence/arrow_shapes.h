@@ -1,5 +1,7 @@
 #pragma once
 
+#include "layout/arrow_head.h"
+
 #include <QList>
 #include <QPoint>
 #include <QRect>
@@ -16,15 +18,6 @@ struct Shaft
 // At the height `y`, from the right side of one box to the left side of the other, or the other way
 // round.
 Shaft levelShaft(const QRect &from, const QRect &to, int y, bool rightward);
-
-// The two corners of an arrow head behind its tip.
-struct ArrowHead
-{
-    QPoint lower;
-    QPoint upper;
-};
-
-ArrowHead arrowHead(QPoint tip, bool rightward);
 
 // An arrow between two things of one column, on their right: a line out from the one that it comes
 // from and down, and a line out from the one that it runs to and up.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 
 #include <initializer_list>
@@ -15,19 +16,19 @@ class VisioMarkup
 public:
     struct Attribute
     {
-        const char *name;
-        QByteArray value; // escaped
+        QByteArrayView name;
+        QByteArrayView value; // escaped
     };
     using Attributes = std::initializer_list<Attribute>;
 
     // outermost: the level of the outermost elements.
     explicit VisioMarkup(int outermost) : depth(outermost) { }
 
-    void open(const char *name, Attributes attributes = {});
-    void close(const char *name);
-    void empty(const char *name, Attributes attributes);
+    void open(QByteArrayView name, Attributes attributes = {});
+    void close(QByteArrayView name);
+    void empty(QByteArrayView name, Attributes attributes);
     // With a start and an end tag also if the text, which is escaped, is empty.
-    void text(const char *name, Attributes attributes, const QByteArray &content);
+    void text(QByteArrayView name, Attributes attributes, const QByteArray &content);
     // What another markup built for this place.
     void append(const QByteArray &markup) { bytes.append(markup); }
 
@@ -37,7 +38,9 @@ public:
     void squeeze() { bytes.squeeze(); }
 
 private:
-    void start(const char *name, Attributes attributes);
+    void start(QByteArrayView name, Attributes attributes, QByteArrayView end);
+    void end(QByteArrayView name);
+    char *appended(qsizetype length);
 
     QByteArray bytes;
     int depth;
