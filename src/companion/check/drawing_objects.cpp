@@ -1,6 +1,7 @@
 #include "companion/check/drawing_objects.h"
 
 #include "companion/check/rules.h"
+#include "graph/dot_tokenizer.h"
 #include "layout/charts/bubble_attributes.h"
 #include "layout/charts/chart_attributes.h"
 

@@ -1,11 +1,11 @@
 // All inputs of the project, and the same spoiled: a rejection is told exactly where the reader or
 // the replay rejects, and nothing is wrong with what users are shown.
 #include "companion/syntax/silent_device.h"
+#include "companion/syntax_told.h"
 #include "device/xdot_render.h"
 #include "graph/dot_parser.h"
 #include "mutation/mutator.h"
 #include "support/golden.h"
-#include "syntax/told.h"
 
 #include <gtest/gtest.h>
 
@@ -44,10 +44,10 @@ bool isRejected(const QByteArray &text)
 
 testing::AssertionResult rejectionIsTold(const QByteArray &text)
 {
-    const Companion::SyntaxFindings checked = Companion::checkSyntax(text);
-    const QList<Companion::SyntaxFinding> &findings = checked.kept();
-    const auto told = std::count_if(findings.begin(), findings.end(),
-                                    [](const auto &finding) { return finding.rule->rejection; });
+    const QList<Companion::Finding> findings = Companion::checkText(text, {});
+    const auto told = std::ranges::count_if(
+        findings, Companion::isRejection,
+        [](const Companion::Finding &finding) -> const Companion::Rule & { return *finding.rule; });
     if (told == (isRejected(text) ? 1 : 0))
         return testing::AssertionSuccess();
     return testing::AssertionFailure() << told << " rejections told\n"

@@ -1,5 +1,5 @@
+#include "companion/syntax_told.h"
 #include "support/golden.h"
-#include "syntax/told.h"
 
 #include <gtest/gtest.h>
 
