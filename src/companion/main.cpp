@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <exception>
 #include <new>
 
 using namespace ORR::Companion;
@@ -69,5 +70,8 @@ try {
     return run({"orr", {argv + std::min(argc, 1), argv + argc}, streams.input, streams.output});
 } catch (const std::bad_alloc &) {
     std::fputs("orr: out of memory\n", stderr);
+    return Failed;
+} catch (const std::exception &fault) {
+    std::fprintf(stderr, "orr: %s\n", fault.what());
     return Failed;
 }

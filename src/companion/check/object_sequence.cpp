@@ -142,7 +142,7 @@ SequenceCheck::Open SequenceCheck::enter(const CheckedSubgraph &checked, const O
             return findingAt(
                 input, place, Rules::sectionWithoutFragment,
                 "section %1 is in no fragment and is left out"_L1.arg(quotedText(subgraph->id)),
-                u"write it into a subgraph [uml=combinedfragment]"_s);
+                u"write it into a subgraph with graph [uml=combinedfragment]"_s);
         });
         return {subgraph, false, false};
     }

@@ -24,8 +24,8 @@ constexpr Rule badValue{
     "bad-value",
     Error,
     "a value is none of the type of its attribute",
-    "It is taken for 0. A number has a decimal point and no unit behind it; a whole number has "
-    "neither.",
+    "It counts as what is said, mostly as 0. A number has a decimal point and no unit behind it; a "
+    "whole number has neither.",
 };
 
 constexpr Rule unknownColor{
