@@ -90,10 +90,6 @@ void placeAt(const DotObject *object, const ForetoldDrawing &made, Finding *find
             return placeAtIdentifier(subgraph.id < 0 ? subgraph.keyword : subgraph.id, made,
                                      finding);
     }
-    for (const CheckedEdge &edge : made.text.edges()) {
-        if (edge.edge == object)
-            return placeAtIdentifier(edge.tail, made, finding);
-    }
 }
 
 std::optional<LeftOutNodes> leftOutNodes(const ForetoldDrawing &made)
