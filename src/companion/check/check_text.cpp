@@ -52,9 +52,7 @@ void checkGraph(const CheckedInput &input, Graph::DotGraph *graph, FindingList *
 {
     checkAttributes(input.text, input.bytes, input.engine, findings);
     checkObjects(input, findings);
-    // Why such a drawing fails has been told, of each object that is to blame.
-    if (!findings->holds(Rules::outsideGrid))
-        foretellDrawing(input.text, input.bytes, input.engine, graph, findings);
+    foretellDrawing(input.text, input.bytes, input.engine, graph, findings);
 }
 
 } // namespace

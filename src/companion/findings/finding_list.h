@@ -15,9 +15,6 @@ public:
 
     void add(const Finding &finding);
 
-    // Whether there is one of the rule.
-    bool holds(const Rule &rule) const { return rules.contains(rule.id); }
-
     // Forgets the findings at a place, but for those that are counted already.
     void removeAt(qsizetype offset);
 
