@@ -208,16 +208,22 @@ TEST(Foretelling, watches_a_replay_without_an_engine)
     EXPECT_EQ(foretold({}, replayed("bb=\"0,0,99,99\"", square)), QStringList());
     EXPECT_EQ(foretold({}, replayed("bb=\"0,0,99,99\"", "label=\"a\"")),
               one(u"0:0 nothing is drawn [blank-drawing]"_s));
-    EXPECT_EQ(foretold({}, replayed("", square)),
-              one(u"0:0 nothing is drawn: the text has no \"bb\", the size of the page "
-                  "[blank-drawing]"_s));
     EXPECT_EQ(foretold({}, replayed("bb=\"0,0,-8,99\"", square)),
               one(u"0:0 nothing can be seen: the page is 0 x 107 points large [blank-drawing]"_s));
     EXPECT_EQ(foretold({}, replayed("bb=\"0,0,5,3\"", square)),
               one(u"0:0 nothing can be seen: all that is drawn lies beside the page of 13 x 11 "
                   "points [blank-drawing]"_s));
-    EXPECT_EQ(foretold({}, replayed("bb=\"0,0,99,99\"", QByteArray(square) + "]; a -> b; c ["_ba)),
-              one(u"0:0 the drawing fails: Unable to parse input xdot [drawing-fails]"_s));
+}
+
+// The rules of the syntax tell why.
+TEST(Foretelling, says_nothing_of_a_replay_that_fails_or_has_no_page)
+{
+    for (const QByteArray &text :
+         {replayed("", square), replayed("bb=\"0,0,x\"", square),
+          replayed("bb=\"0,0,99,99\"", QByteArray(square) + "]; a -> b; c ["_ba)}) {
+        EXPECT_EQ(foretold({}, text), QStringList()) << text.toStdString();
+        EXPECT_EQ(checkText(text, {}).size(), 1) << text.toStdString();
+    }
 }
 
 TEST(Foretelling, tells_rich_texts_and_pictures_that_are_not_shown)
