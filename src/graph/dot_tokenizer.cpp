@@ -2,6 +2,7 @@
 
 #include "graph/source_text.h"
 
+#include <algorithm>
 #include <array>
 #include <initializer_list>
 
@@ -184,6 +185,26 @@ QByteArrayView unquotedAt(QByteArrayView text, qsizetype offset)
     while (end < text.size() && !isIn(stopsIdentifier, text.at(end)))
         ++end;
     return text.sliced(offset, end - offset);
+}
+
+qsizetype identifierEnd(QByteArrayView text, qsizetype offset)
+{
+    qsizetype end = offset;
+    if (end < text.size() && text.at(end) == '"') {
+        for (++end; end < text.size() && text.at(end) != '"'; ++end) {
+            const bool isEscape = text.at(end) == '\\' && end + 1 < text.size()
+                && (text.at(end + 1) == '"' || text.at(end + 1) == '\n');
+            if (isEscape)
+                ++end;
+        }
+        return std::min(end + 1, text.size());
+    }
+    // A dash takes the byte behind it along, whatever it is.
+    if (end < text.size() && text.at(end) == '-')
+        end = std::min(end + 2, text.size());
+    while (end < text.size() && !isIn(stopsIdentifier, text.at(end)))
+        ++end;
+    return end;
 }
 
 } // namespace ORR::Graph

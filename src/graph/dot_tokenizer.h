@@ -100,4 +100,8 @@ private:
 // stops an identifier. Empty where a quoted one or nothing begins.
 QByteArrayView unquotedAt(QByteArrayView text, qsizetype offset);
 
+// Behind the last byte of the identifier that begins at the offset, as it is read: of a quoted one
+// behind its closing quote, or the end of the text where that is missing.
+qsizetype identifierEnd(QByteArrayView text, qsizetype offset);
+
 } // namespace ORR::Graph

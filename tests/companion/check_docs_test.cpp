@@ -18,17 +18,19 @@ QString text(std::string_view of)
 
 QString headingOf(const Rule &rule)
 {
-    return u"### `%1`"_s.arg(text(rule.id));
+    return u"#### `%1`"_s.arg(text(rule.id));
 }
 
 class CheckDocs : public ProgramTest
 {
 protected:
     // Runs the command, which begins with "$ orr ", on the text in a file of the name that the page
-    // uses.
+    // uses. A NUL byte, which no page can hold, is shown by its symbol.
     ProgramRun runCommand(const QString &command, const QString &input) const
     {
-        writeFile(u"example.dot"_s, input.toUtf8());
+        QByteArray bytes = input.toUtf8();
+        bytes.replace("\xe2\x90\x80"_ba, QByteArray(1, '\0'));
+        writeFile(u"example.dot"_s, bytes);
         return run({.arguments = command.split(u' ').sliced(2)});
     }
 };
@@ -40,7 +42,7 @@ TEST_F(CheckDocs, have_the_rules_of_the_table_in_its_order_and_no_others)
     QStringList expected;
     for (const Rule *rule : checkRules())
         expected += headingOf(*rule);
-    static const QRegularExpression heading(u"^### .*$"_s, QRegularExpression::MultilineOption);
+    static const QRegularExpression heading(u"^#### .*$"_s, QRegularExpression::MultilineOption);
     QStringList found;
     for (const QRegularExpressionMatch &match :
          heading.globalMatch(sectionOf(checkPage(), u"## The rules"_s)))

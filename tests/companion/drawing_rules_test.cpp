@@ -62,17 +62,26 @@ TEST(Foretelling, tells_why_an_engine_fails_and_where_if_it_can)
     EXPECT_EQ(foretold(u"gftree"_s, "digraph { a;\nsubgraph b { c; } }"),
               one(u"2:10 the drawing fails: GraflibTree does not support subgraphs "
                   "[drawing-fails]"_s));
-    const QString failure = u" is not between 0 and 999999 [drawing-fails]"_s;
-    const QString start = u" the drawing fails: Unable to lay out the sequence diagram: "_s;
+}
+
+// It is told at the object, as one that stands outside.
+TEST(Foretelling, tells_no_failure_of_a_sequence_twice)
+{
+    const QByteArray text = "digraph { b [uml=object row=\"0\" col=\"0\"];\n"
+                            "  a [uml=object row=\"3\" col=\"-1\"]; }";
+    EXPECT_EQ(foretold(u"umlseq"_s, text), QStringList());
+    const QList<Finding> findings = checkText(text, {u"umlseq"_s});
+    ASSERT_EQ(findings.size(), 1);
+    EXPECT_EQ(findings.first().rule, &Rules::outsideGrid);
+}
+
+TEST(Foretelling, tells_the_failure_of_a_sequence_that_no_object_is_named_in)
+{
     EXPECT_EQ(foretold(u"umlseq"_s,
-                       "digraph { b [uml=object row=\"0\" col=\"0\"];\n"
-                       "  a [uml=object row=\"3\" col=\"-1\"]; }"),
-              one(u"2:3"_s + start + u"column -1 of \"a\""_s + failure));
-    EXPECT_EQ(
-        foretold(u"umlseq"_s,
-                 "digraph {\n"
-                 "  subgraph c { graph [uml=combinedfragment row=\"4000000\" col=\"0\"]; } }"),
-        one(u"2:12"_s + start + u"row 4000000 of \"c\""_s + failure));
+                       "digraph { subgraph c { graph [uml=combinedfragment row=\"999999\" "
+                       "col=\"0\"]; } }"),
+              one(u"0:0 the drawing fails: Unable to lay out the sequence diagram: row 1000000 of "
+                  "the end of a fragment is not between 0 and 999999 [drawing-fails]"_s));
 }
 
 TEST(Foretelling, tells_a_chart_without_areas)
@@ -199,16 +208,22 @@ TEST(Foretelling, watches_a_replay_without_an_engine)
     EXPECT_EQ(foretold({}, replayed("bb=\"0,0,99,99\"", square)), QStringList());
     EXPECT_EQ(foretold({}, replayed("bb=\"0,0,99,99\"", "label=\"a\"")),
               one(u"0:0 nothing is drawn [blank-drawing]"_s));
-    EXPECT_EQ(foretold({}, replayed("", square)),
-              one(u"0:0 nothing is drawn: the text has no \"bb\", the size of the page "
-                  "[blank-drawing]"_s));
     EXPECT_EQ(foretold({}, replayed("bb=\"0,0,-8,99\"", square)),
               one(u"0:0 nothing can be seen: the page is 0 x 107 points large [blank-drawing]"_s));
     EXPECT_EQ(foretold({}, replayed("bb=\"0,0,5,3\"", square)),
               one(u"0:0 nothing can be seen: all that is drawn lies beside the page of 13 x 11 "
                   "points [blank-drawing]"_s));
-    EXPECT_EQ(foretold({}, replayed("bb=\"0,0,99,99\"", QByteArray(square) + "]; a -> b; c ["_ba)),
-              one(u"0:0 the drawing fails: Unable to parse input xdot [drawing-fails]"_s));
+}
+
+// The rules of the syntax tell why.
+TEST(Foretelling, says_nothing_of_a_replay_that_fails_or_has_no_page)
+{
+    for (const QByteArray &text :
+         {replayed("", square), replayed("bb=\"0,0,x\"", square),
+          replayed("bb=\"0,0,99,99\"", QByteArray(square) + "]; a -> b; c ["_ba)}) {
+        EXPECT_EQ(foretold({}, text), QStringList()) << text.toStdString();
+        EXPECT_EQ(checkText(text, {}).size(), 1) << text.toStdString();
+    }
 }
 
 TEST(Foretelling, tells_rich_texts_and_pictures_that_are_not_shown)

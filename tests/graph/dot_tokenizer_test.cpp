@@ -132,3 +132,34 @@ TEST(DotTokenizer, a_graph_begins_with_its_keyword_and_perhaps_a_name)
         EXPECT_THROW(tokens.takeGraphHead(), int) << head;
     }
 }
+
+TEST(IdentifierEnd, is_where_the_tokenizer_ends)
+{
+    for (const char *text : {"word next",
+                             "word",
+                             "a[b]",
+                             "a{b}c",
+                             "x=1",
+                             "x;",
+                             "x,",
+                             "x\ty",
+                             "x\ny",
+                             "-12 3",
+                             "-",
+                             "- a",
+                             "-=b c",
+                             "\"quoted text\" x",
+                             R"("with \" quote" x)",
+                             R"("slash \\" x" y)",
+                             "\"line \\\n\" x",
+                             "\"\"",
+                             "\"a\"b",
+                             "\xc3\xa4 x"}) {
+        const QByteArray bytes(text);
+        const DotTokenizer tokenizer(bytes);
+        ASSERT_EQ(tokenizer.kind(), DotToken::Identifier) << text;
+        EXPECT_EQ(identifierEnd(bytes, 0), tokenizer.end()) << text;
+    }
+    EXPECT_EQ(identifierEnd("\"open", 0), 5);
+    EXPECT_EQ(identifierEnd("", 0), 0);
+}

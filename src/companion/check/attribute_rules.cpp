@@ -176,6 +176,10 @@ void AttributeCheck::checkValue(const CheckedAttribute &attribute, const Attribu
 {
     if (use.rows.empty() || meant.contains(&use, value))
         return;
+    // A long value is looked at where it stands, not again for each one that it has replaced.
+    constexpr qsizetype longValue = 64;
+    if (value.size() > longValue && !isStill(attribute, value))
+        return;
     const AttributeRow *row = offended(use, value);
     if (!row) {
         meant.insert(&use, value);

@@ -4,12 +4,16 @@
 #include "companion/check/checked_text.h"
 #include "companion/check/drawing_rules.h"
 #include "companion/check/drawing_toolkit.h"
+#include "companion/check/listener_pair.h"
 #include "companion/check/object_rules.h"
 #include "companion/check/rules.h"
 #include "companion/findings/finding_list.h"
 #include "companion/findings/locate.h"
 #include "companion/findings/nearest_word.h"
 #include "companion/findings/quoted_text.h"
+#include "companion/syntax/misreadings.h"
+#include "companion/syntax/rejections.h"
+#include "companion/syntax/replay_rules.h"
 #include "drawing/layout_table.h"
 #include "graph/dot_parser.h"
 
@@ -36,33 +40,46 @@ void findUnknownEngine(const QString &engine, FindingList *findings)
          suggestion.isEmpty() ? "the engines are "_L1 + engines.join(", "_L1) : suggestion});
 }
 
-void findSyntaxError(const Graph::DotFault &fault, FindingList *findings)
+// A comment that breaks the text has become nodes first, and is told once.
+void findRejection(const Graph::DotFault &fault, const QByteArray &bytes, FindingList *findings)
 {
-    findings->add({&Rules::syntaxError, u"the text can't be read from here on"_s, QString(),
-                   fault.offset, fault.end});
+    const Finding rejection = explained(fault, bytes);
+    findings->removeAt(rejection.offset);
+    findings->add(rejection);
+}
+
+void checkGraph(const CheckedInput &input, Graph::DotGraph *graph, FindingList *findings)
+{
+    checkAttributes(input.text, input.bytes, input.engine, findings);
+    checkObjects(input, findings);
+    foretellDrawing(input.text, input.bytes, input.engine, graph, findings);
 }
 
 } // namespace
 
 QList<Finding> checkText(const QByteArray &bytes, const CheckOptions &options)
 {
+    // Which texts are replayed, and so drawn, nobody knows before they are read.
     prepareDrawingToolkit();
+    Graph::SourceText source(bytes);
+    const QByteArray &text = source.bytes();
     FindingList findings;
     CheckedText checked;
-    const Graph::DotReading reading = Graph::parseDot(bytes, checked);
+    Misreadings misreadings(text, &findings);
+    ListenerPair listeners(checked, misreadings);
+    const Graph::DotReading reading = Graph::parseDot(text, listeners);
+    Graph::DotGraph *const graph = reading.graph.get();
     if (reading.fault)
-        findSyntaxError(*reading.fault, &findings);
-    if (!reading.graph || !isReplayed(*reading.graph))
+        findRejection(*reading.fault, text, &findings);
+    if (graph && isReplayed(*graph)) {
+        if (checkReplay(text, graph, checked.subgraphs().front().keyword, &findings))
+            foretellDrawing(checked, text, options.engine, graph, &findings);
+    } else {
         findUnknownEngine(options.engine, &findings);
-    Graph::SourceText text(bytes);
-    if (reading.graph && !isReplayed(*reading.graph)) {
-        const QString engine = options.engine.toLower();
-        checkAttributes(checked, text.bytes(), engine, &findings);
-        checkObjects({checked, text.bytes(), *reading.graph, engine}, &findings);
+        if (graph)
+            checkGraph({checked, text, *graph, options.engine.toLower()}, graph, &findings);
     }
-    if (reading.graph)
-        foretellDrawing(checked, text.bytes(), options.engine, reading.graph.get(), &findings);
-    return located(findings.take(), &text);
+    return located(findings.take(), &source);
 }
 
 } // namespace ORR::Companion

@@ -24,11 +24,6 @@ DotObject *objectOf(const AttributeMention &attribute)
     return attribute.subgraph;
 }
 
-bool endsIdentifier(char c)
-{
-    return QByteArrayView("\t\n ,;=]}").contains(c) || c == '\0';
-}
-
 } // namespace
 
 qsizetype CheckedText::endOf(const CheckedList &list) const
@@ -91,27 +86,6 @@ const AttributeMap &attributesOf(const CheckedList &list)
     if (list.target == AttributeTarget::EdgeDefaults)
         return static_cast<const DotSubgraph *>(list.object)->edgeDefaults;
     return list.object->attributes;
-}
-
-qsizetype identifierEnd(QByteArrayView text, qsizetype offset)
-{
-    qsizetype end = offset;
-    const bool isQuoted = end < text.size() && text[end] == '"';
-    if (isQuoted) {
-        for (++end; end < text.size() && text[end] != '"'; ++end) {
-            const bool isEscape = text[end] == '\\' && end + 1 < text.size()
-                && (text[end + 1] == '"' || text[end + 1] == '\n');
-            if (isEscape)
-                ++end;
-        }
-        return std::min(end + 1, text.size());
-    }
-    // A dash takes the byte behind it along, whatever it is.
-    if (end < text.size() && text[end] == '-')
-        end = std::min(end + 2, text.size());
-    while (end < text.size() && !endsIdentifier(text[end]))
-        ++end;
-    return end;
 }
 
 } // namespace ORR::Companion

@@ -2,8 +2,6 @@
 
 #include "graph/dot_listener.h"
 
-#include <QByteArrayView>
-
 #include <vector>
 
 // What `orr check` knows of one text beside its graph: where everything stands.
@@ -85,9 +83,5 @@ private:
 
 // The attributes that a list is read into, which hold the last value of each name.
 const Graph::AttributeMap &attributesOf(const CheckedList &list);
-
-// Behind the last byte of the identifier that begins at the offset, in a text with its line ends
-// normalised.
-qsizetype identifierEnd(QByteArrayView text, qsizetype offset);
 
 } // namespace ORR::Companion

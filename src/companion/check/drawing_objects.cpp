@@ -1,6 +1,7 @@
 #include "companion/check/drawing_objects.h"
 
 #include "companion/check/rules.h"
+#include "graph/dot_tokenizer.h"
 #include "layout/charts/bubble_attributes.h"
 #include "layout/charts/chart_attributes.h"
 
@@ -90,10 +91,6 @@ void placeAt(const DotObject *object, const ForetoldDrawing &made, Finding *find
             return placeAtIdentifier(subgraph.id < 0 ? subgraph.keyword : subgraph.id, made,
                                      finding);
     }
-    for (const CheckedEdge &edge : made.text.edges()) {
-        if (edge.edge == object)
-            return placeAtIdentifier(edge.tail, made, finding);
-    }
 }
 
 std::optional<LeftOutNodes> leftOutNodes(const ForetoldDrawing &made)
@@ -141,15 +138,14 @@ void findUnseenLabels(const ForetoldDrawing &made, FindingList *findings)
     // A label that another engine does not draw may well size its node.
     if (!isMatrix && made.engine != LayoutIndex::Treemap)
         return;
-    const QSet<const DotObject *> &unlabelled = made.drawing.unlabelled();
     qint64 count = 0;
     qsizetype first = nowhere;
     const auto look = [&](const DotObject *object, qsizetype place) {
-        if (!unlabelled.contains(object))
+        if (!made.drawing.isUnlabelled(object))
             return;
         first = count++ == 0 ? place : std::min(first, place);
     };
-    if (!unlabelled.isEmpty()) {
+    if (made.drawing.hasUnlabelled()) {
         for (const CheckedNode &node : made.text.nodes())
             look(node.node, node.place);
         for (const CheckedSubgraph &subgraph : made.text.subgraphs())

@@ -23,7 +23,8 @@ struct ForetoldDrawing
     const WatchedDrawing &drawing;
 };
 
-// Puts the finding where the object is mentioned first, or leaves it without a place for null.
+// Puts the finding where the node or the subgraph is mentioned first, or leaves it without a place
+// for null.
 void placeAt(const Graph::DotObject *object, const ForetoldDrawing &made, Finding *finding);
 
 // The nodes of a chart that are left out of it, one number a reason.

@@ -6,7 +6,6 @@
 #include "device/xdot_render.h"
 #include "drawing/held_standard_error.h"
 #include "graph/limits.h"
-#include "graph/message_text.h"
 #include "layout/charts/chart_legend.h"
 
 #include <algorithm>
@@ -41,42 +40,21 @@ QString draw(const QByteArray &bytes, DotGraph *graph, std::optional<LayoutIndex
                   : Graphviz::XDotRender(device, graph).render(bytes);
 }
 
-// What a message of a sequence calls an object, or what one of its edges.
-QString quoted(const QString &id)
+// A sequence fails by an object outside of its grid. Of one that the message names the rule of such
+// objects has told.
+bool isToldByItsObject(const QString &message, const ForetoldDrawing &made)
 {
-    return u'"' + messageText(id) + u'"';
-}
-
-// The object that a message is about, null if none can be told.
-const DotObject *culpritOf(const QString &message, const ForetoldDrawing &made)
-{
-    // The first subgraph is the root.
-    if (made.engine == LayoutIndex::GfTree && made.text.subgraphs().size() > 1)
-        return made.text.subgraphs().at(1).subgraph;
-    if (made.engine != LayoutIndex::UmlSeq)
-        return nullptr;
-    const auto isMeant = [&](const QString &name) {
-        return message.contains(" of "_L1 + name + " is not between"_L1);
-    };
-    for (const CheckedNode &node : made.text.nodes()) {
-        if (isMeant(quoted(node.node->id)))
-            return node.node;
-    }
-    for (const CheckedSubgraph &subgraph : made.text.subgraphs()) {
-        if (isMeant(quoted(subgraph.subgraph->id)))
-            return subgraph.subgraph;
-    }
-    for (const CheckedEdge &edge : made.text.edges()) {
-        if (isMeant(quoted(edge.edge->tail->id) + " -> "_L1 + quoted(edge.edge->head->id)))
-            return edge.edge;
-    }
-    return nullptr;
+    return made.engine == LayoutIndex::UmlSeq && message.contains(u'"');
 }
 
 void findFailure(const QString &message, const ForetoldDrawing &made, FindingList *findings)
 {
+    if (isToldByItsObject(message, made))
+        return;
     Finding finding{&Rules::drawingFails, "the drawing fails: "_L1 + message.trimmed()};
-    placeAt(culpritOf(message, made), made, &finding);
+    // A tree may have no subgraphs at all, which is looked at first. The root is one in the text.
+    if (made.engine == LayoutIndex::GfTree && made.text.subgraphs().size() > 1)
+        placeAt(made.text.subgraphs().at(1).subgraph, made, &finding);
     findings->add(finding);
 }
 

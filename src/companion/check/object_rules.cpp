@@ -4,6 +4,7 @@
 #include "companion/check/ordered_findings.h"
 #include "companion/check/rules.h"
 #include "companion/findings/quoted_text.h"
+#include "graph/dot_tokenizer.h"
 #include "layout/charts/legend_attributes.h"
 #include "layout/charts/matrix_attributes.h"
 #include "layout/graflib/gfdecl_attributes.h"

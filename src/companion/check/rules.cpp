@@ -1,17 +1,14 @@
 #include "companion/check/rules.h"
 
+#include "companion/syntax/syntax_rules.h"
+
+#include <vector>
+
 namespace ORR::Companion {
 
 namespace Rules {
 
 using enum Severity;
-
-constexpr Rule syntaxError{
-    "syntax-error",
-    Error,
-    "the text is no graph of the dialect",
-    "Nothing can be drawn: orrlayout ends with \"Unable to parse dot input\".",
-};
 
 constexpr Rule unknownEngine{
     "unknown-engine",
@@ -24,8 +21,8 @@ constexpr Rule badValue{
     "bad-value",
     Error,
     "a value is none of the type of its attribute",
-    "It is taken for 0. A number has a decimal point and no unit behind it; a whole number has "
-    "neither.",
+    "It counts as what is said, mostly as 0. A number has a decimal point and no unit behind it; a "
+    "whole number has neither.",
 };
 
 constexpr Rule unknownColor{
@@ -181,18 +178,36 @@ constexpr Rule missingPicture{
 
 } // namespace Rules
 
+namespace {
+
+constexpr const Rule *ownRules[] = {
+    &Rules::unknownEngine,     &Rules::badValue,
+    &Rules::unknownColor,      &Rules::unknownWord,
+    &Rules::unknownAttribute,  &Rules::unreadAttribute,
+    &Rules::sharedId,          &Rules::undeclaredNode,
+    &Rules::sharedPlace,       &Rules::misplacedLegend,
+    &Rules::edgeWithoutCell,   &Rules::outsideGrid,
+    &Rules::noGridPlace,       &Rules::sectionWithoutFragment,
+    &Rules::returnWithoutCall, &Rules::drawingFails,
+    &Rules::blankDrawing,      &Rules::largeDrawing,
+    &Rules::leftOutNode,       &Rules::unseenLabel,
+    &Rules::plainRichText,     &Rules::missingPicture,
+};
+
+std::vector<const Rule *> allRules()
+{
+    std::vector<const Rule *> rules;
+    for (const std::span<const Rule *const> part :
+         {rejectionRules(), misreadingRules(), std::span<const Rule *const>(ownRules)})
+        rules.insert(rules.end(), part.begin(), part.end());
+    return rules;
+}
+
+} // namespace
+
 std::span<const Rule *const> checkRules()
 {
-    static constexpr const Rule *rules[] = {
-        &Rules::syntaxError,       &Rules::unknownEngine,   &Rules::badValue,
-        &Rules::unknownColor,      &Rules::unknownWord,     &Rules::unknownAttribute,
-        &Rules::unreadAttribute,   &Rules::sharedId,        &Rules::undeclaredNode,
-        &Rules::sharedPlace,       &Rules::misplacedLegend, &Rules::edgeWithoutCell,
-        &Rules::outsideGrid,       &Rules::noGridPlace,     &Rules::sectionWithoutFragment,
-        &Rules::returnWithoutCall, &Rules::drawingFails,    &Rules::blankDrawing,
-        &Rules::largeDrawing,      &Rules::leftOutNode,     &Rules::unseenLabel,
-        &Rules::plainRichText,     &Rules::missingPicture,
-    };
+    static const std::vector<const Rule *> rules = allRules();
     return rules;
 }
 

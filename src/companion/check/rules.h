@@ -4,12 +4,12 @@
 
 #include <span>
 
-// What `orr check` looks for: docs/check.md has an example of each.
+// What `orr check` looks for beside the syntax (syntax_rules.h): docs/check.md has an example of
+// each.
 namespace ORR::Companion {
 
 namespace Rules {
 
-extern const Rule syntaxError;
 extern const Rule unknownEngine;
 extern const Rule badValue;
 extern const Rule unknownColor;
@@ -37,7 +37,7 @@ extern const Rule missingPicture;
 
 } // namespace Rules
 
-// All rules, in the order in which they are explained.
+// All rules, those of the syntax first, in the order in which they are explained.
 std::span<const Rule *const> checkRules();
 
 // The rule of an id; null if there is none.

@@ -5,6 +5,7 @@
 #include "device/rich_text_images.h"
 
 #include <algorithm>
+#include <functional>
 #include <initializer_list>
 #include <iterator>
 #include <limits>
@@ -15,6 +16,8 @@ namespace ORR::Companion {
 using namespace Graph;
 
 namespace {
+
+constexpr std::less<const DotObject *> byAddress; // an order also of objects of several arrays
 
 // What a set of points covers.
 class Bounds
@@ -121,9 +124,27 @@ qint64 missingPicturesIn(const QString &html)
 
 } // namespace
 
+bool WatchedDrawing::draws(const DotNode *node) const
+{
+    return std::binary_search(drawnNodes.cbegin(), drawnNodes.cend(), node, byAddress);
+}
+
+bool WatchedDrawing::isUnlabelled(const DotObject *object) const
+{
+    return std::binary_search(unlabelledObjects.cbegin(), unlabelledObjects.cend(), object,
+                              byAddress);
+}
+
 void WatchedDrawing::begin(int width, int height)
 {
     begunPage = QSize(width, height);
+}
+
+QString WatchedDrawing::end()
+{
+    std::sort(drawnNodes.begin(), drawnNodes.end(), byAddress);
+    std::sort(unlabelledObjects.begin(), unlabelledObjects.end(), byAddress);
+    return {};
 }
 
 void WatchedDrawing::drawBezier(const QList<QPoint> &points, Pen *, Color *)
@@ -229,7 +250,7 @@ template <typename Object>
 void WatchedDrawing::close(const Object *object)
 {
     if (!openObjects.back().hasText && hasLabel(graph, object))
-        unlabelledObjects.insert(object);
+        unlabelledObjects.push_back(object);
     openObjects.pop_back();
 }
 
@@ -259,7 +280,7 @@ void WatchedDrawing::watch(const QRectF &bounds)
     if (!openObjects.empty()) {
         Open &innermost = openObjects.back();
         if (innermost.node && !innermost.isDrawn)
-            drawnNodes.insert(innermost.node);
+            drawnNodes.push_back(innermost.node);
         innermost.isDrawn = true;
         if (innermost.isOfLegend)
             return;

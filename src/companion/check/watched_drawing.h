@@ -3,7 +3,6 @@
 #include "device/text_image.h"
 
 #include <QRectF>
-#include <QSet>
 #include <QSize>
 
 #include <optional>
@@ -14,8 +13,8 @@ namespace ORR::Companion {
 // A device that draws nothing and keeps what can be said of a drawing before it is made: how large
 // it is, whether anything of it can be seen, what of which object is missing.
 //
-// Nothing is kept of a primitive. Of an object two bits are, which take memory in proportion to
-// what is drawn.
+// Nothing is kept of a primitive. Of an object two facts are, which take memory in proportion
+// to what is drawn.
 class WatchedDrawing : public Graph::TextImage
 {
 public:
@@ -34,11 +33,11 @@ public:
     bool drawsSomething() const { return hasPrimitive; }
     bool showsSomething() const { return hasPrimitiveOnPage; }
 
-    // Whether such a thing was drawn for the node, also one beside the page.
-    bool draws(const Graph::DotNode *node) const { return drawnNodes.contains(node); }
-
-    // What was begun and has a label, and was ended without any text.
-    const QSet<const Graph::DotObject *> &unlabelled() const { return unlabelledObjects; }
+    // Whether such a thing was drawn for the node, also one beside the page; whether the node or
+    // the cluster has a label, and was ended without any text. Known once the drawing has ended.
+    bool draws(const Graph::DotNode *node) const;
+    bool isUnlabelled(const Graph::DotObject *object) const;
+    bool hasUnlabelled() const { return !unlabelledObjects.empty(); }
 
     // Texts of a kind, and the object for which the first of them is drawn, null for none.
     struct Texts
@@ -52,7 +51,7 @@ public:
     const Texts &missingPictures() const { return missing; }
 
     void begin(int width, int height) override;
-    QString end() override { return {}; }
+    QString end() override;
     void drawBezier(const QList<QPoint> &points, Pen *pen, Color *fill) override;
     void drawEllipse(QPoint centre, int rx, int ry, Pen *pen, Color *fill) override;
     void drawPolyline(const QList<QPoint> &points, Pen *pen) override;
@@ -95,8 +94,9 @@ private:
     bool hasPrimitive = false;
     bool hasPrimitiveOnPage = false;
     std::vector<Open> openObjects; // innermost last
-    QSet<const Graph::DotNode *> drawnNodes;
-    QSet<const Graph::DotObject *> unlabelledObjects;
+    // Sorted by address in the end, which takes a fraction of the time of hashing them.
+    std::vector<const Graph::DotObject *> drawnNodes;
+    std::vector<const Graph::DotObject *> unlabelledObjects;
     Texts tooDear;
     Texts missing;
 };

@@ -37,10 +37,20 @@ Finding rest(const Rule *rule, qint64 count)
 void FindingList::add(const Finding &finding)
 {
     OfRule &ofRule = rules[finding.rule->id];
+    ofRule.rule = finding.rule;
     ofRule.kept.append(finding);
     // Twice as many as are told, so that sorting them costs little for each.
     if (ofRule.kept.size() >= 2 * mostOfRule)
         shorten(&ofRule);
+}
+
+void FindingList::removeAt(qsizetype offset)
+{
+    for (auto &[id, ofRule] : rules)
+        ofRule.kept.removeIf([=](const Finding &finding) { return finding.offset == offset; });
+    std::erase_if(rules, [](const auto &entry) {
+        return entry.second.kept.isEmpty() && entry.second.counted == 0;
+    });
 }
 
 void FindingList::shorten(OfRule *findings)
@@ -62,7 +72,7 @@ QList<Finding> FindingList::take()
         shorten(&ofRule);
         told += ofRule.kept;
         if (ofRule.counted > 0)
-            rests += rest(ofRule.kept.first().rule, ofRule.counted);
+            rests += rest(ofRule.rule, ofRule.counted);
     }
     rules.clear();
     std::sort(told.begin(), told.end(), isBefore);

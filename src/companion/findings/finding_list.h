@@ -15,6 +15,9 @@ public:
 
     void add(const Finding &finding);
 
+    // Forgets the findings at a place, but for those that are counted already.
+    void removeAt(qsizetype offset);
+
     // The findings by their place, those without a place first; at one place by their rules. A
     // finding that was added twice is told once. Behind them all, for each rule that has more, one
     // that says how many; of what is counted, twins count each. The list is empty afterwards.
@@ -23,6 +26,7 @@ public:
 private:
     struct OfRule
     {
+        const Rule *rule = nullptr;
         QList<Finding> kept; // sorted only by `shorten`
         qint64 counted = 0;
     };

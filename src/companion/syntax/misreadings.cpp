@@ -1,6 +1,8 @@
 #include "companion/syntax/misreadings.h"
 
+#include "companion/findings/quoted_text.h"
 #include "companion/syntax/source_tokens.h"
+#include "companion/syntax/syntax_rules.h"
 #include "graph/dot_tokenizer.h"
 
 #include <algorithm>
@@ -26,11 +28,11 @@ bool hasPort(QByteArrayView name)
 
 } // namespace
 
-void Misreadings::add(const SyntaxRule &rule, qsizetype place, const QString &message,
+void Misreadings::add(const Rule &rule, qsizetype place, const QString &sentence,
                       const QString &suggestion)
 {
     const qsizetype length = std::max<qsizetype>(unquotedAt(text, place).size(), 1);
-    found->add({&rule, message, suggestion, place, place + length});
+    found->add({&rule, sentence, suggestion, place, place + length});
 }
 
 bool Misreadings::findComment(QByteArrayView name, qsizetype place)
@@ -49,7 +51,8 @@ void Misreadings::findMinus(qsizetype place)
 {
     const QByteArrayView name = unquotedAt(text, place);
     // The reader sees the byte behind the minus sign only as one that it steps over.
-    const QString written = shown(name.size() > 1 ? name : QByteArrayView(text).sliced(place, 1));
+    const QString written =
+        quotedText(name.size() > 1 ? name : QByteArrayView(text).sliced(place, 1));
     add(SyntaxRules::negativeNumber, place,
         u"the character behind the minus sign of "_s + written + u" is lost"_s,
         u"write it in quotes"_s);
@@ -64,24 +67,23 @@ void Misreadings::findInName(QByteArrayView name, qsizetype place, bool endOfEdg
         findMinus(place);
     } else if (name.contains("->") || name.contains("--")) {
         if (name.contains("->"))
-            add(SyntaxRules::arrowInName, place, shown(name) + u" is one name"_s,
+            add(SyntaxRules::arrowInName, place, quotedText(name) + u" is one name"_s,
                 u"put a blank ahead of the arrow"_s);
     } else if (name.contains('[') || name.contains('{')) {
-        add(SyntaxRules::bracketInName, place, shown(name) + u" is one name"_s,
+        add(SyntaxRules::bracketInName, place, quotedText(name) + u" is one name"_s,
             u"put a blank ahead of the bracket, or the name in quotes"_s);
     } else if (name.startsWith('<') && name.endsWith('>')) {
         add(SyntaxRules::htmlText, place, u"angle brackets quote nothing: they are read as text"_s,
             u"write the name in quotes"_s);
     } else if (endOfEdge && hasPort(name)) {
-        add(SyntaxRules::port, place, u"there are no ports here: %1 is one name"_s.arg(shown(name)),
+        add(SyntaxRules::port, place,
+            u"there are no ports here: %1 is one name"_s.arg(quotedText(name)),
             u"leave the port out, or put the name in quotes"_s);
     }
 }
 
-void Misreadings::subgraphOpened(Graph::DotSubgraph *subgraph, qsizetype keyword, qsizetype id)
+void Misreadings::subgraphOpened(Graph::DotSubgraph *, qsizetype, qsizetype id)
 {
-    if (!subgraph->parent)
-        rootPlace = keyword;
     if (id >= 0)
         findInName(unquotedAt(text, id), id, false);
 }

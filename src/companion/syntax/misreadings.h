@@ -1,6 +1,6 @@
 #pragma once
 
-#include "companion/syntax/syntax_findings.h"
+#include "companion/findings/finding_list.h"
 #include "graph/dot_listener.h"
 
 #include <QByteArray>
@@ -13,12 +13,9 @@ namespace ORR::Companion {
 class Misreadings : public Graph::DotListener
 {
 public:
-    // The text that is read, with its line ends normalised, and where what is found goes, in the
-    // order of the text. Not owned.
-    Misreadings(const QByteArray &read, SyntaxFindings *findings) : text(read), found(findings) { }
-
-    // Where the first word of the graph stands.
-    qsizetype root() const { return rootPlace; }
+    // The text that is read, with its line ends normalised, and where what is found goes, which is
+    // not owned.
+    Misreadings(const QByteArray &read, FindingList *findings) : text(read), found(findings) { }
 
     void subgraphClosed(Graph::DotSubgraph *subgraph, qsizetype brace) override;
     void subgraphOpened(Graph::DotSubgraph *subgraph, qsizetype keyword, qsizetype id) override;
@@ -30,12 +27,10 @@ private:
     bool findComment(QByteArrayView name, qsizetype place);
     void findInName(QByteArrayView name, qsizetype place, bool endOfEdge);
     void findMinus(qsizetype place);
-    void add(const SyntaxRule &rule, qsizetype place, const QString &message,
-             const QString &suggestion);
+    void add(const Rule &rule, qsizetype place, const QString &sentence, const QString &suggestion);
 
     QByteArray text;
-    SyntaxFindings *found;
-    qsizetype rootPlace = 0;
+    FindingList *found;
     qsizetype lastCommentEnd = 0; // behind the last comment that was found
 };
 

@@ -1,6 +1,8 @@
 #include "companion/syntax/rejections.h"
 
+#include "companion/findings/quoted_text.h"
 #include "companion/syntax/source_tokens.h"
+#include "companion/syntax/syntax_rules.h"
 #include "graph/dot_tokenizer.h"
 #include "graph/limits.h"
 
@@ -17,7 +19,7 @@ namespace {
 
 struct Explanation
 {
-    const SyntaxRule *rule;
+    const Rule *rule;
     QString headline;
     QString suggestion;
     qsizetype offset = -1; // where it is not at the fault itself
@@ -32,7 +34,8 @@ QString foundInWords(const DotFault &fault)
     case DotFault::Cause::NulByte:
         return u"a NUL byte"_s;
     default:
-        return fault.found == DotToken::Identifier ? shown(fault.text) : kindInWords(fault.found);
+        return fault.found == DotToken::Identifier ? quotedText(QByteArrayView(fault.text))
+                                                   : kindInWords(fault.found);
     }
 }
 
@@ -144,7 +147,7 @@ Explanation explainToken(const DotFault &fault, const TokensAhead &ahead, const 
                 u"look for a closing brace too many"_s};
     if (tookBracket(ahead, text))
         return {&SyntaxRules::missingBlank,
-                shown(unquotedAt(text, ahead.last.offset)) + u" is one name"_s,
+                quotedText(unquotedAt(text, ahead.last.offset)) + u" is one name"_s,
                 u"put a blank ahead of the bracket"_s, ahead.last.offset, ahead.last.end};
     switch (fault.found) {
     case DotToken::Arrow:
@@ -211,7 +214,7 @@ QString messageOf(const QString &headline, const DotFault &fault, const TokensAh
 
 } // namespace
 
-SyntaxFinding explained(const DotFault &fault, const QByteArray &text)
+Finding explained(const DotFault &fault, const QByteArray &text)
 {
     if (fault.cause == DotFault::Cause::TooLong)
         return {&SyntaxRules::syntaxError,
@@ -224,7 +227,7 @@ SyntaxFinding explained(const DotFault &fault, const QByteArray &text)
             why.offset < 0 ? fault.offset : why.offset, why.offset < 0 ? fault.end : why.end};
 }
 
-SyntaxFinding explainedReplay(const DotFault &fault, const QByteArray &text)
+Finding explainedReplay(const DotFault &fault, const QByteArray &text)
 {
     const TokensAhead ahead = tokensAhead(text, fault.offset);
     QString suggestion;

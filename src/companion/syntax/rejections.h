@@ -1,6 +1,6 @@
 #pragma once
 
-#include "companion/syntax/syntax_rules.h"
+#include "companion/findings/finding.h"
 #include "graph/dot_fault.h"
 
 #include <QByteArray>
@@ -10,9 +10,9 @@ namespace ORR::Companion {
 // Why the reader rejected the text (with its line ends normalised), in the words of the rule that
 // the fault looks like: what was found, what was expected, and how to write what is likely meant.
 // Every fault has one.
-SyntaxFinding explained(const Graph::DotFault &fault, const QByteArray &text);
+Finding explained(const Graph::DotFault &fault, const QByteArray &text);
 
 // The same of a text that the reader takes and the replay rejects.
-SyntaxFinding explainedReplay(const Graph::DotFault &fault, const QByteArray &text);
+Finding explainedReplay(const Graph::DotFault &fault, const QByteArray &text);
 
 } // namespace ORR::Companion

@@ -1,8 +1,9 @@
 #include "companion/syntax/replay_rules.h"
 
+#include "companion/findings/quoted_text.h"
 #include "companion/syntax/rejections.h"
 #include "companion/syntax/silent_device.h"
-#include "companion/syntax/source_tokens.h"
+#include "companion/syntax/syntax_rules.h"
 #include "device/xdot_render.h"
 #include "graph/dot_tokenizer.h"
 
@@ -62,21 +63,28 @@ private:
     qsizetype passed = 0;
 };
 
+// The position of an edge is a curve, which may begin with the point of an arrow: "e,30,20 ...".
+bool beginsCurve(QByteArrayView position)
+{
+    return position.startsWith("e,") || position.startsWith("s,");
+}
+
 class ReplayFindings : public Graph::Graphviz::ReplayListener
 {
 public:
-    ReplayFindings(const QByteArray &replayed, SyntaxFindings *found)
-        : findings(found), text(replayed)
+    ReplayFindings(const QByteArray &replayed, FindingList *found) : findings(found), text(replayed)
     {
     }
 
-    bool hasPage = false;
+    bool hasPage = false; // also one that is no page
+    bool isWhole = true;
 
     void attributeReplayed(QByteArrayView attribute, qsizetype place) override
     {
         name = QString::fromUtf8(attribute);
         value = place;
         bytes = ValueBytes(text, place);
+        isCurve = attribute == "pos" && beginsCurve(QByteArrayView(text).sliced(bytes.placeOf(0)));
         pointsMissing = false;
         unknownEnd = -1;
     }
@@ -84,29 +92,30 @@ public:
     void pageRead(qsizetype fields, bool numbers) override;
     void replayRejected(const Graph::DotFault &fault) override
     {
+        isWhole = false;
         findings->add(explainedReplay(fault, text));
     }
 
 private:
-    void add(const SyntaxRule &rule, const OpFault &fault, const QString &message,
+    void add(const Rule &rule, const OpFault &fault, const QString &sentence,
              const QString &suggestion = {});
     void addUnknownOp(const OpFault &fault);
-    void addCount(const OpFault &fault, const QString &message);
 
-    SyntaxFindings *findings;
+    FindingList *findings;
     QByteArray text;
     QString name; // of the attribute that is read
     qsizetype value = 0; // its value's place
     ValueBytes bytes;
+    bool isCurve = false; // the attribute is a position that nothing is read from
     bool pointsMissing = false; // has been told of the attribute
     qsizetype unknownEnd = -1; // behind the last character that no op begins with
 };
 
-void ReplayFindings::add(const SyntaxRule &rule, const OpFault &fault, const QString &message,
+void ReplayFindings::add(const Rule &rule, const OpFault &fault, const QString &sentence,
                          const QString &suggestion)
 {
     const qsizetype place = bytes.placeOf(fault.offset);
-    findings->add({&rule, message + u" in "_s + name, suggestion, place, place + 1});
+    findings->add({&rule, sentence + u" in "_s + name, suggestion, place, place + 1});
 }
 
 // A word that no op begins with, like a number too many, is told once.
@@ -124,11 +133,13 @@ void ReplayFindings::addUnknownOp(const OpFault &fault)
             u"see whether the count ahead of it is too low"_s);
     else
         add(SyntaxRules::unknownOp, fault,
-            u"unknown op "_s + shown(QByteArrayView(text).sliced(place, 1)));
+            u"unknown op "_s + quotedText(QByteArrayView(text).sliced(place, 1)));
 }
 
 void ReplayFindings::opFaultFound(const OpFault &fault)
 {
+    if (isCurve)
+        return;
     const auto count = [](qint64 number) { return QString::number(number); };
     switch (fault.cause) {
     case Cause::UnknownOp:
@@ -169,22 +180,25 @@ void ReplayFindings::pageRead(qsizetype fields, bool numbers)
     hasPage = true;
     if (fields == 4 && numbers)
         return;
+    isWhole = false;
     findings->add({&SyntaxRules::missingPage, u"bb is not four numbers"_s,
                    u"write left,bottom,right,top"_s, value, value + 1});
 }
 
 } // namespace
 
-void checkReplay(const QByteArray &text, Graph::DotGraph *graph, qsizetype root,
-                 SyntaxFindings *findings)
+bool checkReplay(const QByteArray &text, Graph::DotGraph *graph, qsizetype root,
+                 FindingList *findings)
 {
     SilentDevice device;
     ReplayFindings heard(text, findings);
     (void)Graph::Graphviz::XDotRender(&device, graph).render(text, heard);
-    if (!heard.hasPage && !findings->holdsRejection())
-        findings->add({&SyntaxRules::missingPage, u"the drawing has no bb"_s,
-                       u"write graph [bb=\"left,bottom,right,top\"]"_s, root,
-                       root + Graph::unquotedAt(text, root).size()});
+    if (heard.hasPage || !heard.isWhole)
+        return heard.isWhole;
+    findings->add({&SyntaxRules::missingPage, u"the drawing has no bb"_s,
+                   u"write graph [bb=\"left,bottom,right,top\"]"_s, root,
+                   root + Graph::unquotedAt(text, root).size()});
+    return false;
 }
 
 } // namespace ORR::Companion

@@ -2,8 +2,6 @@
 
 #include "graph/dot_tokenizer.h"
 
-#include <algorithm>
-
 namespace ORR::Companion {
 
 using namespace Qt::StringLiterals;
@@ -48,16 +46,6 @@ TokensAhead tokensAhead(const QByteArray &text, qsizetype offset)
     if (ahead.comment < 0 && beginsComment(unquotedAt(text, offset)))
         ahead.comment = offset;
     return ahead;
-}
-
-QString shown(QByteArrayView text)
-{
-    constexpr qsizetype longest = 40;
-    const QString whole = QString::fromUtf8(text.first(std::min(text.size(), 4 * longest)));
-    if (whole.size() <= longest)
-        return u'\'' + whole + u'\'';
-    const qsizetype length = whole.at(longest - 1).isHighSurrogate() ? longest - 1 : longest;
-    return u'\'' + whole.first(length) + u"...'"_s;
 }
 
 QString kindInWords(DotToken kind)

@@ -31,9 +31,6 @@ bool beginsComment(QByteArrayView bytes);
 // Behind the comment that begins at the offset.
 qsizetype commentEnd(QByteArrayView text, qsizetype offset);
 
-// A text of the input between single quotes, with its end left out where it is long.
-QString shown(QByteArrayView text);
-
 // A kind of token in words.
 QString kindInWords(Graph::DotToken kind);
 

@@ -1,227 +1,244 @@
 #include "companion/syntax/syntax_rules.h"
 
+#include <algorithm>
+
 namespace ORR::Companion {
 
 namespace SyntaxRules {
 
-constexpr SyntaxRule syntaxError{
+using enum Severity;
+
+constexpr Rule syntaxError{
     "syntax-error",
-    true,
+    Error,
     "the text is no graph of the dialect",
     "Nothing can be drawn from it.",
 };
 
-constexpr SyntaxRule unterminatedText{
+constexpr Rule unterminatedText{
     "unterminated-text",
-    true,
+    Error,
     "a quoted text has no closing quote",
     "A quote within a text is written \\\".",
 };
 
-constexpr SyntaxRule nulByte{
+constexpr Rule nulByte{
     "nul-byte",
-    true,
+    Error,
     "a NUL byte ends the text too early",
     "The text is to be UTF-8; other encodings have NUL bytes.",
 };
 
-constexpr SyntaxRule commentBreaks{
+constexpr Rule commentBreaks{
     "comment-rejected",
-    true,
+    Error,
     "a comment, which the dialect does not have, breaks the text",
     "Leave comments out.",
 };
 
-constexpr SyntaxRule htmlBreaks{
+constexpr Rule htmlBreaks{
     "html-text-rejected",
-    true,
+    Error,
     "a value in angle brackets, which quote nothing here, breaks the text",
     "Write the value in quotes.",
 };
 
-constexpr SyntaxRule edgeChain{
+constexpr Rule edgeChain{
     "edge-chain",
-    true,
+    Error,
     "an edge has more than two ends",
     "Write a -> b -> c as a -> b; b -> c.",
 };
 
-constexpr SyntaxRule edgeToGroup{
+constexpr Rule edgeToGroup{
     "edge-to-group",
-    true,
+    Error,
     "an edge leads to nodes in braces",
     "Write a -> { b c } as a -> b; a -> c.",
 };
 
-constexpr SyntaxRule bareBraces{
+constexpr Rule bareBraces{
     "bare-braces",
-    true,
+    Error,
     "braces stand without the word subgraph",
     "Write { a b } as subgraph { a b }.",
 };
 
-constexpr SyntaxRule nameValueStatement{
+constexpr Rule nameValueStatement{
     "name-value-statement",
-    true,
+    Error,
     "an attribute stands outside of a list",
     "Write name=value as graph [name=value].",
 };
 
-constexpr SyntaxRule strictGraph{
+constexpr Rule strictGraph{
     "strict-graph",
-    true,
+    Error,
     "the text begins with strict",
     "Leave the word out: parallel edges are always kept.",
 };
 
-constexpr SyntaxRule undirectedGraph{
+constexpr Rule undirectedGraph{
     "undirected-graph",
-    true,
+    Error,
     "the graph is undirected",
     "Begin the text with digraph and write edges with ->.",
 };
 
-constexpr SyntaxRule straySeparator{
+constexpr Rule straySeparator{
     "stray-separator",
-    true,
+    Error,
     "a comma or a semicolon stands where none can",
     "Statements end in one semicolon or none, attributes in one comma or none.",
 };
 
-constexpr SyntaxRule secondList{
+constexpr Rule secondList{
     "second-list",
-    true,
+    Error,
     "a statement has two attribute lists",
     "Write [a=b] [c=d] as [a=b c=d].",
 };
 
-constexpr SyntaxRule missingValue{
+constexpr Rule missingValue{
     "missing-value",
-    true,
+    Error,
     "an attribute has no value",
     "Write [bold] as [bold=true], with the value that is meant.",
 };
 
-constexpr SyntaxRule missingBlank{
+constexpr Rule missingBlank{
     "missing-blank",
-    true,
+    Error,
     "a bracket belongs to the name ahead of it",
     "Write a[b=c] as a [b=c]: only a blank ends the name.",
 };
 
-constexpr SyntaxRule textBehindGraph{
+constexpr Rule textBehindGraph{
     "text-behind-graph",
-    true,
+    Error,
     "something stands behind the graph",
     "One text is one graph; look for a closing brace too many.",
 };
 
-constexpr SyntaxRule replaySyntaxError{
+constexpr Rule replaySyntaxError{
     "replay-syntax-error",
-    true,
+    Error,
     "the text can't be replayed",
     "Keywords and edges need an attribute list there, and nodes without one a semicolon.",
 };
 
-constexpr SyntaxRule comment{
+constexpr Rule comment{
     "comment",
-    false,
+    Error,
     "a comment, which the dialect does not have, is read as nodes",
     "Leave comments out.",
 };
 
-constexpr SyntaxRule htmlText{
+constexpr Rule htmlText{
     "html-text",
-    false,
+    Error,
     "angle brackets quote nothing and are part of the text",
     "Write the value in quotes; htmllabels=on makes labels rich text.",
 };
 
-constexpr SyntaxRule port{
+constexpr Rule port{
     "port",
-    false,
+    Error,
     "a port is read as a part of the node's name",
     "Leave the port out, or quote the name if the colon is meant.",
 };
 
-constexpr SyntaxRule undirectedEdge{
+constexpr Rule undirectedEdge{
     "undirected-edge",
-    false,
+    Error,
     "-- makes no edge and is read as a node",
     "Write a -- b as a -> b.",
 };
 
-constexpr SyntaxRule arrowInName{
+constexpr Rule arrowInName{
     "arrow-in-name",
-    false,
+    Error,
     "an arrow is read as a part of a name",
     "Write a->b as a -> b: only a blank ends the name.",
 };
 
-constexpr SyntaxRule bracketInName{
+constexpr Rule bracketInName{
     "bracket-in-name",
-    false,
+    Error,
     "a bracket is read as a part of a name",
     "Put a blank ahead of the bracket, or quote the name if the bracket is meant.",
 };
 
-constexpr SyntaxRule negativeNumber{
+constexpr Rule negativeNumber{
     "negative-number",
-    false,
+    Error,
     "the character behind a minus sign is lost",
     "Write -12 as \"-12\".",
 };
 
-constexpr SyntaxRule unreadText{
+constexpr Rule unreadText{
     "unread-text",
-    false,
+    Error,
     "what stands behind the graph is not read",
     "A NUL byte and an open quote end the text.",
 };
 
-constexpr SyntaxRule unknownOp{
+constexpr Rule unknownOp{
     "unknown-op",
-    false,
+    Error,
     "a drawing has an op that does not exist, which is left out",
     "Ops are E e P p L B b T H C c F S I D d; numbers that no op takes mean that a count is too "
     "low.",
 };
 
-constexpr SyntaxRule opNumber{
+constexpr Rule opNumber{
     "op-number",
-    false,
+    Error,
     "an op has no number where one should be, which counts as 0",
     "Numbers are separated by blanks.",
 };
 
-constexpr SyntaxRule opCount{
+constexpr Rule opCount{
     "op-count",
-    false,
+    Error,
     "a count or a length is not that of what follows",
     "Lengths count bytes of UTF-8.",
 };
 
-constexpr SyntaxRule missingPage{
+constexpr Rule missingPage{
     "missing-page",
-    false,
+    Error,
     "a drawing has no page, so that nothing of it is seen",
     "Give the graph bb=\"left,bottom,right,top\".",
 };
 
 } // namespace SyntaxRules
 
-std::span<const SyntaxRule *const> syntaxRules()
+std::span<const Rule *const> rejectionRules()
 {
     using namespace SyntaxRules;
-    static constexpr const SyntaxRule *rules[] = {
-        &syntaxError,     &unterminatedText,  &nulByte,       &commentBreaks,      &htmlBreaks,
-        &edgeChain,       &edgeToGroup,       &bareBraces,    &nameValueStatement, &strictGraph,
-        &undirectedGraph, &straySeparator,    &secondList,    &missingValue,       &missingBlank,
-        &textBehindGraph, &replaySyntaxError, &comment,       &htmlText,           &port,
-        &undirectedEdge,  &arrowInName,       &bracketInName, &negativeNumber,     &unreadText,
-        &unknownOp,       &opNumber,          &opCount,       &missingPage,
+    static constexpr const Rule *rules[] = {
+        &syntaxError,     &unterminatedText,  &nulByte,    &commentBreaks,      &htmlBreaks,
+        &edgeChain,       &edgeToGroup,       &bareBraces, &nameValueStatement, &strictGraph,
+        &undirectedGraph, &straySeparator,    &secondList, &missingValue,       &missingBlank,
+        &textBehindGraph, &replaySyntaxError,
     };
     return rules;
+}
+
+std::span<const Rule *const> misreadingRules()
+{
+    using namespace SyntaxRules;
+    static constexpr const Rule *rules[] = {
+        &comment,        &htmlText,   &port,      &undirectedEdge, &arrowInName, &bracketInName,
+        &negativeNumber, &unreadText, &unknownOp, &opNumber,       &opCount,     &missingPage,
+    };
+    return rules;
+}
+
+bool isRejection(const Rule &rule)
+{
+    return std::ranges::find(rejectionRules(), &rule) != rejectionRules().end();
 }
 
 } // namespace ORR::Companion

@@ -1,5 +1,5 @@
+#include "companion/syntax_told.h"
 #include "support/golden.h"
-#include "syntax/told.h"
 
 #include <gtest/gtest.h>
 
@@ -58,6 +58,18 @@ TEST(ReplayRules, what_is_no_number_is_told)
               QStringList(u"3:6 op-number this is no number in _draw_"_s));
     EXPECT_EQ(toldOfOps("\"E 1 2 3\""),
               QStringList(u"3:9 op-number a number is missing in _draw_"_s));
+}
+
+TEST(ReplayRules, the_curve_of_an_edge_is_no_position)
+{
+    const auto told = [](const QByteArray &position) {
+        return toldOf(
+            "digraph { graph [xdotversion=\"1.2\" bb=\"0,0,9,9\"];\na [];\n a -> a [pos=\""
+            + position + "\"];\n}");
+    };
+    EXPECT_EQ(told("e,1,2 3,4 5,6 7,8 9,9"), QStringList());
+    EXPECT_EQ(told("s,1,2 e,3,4 5,6 7,8 9,9 9,8"), QStringList());
+    EXPECT_EQ(told("x,1"), QStringList(u"3:15 op-number this is no number in pos"_s));
 }
 
 TEST(ReplayRules, places_within_a_value_count_its_backslashes)
