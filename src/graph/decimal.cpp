@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <iterator>
@@ -158,7 +159,13 @@ QByteArray exactNumberText(double value)
 {
     constexpr int exactDigits = 17;
     constexpr size_t longestExact = 32;
-    if (!std::isfinite(value) || value == 0.0)
+    // The middle between two texts goes up with the toolkit, and to the even one with the standard
+    // library. A number below this bound that is one has 18 digits and at most 27 bits, so that the
+    // last 26 of its 53 are 0.
+    constexpr double bound = 8192.0;
+    constexpr quint64 lastBits = (quint64(1) << 26) - 1;
+    const bool mayBeMiddle = (std::bit_cast<quint64>(value) & lastBits) == 0;
+    if (!(std::fabs(value) < bound) || mayBeMiddle)
         return QByteArray::number(value, 'g', exactDigits);
     std::array<char, longestExact> text;
     const char *const textEnd = std::to_chars(text.data(), std::next(text.data(), longestExact),

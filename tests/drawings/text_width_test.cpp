@@ -176,13 +176,13 @@ QList<double> widthRatios(const QList<SvgText> &texts)
     return ratios;
 }
 
-class TextWidths : public testing::TestWithParam<Drawing::LayoutIndex>
+class DrawnTextWidths : public testing::TestWithParam<Drawing::LayoutIndex>
 {
 };
 
 } // namespace
 
-TEST_P(TextWidths, of_the_examples_are_those_of_their_boxes_in_a_second_renderer)
+TEST_P(DrawnTextWidths, of_the_examples_are_those_of_their_boxes_in_a_second_renderer)
 {
     if (QStandardPaths::findExecutable(u"rsvg-convert"_s).isEmpty())
         FAIL() << "rsvg-convert is not installed";
@@ -203,4 +203,4 @@ TEST_P(TextWidths, of_the_examples_are_those_of_their_boxes_in_a_second_renderer
     EXPECT_LT(ratios.last(), 1.2) << "the widest of all";
 }
 
-INSTANTIATE_TEST_SUITE_P(All, TextWidths, testing::ValuesIn(allLayouts()), nameOfLayout);
+INSTANTIATE_TEST_SUITE_P(All, DrawnTextWidths, testing::ValuesIn(allLayouts()), nameOfLayout);

@@ -178,6 +178,9 @@ TEST(Decimal, exact_texts_are_those_of_the_toolkit)
         expectSame(std::bit_cast<double>(pattern)); // of any magnitude
         expectSame(double(qint64(pattern % 2000000) - 1000000) / 72.0);
         expectSame(double(pattern % 100000) / 1000.0);
+        // Nearly all of 18 digits, the last of them 5, lie in the middle of two texts.
+        expectSame(double(pattern % 1000000) / (1 << (pattern % 20)));
+        expectSame(double(pattern % 134217728) / 131072.0);
     }
 }
 
