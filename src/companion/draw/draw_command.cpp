@@ -48,6 +48,13 @@ struct DrawOptions
     qint64 memoryLimit = 0;
 };
 
+// The line of use names the inputs, and the help fits a screen without a paragraph on them.
+class ShortHelp : public CLI::Formatter
+{
+public:
+    std::string make_positionals(const CLI::App * /*app*/) const override { return {}; }
+};
+
 // Takes the words that the parser would add to the sentence.
 CLI::Validator silent(CLI::Validator check)
 {
@@ -58,11 +65,14 @@ CLI::Validator silent(CLI::Validator check)
 std::optional<int> readArguments(const CommandCall &call, DrawOptions *options)
 {
     const auto app = commandLine(call, sentence, examples);
+    const auto help = std::make_shared<ShortHelp>();
+    help->column_width(app->get_formatter()->get_column_width());
+    app->formatter(help);
     const auto add = [&](const char *name, auto *value, const char *text, const char *type) {
         return app->add_option(name, *value, text)->type_name(type);
     };
     add("-K", &options->engine, "Engine; else the root's attribute layout", "ENGINE");
-    add("-T", &options->formats, "Formats, as svg,png (svg if not given)", "FORMAT,...");
+    add("-T", &options->formats, "Formats, as svg,png (if not given, svg)", "FORMATS");
     app->add_flag("-O", options->beside, "Write beside the inputs, which is usual");
     add("-d", &options->folder, "Write below this folder, at the same place", "DIR");
     add("-o", &options->output, "Write the only drawing; - is standard output", "FILE");
@@ -76,8 +86,7 @@ std::optional<int> readArguments(const CommandCall &call, DrawOptions *options)
     app->add_flag("--changed", options->onlyChanged, "Draw only what has changed since");
     add("--shard", &options->shard, "Draw this of so many equal parts", "I/N");
     add("--report", &options->report, "Write a JSON line for each drawing", "FILE");
-    // The line of use has it.
-    app->add_option("FILE", options->files)->type_name("")->group("");
+    app->add_option("FILE", options->files)->type_name("");
     return readOptions(app.get(), call);
 }
 

@@ -50,7 +50,7 @@ Plan planned(const LineOfJob &job, qint64 line, const DrawRequest &request)
 
 Plan planOfFile(const QByteArray &input, const DrawRequest &request)
 {
-    return planned({{}, input, request.kinds, {}}, -1, request);
+    return planned({.input = input, .kinds = request.kinds}, -1, request);
 }
 
 Plan planOfJob(const LineOfJob &job, qint64 line, const DrawRequest &request)

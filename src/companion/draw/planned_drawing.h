@@ -21,10 +21,11 @@ struct PlannedDrawing
 // A job of a file of jobs: an input and what is to become of it.
 struct LineOfJob
 {
-    QJsonValue id; // anything that tells the asker what this is about; undefined for none
-    QByteArray input;
-    QList<DrawingOptions> kinds;
-    QList<QByteArray> outputs; // as many, or none for those that the request gives
+    QJsonValue id = QJsonValue::Undefined; // anything that tells the asker what this is about;
+                                           // undefined for none
+    QByteArray input = {};
+    QList<DrawingOptions> kinds = {};
+    QList<QByteArray> outputs = {}; // as many, or none for those that the request gives
 };
 
 // The drawings of an input, or why there can't be any.
