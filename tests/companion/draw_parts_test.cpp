@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include <unistd.h>
 
 using namespace ORR::Companion;
@@ -42,6 +44,18 @@ TEST(OutputClaims, let_one_drawing_have_a_file)
     claims.release("a.svg");
     EXPECT_FALSE(claims.claim("a.svg", "b.dot").isEmpty());
     EXPECT_EQ(claims.claim("a.svg", "a.dot"), "");
+}
+
+TEST(OutputClaims, know_a_file_by_each_of_its_names)
+{
+    const QByteArray folder = QByteArray::fromStdString(std::filesystem::current_path().native());
+    for (const QByteArray &name : {QByteArray("./a"), QByteArray("b/../a"), QByteArray(".//a"),
+                                   QByteArray("b//../a"), folder + "/a"}) {
+        OutputClaims claims;
+        EXPECT_EQ(claims.claim("a", "1"), "");
+        EXPECT_NE(claims.claim(name, "2"), "") << name.toStdString();
+        EXPECT_EQ(claims.claim("b/a", "3"), "");
+    }
 }
 
 TEST(OutputClaims, guard_the_inputs)
