@@ -95,6 +95,16 @@ TEST_F(DrawChangedTest, draws_again_what_failed)
     EXPECT_EQ(newFiles(), QStringList({u"b.dot"_s, u"out"_s}));
 }
 
+TEST_F(DrawChangedTest, reads_a_pipe_once)
+{
+    const QString command =
+        u"cat good.dot >waits.dot & exec \"$0\" draw --changed -K bar -T svg waits.dot"_s;
+    for (int i = 0; i < 2; ++i) {
+        const ProgramRun run = shell(command);
+        EXPECT_EQ(run.errors, "orr draw: 1 drawn, 0 failed, 0 unchanged\n");
+    }
+}
+
 TEST_F(DrawChangedTest, has_notes_for_each_share)
 {
     for (const bool isFirst : {true, false}) {

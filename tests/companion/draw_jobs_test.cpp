@@ -75,6 +75,20 @@ TEST_F(DrawJobsTest, goes_on_after_a_line_that_is_no_job)
     EXPECT_EQ(newFiles(), QStringList(u"good.svg"_s));
 }
 
+TEST_F(DrawJobsTest, keep_off_the_standard_streams)
+{
+    const ProgramRun run = jobs("{\"in\":\"-\"}\n{\"in\":\"/dev/stdin\",\"out\":\"x.svg\"}\n"
+                                "{\"in\":\"good.dot\",\"out\":\"-\"}\n"
+                                "{\"in\":\"good.dot\",\"out\":\"/dev/stdout\"}\n"
+                                "{\"in\":\"good.dot\",\"out\":\"/proc/thread-self/fd/1\"}\n");
+    const QMap<int, QJsonObject> all = answers(run);
+    EXPECT_EQ(all.size(), 5);
+    EXPECT_EQ(all[1][u"message"_s], u"'in' is missing, or no name of a file"_s);
+    EXPECT_EQ(all[2][u"message"_s], u"'in' is missing, or no name of a file"_s);
+    EXPECT_EQ(all[3][u"message"_s], u"'out' is no name of a file"_s);
+    EXPECT_EQ(all[4][u"message"_s], u"'out' is no name of a file"_s);
+}
+
 TEST_F(DrawJobsTest, on_a_pipe_fails_the_second_with_one_output)
 {
     writeFile(u"b.dot"_s, smallGraph());

@@ -97,6 +97,11 @@ TEST_F(DrawTest, draws_from_and_to_standard_streams)
     EXPECT_EQ(named.status, 0);
     EXPECT_EQ(fileContent(u"z.png"_s), drawnAlone(u"good.dot"_s, u"treemap"_s, u"png"_s));
     EXPECT_EQ(drawMany({u"-K"_s, u"treemap"_s, u"-o"_s, u"-"_s, u"good.dot"_s}).output, svg);
+    const ProgramRun byName = drawMany(
+        {u"-K"_s, u"treemap"_s, u"-T"_s, u"svg"_s, u"-o"_s, u"/dev/stdout"_s, u"/dev/stdin"_s},
+        smallGraph());
+    EXPECT_EQ(byName.status, 0);
+    EXPECT_EQ(byName.output, svg);
     const ProgramRun full = shell(u"exec \"$0\" draw -K treemap -o - good.dot >/dev/full"_s);
     EXPECT_EQ(full.status, 2);
     EXPECT_TRUE(full.errors.startsWith(
@@ -148,6 +153,8 @@ TEST_F(DrawTest, says_what_is_wrong_with_its_use)
     EXPECT_EQ(wrong({u"-o"_s, u"x.svg"_s, in, in}), "orr draw: -o takes one drawing only");
     EXPECT_EQ(wrong({u"-o"_s, u"x"_s, u"-T"_s, u"svg,png"_s, in}),
               "orr draw: -o takes one format only");
+    EXPECT_EQ(wrong({u"-o"_s, u"x.foo"_s, in}),
+              "orr draw: the format of 'x.foo' is not known; -T gives it");
     EXPECT_EQ(wrong({u"-T"_s, u"svq"_s, in}),
               "orr draw: there is no format 'svq'; did you mean 'svg'?");
     EXPECT_EQ(wrong({u"-T"_s, u"svg,SVG"_s, in}), "orr draw: the format 'SVG' is named twice");
@@ -283,6 +290,20 @@ TEST_F(DrawTest, takes_each_input_in_one_share)
     drawn.sort();
     names.sort();
     EXPECT_EQ(drawn, names);
+}
+
+TEST_F(DrawTest, takes_a_hundred_thousand_names)
+{
+    QStringList names;
+    for (int i = 0; i < 100'000; ++i)
+        names += u"m%1"_s.arg(i);
+    const ProgramRun run =
+        drawMany(QStringList{u"-K"_s, u"bar"_s, u"--shard"_s, u"7/1000"_s} + names);
+    EXPECT_EQ(run.status, 1);
+    const QByteArrayList lines = run.errors.trimmed().split('\n');
+    EXPECT_GT(lines.size(), 50);
+    EXPECT_EQ(lines.last(),
+              "orr draw: 0 drawn, " + QByteArray::number(lines.size() - 1) + " failed");
 }
 
 TEST_F(DrawTest, shows_its_progress_on_a_terminal_only)

@@ -5,6 +5,7 @@
 
 #include <csignal>
 
+#include <sys/resource.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -125,10 +126,39 @@ TEST_F(DrawWorkersTest, are_no_more_than_wanted)
     ASSERT_TRUE(program->waitForFinished());
 }
 
+TEST_F(DrawWorkersTest, need_not_be_there_for_a_signal_to_end_the_program)
+{
+    const auto program = start({u"-K"_s, u"bar"_s, u"-o"_s, u"x.svg"_s, u"-"_s});
+    ::usleep(200'000); // it waits for standard input, from soon after its start
+    ASSERT_EQ(::kill(pid_t(program->processId()), SIGINT), 0);
+    ASSERT_TRUE(program->waitForFinished());
+    EXPECT_EQ(program->exitStatus(), QProcess::CrashExit);
+    EXPECT_EQ(newFiles(), QStringList());
+}
+
+// There are not enough descriptors for all of them.
+TEST_F(DrawWorkersTest, that_can_not_all_start_leave_the_work_to_the_others)
+{
+    QStringList names;
+    for (int i = 0; i < 60; ++i) {
+        names += u"n%1.dot"_s.arg(i);
+        writeFile(names.last(), smallGraph());
+    }
+    const ProgramRun run =
+        this->run({.arguments = QStringList{u"draw"_s, u"-K"_s, u"bar"_s, u"-j"_s, u"20"_s} + names,
+                   .before = [] {
+                       const rlimit few{30, 30};
+                       ::setrlimit(RLIMIT_NOFILE, &few);
+                   }});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.errors, "orr draw: 60 drawn, 0 failed\n");
+}
+
 TEST_F(DrawWorkersTest, that_can_not_start_fail_every_drawing)
 {
     const ProgramRun run =
-        this->run({.arguments = {u"draw"_s, u"-K"_s, u"bar"_s, u"good.dot"_s, u"faulty.dot"_s},
+        this->run({.arguments = {u"draw"_s, u"-K"_s, u"bar"_s, u"-j"_s, u"1"_s, u"good.dot"_s,
+                                 u"faulty.dot"_s},
                    .environment = {{u"FONTCONFIG_FILE"_s, u"/nowhere/fonts.conf"_s}}});
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.errors,

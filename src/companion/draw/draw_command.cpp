@@ -157,6 +157,8 @@ std::string readKinds(const DrawOptions &options, QList<DrawingOptions> *kinds)
     if (options.formats.empty()) {
         const auto bySuffix = Drawing::chooseFormat(
             QString(), Graph::fileNameText(QByteArray::fromStdString(options.output)));
+        if (!bySuffix && !options.output.empty() && options.output != "-")
+            return "the format of '" + options.output + "' is not known; -T gives it";
         names = {bySuffix ? QString(Drawing::formatRow(*bySuffix).name) : u"svg"_s};
     }
     const auto formats = readFormats(names);
@@ -179,6 +181,17 @@ std::string readKinds(const DrawOptions &options, QList<DrawingOptions> *kinds)
 std::optional<std::string> given(const std::string &text)
 {
     return text.empty() ? std::nullopt : std::optional(text);
+}
+
+// The names of standard streams as this program has them.
+void renameStreams(DrawOptions *options)
+{
+    for (std::string &file : options->files) {
+        if (isStandardStream(QByteArray::fromStdString(file)))
+            file = "-";
+    }
+    if (isStandardStream(QByteArray::fromStdString(options->output)))
+        options->output = "-";
 }
 
 // Gives what is wrong.
@@ -223,6 +236,7 @@ int runDraw(const CommandCall &call)
     DrawOptions options;
     if (const std::optional<int> status = readArguments(call, &options))
         return *status;
+    renameStreams(&options);
     DrawRequest request;
     const std::string fault = readRequest(options, &request);
     if (!fault.empty())

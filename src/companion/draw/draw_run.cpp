@@ -4,9 +4,14 @@
 #include "companion/command/streams.h"
 #include "companion/draw/job_line.h"
 #include "companion/draw/surroundings_stamp.h"
+#include "driver/standard_streams.h"
+#include "graph/limits.h"
 
 #include <algorithm>
 #include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
 
 namespace ORR::Companion {
 
@@ -31,6 +36,22 @@ QByteArray fileOfNotes(const DrawRequest &request)
     return request.folder ? *request.folder + '/' + file : file;
 }
 
+// Empty for what can't be told from what it was: a pipe can be read once only. The worker reads the
+// input once more; if it changes in between, the next run sees that.
+QByteArray stampOfInput(const DrawingTask &task)
+{
+    if (!task.hasFile)
+        return stampOf(task.input, task.options);
+    const Graph::Descriptor file(
+        ::open(task.input.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
+    struct stat status = {};
+    if (!file || ::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode))
+        return {};
+    const std::optional<QByteArray> bytes =
+        Driver::readToEnd(file.number(), Graph::Limits::longestInput);
+    return bytes ? stampOf(*bytes, task.options) : QByteArray();
+}
+
 } // namespace
 
 DrawRun::DrawRun(const CommandCall &call_, const DrawRequest &request_)
@@ -45,6 +66,8 @@ int DrawRun::run()
         return *status;
     if (const std::string fault = results.openReport(); !fault.empty())
         return wrongUse(call, '\'' + *request.report + "' can't be written: " + fault);
+    if (const auto status = readStandardInput())
+        return *status;
     if (request.onlyChanged)
         notes.emplace(fileOfNotes(request), surroundingsStamp());
     drawPlan();
@@ -104,6 +127,18 @@ std::optional<int> DrawRun::openJobs()
         }
     }
     jobs->giveBack(std::move(lines));
+    return std::nullopt;
+}
+
+// As long as this waits, a signal ends the process as ever.
+std::optional<int> DrawRun::readStandardInput()
+{
+    if (std::ranges::count(request.files, "-") == 0)
+        return std::nullopt;
+    const ReadInput input = readInput(call, "-");
+    if (!input.bytes)
+        return wrongUse(call, "standard input can't be read: " + input.fault);
+    standardInput = *input.bytes;
     return std::nullopt;
 }
 
@@ -185,25 +220,15 @@ void DrawRun::begin()
     }
 }
 
-// The input is read once more by the worker; if it changes in between, the next run sees that.
 void DrawRun::beginDrawing(PlannedDrawing drawing)
 {
-    const bool isStandardInput = drawing.input == "-" && !request.jobs;
-    if (isStandardInput || notes) {
-        const ReadInput input = readInput(call, drawing.input.toStdString());
-        if (input.bytes && notes)
-            drawing.stamp = stampOf(*input.bytes, drawing.task.options);
-        if (isStandardInput && input.bytes) {
-            drawing.task.hasFile = false;
-            drawing.task.input = *input.bytes;
-        }
-        if (isStandardInput && !input.bytes) {
-            end(drawing, End::Failed,
-                {.message = "it can't be read: " + QByteArray::fromStdString(input.fault)});
-            return;
-        }
+    if (drawing.input == "-") {
+        drawing.task.hasFile = false;
+        drawing.task.input = standardInput;
     }
-    if (notes && notes->holds(drawing.task.output, drawing.stamp)) {
+    if (notes)
+        drawing.stamp = stampOfInput(drawing.task);
+    if (!drawing.stamp.isEmpty() && notes->holds(drawing.task.output, drawing.stamp)) {
         end(drawing, End::Unchanged, {});
         return;
     }
@@ -252,7 +277,7 @@ bool DrawRun::isDone() const
 void DrawRun::finish(const FinishedTask &task)
 {
     const PlannedDrawing drawing = begun.take(task.number);
-    if (task.answer.isDrawn && notes)
+    if (task.answer.isDrawn && !drawing.stamp.isEmpty())
         notes->note(drawing.task.output, drawing.stamp);
     end(drawing, task.answer.isDrawn ? End::Drawn : End::Failed, task.answer);
 }

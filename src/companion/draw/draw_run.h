@@ -25,6 +25,7 @@ private:
     // Each gives the status of wrong use, which has been told, or nothing.
     std::optional<int> planFiles();
     std::optional<int> openJobs();
+    std::optional<int> readStandardInput();
 
     QByteArray addToPlan(const Plan &plan);
     void takeLine(const JobSource::Line &line);
@@ -43,6 +44,7 @@ private:
     OutputClaims claims;
     WorkerPool pool;
     std::optional<ChangeNotes> notes;
+    QByteArray standardInput; // if it is an input
     std::optional<JobSource> jobs;
     std::deque<PlannedDrawing> planned; // not begun
     QHash<qint64, PlannedDrawing> begun; // by the numbers of their tasks

@@ -77,10 +77,16 @@ QString readKinds(const QJsonObject &object, LineOfJob *job)
     return {};
 }
 
+// Standard streams carry the jobs and their answers.
+bool isFileName(const QByteArray &name)
+{
+    return !name.isEmpty() && !name.contains('\0') && name != "-" && !isStandardStream(name);
+}
+
 QString readNames(const QJsonObject &object, LineOfJob *job)
 {
     job->input = Graph::fileNameBytes(object[u"in"_s].toString());
-    if (job->input.isEmpty() || job->input.contains('\0'))
+    if (!isFileName(job->input))
         return u"'in' is missing, or no name of a file"_s;
     const QJsonValue out = object[u"out"_s];
     if (out.isUndefined())
@@ -92,7 +98,7 @@ QString readNames(const QJsonObject &object, LineOfJob *job)
         return u"'out' names %1 files for %2 formats"_s.arg(names->size()).arg(job->kinds.size());
     for (const QString &name : *names) {
         const QByteArray bytes = Graph::fileNameBytes(name);
-        if (bytes.isEmpty() || bytes.contains('\0'))
+        if (!isFileName(bytes))
             return u"'out' is no name of a file"_s;
         job->outputs.append(bytes);
     }

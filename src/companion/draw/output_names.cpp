@@ -1,5 +1,6 @@
 #include "companion/draw/output_names.h"
 
+#include <algorithm>
 #include <filesystem>
 
 namespace ORR::Companion {
@@ -24,6 +25,13 @@ QByteArray quoted(const QByteArray &name)
 }
 
 } // namespace
+
+bool isStandardStream(const QByteArray &name)
+{
+    static constexpr const char *names[] = {"/dev/stdin", "/dev/stdout",     "/dev/fd/0",
+                                            "/dev/fd/1",  "/proc/self/fd/0", "/proc/self/fd/1"};
+    return std::ranges::any_of(names, [&](const char *stream) { return name == stream; });
+}
 
 QByteArray outputBeside(const QByteArray &input, const QByteArray &suffix)
 {

@@ -10,6 +10,10 @@
 // Where drawings go.
 namespace ORR::Companion {
 
+// Whether a name is one of those that a system has for standard input and output, which are others
+// in each process.
+bool isStandardStream(const QByteArray &name);
+
 // The name of an input with the suffix of a format in place of its own.
 QByteArray outputBeside(const QByteArray &input, const QByteArray &suffix);
 

@@ -125,18 +125,31 @@ DrawingAnswer drawn(const DrawingTask &task, const CommandCall &call, const QStr
     return answer;
 }
 
-bool send(const QByteArray &frame)
+// The two ends that lead to the parent.
+struct Ends
 {
-    return Graph::writeToEnd(STDOUT_FILENO, frame);
+    Graph::Descriptor tasks;
+    Graph::Descriptor answers;
+};
+
+// Nobody may come upon them by the name of a standard stream, which an input or an output may have.
+Ends takeEnds()
+{
+    Ends ends{Graph::Descriptor(::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1)),
+              Graph::Descriptor(::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1))};
+    const Graph::Descriptor nothing(::open("/dev/null", O_RDWR | O_CLOEXEC));
+    ::dup2(nothing.number(), STDIN_FILENO);
+    ::dup2(nothing.number(), STDOUT_FILENO);
+    return ends;
 }
 
-void drawAll(const CommandCall &call, const QString &home, bool measuresMemory)
+void drawAll(const Ends &ends, const CommandCall &call, const QString &home, bool measuresMemory)
 {
     FrameReader reader;
     for (;;) {
         const std::optional<QByteArray> message = reader.next();
         if (!message) {
-            if (reader.readFrom(STDIN_FILENO) == FrameReader::Ended)
+            if (reader.readFrom(ends.tasks.number()) == FrameReader::Ended)
                 return;
             continue;
         }
@@ -153,7 +166,7 @@ void drawAll(const CommandCall &call, const QString &home, bool measuresMemory)
         answer.microseconds = timer.nsecsElapsed() / 1000;
         if (measuresMemory)
             answer.peakMemory = systemNumber("/proc/self/status", "VmHWM:");
-        if (!send(frameOfValue(answer)))
+        if (!Graph::writeToEnd(ends.answers.number(), frameOfValue(answer)))
             return;
     }
 }
@@ -165,15 +178,17 @@ int runWorker(const CommandCall &call)
     if (call.arguments.size() != 3)
         return WrongUse;
     belongToParent();
+    const Ends ends = takeEnds();
     Drawing::prepareForSuddenEnd();
     Drawing::prepareToolkit();
     Drawing::startToolkit(program_invocation_name);
     Drawing::startApplication(u"orrlayout"_s);
     const QString home = Drawing::startHome(QString::fromLocal8Bit(program_invocation_name));
     const QString fault = Drawing::fontFault();
-    if (send(frameOf(fault.trimmed().toUtf8())) && fault.isEmpty()) {
+    const QByteArray greeting = frameOf(fault.trimmed().toUtf8());
+    if (Graph::writeToEnd(ends.answers.number(), greeting) && fault.isEmpty()) {
         limitMemory(std::atoll(call.arguments[1].c_str()));
-        drawAll(call, home, call.arguments[2] == "1");
+        drawAll(ends, call, home, call.arguments[2] == "1");
     }
 #ifdef __SANITIZE_ADDRESS__
     // What its fonts hold would be taken for lost.

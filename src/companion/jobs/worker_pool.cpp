@@ -73,7 +73,8 @@ WorkerProcess *WorkerPool::freeWorker()
     return busy == workers.end() ? nullptr : busy->get();
 }
 
-// What a worker had ahead comes first again. Another that could not start would not do better.
+// What a worker had ahead comes first again. Where one can't start, the others do without it; if
+// there are none, another would not do better.
 void WorkerPool::replaceGone(std::vector<FinishedTask> *finished)
 {
     QByteArray fault;
@@ -87,8 +88,12 @@ void WorkerPool::replaceGone(std::vector<FinishedTask> *finished)
             fault = worker->fault();
     }
     std::erase_if(workers, [](const auto &worker) { return worker->isGone(); });
-    if (!fault.isEmpty() && workers.empty())
+    if (fault.isEmpty())
+        return;
+    if (workers.empty())
         failAll(fault, finished);
+    else
+        mostWorkers = int(workers.size());
 }
 
 void WorkerPool::failAll(const QByteArray &message, std::vector<FinishedTask> *finished)
