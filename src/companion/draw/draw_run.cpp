@@ -42,10 +42,13 @@ QByteArray stampOfInput(const DrawingTask &task)
 {
     if (!task.hasFile)
         return stampOf(task.input, task.options);
+    // Opening a pipe would already let go whoever writes to it.
+    struct stat status = {};
+    if (::stat(task.input.constData(), &status) != 0 || !S_ISREG(status.st_mode))
+        return {};
     const Graph::Descriptor file(
         ::open(task.input.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
-    struct stat status = {};
-    if (!file || ::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode))
+    if (!file)
         return {};
     const std::optional<QByteArray> bytes =
         Driver::readToEnd(file.number(), Graph::Limits::longestInput);
