@@ -1,6 +1,7 @@
 #include "companion/subcommands.h"
 
 #include "companion/check/check_command.h"
+#include "companion/draw/draw_command.h"
 
 namespace ORR::Companion {
 
@@ -8,6 +9,7 @@ std::span<const Subcommand> subcommands()
 {
     static constexpr Subcommand table[] = {
         {"check", "Tell what is wrong with a graph, and where", runCheck},
+        {"draw", "Make many drawings, by several processes", runDraw},
     };
     return table;
 }

@@ -1,0 +1,247 @@
+#include "companion/draw/draw_command.h"
+
+#include "companion/command/options.h"
+#include "companion/draw/draw_run.h"
+#include "companion/draw/job_line.h"
+#include "companion/jobs/worker.h"
+#include "drawing/format_table.h"
+#include "output/files/file_name.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <thread>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace ORR::Companion {
+
+namespace {
+
+constexpr char sentence[] = "Make many drawings, by several processes.";
+constexpr char examples[] = "Examples:\n"
+                            "  orr draw -K treemap -T svg,png *.dot\n"
+                            "  orr draw -K treemap --changed -d . --report log.jsonl areas.dot";
+
+constexpr double longestTime = 1e6; // seconds
+constexpr int mostWorkers = 1024;
+
+// The options as they were given.
+struct DrawOptions
+{
+    std::string engine;
+    std::string formats;
+    std::string folder;
+    std::string output;
+    std::string jobs;
+    std::string shard;
+    std::string report;
+    std::vector<std::string> files;
+    bool beside = false;
+    bool onlyChanged = false;
+    int workers = 0;
+    double timeLimit = 0;
+    qint64 memoryLimit = 0;
+};
+
+// The line of use names the inputs, and the help fits a screen without a paragraph on them.
+class ShortHelp : public CLI::Formatter
+{
+public:
+    std::string make_positionals(const CLI::App * /*app*/) const override { return {}; }
+};
+
+// Takes the words that the parser would add to the sentence.
+CLI::Validator silent(CLI::Validator check)
+{
+    check.description(std::string());
+    return check;
+}
+
+std::optional<int> readArguments(const CommandCall &call, DrawOptions *options)
+{
+    const auto app = commandLine(call, sentence, examples);
+    const auto help = std::make_shared<ShortHelp>();
+    help->column_width(app->get_formatter()->get_column_width());
+    app->formatter(help);
+    const auto add = [&](const char *name, auto *value, const char *text, const char *type) {
+        return app->add_option(name, *value, text)->type_name(type);
+    };
+    add("-K", &options->engine, "Engine; else the root's attribute layout", "ENGINE");
+    add("-T", &options->formats, "Formats, as svg,png (if not given, svg)", "FORMATS");
+    app->add_flag("-O", options->beside, "Write beside the inputs, which is usual");
+    add("-d", &options->folder, "Write below this folder, at the same place", "DIR");
+    add("-o", &options->output, "Write the only drawing; - is standard output", "FILE");
+    add("-j", &options->workers, "Workers (as many as cores)", "N")
+        ->check(silent(CLI::Range(1, mostWorkers)));
+    add("--jobs", &options->jobs, "Take jobs as JSON lines, answer on output", "FILE");
+    add("--timeout", &options->timeLimit, "Seconds that a drawing may take", "S")
+        ->check(silent(CLI::Range(0.001, longestTime)));
+    add("--memory", &options->memoryLimit, "Megabytes that a drawing may take", "MB")
+        ->check(silent(CLI::Range(qint64(1), qint64(1) << 30)));
+    app->add_flag("--changed", options->onlyChanged, "Draw only what has changed since");
+    add("--shard", &options->shard, "Draw this of so many equal parts", "I/N");
+    add("--report", &options->report, "Write a JSON line for each drawing", "FILE");
+    app->add_option("FILE", options->files)->type_name("");
+    return readOptions(app.get(), call);
+}
+
+std::optional<quint64> readNumber(const std::string &text)
+{
+    bool isNumber = false;
+    const quint64 number = QByteArray::fromStdString(text).toULongLong(&isNumber);
+    return isNumber && number > 0 ? std::optional(number) : std::nullopt;
+}
+
+std::optional<Shard> readShard(const std::string &text)
+{
+    if (text.empty())
+        return Shard();
+    const size_t slash = text.find('/');
+    if (slash == std::string::npos)
+        return std::nullopt;
+    const auto index = readNumber(text.substr(0, slash));
+    const auto count = readNumber(text.substr(slash + 1));
+    if (!index || !count || *index > *count)
+        return std::nullopt;
+    return Shard{*index, *count};
+}
+
+// Where the system gives a process less than the machine has, it counts that.
+int usualWorkers()
+{
+    const auto cores = int(std::thread::hardware_concurrency());
+    return std::clamp(cores, 1, mostWorkers);
+}
+
+// What does not go together; empty if all does.
+std::string contradiction(const DrawOptions &options)
+{
+    const int places = options.beside + !options.folder.empty() + !options.output.empty();
+    if (places > 1)
+        return "-O, -d and -o exclude each other";
+    if (!options.jobs.empty() && !options.files.empty())
+        return "--jobs names the inputs, and takes no others";
+    if (!options.jobs.empty() && !options.output.empty())
+        return "--jobs names the outputs, and takes no -o";
+    if (options.jobs.empty() && options.files.empty() && options.output.empty())
+        return "an input is missing";
+    if (!options.output.empty() && options.files.size() > 1)
+        return "-o takes one drawing only";
+    if (options.output.empty() && std::ranges::count(options.files, "-") > 0)
+        return "a drawing of standard input needs -o";
+    if (options.output == "-" && options.onlyChanged)
+        return "--changed looks at files, and -o - writes none";
+    return {};
+}
+
+// Why nothing can be written below a folder; empty if it can.
+std::string folderFault(const std::string &folder)
+{
+    struct stat status = {};
+    if (::stat(folder.c_str(), &status) != 0)
+        return std::strerror(errno);
+    if (!S_ISDIR(status.st_mode))
+        return std::strerror(ENOTDIR);
+    return ::access(folder.c_str(), W_OK) == 0 ? std::string() : std::strerror(errno);
+}
+
+// The formats, by name or by the suffix of the only output. Gives what is wrong.
+std::string readKinds(const DrawOptions &options, QList<DrawingOptions> *kinds)
+{
+    QStringList names = QString::fromStdString(options.formats).split(u',');
+    if (options.formats.empty()) {
+        const auto bySuffix = Drawing::chooseFormat(
+            QString(), Graph::fileNameText(QByteArray::fromStdString(options.output)));
+        if (!bySuffix && !options.output.empty() && options.output != "-")
+            return "the format of '" + options.output + "' is not known; -T gives it";
+        names = {bySuffix ? QString(Drawing::formatRow(*bySuffix).name) : u"svg"_s};
+    }
+    const auto formats = readFormats(names);
+    if (const auto *const fault = std::get_if<QString>(&formats))
+        return fault->toStdString();
+    if (!options.engine.empty()) {
+        const QString fault = engineFault(QString::fromStdString(options.engine));
+        if (!fault.isEmpty())
+            return fault.toStdString();
+    }
+    const char *const html = std::getenv("ORR_GVLAYOUT_USE_HTML");
+    for (const qint32 format : std::get<QList<qint32>>(formats))
+        *kinds += {QByteArray::fromStdString(options.engine), format,
+                   html && std::strcmp(html, "1") == 0};
+    if (!options.output.empty() && kinds->size() > 1)
+        return "-o takes one format only";
+    return {};
+}
+
+std::optional<std::string> given(const std::string &text)
+{
+    return text.empty() ? std::nullopt : std::optional(text);
+}
+
+// The names of standard streams as this program has them.
+void renameStreams(DrawOptions *options)
+{
+    for (std::string &file : options->files) {
+        if (isStandardStream(QByteArray::fromStdString(file)))
+            file = "-";
+    }
+    if (isStandardStream(QByteArray::fromStdString(options->output)))
+        options->output = "-";
+}
+
+// Gives what is wrong.
+std::string readRequest(const DrawOptions &options, DrawRequest *request)
+{
+    std::string fault = contradiction(options);
+    if (fault.empty())
+        fault = readKinds(options, &request->kinds);
+    if (!fault.empty())
+        return fault;
+    const std::optional<Shard> shard = readShard(options.shard);
+    if (!shard)
+        return "--shard: '" + options.shard + "' is no I/N with I from 1 to N";
+    if (!options.folder.empty()) {
+        fault = folderFault(options.folder);
+        if (!fault.empty())
+            return '\'' + options.folder + "' can't be written to: " + fault;
+        request->folder = QByteArray::fromStdString(options.folder);
+    }
+    if (!options.output.empty())
+        request->output = QByteArray::fromStdString(options.output);
+    request->jobs = given(options.jobs);
+    request->files = options.files;
+    if (!request->jobs && request->files.empty())
+        request->files = {"-"};
+    request->workers = options.workers > 0 ? options.workers : usualWorkers();
+    request->settings.timeLimit = std::chrono::milliseconds(std::llround(options.timeLimit * 1000));
+    request->settings.memoryLimit = options.memoryLimit;
+    request->settings.measuresMemory = !options.report.empty() || !options.jobs.empty();
+    request->onlyChanged = options.onlyChanged;
+    request->shard = *shard;
+    request->report = given(options.report);
+    return {};
+}
+
+} // namespace
+
+int runDraw(const CommandCall &call)
+{
+    if (!call.arguments.empty() && call.arguments.front() == workerArgument)
+        return runWorker(call);
+    DrawOptions options;
+    if (const std::optional<int> status = readArguments(call, &options))
+        return *status;
+    renameStreams(&options);
+    DrawRequest request;
+    const std::string fault = readRequest(options, &request);
+    if (!fault.empty())
+        return wrongUse(call, fault);
+    return DrawRun(call, request).run();
+}
+
+} // namespace ORR::Companion

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QByteArray>
+#include <QDataStream>
+
+namespace ORR::Companion {
+
+// How a drawing is made, beyond what its input says.
+struct DrawingOptions
+{
+    QByteArray engine = {}; // by its name, in any case; empty for the root's attribute `layout`
+    qint32 format = 0; // a `Drawing::Format`
+    bool htmlLabels = false; // see `Drawing::Job`
+};
+
+// One drawing for a worker to make. File names are bytes in no particular encoding.
+struct DrawingTask
+{
+    bool hasFile = true;
+    QByteArray input = {}; // the name of the file, or the bytes themselves
+    QByteArray output = {}; // the name of the file; empty if the answer is to have the drawing
+    DrawingOptions options = {};
+};
+
+// What came of it.
+struct DrawingAnswer
+{
+    bool isDrawn = false;
+    QByteArray message = {}; // in UTF-8, without a line feed; empty for success
+    qint64 microseconds = 0; // from its start to its end
+    qint64 peakMemory = 0; // kilobytes that the worker held at most meanwhile; 0 if not measured
+    QByteArray drawing = {}; // if there is no file
+};
+
+// How they travel on the pipes of a worker, whose two ends are the same program: fields in this
+// order, in the form of Qt's streams.
+QDataStream &operator<<(QDataStream &stream, const DrawingTask &task);
+QDataStream &operator>>(QDataStream &stream, DrawingTask &task);
+QDataStream &operator<<(QDataStream &stream, const DrawingAnswer &answer);
+QDataStream &operator>>(QDataStream &stream, DrawingAnswer &answer);
+
+} // namespace ORR::Companion
