@@ -11,8 +11,9 @@
 # To build; to draw the same letters everywhere; to test, with readers and renderers of other hands.
 PACKAGES := cmake ninja-build g++ pkg-config \
             qt6-base-dev qt6-svg-dev libgl-dev libfontconfig-dev libminizip-dev zlib1g-dev \
-            fonts-liberation python3 \
-            libgtest-dev libvisio-tools libxml2-utils librsvg2-bin locales strace
+            libcli11-dev fonts-liberation python3 \
+            libgtest-dev libvisio-tools libxml2-utils librsvg2-bin locales strace \
+            python3-jsonschema pre-commit git
 
 # Of the versions that Debian 12 has: another one formats otherwise.
 FORM_PACKAGES := clang-format-14
@@ -32,7 +33,7 @@ check: release-tests asan-tests
 
 release: packages
 	cmake --preset release $(SETTINGS)
-	cmake --build --preset release --target orrlayout
+	cmake --build --preset release --target orrlayout orr
 
 release-tests asan-tests: %-tests: packages
 	cmake --preset $* $(SETTINGS)

@@ -1,15 +1,19 @@
 #pragma once
 
+#include "graph/dot_fault.h"
 #include "graph/dot_graph.h"
 
 #include <QByteArray>
 
 #include <memory>
+#include <optional>
 
 namespace ORR::Graph {
 
-// Reads a whole DOT text into a graph. Null if the text is rejected, for whatever reason; there is
-// no message and no position. The dialect:
+class DotListener;
+
+// Reads a whole DOT text into a graph. Null if the text is rejected, for whatever reason. The
+// dialect:
 //
 //   file      = "digraph" [ID] body
 //   body      = "{" statement* "}"
@@ -24,5 +28,16 @@ namespace ORR::Graph {
 // The work is linear in the text, nesting is bounded by memory only, and a text of 2 GiB or more is
 // rejected.
 std::unique_ptr<DotGraph> parseDot(const QByteArray &input);
+
+// A graph, or why there is none.
+struct DotReading
+{
+    std::unique_ptr<DotGraph> graph; // null if the text is rejected
+    std::optional<DotFault> fault; // has a value exactly then
+};
+
+// The same reading by the same parser, which tells a listener what it reads and where. The listener
+// is not kept; what it throws counts as a rejection for want of memory.
+DotReading parseDot(const QByteArray &input, DotListener &listener);
 
 } // namespace ORR::Graph

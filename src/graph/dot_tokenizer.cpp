@@ -1,32 +1,12 @@
 #include "graph/dot_tokenizer.h"
 
+#include "graph/source_text.h"
+
 #include <array>
-#include <cstring>
 
 namespace ORR::Graph {
 
 namespace {
-
-QByteArray withLineFeeds(const QByteArray &text)
-{
-    if (!text.contains('\r'))
-        return text;
-    QByteArray result;
-    result.reserve(text.size());
-    const char *next = text.constData();
-    const char *const end = next + text.size();
-    while (next < end) {
-        if (*next != '\r') {
-            result.append(*next++);
-            continue;
-        }
-        result.append('\n');
-        ++next;
-        if (next < end && *next == '\n')
-            ++next;
-    }
-    return result;
-}
 
 constexpr auto stopsIdentifier = [] {
     std::array<bool, 256> stops{};
@@ -50,13 +30,14 @@ DotTokenizer::DotTokenizer(const QByteArray &text) : input(withLineFeeds(text))
 DotToken DotTokenizer::next()
 {
     currentText = {};
+    expected = {};
     currentKind = readToken();
     return currentKind;
 }
 
-void DotTokenizer::expect(DotToken kind) const
+void DotTokenizer::expect(DotToken kind)
 {
-    if (currentKind != kind)
+    if (!is(kind))
         throw DotParseError;
 }
 
@@ -68,7 +49,7 @@ void DotTokenizer::take(DotToken kind)
 
 bool DotTokenizer::takeIf(DotToken kind)
 {
-    if (currentKind != kind)
+    if (!is(kind))
         return false;
     next();
     return true;
@@ -84,16 +65,32 @@ QString DotTokenizer::takeIdentifier()
 
 QString DotTokenizer::takeIdentifierIfAny()
 {
-    return currentKind == DotToken::Identifier ? takeIdentifier() : QString();
+    return is(DotToken::Identifier) ? takeIdentifier() : QString();
 }
 
-void DotTokenizer::takeGraphHead()
+qsizetype DotTokenizer::takeGraphHead()
 {
     expect(DotToken::Identifier);
     if (currentText != QByteArrayView("digraph"))
         throw DotParseError;
     next();
-    takeIf(DotToken::Identifier);
+    const qsizetype name = tokenStart;
+    return takeIf(DotToken::Identifier) ? name : -1;
+}
+
+DotFault DotTokenizer::fault() const
+{
+    using Cause = DotFault::Cause;
+    DotFault fault{Cause::UnexpectedToken,    tokenStart, position, currentKind,
+                   currentText.toByteArray(), expected};
+    // An identifier where one could stand: the steps above ask for no text but that of the head.
+    if (currentKind == DotToken::Identifier && expected.contains(DotToken::Identifier))
+        fault.cause = Cause::NotDigraph;
+    else if (currentKind == DotToken::End)
+        fault.cause = tokenStart == input.size()   ? Cause::EndOfText
+            : input.constData()[tokenStart] == '"' ? Cause::UnterminatedText
+                                                   : Cause::NulByte;
+    return fault;
 }
 
 // Reading one byte past the end is fine throughout: a QByteArray ends in a NUL.
@@ -102,6 +99,7 @@ DotToken DotTokenizer::readToken()
     const char *const data = input.constData();
     while (data[position] == ' ' || data[position] == '\t' || data[position] == '\n')
         ++position;
+    tokenStart = position;
     switch (data[position]) {
     case '\0':
         return DotToken::End;

@@ -1,23 +1,13 @@
 #pragma once
 
+#include "graph/dot_fault.h"
+#include "graph/dot_token.h"
+
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
 
 namespace ORR::Graph {
-
-enum class DotToken {
-    End = 0, // end of the text, an unterminated string, or a NUL byte
-    Arrow = 1, // ->
-    Identifier = 2, // any name, keyword, number or string; the only kind with a text
-    Comma = 3,
-    Equals = 4,
-    OpenBrace = 5,
-    OpenBracket = 6,
-    CloseBrace = 7,
-    CloseBracket = 8,
-    Semicolon = 9,
-};
 
 // What is thrown where a text breaks the grammar, to be caught at the entry of its parser.
 inline constexpr int DotParseError = -1;
@@ -42,9 +32,20 @@ public:
     DotToken kind() const { return currentKind; }
     // Its text, UTF-8; empty unless it is an identifier. Valid until the next call of `next`.
     QByteArrayView text() const { return currentText; }
+    // Where it begins, and behind its last byte, in the text with its line ends turned.
+    qsizetype offset() const { return tokenStart; }
+    qsizetype end() const { return position; }
+
+    // Whether it is of this kind. Asking tells `fault` that the kind could stand here, as the steps
+    // of a grammar do.
+    bool is(DotToken kind)
+    {
+        expected.insert(kind);
+        return currentKind == kind;
+    }
 
     // The steps of a grammar. What is expected and does not come throws `DotParseError`.
-    void expect(DotToken kind) const;
+    void expect(DotToken kind);
     // Steps over the token.
     void take(DotToken kind);
     // True if the token came, which then is stepped over.
@@ -54,7 +55,11 @@ public:
     // The same; empty if there is none.
     QString takeIdentifierIfAny();
     // What a graph begins with: "digraph" and a name, which may be missing and counts for nothing.
-    void takeGraphHead();
+    // The result is where the name stands, -1 if it is missing.
+    qsizetype takeGraphHead();
+
+    // After a step has thrown: what it found, and all that was asked for at this token.
+    DotFault fault() const;
 
 private:
     DotToken readToken();
@@ -64,6 +69,8 @@ private:
 
     QByteArray input;
     qsizetype position = 0;
+    qsizetype tokenStart = 0;
+    DotTokenSet expected; // what the current token was asked for
     QByteArrayView currentText;
     QByteArray assembled; // holds the text of a token that does not stand in the input as it is
     DotToken currentKind = DotToken::End;

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+// The parts of docs/check.md.
+
+// The whole page.
+QString checkPage();
+
+// The text behind the heading, up to the next heading of its level or above.
+QString sectionOf(const QString &page, const QString &heading);
+
+// What stands in the blocks of code of a language, in their order.
+QStringList codeBlocks(const QString &text, const QString &language);
