@@ -138,6 +138,11 @@ public:
         return startWorker(program, &place->worker, starter, fault);
     }
     void keepWorker() { isKept = true; }
+    void dropWorker()
+    {
+        const std::lock_guard lock(pool.mutex);
+        closeDescriptors(&place->worker);
+    }
 
 private:
     Place *place = nullptr;
@@ -179,6 +184,17 @@ Reply startIn(Turn *turn, const Deadline &deadline)
     return {};
 }
 
+// Sends the request to the worker, which is kept if it answers.
+Reply askWorker(Turn *turn, const MessageView &request, const Deadline &deadline)
+{
+    WorkerStream stream(turn->worker(), deadline);
+    Message answer;
+    if (!sendMessage(stream, request) || !receiveMessage(stream, &answer))
+        return failedReply(turn->worker(), stream, ORRLAYOUT_CRASHED, "the worker ended");
+    turn->keepWorker();
+    return {static_cast<orrlayout_status>(answer.kind), std::move(answer.fields)};
+}
+
 } // namespace
 
 Reply ask(const MessageView &request, const Deadline &deadline)
@@ -186,18 +202,16 @@ Reply ask(const MessageView &request, const Deadline &deadline)
     Turn turn(deadline);
     if (!turn)
         return late();
-    if (turn.worker().socket == -1) {
-        Reply reply = startIn(&turn, deadline);
-        if (reply.status != ORRLAYOUT_OK)
+    if (turn.worker().socket != -1) {
+        Reply reply = askWorker(&turn, request, deadline);
+        if (reply.status != ORRLAYOUT_CRASHED)
             return reply;
+        // It may have been ended by somebody while it waited. What a new one says is about the
+        // request.
+        turn.dropWorker();
     }
-
-    WorkerStream stream(turn.worker(), deadline);
-    Message answer;
-    if (!sendMessage(stream, request) || !receiveMessage(stream, &answer))
-        return failedReply(turn.worker(), stream, ORRLAYOUT_CRASHED, "the worker ended");
-    turn.keepWorker();
-    return {static_cast<orrlayout_status>(answer.kind), std::move(answer.fields)};
+    Reply reply = startIn(&turn, deadline);
+    return reply.status == ORRLAYOUT_OK ? askWorker(&turn, request, deadline) : reply;
 }
 
 } // namespace ORR::Api

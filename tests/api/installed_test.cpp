@@ -122,7 +122,8 @@ TEST(LibraryFile, exports_the_functions_of_the_header_and_nothing_else)
 {
     const QString header =
         QString::fromUtf8(readTestFile(projectFolder + u"/include/orrlayout/orrlayout.h"_s));
-    static const QRegularExpression declaration(u"ORRLAYOUT_API[^(]*?(\\w+)\\("_s);
+    static const QRegularExpression declaration(u"^ORRLAYOUT_API[^(]*?(\\w+)\\("_s,
+                                                QRegularExpression::MultilineOption);
     QStringList expected;
     for (const QRegularExpressionMatch &match : declaration.globalMatch(header))
         expected += match.captured(1) + "@@ORRLAYOUT_1"_L1;

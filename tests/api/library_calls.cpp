@@ -95,6 +95,13 @@ std::vector<pid_t> workersOnce(size_t count)
     return found;
 }
 
+void killWorkers()
+{
+    for (const pid_t worker : workers())
+        ::kill(worker, SIGKILL);
+    ASSERT_EQ(workersOnce(0).size(), 0U);
+}
+
 int inChild(const std::function<int()> &function)
 {
     const pid_t child = ::fork();

@@ -31,6 +31,9 @@ std::vector<pid_t> workers();
 // The same, once they are so many; after ten seconds as many as there are.
 std::vector<pid_t> workersOnce(size_t count);
 
+// Kills them all; none is left of this process and of those that it forked and that have ended.
+void killWorkers();
+
 // What a child of this process, a fork, returns from the function: 0 to 125. Fails if it ends
 // otherwise, or takes longer than a minute.
 int inChild(const std::function<int()> &function);
