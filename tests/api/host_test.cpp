@@ -42,7 +42,7 @@ std::string signalsOfProcess()
     std::ifstream status("/proc/self/status");
     std::string text;
     for (std::string line; std::getline(status, line);) {
-        if (line.starts_with("Sig") || line.starts_with("Threads"))
+        if ((line.starts_with("Sig") && !line.starts_with("SigQ")) || line.starts_with("Threads"))
             text += line + '\n';
     }
     return text;

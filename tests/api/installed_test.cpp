@@ -102,6 +102,43 @@ TEST_F(Installed, library_serves_what_is_built_with_pkg_config)
               ORR_PROJECT_VERSION "\n");
 }
 
+TEST_F(Installed, library_serves_the_program_of_its_page)
+{
+    const QByteArray page = readTestFile(projectFolder + u"/docs/library.md"_s);
+    const qsizetype start = page.indexOf("```cpp\n") + 7;
+    ASSERT_GE(start, 7);
+    QFile source(path(u"page.cpp"_s));
+    ASSERT_TRUE(source.open(QIODevice::WriteOnly));
+    source.write(page.sliced(start, page.indexOf("```", start) - start));
+    source.close();
+    outputOf(u"c++"_s,
+             {u"-std=c++20"_s, u"-Wall"_s, u"-Wextra"_s, u"-Werror"_s, source.fileName(), u"-I"_s,
+              prefix() + u"/include"_s, libraryFolder() + u"/liborrlayout.so"_s, u"-o"_s,
+              path(u"page"_s)});
+    const QByteArray drawing =
+        outputOf(path(u"page"_s), {}, {}, {{u"LD_LIBRARY_PATH"_s, libraryFolder()}});
+    EXPECT_TRUE(drawing.contains("<svg") && drawing.contains("core")) << drawing.toStdString();
+}
+
+TEST(LibraryPage, names_every_status)
+{
+    const QString page = QString::fromUtf8(readTestFile(projectFolder + u"/docs/library.md"_s));
+    const QString header =
+        QString::fromUtf8(readTestFile(projectFolder + u"/include/orrlayout/orrlayout.h"_s));
+    static const QRegularExpression status(u"^    (ORRLAYOUT_\\w+) = \\d+"_s,
+                                           QRegularExpression::MultilineOption);
+    int count = 0;
+    for (const QRegularExpressionMatch &match : status.globalMatch(header)) {
+        if (match.captured(1) == "ORRLAYOUT_WARNING"_L1
+            || match.captured(1) == "ORRLAYOUT_ERROR"_L1)
+            continue;
+        EXPECT_TRUE(page.contains("`"_L1 + match.captured(1) + "`"_L1))
+            << match.captured(1).toStdString();
+        ++count;
+    }
+    EXPECT_EQ(count, 11);
+}
+
 TEST_F(Installed, library_serves_python)
 {
     expectDrawingsOf(u"python3"_s, {projectFolder + u"/examples/embed/draw.py"_s});
