@@ -17,6 +17,7 @@
 #include <thread>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -36,15 +37,30 @@ std::string environmentText()
     return text;
 }
 
-// What a process has of signals, and of much else that would show.
-std::string signalsOfProcess()
+// What the system says of a process in a line of its status.
+std::string statusLine(pid_t process, const std::string &name)
 {
-    std::ifstream status("/proc/self/status");
-    std::string text;
+    std::ifstream status("/proc/" + std::to_string(process) + "/status");
     for (std::string line; std::getline(status, line);) {
-        if ((line.starts_with("Sig") && !line.starts_with("SigQ")) || line.starts_with("Threads"))
-            text += line + '\n';
+        if (line.starts_with(name + ':'))
+            return line.substr(name.size() + 1);
     }
+    ADD_FAILURE() << name;
+    return {};
+}
+
+// A set of signals of a process: "SigBlk" those blocked, "SigIgn" ignored, "SigCgt" handled.
+unsigned long long signalsOf(pid_t process, const std::string &set)
+{
+    return std::stoull("0" + statusLine(process, set).substr(1), nullptr, 16);
+}
+
+// What would show if the library took something over.
+std::string processState()
+{
+    std::string text;
+    for (const char *const name : {"Threads", "SigBlk", "SigIgn", "SigCgt"})
+        text += statusLine(::getpid(), name);
     return text;
 }
 
@@ -90,11 +106,11 @@ TEST(Host, keeps_its_environment_locale_signals_threads_and_has_no_child)
 {
     const std::string environmentBefore = environmentText();
     const std::string locale = std::setlocale(LC_ALL, nullptr);
-    const std::string signals = signalsOfProcess();
+    const std::string state = processState();
     ASSERT_EQ(drawn(smallGraph, "treemap").status, ORRLAYOUT_OK);
     EXPECT_EQ(environmentText(), environmentBefore);
     EXPECT_EQ(std::setlocale(LC_ALL, nullptr), locale);
-    EXPECT_EQ(signalsOfProcess(), signals);
+    EXPECT_EQ(processState(), state);
     EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1);
     EXPECT_EQ(errno, ECHILD);
 }
@@ -190,17 +206,38 @@ TEST(Host, without_standard_streams_draws)
               ORRLAYOUT_OK);
 }
 
-TEST(Host, that_ignores_and_blocks_signals_draws)
+TEST(Host, that_ignores_and_blocks_signals_has_workers_that_do_not)
 {
+    killWorkers();
     EXPECT_EQ(inChild([] {
                   sigset_t all;
                   ::sigfillset(&all);
                   ::sigprocmask(SIG_BLOCK, &all, nullptr);
-                  for (const int signal : {SIGCHLD, SIGPIPE, SIGTERM, SIGINT})
+                  for (const int signal : {SIGCHLD, SIGPIPE, SIGTERM, SIGINT, SIGUSR1})
                       std::signal(signal, SIG_IGN);
-                  return drawsInChild();
+                  if (drawsInChild() != ORRLAYOUT_OK || workers().size() != 1)
+                      return 1;
+                  const pid_t worker = workers().front();
+                  const bool isLikeAtStart = signalsOf(worker, "SigBlk") == 0
+                      && (signalsOf(worker, "SigIgn") & (1U << (SIGUSR1 - 1))) == 0;
+                  const bool isAsBefore = signalsOf(::getpid(), "SigBlk") != 0
+                      && (signalsOf(::getpid(), "SigIgn") & (1U << (SIGUSR1 - 1))) != 0;
+                  return isLikeAtStart && isAsBefore ? 0 : 2;
               }),
-              ORRLAYOUT_OK);
+              0);
+}
+
+TEST(Host, has_no_descriptor_open_in_a_worker)
+{
+    EXPECT_EQ(inChild([] {
+                  int ends[2];
+                  if (::pipe(ends) != 0 || drawsInChild() != ORRLAYOUT_OK)
+                      return 1;
+                  ::close(ends[1]);
+                  pollfd state = {ends[0], POLLIN, 0}; // hears when the last writer is gone
+                  return ::poll(&state, 1, 0) == 1 && (state.revents & POLLHUP) ? 0 : 2;
+              }),
+              0);
 }
 
 TEST(Host, without_descriptors_is_told)
