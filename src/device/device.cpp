@@ -1,14 +1,11 @@
 #include "device/device.h"
 
-#include "device/point_resolution.h"
-#include "device/text_widths.h"
+#include "device/text_table.h"
 #include "graph/limits.h"
 #include "graph/numbers.h"
 
 #include <algorithm>
 #include <deque>
-#include <utility>
-#include <vector>
 
 namespace ORR::Graph {
 
@@ -63,59 +60,6 @@ Value *interned(QHash<Key, Value *> &values, std::deque<Value> &pool, const Key 
 }
 
 } // namespace
-
-// All texts by what they are made of. There is one for nearly every object, each of them new: so
-// they are their own keys, in a table of places, at least twice as many as there are texts, where
-// one stands in the first free place from that of its hash on (linear probing).
-class Device::TextTable
-{
-public:
-    Text *text(const QString &string, Font *font, Color *color)
-    {
-        if (2 * (texts.size() + 1) > places.size())
-            grow();
-        const QString colorName = nameOf(color);
-        const size_t hash = qHashMulti(QHashSeed::globalSeed(), string, font, colorName);
-        const auto isMeant = [&](const Text &text) {
-            return text.string == string && text.textFont == font
-                && nameOf(text.textColor) == colorName;
-        };
-        size_t i = hash & (places.size() - 1);
-        while (places[i].text && !(places[i].hash == hash && isMeant(*places[i].text)))
-            i = (i + 1) & (places.size() - 1);
-        if (!places[i].text)
-            places[i] = {hash, &texts.emplace_back(string, font, color)};
-        return places[i].text;
-    }
-
-private:
-    struct Place
-    {
-        size_t hash = 0;
-        Text *text = nullptr;
-    };
-
-    // Two gradients that start with the same stop share a text: texts never take a gradient.
-    static QString nameOf(const Color *color) { return color ? color->name(0) : QString(); }
-
-    void grow()
-    {
-        constexpr size_t fewest = 16; // a power of two, as are all sizes
-        std::vector<Place> grown(places.empty() ? fewest : 2 * places.size());
-        for (const Place &place : places) {
-            if (!place.text)
-                continue;
-            size_t i = place.hash & (grown.size() - 1);
-            while (grown[i].text)
-                i = (i + 1) & (grown.size() - 1);
-            grown[i] = place;
-        }
-        places = std::move(grown);
-    }
-
-    std::vector<Place> places;
-    std::deque<Text> texts;
-};
 
 struct Device::Pools
 {
@@ -337,42 +281,6 @@ double Device::Color::offset(int index) const
 int Device::Color::stopCount() const
 {
     return gradientType == Solid ? 0 : static_cast<int>(names.size());
-}
-
-Device::Font::Font(const QString &family, int size, int style)
-    : familyName(family), pointSize(size), styleBits(style)
-{
-}
-
-Device::Font::~Font() = default;
-
-const QFont &Device::Font::qFont() const
-{
-    if (!toolkitFont) {
-        QFont made(familyName, pointSize, -1, false);
-        made.setStyleStrategy(QFont::StyleStrategy(QFont::PreferOutline | QFont::PreferQuality
-                                                   | QFont::PreferAntialias));
-        // Light hinting, as Debian has it, whatever the settings of a desktop say of it.
-        made.setHintingPreference(QFont::PreferVerticalHinting);
-        made.setWeight(styleBits & Bold ? QFont::Bold : QFont::Normal);
-        made.setStyle(styleBits & Italic ? QFont::StyleItalic : QFont::StyleNormal);
-        toolkitFont = atPointResolution(made);
-    }
-    return *toolkitFont;
-}
-
-const QFontMetrics &Device::Font::metrics() const
-{
-    if (!toolkitMetrics)
-        toolkitMetrics.emplace(qFont(), pointDevice());
-    return *toolkitMetrics;
-}
-
-QSize Device::Font::sizeOf(const QString &text) const
-{
-    if (!widths)
-        widths = std::make_unique<TextWidths>(qFont(), metrics());
-    return widths->sizeOf(text);
 }
 
 } // namespace ORR::Graph

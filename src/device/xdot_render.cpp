@@ -1,5 +1,6 @@
 #include "device/xdot_render.h"
 
+#include "device/deferred_attributes.h"
 #include "device/xdot_reader.h"
 #include "graph/attribute_values.h"
 #include "graph/dot_tokenizer.h"
@@ -39,37 +40,6 @@ bool isNumber(const QString &text)
 }
 
 } // namespace
-
-struct DeferredAttribute
-{
-    QByteArrayView name;
-    QByteArray value = {};
-    qsizetype place = 0; // of the value in the text
-};
-
-// The attributes of an object that are acted on behind its attribute list.
-struct DeferredAttributes
-{
-    DeferredAttribute drawing{"_draw_"};
-    DeferredAttribute pos{"pos"};
-    DeferredAttribute width{"width"};
-    DeferredAttribute label{"_ldraw_"};
-    DeferredAttribute headDrawing{"_hdraw_"};
-    DeferredAttribute tailDrawing{"_tdraw_"};
-    DeferredAttribute headLabel{"_hldraw_"};
-    DeferredAttribute tailLabel{"_tldraw_"};
-
-    // Null if the attribute is not one of these.
-    DeferredAttribute *find(QByteArrayView name)
-    {
-        for (DeferredAttribute *attribute :
-             {&drawing, &pos, &width, &label, &headDrawing, &tailDrawing, &headLabel, &tailLabel}) {
-            if (attribute->name == name)
-                return attribute;
-        }
-        return nullptr;
-    }
-};
 
 QString XDotRender::render(const QByteArray &bytes)
 {

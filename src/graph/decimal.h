@@ -8,7 +8,8 @@
 // The numbers of texts: attributes, drawings and formulas are all written and read here, in decimal
 // and whatever the locale. Drawings consist of little else, so both ways do without the toolkit's
 // own conversions where the arithmetic leaves no doubt, and come out as those do: the same bytes
-// and the same bits.
+// and the same bits. One more way to `numberThroughText` stands in layout/graflib/stored_number.h,
+// for an engine that spends its time on nothing else; it gives the same bits, too.
 namespace ORR::Graph {
 
 // Room enough for any number of `writeNumber`.

@@ -1,23 +1,17 @@
 #include "graph/dot_parser.h"
 
 #include "graph/dot_listener.h"
+#include "graph/dot_texts.h"
 #include "graph/dot_tokenizer.h"
 #include "graph/limits.h"
-#include "graph/recent_texts.h"
 
 #include <QSet>
 
-#include <algorithm>
-#include <string>
 #include <utility>
 
 namespace ORR::Graph {
 
 namespace {
-
-// Enough for the colours, sizes and words of a drawing, and for its vocabulary.
-constexpr size_t rememberedValues = 1024;
-constexpr size_t rememberedNames = 64;
 
 // Nobody listens: whatever is done for a listener only is compiled away.
 struct Nobody
@@ -70,8 +64,6 @@ private:
     void parseAttribute(const Target &target);
     QString takeValue();
     AttributeName takeName();
-    const AttributeName &nameOf(QByteArrayView bytes);
-    QStringView wideId(QByteArrayView bytes);
     MentionedNode takeNode();
 
     void tellNode(const MentionedNode &mentioned, NodeMention mention);
@@ -81,10 +73,7 @@ private:
     Audience audience;
     std::unique_ptr<DotGraph> graph = std::make_unique<DotGraph>();
     DotSubgraph *current = graph->root(); // the innermost open subgraph
-    QHash<QByteArray, AttributeName> names; // those met so far
-    RecentTexts<QString, rememberedValues> recentValues;
-    RecentTexts<AttributeName, rememberedNames> recentNames;
-    std::u16string nodeId; // room that one id after the other is read into
+    DotTexts texts;
     QSet<std::pair<int, QString>> givenToRoot; // by target; kept for a listener only
 };
 
@@ -257,11 +246,7 @@ template <typename Audience>
 QString DotParser<Audience>::takeValue()
 {
     tokens.expect(DotToken::Identifier);
-    const QByteArrayView bytes = tokens.text();
-    const std::optional<ShortText> text = ShortText::of(bytes);
-    const QString value = text && text->isAscii()
-        ? recentValues.of(*text, [&] { return QString::fromLatin1(bytes); })
-        : QString::fromUtf8(bytes);
+    const QString value = texts.value(tokens.text());
     tokens.next();
     return value;
 }
@@ -270,21 +255,9 @@ template <typename Audience>
 AttributeName DotParser<Audience>::takeName()
 {
     tokens.expect(DotToken::Identifier);
-    const QByteArrayView bytes = tokens.text();
-    const std::optional<ShortText> text = ShortText::of(bytes);
-    AttributeName name =
-        text ? recentNames.of(*text, [&] { return nameOf(bytes); }) : nameOf(bytes);
+    AttributeName name = texts.name(tokens.text());
     tokens.next();
     return name;
-}
-
-template <typename Audience>
-const AttributeName &DotParser<Audience>::nameOf(QByteArrayView bytes)
-{
-    auto known = names.constFind(QByteArray::fromRawData(bytes.data(), bytes.size()));
-    if (known == names.cend())
-        known = names.insert(bytes.toByteArray(), QString::fromUtf8(bytes));
-    return *known;
 }
 
 // The node of the next id, made if it is the first time.
@@ -293,27 +266,9 @@ MentionedNode DotParser<Audience>::takeNode()
 {
     tokens.expect(DotToken::Identifier);
     MentionedNode mentioned{nullptr, false, tokens.offset()};
-    mentioned.node = graph->findOrCreateNode(current, wideId(tokens.text()), &mentioned.first);
+    mentioned.node = graph->findOrCreateNode(current, texts.id(tokens.text()), &mentioned.first);
     tokens.next();
     return mentioned;
-}
-
-// Valid until the next call.
-template <typename Audience>
-QStringView DotParser<Audience>::wideId(QByteArrayView bytes)
-{
-    nodeId.resize(size_t(bytes.size()));
-    char16_t all = 0;
-    std::transform(bytes.begin(), bytes.end(), nodeId.begin(), [&all](char c) {
-        const char16_t wide = static_cast<unsigned char>(c);
-        all |= wide;
-        return wide;
-    });
-    if (all >= 0x80) {
-        const QString text = QString::fromUtf8(bytes);
-        nodeId.assign(reinterpret_cast<const char16_t *>(text.utf16()), size_t(text.size()));
-    }
-    return nodeId;
 }
 
 // The fault of a text that cannot be read as a whole.

@@ -1,8 +1,7 @@
 #include "graph/dot_writer.h"
 
+#include "graph/html_text.h"
 #include "graph/subgraph_walk.h"
-
-#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -106,14 +105,7 @@ void writeStatement(int depth, const QString &name, const AttributeMap &attribut
 
 QString plainLabelText(const QString &html)
 {
-    static const QRegularExpression tag(u"<[^>]*>"_s);
-    QString text = html;
-    text.replace("<br>"_L1, "\\n"_L1);
-    text.remove(tag);
-    text.replace("&amp;"_L1, "&"_L1);
-    text.replace("&lt;"_L1, "<"_L1);
-    text.replace("&gt;"_L1, ">"_L1);
-    text.replace("&quot;"_L1, "\""_L1);
+    QString text = withResolvedEntities(withoutTags(html));
     text.replace("\\l"_L1, "\\n"_L1);
     return text;
 }

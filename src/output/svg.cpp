@@ -1,6 +1,7 @@
 #include "output/svg.h"
 
 #include "device/color_value.h"
+#include "graph/html_text.h"
 #include "graph/numbers.h"
 #include "output/svg_path.h"
 #include "output/xml_text.h"
@@ -53,16 +54,12 @@ QString withResolvedReferences(QString text)
     return text;
 }
 
-QString plainText(QString html)
+QString plainText(const QString &html)
 {
-    static const QRegularExpression tag(u"<[^>]*>"_s);
-    // A backslash and an n, not a line feed, is what a break becomes here.
-    html.replace(u"<br>"_s, u"\\n"_s);
-    html.remove(tag);
-    // Twice, for what was escaped twice.
-    html.replace(u"&amp;"_s, u"&"_s).replace(u"&amp;"_s, u"&"_s);
-    html.replace(u"&lt;"_s, u"<"_s).replace(u"&gt;"_s, u">"_s).replace(u"&quot;"_s, u"\""_s);
-    return withResolvedReferences(html).trimmed();
+    // An ampersand is resolved once more, for what was escaped twice.
+    QString text = withoutTags(html);
+    text.replace("&amp;"_L1, "&"_L1);
+    return withResolvedReferences(withResolvedEntities(text)).trimmed();
 }
 
 } // namespace

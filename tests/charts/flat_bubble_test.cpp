@@ -169,6 +169,27 @@ TEST(FlatBubble, the_label_of_a_group_counts_but_not_that_of_the_root_or_the_leg
               6);
 }
 
+TEST(FlatBubble, a_label_of_the_legend_counts_where_the_input_gives_a_radius)
+{
+    const auto radius = [](const QByteArray &attributes) {
+        return ellipsesIn(callsFor("digraph { subgraph l { graph [legend=top label=\"\"] k [label="
+                                   + QByteArray(200, 'w') + attributes + "] } a [radius=5] }"))
+            .value(0)
+            .r;
+    };
+    EXPECT_EQ(radius(""), 5);
+    EXPECT_EQ(radius(" r=0"), 5);
+    EXPECT_GT(radius(" r=6"), 100);
+}
+
+TEST(FlatBubble, a_group_behind_the_legend_keeps_its_label)
+{
+    const QStringList calls = callsFor("digraph { subgraph l { graph [legend=top] k [label=key] } "
+                                       "subgraph g { graph [label=G] a [radius=40 label=b] } }");
+    EXPECT_EQ(calls.filter(u"\"G\""_s).size(), 1) << calls.join(u'\n').toStdString();
+    EXPECT_EQ(calls.filter(u"\"b\""_s).size(), 1);
+}
+
 TEST(FlatBubble, the_larger_wanted_size_is_the_diameter)
 {
     EXPECT_EQ(

@@ -84,6 +84,34 @@ TEST(DeclPlaces, nodes_of_a_stack_go_by_the_place_and_not_by_the_content)
     EXPECT_EQ(nodeLeft(place, 7, 10, {u't', u'r'}), 90);
 }
 
+TEST(DeclPlaces, a_margin_moves_the_left_and_right_side_only)
+{
+    EXPECT_EQ(placeWithinMargin(place, 8), QRectF(8, 0, 84, 60));
+}
+
+TEST(DeclPlaces, nodes_of_a_stack_stand_below_each_other_above_the_grid)
+{
+    const QList<StackedNode> stack{{{40, 10}, 5}, {{20, 15}, 0}};
+    const StackPlaces places = stackPlaces(stack, place, {7, 2}, {u't', u'l'}, 3);
+    EXPECT_EQ(places.nodes, (QList<QPointF>{{12, 2}, {7, 15}}));
+    EXPECT_EQ(places.gridCorner, QPointF(7, 15 + 15 + 4));
+}
+
+TEST(DeclPlaces, each_node_of_a_stack_stands_at_the_right_by_itself_and_moves_to_the_right)
+{
+    const QList<StackedNode> stack{{{40, 10}, 5}, {{20, 15}, 0}};
+    const StackPlaces places = stackPlaces(stack, place, {60, 2}, {u't', u'r'}, 3);
+    EXPECT_EQ(places.nodes, (QList<QPointF>{{65, 2}, {80, 15}}));
+    EXPECT_EQ(places.gridCorner, QPointF(60, 34));
+}
+
+TEST(DeclPlaces, without_a_stack_the_grid_starts_where_the_content_does)
+{
+    const StackPlaces places = stackPlaces({}, place, {7, 2}, {u'b', u'r'}, 3);
+    EXPECT_TRUE(places.nodes.isEmpty());
+    EXPECT_EQ(places.gridCorner, QPointF(7, 2));
+}
+
 TEST(DeclPlaces, the_last_cells_fill_the_place)
 {
     const QList<QRectF> places = cellPlaces({{0, 0, {10, 20}}, {1, 0, {30, 5}}, {0, 1, {7, 8}}},

@@ -30,8 +30,8 @@ public:
     }
     void nodeMentioned(DotNode *node, NodeMention mention, bool first, qsizetype place) override
     {
-        const char *const ways[] = {"node ", "tail ", "head "};
-        heard += ways[int(mention)] + node->id + at(place) + (first ? u" first"_s : QString());
+        const char *const mentions[] = {"node ", "tail ", "head "};
+        heard += mentions[int(mention)] + node->id + at(place) + (first ? u" first"_s : QString());
     }
     void edgeRead(DotEdge *edge, qsizetype tail, qsizetype head) override
     {

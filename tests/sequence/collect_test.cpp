@@ -1,7 +1,7 @@
 #include "layout/sequence/pending_edges.h"
 #include "layout/sequence/uml_fragment.h"
 
-#include "sheet.h"
+#include "sequence_fixture.h"
 #include "support/golden.h"
 
 #include <gtest/gtest.h>
@@ -219,9 +219,9 @@ TEST(Collect, puts_what_a_section_holds_into_its_fragment_behind_the_marker)
 
 TEST(PendingEdges, hands_out_a_loop_when_its_node_is_known)
 {
-    Sheet sheet;
-    DotNode *a = sheet.node(u"a"_s);
-    DotEdge *loop = sheet.edge(a, a);
+    Fixture fixture;
+    DotNode *a = fixture.node(u"a"_s);
+    DotEdge *loop = fixture.edge(a, a);
     NodeObjects objects;
     PendingEdges pending(objects);
     pending.add(loop);

@@ -1,6 +1,6 @@
 // The examples that a user starts from.
 #include "graph/subgraph_walk.h"
-#include "sheet.h"
+#include "sequence_fixture.h"
 #include "support/golden.h"
 
 #include <gtest/gtest.h>

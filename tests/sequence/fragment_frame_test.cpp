@@ -73,6 +73,21 @@ TEST(FragmentCells, have_a_frame_seven_further_out_for_each_level_within)
     EXPECT_EQ(cells.frameReach(), highest);
 }
 
+TEST(FragmentSize, has_the_first_section_below_the_title_and_the_widest_label)
+{
+    EXPECT_EQ(fragmentSize({20, 10}, {}), QSize(20, 10));
+    EXPECT_EQ(fragmentSize({20, 10}, {{5, 12}, {30, 99}}), QSize(30, 22));
+    EXPECT_EQ(fragmentSize({20, highest}, {{5, 12}}), QSize(20, highest));
+}
+
+TEST(FrameRight, is_that_of_what_reaches_farthest_and_never_left_of_the_anchor)
+{
+    EXPECT_EQ(frameRight(100, {5, 12, -3}), 112);
+    EXPECT_EQ(frameRight(100, {-5}), 100);
+    EXPECT_EQ(frameRight(100, {}), 100);
+    EXPECT_EQ(frameRight(highest, {5}), highest);
+}
+
 TEST(FragmentOffset, is_eight_beyond_the_labels)
 {
     EXPECT_EQ(fragmentOffset(40, {}), -48);

@@ -1,6 +1,6 @@
 #include "layout/sequence/uml_edges.h"
 
-#include "sheet.h"
+#include "sequence_fixture.h"
 #include "support/golden.h"
 
 #include <gtest/gtest.h>
@@ -16,7 +16,7 @@ const QList<int> colPos{100, 200};
 const QList<int> rowPos{50, 80, 120};
 
 // Two nodes with an edge between them, each node to be made into an object by the test.
-struct Ends : Sheet
+struct Ends : Fixture
 {
     DotNode *a = node(u"a"_s);
     DotNode *b = node(u"b"_s);

@@ -3,7 +3,7 @@
 #include "graph/subgraph_walk.h"
 #include "layout/sequence/uml_fragment.h"
 #include "layout/sequence/uml_nodes.h"
-#include "sheet.h"
+#include "sequence_fixture.h"
 #include "support/golden.h"
 
 #include <gtest/gtest.h>
@@ -112,8 +112,8 @@ TEST(UmlSequence, a_spacer_is_centred_and_takes_its_size)
 
 TEST(UmlSequence, a_spacer_of_minus_one_takes_that_measure_from_its_label)
 {
-    Sheet sheet;
-    const QSize text = sheet.textSize(u"label"_s);
+    Fixture fixture;
+    const QSize text = fixture.textSize(u"label"_s);
     const Drawing wide(R"(digraph { a [uml=spacer, label=label, width="-1", height=30] })");
     EXPECT_EQ(wide.device.calls().constFirst(), u"begin %1 40"_s.arg(text.width() + 6 + 10));
     const Drawing high(R"(digraph { a [uml=spacer, label=label, width=40, height="-1"] })");
@@ -176,8 +176,8 @@ TEST(UmlSequence, a_return_that_is_not_visible_ends_its_activation_and_takes_its
         const Drawing drawing(QByteArray("digraph { node [uml=activation] a b [col=1] "
                                          "b -> a [uml=return, row=2, label=value")
                               + visible + "] }");
-        Sheet sheet;
-        const int above = sheet.textSize(u"value"_s).height() + 6 - 3;
+        Fixture fixture;
+        const int above = fixture.textSize(u"value"_s).height() + 6 - 3;
         EXPECT_EQ(drawing.calls(u"beginEdge"_s), QStringList());
         const int end = 5 + 10 + 5 + 5 + above;
         EXPECT_EQ(drawing.calls(u"rect"_s).at(1).section(u' ', 2, 2).section(u',', 1, 1),

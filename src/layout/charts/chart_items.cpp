@@ -77,6 +77,15 @@ QList<ChartItem> chartItems(const DotGraph *graph, const DotSubgraph *subgraph, 
     return items;
 }
 
+QList<double> areasOf(const QList<ChartItem> &items)
+{
+    QList<double> areas;
+    areas.reserve(items.size());
+    for (const ChartItem &item : items)
+        areas.append(item.area);
+    return areas;
+}
+
 bool chartItemLess(const ChartItem &a, const ChartItem &b)
 {
     return idLess(idNumber(a), a, idNumber(b), b);

@@ -23,6 +23,9 @@ double sumArea(DotGraph *graph, DotSubgraph *subgraph);
 // order; what is not a number counts as smaller than every number.
 QList<ChartItem> chartItems(const DotGraph *graph, const DotSubgraph *subgraph, bool ascending);
 
+// The areas of the items, in their order.
+QList<double> areasOf(const QList<ChartItem> &items);
+
 // Whether `a` was made before `b` as far as automatic ids tell: by the number in "__N<number>" or
 // "cluster_<number>" (0 for any other id), then by the id itself.
 bool chartItemLess(const ChartItem &a, const ChartItem &b);

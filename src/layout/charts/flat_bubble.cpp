@@ -70,22 +70,30 @@ double packGraph(DotGraph *graph, const DotSubgraph *legend)
     return radius;
 }
 
-// The labels of all subgraphs but the root and of all nodes, measured once.
+// The labels of all subgraphs but the root and of all nodes, measured once. Those within the legend
+// are the legend's to measure and count here only where the input gives a radius.
 class BubbleLabels
 {
 public:
-    BubbleLabels(const DotGraph *graph, const GraphStyle &style)
+    BubbleLabels(const DotGraph *graph, const DotSubgraph *legend, const GraphStyle &style)
     {
+        bool inLegend = false;
+        const auto counts = [&](const auto *object) {
+            return !inLegend || Rows::r.number(object) > 0.0;
+        };
         walkSubgraphs(
             graph->root(),
             [&](DotSubgraph *subgraph) {
+                inLegend |= subgraph == legend;
                 firsts.insert(subgraph, blocks.size());
-                add(subgraph, subgraph->parent ? style.clusterLabel(subgraph) : TextBlock());
+                add(subgraph,
+                    subgraph->parent && counts(subgraph) ? style.clusterLabel(subgraph)
+                                                         : TextBlock());
                 for (const DotNode *node : std::as_const(subgraph->nodes))
-                    add(node, style.nodeLabel(node));
+                    add(node, counts(node) ? style.nodeLabel(node) : TextBlock());
                 return true;
             },
-            [](DotSubgraph *) {});
+            [&](const DotSubgraph *subgraph) { inLegend &= subgraph != legend; });
     }
 
     // At which each label fits into its circle.
@@ -203,7 +211,7 @@ QString FlatBubble::run(const LayoutContext &context)
     const double radius = packGraph(graph, legendGraph);
 
     const GraphStyle style(graph, device);
-    const BubbleLabels labels(graph, style);
+    const BubbleLabels labels(graph, legendGraph, style);
     const double wanted = std::max(Rows::height.of(graph, root), Rows::width.of(graph, root));
     const double scale = bubbleScale(radius, labels.scale(), wanted);
     const double scaledRadius = scale * radius;

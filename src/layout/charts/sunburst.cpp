@@ -22,15 +22,6 @@ constexpr double halfTurn = 180.0;
 constexpr double defaultRingStep = 72.0; // points
 constexpr int pageMargin = 4; // points
 
-QList<double> areasOf(const QList<ChartItem> &items)
-{
-    QList<double> areas;
-    areas.reserve(items.size());
-    for (const ChartItem &item : items)
-        areas.append(item.area);
-    return areas;
-}
-
 template <typename Object>
 void store(DotGraph *graph, Object *object, const SunburstSlice &slice)
 {

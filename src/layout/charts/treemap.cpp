@@ -10,6 +10,7 @@
 #include "layout/charts/treemap_attributes.h"
 #include "layout/charts/treemap_tiling.h"
 
+#include <QList>
 #include <QMarginsF>
 
 #include <algorithm>
@@ -35,9 +36,11 @@ public:
     {
     }
 
-    void paint(TreemapTiling tiling);
+    // Draws all that is in the root, whose members get `room`.
+    void paint(DotSubgraph *root, const QRectF &room);
 
 private:
+    void enter(DotSubgraph *subgraph, const QRectF &room);
     void paintNode(DotNode *node, const QRectF &cell);
     bool mayHoldLabel(const QRectF &cell, const DotNode *node);
     QRectF paintSubgraph(DotSubgraph *subgraph, const QRectF &cell);
@@ -46,6 +49,8 @@ private:
     DotGraph *graph;
     Device *device;
     const GraphStyle &style;
+    TreemapTiling tiling;
+    QList<QList<ChartItem>> open; // the members of the subgraphs that the tiling is in
     const Device::Font *lastFont = nullptr;
     int lastLineHeight = 0; // of `lastFont`
 };
@@ -71,21 +76,33 @@ QMarginsF margins(const DotGraph *graph, const DotSubgraph *subgraph)
     return {pair.first, pair.last, pair.first, pair.last};
 }
 
-void CellPainter::paint(TreemapTiling tiling)
+void CellPainter::paint(DotSubgraph *root, const QRectF &room)
 {
+    enter(root, room);
     while (const auto step = tiling.next()) {
-        switch (step->kind) {
-        case TreemapTiling::Step::Node:
-            paintNode(step->item.node, step->cell);
-            break;
-        case TreemapTiling::Step::Subgraph:
-            tiling.enter(step->item.subgraph, paintSubgraph(step->item.subgraph, step->cell));
-            break;
-        case TreemapTiling::Step::End:
+        if (step->kind == TreemapTiling::Step::End) {
+            open.removeLast();
             device->endCluster();
-            break;
+            continue;
         }
+        const ChartItem item = open.constLast().at(step->member);
+        if (item.node)
+            paintNode(item.node, step->cell);
+        else
+            enter(item.subgraph, paintSubgraph(item.subgraph, step->cell));
     }
+}
+
+void CellPainter::enter(DotSubgraph *subgraph, const QRectF &room)
+{
+    QList<ChartItem> items;
+    double total = 0.0;
+    if (room.isValid()) { // otherwise nothing is to be seen, and not worth reading
+        items = chartItems(graph, subgraph, false);
+        total = Rows::totalArea.inheritedNumber(graph, subgraph);
+    }
+    tiling.enter(treemapCells(areasOf(items), total, room));
+    open.append(items);
 }
 
 // Whether it is worth measuring the node's label. Most cells of a large map are lower than a line
@@ -171,7 +188,7 @@ QString Treemap::run(const LayoutContext &context)
     const ChartLegend legend(graph, findLegend(graph), style);
     const QSize size = legend.place(rect);
     device->begin(size.width(), size.height());
-    CellPainter(context, style).paint(TreemapTiling(graph, root, QRectF(rect)));
+    CellPainter(context, style).paint(root, QRectF(rect));
     legend.draw(device);
     return device->end();
 }

@@ -1,22 +1,34 @@
 #include "layout/charts/treemap_tiling.h"
 
-#include "layout/charts/chart_attributes.h"
 #include "layout/charts/squarify.h"
 
 namespace ORR::Graph::Layout {
 
-qsizetype largeEnough(const QList<ChartItem> &items, double room, double &total)
+qsizetype largeEnough(const QList<double> &areas, double room, double &total)
 {
     // Whatever is left out raises the share of the others. A share that is not a number, as of a
     // total of zero, counts as too small.
-    qsizetype kept = items.size();
+    qsizetype kept = areas.size();
     for (; kept > 0; --kept) {
-        const double smallest = items.at(kept - 1).area;
-        if (room * smallest / total >= TreemapTiling::smallestCell)
+        const double smallest = areas.at(kept - 1);
+        if (room * smallest / total >= smallestCell)
             break;
         total -= smallest;
     }
     return kept;
+}
+
+QList<QRectF> treemapCells(const QList<double> &areas, double total, const QRectF &room)
+{
+    if (!room.isValid())
+        return {};
+    const double area = room.width() * room.height();
+    const qsizetype kept = largeEnough(areas, area, total);
+    QList<double> values;
+    values.reserve(kept);
+    for (qsizetype i = 0; i < kept; ++i)
+        values.append(area * areas.at(i) / total);
+    return squarify(values, room);
 }
 
 QRectF roomForMembers(const QRectF &cell, const QMarginsF &margins, int labelHeight)
@@ -26,44 +38,25 @@ QRectF roomForMembers(const QRectF &cell, const QMarginsF &margins, int labelHei
     return cell.marginsRemoved(inner);
 }
 
-TreemapTiling::TreemapTiling(const DotGraph *dotGraph, DotSubgraph *root, const QRectF &room)
-    : graph(dotGraph)
+void TreemapTiling::enter(const QList<QRectF> &cells)
 {
-    enter(root, room);
-}
-
-void TreemapTiling::enter(DotSubgraph *subgraph, const QRectF &room)
-{
-    Level &level = open.emplace_back(Level{subgraph, {}, {}});
-    if (!room.isValid())
-        return;
-    level.items = chartItems(graph, subgraph, false);
-    const double area = room.width() * room.height();
-    double total = ChartAttributes::totalArea.inheritedNumber(graph, subgraph);
-    level.items.resize(largeEnough(level.items, area, total));
-
-    QList<double> values;
-    values.reserve(level.items.size());
-    for (const ChartItem &item : std::as_const(level.items))
-        values.append(area * item.area / total);
-    level.cells = squarify(values, room);
+    open.append(Level{cells});
 }
 
 std::optional<TreemapTiling::Step> TreemapTiling::next()
 {
     while (!open.isEmpty()) {
         Level &level = open.last();
-        if (level.next == level.items.size()) {
-            const ChartItem ended{level.subgraph, nullptr, 0.0};
+        if (level.next == level.cells.size()) {
             open.removeLast();
             if (open.isEmpty())
                 break;
-            return Step{Step::End, ended, {}};
+            return Step{Step::End, -1, {}};
         }
-        const QRectF cell = level.cells.at(level.next);
-        const ChartItem item = level.items.at(level.next++);
+        const qsizetype member = level.next++;
+        const QRectF cell = level.cells.at(member);
         if (cell.isValid())
-            return Step{item.node ? Step::Node : Step::Subgraph, item, cell};
+            return Step{Step::Member, member, cell};
     }
     return {};
 }

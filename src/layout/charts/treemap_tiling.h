@@ -1,64 +1,62 @@
 #pragma once
 
-#include "layout/charts/chart_items.h"
-
 #include <QList>
 #include <QMarginsF>
 #include <QRectF>
 
 #include <optional>
 
+// The cells of a treemap, in points: what of each subgraph is large enough to be seen, and where.
 namespace ORR::Graph::Layout {
 
-// The cells of a treemap: what of each subgraph is large enough to be seen, and where. The tree is
-// walked in the order in which it is painted, one step a call, and nothing below a subgraph is
-// computed before it is entered. Cells are in points, tiled by `squarify`, the largest area first.
+// Below this a cell is left out, in square points; the others of its subgraph share its room.
+inline constexpr double smallestCell = 4.0;
+
+// How many of the areas, which fall, are large enough for a cell in the room, in square points,
+// that they share in proportion. `total` is the sum of them all; it becomes that of those that
+// stay.
+qsizetype largeEnough(const QList<double> &areas, double room, double &total);
+
+// The cells of the areas, which fall and whose sum is `total`: for each that is large enough one
+// tiled by `squarify`, in their order. None in a room that is not valid.
+QList<QRectF> treemapCells(const QList<double> &areas, double total, const QRectF &room);
+
+// What the members of a subgraph get of its cell: less the margins and, below the upper one, the
+// height of its label.
+QRectF roomForMembers(const QRectF &cell, const QMarginsF &margins, int labelHeight);
+
+// The walk over the cells of nested subgraphs, in the order in which they are painted, one step a
+// call. Whoever walks says what a subgraph holds when entering it, so nothing below is computed
+// before that.
 class TreemapTiling
 {
 public:
     // One step of the walk.
     struct Step
     {
-        enum Kind { Node, Subgraph, End };
+        enum Kind { Member, End };
         Kind kind;
-        ChartItem item; // of an end the subgraph that ends
+        qsizetype member; // its index in the subgraph that the walk is in; not of an end
         QRectF cell; // not of an end
     };
 
-    // Below this a cell is left out, in square points; the others of its subgraph share its room.
-    static constexpr double smallestCell = 4.0;
+    // Goes into the outermost subgraph, or into that of the last step. `cells` are those of its
+    // members.
+    void enter(const QList<QRectF> &cells);
 
-    // Starts within `room`, which the members of `root` fill.
-    TreemapTiling(const DotGraph *graph, DotSubgraph *root, const QRectF &room);
-
-    // The next cell, or the end of a subgraph that was entered; nothing behind the last. A subgraph
-    // that is not entered after its step has no members and no end.
+    // The next cell that is valid, or the end of a subgraph that was entered; nothing behind the
+    // last. The outermost subgraph, and one that is not entered after its step, have no end.
     std::optional<Step> next();
 
-    // Goes into the subgraph of the last step, whose members get `room`.
-    void enter(DotSubgraph *subgraph, const QRectF &room);
-
 private:
-    // The members of one subgraph with their cells, and the member that comes next.
+    // The cells of one subgraph's members, and the member that comes next.
     struct Level
     {
-        DotSubgraph *subgraph;
-        QList<ChartItem> items;
         QList<QRectF> cells;
         qsizetype next = 0;
     };
 
-    const DotGraph *graph;
     QList<Level> open;
 };
-
-// How many of the areas, which fall, are large enough for a cell in the room, in square points,
-// that they share in proportion. `total` is the sum of them all; it becomes that of those that
-// stay.
-qsizetype largeEnough(const QList<ChartItem> &items, double room, double &total);
-
-// What the members of a subgraph get of its cell: less the margins and, below the upper one, the
-// height of its label.
-QRectF roomForMembers(const QRectF &cell, const QMarginsF &margins, int labelHeight);
 
 } // namespace ORR::Graph::Layout

@@ -38,6 +38,29 @@ double nodeLeft(const QRectF &place, double left, double width, ContentPosition 
     return left;
 }
 
+QRectF placeWithinMargin(const QRectF &given, double margin)
+{
+    // The vertical sides stay: content at the top starts on the first line of its place.
+    return given.adjusted(margin, 0.0, -margin, 0.0);
+}
+
+StackPlaces stackPlaces(const QList<StackedNode> &stack, const QRectF &place, QPointF corner,
+                        ContentPosition position, double nodeSep)
+{
+    if (stack.isEmpty())
+        return {{}, corner};
+    StackPlaces places;
+    places.nodes.reserve(stack.size());
+    double y = corner.y();
+    for (const StackedNode &node : stack) {
+        const double left = nodeLeft(place, corner.x(), node.size.width(), position);
+        places.nodes.append({left + node.offset, y});
+        y += node.size.height() + nodeSep;
+    }
+    places.gridCorner = {corner.x(), y + (stackToGrid - nodeSep)};
+    return places;
+}
+
 QList<QRectF> cellPlaces(const QList<AddressedCell> &cells, QPointF corner, const QRectF &place,
                          GridMode mode, const GridSpacing &spacing)
 {

@@ -24,6 +24,21 @@ QPointF contentCorner(const QRectF &place, QSizeF size, ContentPosition position
 // The left side of a node of a stack that stands at `left`.
 double nodeLeft(const QRectF &place, double left, double width, ContentPosition position);
 
+// What is left of the place of a graph within its margin.
+QRectF placeWithinMargin(const QRectF &given, double margin);
+
+// Where the nodes of a stack stand, in their order, and where the grid below them starts.
+struct StackPlaces
+{
+    QList<QPointF> nodes; // the top left corners
+    QPointF gridCorner;
+};
+
+// Below each other from `corner` on, `nodeSep` apart. The grid starts right there if there are
+// none.
+StackPlaces stackPlaces(const QList<StackedNode> &stack, const QRectF &place, QPointF corner,
+                        ContentPosition position, double nodeSep);
+
 // A cell of a grid: its address and its size.
 struct AddressedCell
 {

@@ -72,6 +72,20 @@ bool hasNegativeCell(const DotGraph *graph)
     return false;
 }
 
+template <typename Object>
+QSizeF measuredSize(const DotGraph *graph, const Object *object)
+{
+    return {Rows::width.inheritedNumber(graph, object),
+            Rows::height.inheritedNumber(graph, object)};
+}
+
+template <typename Object>
+void storePlace(DotGraph *graph, Object *object, QPointF place)
+{
+    Rows::d1.setNumber(graph, object, place.x());
+    Rows::d2.setNumber(graph, object, place.y());
+}
+
 // Writes `width` and `height` on a graph and all that is in it.
 class Measuring
 {
@@ -117,9 +131,7 @@ QList<StackedNode> Measuring::stack(const DotSubgraph *subgraph)
     for (const DotNode *node : subgraph->nodes) {
         const double offset = Rows::xOffset.of(graph, node);
         // Only the measure is turned round; the node itself still moves to the right.
-        stack.append(
-            {{Rows::width.inheritedNumber(graph, node), Rows::height.inheritedNumber(graph, node)},
-             atRight ? -offset : offset});
+        stack.append({measuredSize(graph, node), atRight ? -offset : offset});
     }
     return stack;
 }
@@ -163,24 +175,19 @@ struct Placing
     QRectF place;
 };
 
-// Places the graph's own nodes below each other from `corner` on, and gives back where the grid
-// starts.
+// Writes the places of the graph's own nodes and gives back where the grid starts.
 QPointF placeStack(DotGraph *graph, const DotSubgraph *subgraph, const QRectF &place,
-                   QPointF corner)
+                   QPointF corner, ContentPosition position)
 {
-    if (subgraph->nodes.isEmpty())
-        return corner;
-    const ContentPosition position = contentPosition(Rows::contentPos.of(graph, subgraph));
-    const double nodeSep = Rows::nodeSep.of(graph, subgraph);
-    double y = corner.y();
-    for (DotNode *node : subgraph->nodes) {
-        double x = nodeLeft(place, corner.x(), Rows::width.inheritedNumber(graph, node), position);
-        x += Rows::xOffset.of(graph, node);
-        Rows::d1.setNumber(graph, node, x);
-        Rows::d2.setNumber(graph, node, y);
-        y += Rows::height.inheritedNumber(graph, node) + nodeSep;
-    }
-    return {corner.x(), y + (stackToGrid - nodeSep)};
+    QList<StackedNode> stack;
+    stack.reserve(subgraph->nodes.size());
+    for (const DotNode *node : subgraph->nodes)
+        stack.append({measuredSize(graph, node), Rows::xOffset.of(graph, node)});
+    const StackPlaces places =
+        stackPlaces(stack, place, corner, position, Rows::nodeSep.of(graph, subgraph));
+    for (qsizetype i = 0; i < stack.size(); ++i)
+        storePlace(graph, subgraph->nodes.at(i), places.nodes.at(i));
+    return places.gridCorner;
 }
 
 QList<QRectF> placeGrid(const DotGraph *graph, const DotSubgraph *subgraph, const QRectF &place,
@@ -189,10 +196,8 @@ QList<QRectF> placeGrid(const DotGraph *graph, const DotSubgraph *subgraph, cons
     QList<AddressedCell> cells;
     cells.reserve(subgraph->subgraphs.size());
     for (const DotSubgraph *cell : subgraph->subgraphs)
-        cells.append({Rows::row.of(graph, cell),
-                      Rows::col.of(graph, cell),
-                      {Rows::width.inheritedNumber(graph, cell),
-                       Rows::height.inheritedNumber(graph, cell)}});
+        cells.append(
+            {Rows::row.of(graph, cell), Rows::col.of(graph, cell), measuredSize(graph, cell)});
     return cellPlaces(cells, corner, place, gridMode(graph, subgraph),
                       gridSpacing(graph, subgraph));
 }
@@ -201,15 +206,11 @@ QList<QRectF> placeGrid(const DotGraph *graph, const DotSubgraph *subgraph, cons
 QList<QRectF> placeOne(DotGraph *graph, DotSubgraph *subgraph, const QRectF &given)
 {
     const double margin = Rows::margin.of(graph, subgraph).first;
-    // The vertical sides stay: content at the top starts on the first line of its place.
-    const QRectF place = given.adjusted(margin, 0.0, -margin, 0.0);
-    const QPointF corner = contentCorner(place,
-                                         {Rows::width.inheritedNumber(graph, subgraph),
-                                          Rows::height.inheritedNumber(graph, subgraph)},
-                                         contentPosition(Rows::contentPos.of(graph, subgraph)));
-    Rows::d1.setNumber(graph, subgraph, corner.x());
-    Rows::d2.setNumber(graph, subgraph, corner.y());
-    const QPointF gridCorner = placeStack(graph, subgraph, place, corner);
+    const QRectF place = placeWithinMargin(given, margin);
+    const ContentPosition position = contentPosition(Rows::contentPos.of(graph, subgraph));
+    const QPointF corner = contentCorner(place, measuredSize(graph, subgraph), position);
+    storePlace(graph, subgraph, corner);
+    const QPointF gridCorner = placeStack(graph, subgraph, place, corner, position);
     if (subgraph->subgraphs.isEmpty())
         return {};
     const QList<QRectF> places = placeGrid(graph, subgraph, place, gridCorner);

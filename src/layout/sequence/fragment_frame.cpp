@@ -44,6 +44,24 @@ int FragmentCells::frameReach() const
     return saturated(qint64(nestingStep) * nesting + frameDistance);
 }
 
+QSize fragmentSize(QSize title, const QList<QSize> &sectionLabels)
+{
+    QSize size = title;
+    if (!sectionLabels.isEmpty())
+        size.setHeight(saturated(qint64(title.height()) + sectionLabels.constFirst().height()));
+    for (const QSize label : sectionLabels)
+        size.setWidth(std::max(size.width(), label.width()));
+    return size;
+}
+
+int frameRight(int anchor, const QList<qint64> &reaches)
+{
+    qint64 farthest = 0;
+    for (const qint64 reach : reaches)
+        farthest = std::max(farthest, reach);
+    return saturated(anchor + farthest);
+}
+
 int fragmentOffset(int width, const QList<int> &offsetsWithin)
 {
     qint64 offset = -qint64(tagDistance) - width;

@@ -3,6 +3,7 @@
 #include <QList>
 #include <QPoint>
 #include <QRect>
+#include <QSize>
 
 namespace ORR::Graph::Layout {
 
@@ -27,6 +28,14 @@ struct FragmentCells
     // How far the frame reaches beyond the last column, to lie around the frames within.
     int frameReach() const;
 };
+
+// What a fragment takes: one label below the other, its own and that of its first section, and as
+// wide as the widest of them all.
+QSize fragmentSize(QSize title, const QList<QSize> &sectionLabels);
+
+// The right side of the frame: as far right of the last column as the farthest reach, and never
+// left of it. On one column the reaches are those of what is within, otherwise `frameReach`.
+int frameRight(int anchor, const QList<qint64> &reaches);
 
 // The distance from the column of a fragment to the left side of its frame: by the width of its
 // labels and 8, and at least 7 further left than the nearest of the fragments within that stand on

@@ -21,12 +21,12 @@ int GridObject::width() const
 
 int GridObject::xOffset() const
 {
-    return -(width() / 2);
+    return alignedOffset(width(), CellAlign::Centre);
 }
 
 int GridObject::yOffset() const
 {
-    return -(height() / 2);
+    return alignedOffset(height(), CellAlign::Centre);
 }
 
 bool GridObject::spansAxis(bool) const
@@ -62,11 +62,6 @@ QRect labelRectangle(const TextBlock &label)
         return {};
     constexpr qint64 padding = qint64(2) * labelPadding;
     return gridRect(0, 0, saturated(label.width + padding), saturated(label.height + padding));
-}
-
-QRect gridRect(qint64 left, qint64 top, qint64 width, qint64 height)
-{
-    return {saturatedPoint(left, top), saturatedPoint(left + width - 1, top + height - 1)};
 }
 
 void drawLabel(const TextBlock &label, int left, int top, Device *device)

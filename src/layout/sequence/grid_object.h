@@ -4,20 +4,17 @@
 #include "device/graph_style.h"
 #include "device/text_block.h"
 #include "graph/dot_graph.h"
+#include "layout/sequence/object_extents.h"
 
 #include <QList>
 #include <QRect>
 
 namespace ORR::Graph::Layout {
 
-// The room that a label keeps on each of its sides.
-inline constexpr int labelPadding = 3;
-
 // One thing on a sequence diagram. It stands on a cell of an integer grid and knows how large it
 // is, how far it lies from the anchor point of its cell and, once all anchors are solved, how to
-// paint itself. There is no floating point in the family: everything is in whole points, rectangles
-// are inclusive ones (right = left + width - 1), halves are truncated toward zero, and sums that no
-// int holds saturate.
+// paint itself. There is no floating point in the family: the sums are those of object_extents.h,
+// and the classes say what goes into them.
 //
 // Objects are made while a diagram is built and measured afterwards, once.
 class GridObject
@@ -86,9 +83,6 @@ TextBlock elementLabel(DotObject *element, int kind, const GraphStyle &style);
 // The rectangle of a label with its padding, at (0, 0). Width and height are 0 if there are no
 // lines.
 QRect labelRectangle(const TextBlock &label);
-
-// A rectangle whose coordinates saturate.
-QRect gridRect(qint64 left, qint64 top, qint64 width, qint64 height);
 
 // Draws a label's lines, if it has any, within the padding of a box with that corner.
 void drawLabel(const TextBlock &label, int left, int top, Device *device);

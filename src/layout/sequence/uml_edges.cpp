@@ -1,16 +1,10 @@
 #include "layout/sequence/uml_edges.h"
 
-#include "graph/numbers.h"
 #include "layout/sequence/arrow_shapes.h"
-
-#include <algorithm>
 
 namespace ORR::Graph::Layout {
 
 namespace {
-
-constexpr int smallestHook = 10; // width and height of a message within one column
-constexpr int bareReturnOffset = -10;
 
 DotEdge *edgeOf(const GridObject &object)
 {
@@ -27,8 +21,7 @@ void connectEnds(Device *device, const GridObject &edge, const GridObject *tail,
 // The offset of a label that hangs on one side of its source.
 int besideSource(const GridObject *source, bool right, int labelWidth)
 {
-    const qint64 left = source->xOffset();
-    return saturated(right ? left + source->width() : left - labelWidth);
+    return offsetBeside(source->xOffset(), source->width(), right, labelWidth);
 }
 
 } // namespace
@@ -45,10 +38,8 @@ void UmlLifeLine::paint(Device *device, const QList<int> &colPos, const QList<in
     const QRect start = from->bounds(colPos, rowPos);
     const QRect end = to->bounds(colPos, rowPos);
     const bool downward = from->row() < to->row();
-    const int x = colPos.value(col());
-    device->drawPolyline(
-        {{x, downward ? start.bottom() : start.top()}, {x, downward ? end.top() : end.bottom()}},
-        style.edgePen(edgeOf(*this), false));
+    device->drawPolyline(lifeLine(start, end, colPos.value(col()), downward),
+                         style.edgePen(edgeOf(*this), false));
     device->endEdge();
     connectEnds(device, *this, from, to);
 }
@@ -87,14 +78,12 @@ void UmlMessage::paint(Device *device, const QList<int> &colPos, const QList<int
 
 int UmlMessage::height() const
 {
-    const int ofLabel = GridObject::height();
-    return isSelfMessage() ? std::max(ofLabel, smallestHook) : ofLabel;
+    return messageSize(GridObject::height(), isSelfMessage());
 }
 
 int UmlMessage::width() const
 {
-    const int ofLabel = GridObject::width();
-    return isSelfMessage() ? std::max(ofLabel, smallestHook) : ofLabel;
+    return messageSize(GridObject::width(), isSelfMessage());
 }
 
 int UmlMessage::xOffset() const
@@ -141,7 +130,7 @@ int UmlReturn::xOffset() const
 
 int UmlReturn::yOffset() const
 {
-    return label().isEmpty() ? bareReturnOffset : saturated(labelPadding - qint64(height()));
+    return returnOffset(!label().isEmpty(), height());
 }
 
 } // namespace ORR::Graph::Layout

@@ -1,8 +1,5 @@
 #include "layout/sequence/uml_fragment.h"
 
-#include "graph/numbers.h"
-
-#include <algorithm>
 #include <utility>
 
 namespace ORR::Graph::Layout {
@@ -34,8 +31,13 @@ UmlCombinedFragment::UmlCombinedFragment(int row, int col, DotSubgraph *subgraph
 void UmlCombinedFragment::measure(const GraphStyle &style)
 {
     GridObject::measure(style);
-    for (Section &section : sections)
+    QList<QSize> sectionLabels;
+    sectionLabels.reserve(sections.size());
+    for (Section &section : sections) {
         section.label = style.clusterLabel(section.subgraph);
+        sectionLabels.append(labelRectangle(section.label).size());
+    }
+    size = fragmentSize(labelRectangle(label()).size(), sectionLabels);
     QList<int> offsetsWithin;
     for (const UmlCombinedFragment *child : std::as_const(childFragments)) {
         if (child->col() == col())
@@ -85,22 +87,6 @@ void UmlCombinedFragment::paintTag(Device *device, const QRect &tag, const Graph
     device->endCluster();
 }
 
-int UmlCombinedFragment::height() const
-{
-    const qint64 title = GridObject::height();
-    return sections.isEmpty()
-        ? int(title)
-        : saturated(title + labelRectangle(sections.constFirst().label).height());
-}
-
-int UmlCombinedFragment::width() const
-{
-    int widest = GridObject::width();
-    for (const Section &section : sections)
-        widest = std::max(widest, labelRectangle(section.label).width());
-    return widest;
-}
-
 int UmlCombinedFragment::yOffset() const
 {
     return -height();
@@ -119,8 +105,8 @@ std::unique_ptr<GridObject> UmlCombinedFragment::addSection(int row, DotSubgraph
 {
     sections.append({row, subgraph, {}});
     cells.includeRow(row);
-    const InvisibleGridObject::Size size{0, InvisibleGridObject::ofLabel};
-    return std::make_unique<InvisibleGridObject>(row, col(), size, InvisibleGridObject::Centre,
+    const InvisibleGridObject::Size room{0, InvisibleGridObject::ofLabel};
+    return std::make_unique<InvisibleGridObject>(row, col(), room, InvisibleGridObject::Centre,
                                                  InvisibleGridObject::After, subgraph);
 }
 
@@ -129,21 +115,22 @@ std::unique_ptr<GridObject> UmlCombinedFragment::close()
     for (const UmlCombinedFragment *child : std::as_const(childFragments))
         cells.enclose(child->cells);
     cells.close();
-    const InvisibleGridObject::Size size{cells.frameReach(), closingHeight};
+    const InvisibleGridObject::Size room{cells.frameReach(), closingHeight};
     return std::make_unique<InvisibleGridObject>(
-        lastRow(), lastCol(), size, InvisibleGridObject::After, InvisibleGridObject::Centre,
+        lastRow(), lastCol(), room, InvisibleGridObject::After, InvisibleGridObject::Centre,
         static_cast<DotNode *>(nullptr));
 }
 
 int UmlCombinedFragment::rightEdge(const QList<int> &colPos) const
 {
-    const qint64 anchor = colPos.value(lastCol());
+    const int anchor = colPos.value(lastCol());
     if (lastCol() != col())
-        return saturated(anchor + cells.frameReach());
-    qint64 reach = 0;
+        return frameRight(anchor, {cells.frameReach()});
+    QList<qint64> reaches;
+    reaches.reserve(allChildren.size());
     for (const GridObject *child : allChildren)
-        reach = std::max(reach, qint64(child->width()) + child->xOffset());
-    return saturated(anchor + reach);
+        reaches.append(qint64(child->width()) + child->xOffset());
+    return frameRight(anchor, reaches);
 }
 
 } // namespace ORR::Graph::Layout

@@ -23,9 +23,9 @@ public:
     void paint(Device *device, const QList<int> &colPos, const QList<int> &rowPos,
                const GraphStyle &style) const override;
     // The labels of the fragment and of its first section, which stand below each other.
-    int height() const override;
+    int height() const override { return size.height(); }
     // The widest of the labels of the fragment and its sections.
-    int width() const override;
+    int width() const override { return size.width(); }
     // Left of the column by the width and 8, and at least 7 left of each fragment within it that
     // stands on the same column.
     int xOffset() const override { return leftOffset; }
@@ -69,6 +69,7 @@ private:
     QList<GridObject *> allChildren;
     QList<UmlCombinedFragment *> childFragments; // those among the children, in the same order
     FragmentCells cells;
+    QSize size{0, 0}; // until it is measured
     int leftOffset = 0; // until it is measured
 };
 

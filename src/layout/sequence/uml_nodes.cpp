@@ -1,15 +1,11 @@
 #include "layout/sequence/uml_nodes.h"
 
-#include "graph/numbers.h"
-
 #include <utility>
 
 namespace ORR::Graph::Layout {
 
 namespace {
 
-constexpr int activationSize = 10;
-constexpr int activationStep = 4; // a level of nesting to the right
 constexpr int dotSize = 6;
 constexpr int dotRadius = 3;
 
@@ -24,19 +20,6 @@ void drawBox(const QRect &box, DotNode *node, Device *device, const GraphStyle &
 {
     device->drawRect(box.topLeft(), box.bottomRight(), 0, style.nodePen(node),
                      style.nodeFill(node, nullptr));
-}
-
-int alignedOffset(int size, InvisibleGridObject::Align align)
-{
-    switch (align) {
-    case InvisibleGridObject::Before:
-        return saturated(-qint64(size));
-    case InvisibleGridObject::Centre:
-        return -(size / 2);
-    case InvisibleGridObject::After:
-        break;
-    }
-    return 0;
 }
 
 // What the lookups of a node see of a section: its own attributes, then the node defaults of the
@@ -87,7 +70,7 @@ int UmlActivation::width() const
 
 int UmlActivation::xOffset() const
 {
-    return saturated(qint64(nesting) * activationStep - activationSize / 2);
+    return activationOffset(nesting);
 }
 
 int UmlActivation::yOffset() const
@@ -97,9 +80,8 @@ int UmlActivation::yOffset() const
 
 QRect UmlActivation::bounds(const QList<int> &colPos, const QList<int> &rowPos) const
 {
-    const qint64 start = rowPos.value(row());
-    return gridRect(qint64(colPos.value(col())) + xOffset(), start + yOffset(), width(),
-                    rowPos.value(lastRow) - start);
+    return activationBar({colPos.value(col()), rowPos.value(row())}, rowPos.value(lastRow),
+                         nesting);
 }
 
 InvisibleGridObject::InvisibleGridObject(int row, int col, Size ownSize, Align alignX, Align alignY,

@@ -50,8 +50,8 @@ private:
 class InvisibleGridObject : public GridObject
 {
 public:
-    // Where the object lies as seen from its anchor.
-    enum Align { Before = 0, Centre = 1, After = 2 };
+    using Align = CellAlign;
+    using enum CellAlign;
 
     // As a width or height: that of the element's label.
     static constexpr int ofLabel = -1;

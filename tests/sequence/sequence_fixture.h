@@ -11,7 +11,7 @@
 #include <utility>
 
 // A graph, a device and their style, to make single grid objects on.
-struct Sheet
+struct Fixture
 {
     ORR::Graph::DotGraph graph;
     RecordingDevice device;
