@@ -108,10 +108,10 @@ QList<MeasuredCell> Measuring::cells(const DotSubgraph *subgraph, GridMode mode,
 // Measures the graph's own nodes.
 QList<StackedNode> Measuring::stack(const DotSubgraph *subgraph)
 {
-    const NumberPair margin = pointPairFromInches(Rows::nodeMargin.defaultText(graph, subgraph));
+    const NumberPair margin = Rows::nodeMargin.defaultOf(graph, subgraph);
     measureNodes(graph, subgraph, labels, {margin.first, margin.last});
 
-    const bool atRight = contentPosition(Rows::contentPos.of(graph, subgraph)).horizontal == u'r';
+    const bool atRight = contentPosition(Rows::contentPos.text(graph, subgraph)).horizontal == u'r';
     QList<StackedNode> stack;
     stack.reserve(subgraph->nodes.size());
     for (const DotNode *node : subgraph->nodes) {
@@ -170,7 +170,7 @@ QPointF placeStack(DotGraph *graph, const DotSubgraph *subgraph, const QRectF &p
 {
     if (subgraph->nodes.isEmpty())
         return corner;
-    const ContentPosition position = contentPosition(Rows::contentPos.of(graph, subgraph));
+    const ContentPosition position = contentPosition(Rows::contentPos.text(graph, subgraph));
     const double nodeSep = Rows::nodeSep.of(graph, subgraph);
     double y = corner.y();
     for (DotNode *node : subgraph->nodes) {
@@ -206,7 +206,7 @@ QList<QRectF> placeOne(DotGraph *graph, DotSubgraph *subgraph, const QRectF &giv
     const QPointF corner = contentCorner(place,
                                          {Rows::width.inheritedNumber(graph, subgraph),
                                           Rows::height.inheritedNumber(graph, subgraph)},
-                                         contentPosition(Rows::contentPos.of(graph, subgraph)));
+                                         contentPosition(Rows::contentPos.text(graph, subgraph)));
     Rows::d1.setNumber(graph, subgraph, corner.x());
     Rows::d2.setNumber(graph, subgraph, corner.y());
     const QPointF gridCorner = placeStack(graph, subgraph, place, corner);
