@@ -1,6 +1,7 @@
 #include "companion/check/drawing_objects.h"
 
 #include "companion/check/rules.h"
+#include "layout/attribute_tables.h"
 #include "layout/charts/bubble_attributes.h"
 #include "layout/charts/chart_attributes.h"
 
@@ -98,9 +99,7 @@ void placeAt(const DotObject *object, const ForetoldDrawing &made, Finding *find
 
 std::optional<LeftOutNodes> leftOutNodes(const ForetoldDrawing &made)
 {
-    static constexpr LayoutIndex charts[] = {LayoutIndex::Treemap, LayoutIndex::Sunburst,
-                                             LayoutIndex::FlatBubble, LayoutIndex::Bar};
-    if (std::ranges::find(charts, made.engine) == std::end(charts))
+    if (!made.engine || !hasLegends(Drawing::layoutRow(*made.engine).name))
         return {};
     LeftOutNodes leftOut;
     LegendMembers legendMembers(made.legend);

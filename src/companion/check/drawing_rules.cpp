@@ -7,6 +7,7 @@
 #include "drawing/held_standard_error.h"
 #include "graph/limits.h"
 #include "graph/message_text.h"
+#include "layout/attribute_tables.h"
 #include "layout/charts/chart_legend.h"
 
 #include <algorithm>
@@ -23,10 +24,9 @@ namespace {
 // The legend of an engine that draws one.
 DotSubgraph *legendOf(const DotGraph *graph, std::optional<LayoutIndex> engine)
 {
-    static constexpr LayoutIndex charts[] = {LayoutIndex::Treemap, LayoutIndex::Sunburst,
-                                             LayoutIndex::FlatBubble, LayoutIndex::Bar};
-    return std::ranges::find(charts, engine) != std::end(charts) ? Layout::findLegend(graph)
-                                                                 : nullptr;
+    return engine && Layout::hasLegends(Drawing::layoutRow(*engine).name)
+        ? Layout::findLegend(graph)
+        : nullptr;
 }
 
 // The message is empty for success.
