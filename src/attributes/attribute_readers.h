@@ -4,6 +4,8 @@
 #include "graph/attribute_values.h"
 #include "graph/dot_graph.h"
 
+#include <optional>
+
 // The rows of a table as typed handles, `area.of(graph, node)`: the way in which an engine reads
 // its input, and the only one. A row is read of the elements that it names; anything else does not
 // compile.
@@ -20,15 +22,6 @@ inline constexpr AttributeElements elementsOf<DotNode> = AttributeElement::Node;
 template <>
 inline constexpr AttributeElements elementsOf<DotEdge> = AttributeElement::Edge;
 
-// The text of an attribute at a subgraph itself or, if it is not there, the default that it gives
-// its nodes: so is looked up what draws a subgraph in the way of a node.
-inline QString ownOrNodeDefault(const DotGraph *graph, const DotSubgraph *subgraph,
-                                KnownAttribute name)
-{
-    const QString *own = subgraph->attributes.find(name);
-    return own ? *own : graph->nodeDefault(subgraph, name);
-}
-
 // What all rows can do: find their text. A null text means that the attribute is defined nowhere.
 template <AttributeElement... element>
 class AttributeReader : public AttributeRow
@@ -44,8 +37,8 @@ public:
     requires reads<Object>
     const QString *find(const DotGraph *graph, const Object *object) const
     {
-        return lookup == AttributeLookup::Own ? object->attributes.find(name)
-                                              : graph->findAttribute(object, name);
+        return lookup == AttributeLookup::Inherited ? graph->findAttribute(object, name)
+                                                    : object->attributes.find(name);
     }
 
     template <typename Object>
@@ -63,15 +56,19 @@ public:
         return found ? *found : QString();
     }
 
+protected:
+    // Whether there is one kind of objects, so that subgraphs have a default for it.
+    static constexpr bool hasDefault =
+        readElements == AttributeElement::Node || readElements == AttributeElement::Edge;
+
     // The default that a subgraph gives its nodes or its edges.
     QString defaultText(const DotGraph *graph, const DotSubgraph *subgraph) const
-        requires(readElements == AttributeElement::Node || readElements == AttributeElement::Edge)
+        requires(hasDefault)
     {
         return readElements == AttributeElement::Node ? graph->nodeDefault(subgraph, name)
                                                       : graph->edgeDefault(subgraph, name);
     }
 
-protected:
     consteval AttributeReader(KnownAttribute attribute, AttributeType kind, AttributeLookup where,
                               std::string_view measure, std::string_view otherwise,
                               std::string_view sentence,
@@ -159,6 +156,14 @@ public:
         const QString *text = this->find(graph, object);
         return text ? integerFrom(*text) : 0;
     }
+
+    // None where there is no text, or one that is no integer.
+    template <typename Object>
+    std::optional<int> given(const DotGraph *graph, const Object *object) const
+    {
+        const QString *text = this->find(graph, object);
+        return text ? givenInteger(*text) : std::nullopt;
+    }
 };
 
 // A size in inches, read in points; 0 if there is none.
@@ -178,6 +183,13 @@ public:
     {
         const QString *text = this->find(graph, object);
         return text ? pointsFromInches(*text) : 0.0;
+    }
+
+    // What a subgraph gives its nodes or its edges.
+    double defaultOf(const DotGraph *graph, const DotSubgraph *subgraph) const
+        requires(AttributeReader<element...>::hasDefault)
+    {
+        return pointsFromInches(this->defaultText(graph, subgraph));
     }
 };
 
@@ -219,6 +231,13 @@ public:
     {
         const QString *text = this->find(graph, object);
         return text ? pointPairFromInches(*text) : NumberPair();
+    }
+
+    // What a subgraph gives its nodes or its edges.
+    NumberPair defaultOf(const DotGraph *graph, const DotSubgraph *subgraph) const
+        requires(AttributeReader<element...>::hasDefault)
+    {
+        return pointPairFromInches(this->defaultText(graph, subgraph));
     }
 };
 

@@ -55,6 +55,8 @@ QString typeName(AttributeType type)
 
 QString lookupName(AttributeLookup lookup, AttributeElement element)
 {
+    if (lookup == AttributeLookup::OwnOrNodeDefault)
+        return u"own or node default"_s;
     if (lookup == AttributeLookup::Own || element == AttributeElement::Root)
         return u"own"_s;
     return element == AttributeElement::Cluster ? u"inherited"_s : u"default of its kind"_s;

@@ -42,6 +42,9 @@ enum class AttributeLookup : quint8 {
     // At the object and, if it is not there, for a subgraph at those around it, from the inside
     // out; for a node or an edge at the defaults of its kind in the subgraphs around it.
     Inherited,
+    // At a subgraph alone and, if it is not there, at the defaults of the nodes in it, which may
+    // stand in the subgraphs around: so is looked up what draws a subgraph in the way of a node.
+    OwnOrNodeDefault,
 };
 
 // One word of a choice.
@@ -94,7 +97,8 @@ inline QLatin1StringView latin1(std::string_view text)
 // The words for a person.
 QString elementName(AttributeElement element); // "root", "cluster", "node", "edge"
 QString typeName(AttributeType type);
-// "own", "inherited", "default of its kind"; for a root, which has nothing around it, "own".
+// "own", "inherited", "default of its kind", "own or node default"; for a root, which has nothing
+// around it, "own" instead of "inherited".
 QString lookupName(AttributeLookup lookup, AttributeElement element);
 
 } // namespace ORR::Graph

@@ -84,6 +84,14 @@ public:
         const QString *text = findInherited(graph, object);
         return text ? integerFrom(*text) : 0;
     }
+
+    // The same with the lookup of what draws a subgraph in the way of a node.
+    double numberOrNodeDefault(const DotGraph *graph, const DotSubgraph *subgraph) const
+        requires(writes<DotSubgraph> &&writes<DotNode>)
+    {
+        const QString *own = find(subgraph);
+        return numberFrom(own ? *own : graph->nodeDefault(subgraph, name));
+    }
 };
 
 } // namespace ORR::Graph

@@ -19,6 +19,8 @@ namespace Rows = PaintAttributes;
 // Below this width or height an area is too small to show a gradient.
 constexpr double smallestGradient = 2.0;
 
+const int defaultPenWidth = integerFrom(latin1(Rows::penWidth.byDefault));
+
 // How far the focus of a radial gradient lies from the centre, as a part of its radius.
 constexpr double focusDistance = 0.75;
 
@@ -42,7 +44,7 @@ std::optional<TextBlockLine::Alignment> escapeAt(const QString &text, qsizetype 
 
 } // namespace
 
-Device::Color *GraphStyle::paint(const QString &spec, const QString &style, const QString &angle,
+Device::Color *GraphStyle::paint(const QString &spec, const QString &style, double angle,
                                  const QRectF *bounds) const
 {
     if (spec.isEmpty())
@@ -57,19 +59,17 @@ Device::Color *GraphStyle::paint(const QString &spec, const QString &style, cons
     for (qsizetype i = 0; i < names.size(); ++i)
         offsets.append(double(i) / double(names.size() - 1));
 
-    const double degrees = angle.toDouble();
     const double width = bounds->width();
     const double height = bounds->height();
     const QPointF centre = bounds->center();
     if (!style.contains("radial"_L1)) {
-        const QPointF start = pointOnEllipse(centre, width * 0.5, height * 0.5, degrees + 180.0);
-        const QPointF stop = pointOnEllipse(centre, width * 0.5, height * 0.5, degrees);
+        const QPointF start = pointOnEllipse(centre, width * 0.5, height * 0.5, angle + 180.0);
+        const QPointF stop = pointOnEllipse(centre, width * 0.5, height * 0.5, angle);
         return device->linearGradient(start, stop, names, offsets);
     }
     const double diagonal = std::sqrt(width * width + height * height);
     const double distance = diagonal * 0.5 * focusDistance;
-    const QPointF focus =
-        degrees == 0.0 ? centre : pointOnEllipse(centre, distance, distance, degrees);
+    const QPointF focus = angle == 0.0 ? centre : pointOnEllipse(centre, distance, distance, angle);
     return device->radialGradient(focus, 1.0, centre, diagonal * 0.5, names, offsets);
 }
 
@@ -79,8 +79,8 @@ Device::Color *GraphStyle::fill(const QString &spec, const Object *object,
                                 const QRectF *bounds) const
 {
     return spec.contains(u';') ? paint(spec, Rows::style.text(graph, object),
-                                       Rows::gradientAngle.text(graph, object), bounds)
-                               : paint(spec, {}, {}, bounds);
+                                       Rows::gradientAngle.of(graph, object), bounds)
+                               : paint(spec, {}, 0.0, bounds);
 }
 
 Device::Color *GraphStyle::clusterFill(const DotSubgraph *subgraph, const QRectF *bounds) const
@@ -98,13 +98,11 @@ Device::Color *GraphStyle::nodeFill(const DotNode *node, const QRectF *bounds) c
     return fill(Rows::fillColor.of(graph, node), node, bounds);
 }
 
-Device::Font *GraphStyle::fontFor(const QString &family, const QString &size) const
+Device::Font *GraphStyle::fontFor(const QString &family, double size) const
 {
     if (!lastFont.font || lastFont.family != family || lastFont.size != size) {
-        const double points = size.toDouble();
-        const bool isGiven = points != 0.0 && !family.isEmpty();
-        lastFont = {family, size,
-                    isGiven ? device->font(family, points, -1) : device->defaultFont()};
+        const bool isGiven = size != 0.0 && !family.isEmpty();
+        lastFont = {family, size, isGiven ? device->font(family, size, -1) : device->defaultFont()};
     }
     return lastFont.font;
 }
@@ -112,7 +110,7 @@ Device::Font *GraphStyle::fontFor(const QString &family, const QString &size) co
 template <typename Object>
 Device::Font *GraphStyle::font(const Object *object) const
 {
-    return fontFor(Rows::fontName.of(graph, object), Rows::fontSize.text(graph, object));
+    return fontFor(Rows::fontName.of(graph, object), Rows::fontSize.of(graph, object));
 }
 
 Device::Font *GraphStyle::clusterFont(const DotSubgraph *subgraph) const
@@ -130,8 +128,7 @@ Device::Font *GraphStyle::nodeFont(const DotNode *node) const
     return font(node);
 }
 
-Device::Pen *GraphStyle::penFor(const QString &color, const QString &style,
-                                const QString &width) const
+Device::Pen *GraphStyle::penFor(const QString &color, const QString &style, int width) const
 {
     if (!lastPen.pen || lastPen.color != color || lastPen.style != style
         || lastPen.width != width) {
@@ -140,7 +137,7 @@ Device::Pen *GraphStyle::penFor(const QString &color, const QString &style,
                                                          : Device::Pen::Solid;
         Device::Color *penColor = device->color(color);
         lastPen = {color, style, width,
-                   device->pen(penColor, penStyle, std::max(width.toInt(), 1))};
+                   device->pen(penColor, penStyle, std::max(width, defaultPenWidth))};
     }
     return lastPen.pen;
 }
@@ -148,19 +145,19 @@ Device::Pen *GraphStyle::penFor(const QString &color, const QString &style,
 Device::Pen *GraphStyle::clusterPen(const DotSubgraph *subgraph) const
 {
     return penFor(Rows::color.of(graph, subgraph), Rows::style.text(graph, subgraph),
-                  Rows::penWidth.text(graph, subgraph));
+                  Rows::penWidth.of(graph, subgraph));
 }
 
 Device::Pen *GraphStyle::edgePen(const DotEdge *edge, bool plain) const
 {
     return penFor(Rows::color.of(graph, edge), plain ? QString() : Rows::style.text(graph, edge),
-                  Rows::penWidth.text(graph, edge));
+                  Rows::penWidth.of(graph, edge));
 }
 
 Device::Pen *GraphStyle::nodePen(const DotNode *node) const
 {
     return penFor(Rows::color.of(graph, node), Rows::style.text(graph, node),
-                  Rows::penWidth.text(graph, node));
+                  Rows::penWidth.of(graph, node));
 }
 
 template <typename Object>

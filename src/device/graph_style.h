@@ -22,20 +22,22 @@ public:
     {
     }
 
-    // `bounds` is the area that a gradient spans; null gives a solid colour. Null if spec is empty.
-    Device::Color *paint(const QString &spec, const QString &style, const QString &angle,
+    // `angle` is in degrees. `bounds` is the area that a gradient spans; null gives a solid colour.
+    // Null if spec is empty.
+    Device::Color *paint(const QString &spec, const QString &style, double angle,
                          const QRectF *bounds) const;
     Device::Color *clusterFill(const DotSubgraph *subgraph, const QRectF *bounds) const;
     Device::Color *edgeFill(const DotEdge *edge, const QRectF *bounds) const;
     Device::Color *nodeFill(const DotNode *node, const QRectF *bounds) const;
 
-    // The default font unless both a family and a size are given.
-    Device::Font *fontFor(const QString &family, const QString &size) const;
+    // The default font unless there are a family and a size, which is in points and not 0.
+    Device::Font *fontFor(const QString &family, double size) const;
     Device::Font *clusterFont(const DotSubgraph *subgraph) const;
     Device::Font *edgeFont(const DotEdge *edge) const;
     Device::Font *nodeFont(const DotNode *node) const;
 
-    Device::Pen *penFor(const QString &color, const QString &style, const QString &width) const;
+    // `width` is in points; below 1 it is 1.
+    Device::Pen *penFor(const QString &color, const QString &style, int width) const;
     Device::Pen *clusterPen(const DotSubgraph *subgraph) const;
     // plain: without the edge's `style`, so that its dashes do not reach its arrow heads.
     Device::Pen *edgePen(const DotEdge *edge, bool plain) const;
@@ -63,14 +65,14 @@ private:
     struct LastFont
     {
         QString family;
-        QString size;
+        double size = 0.0;
         Device::Font *font = nullptr; // null if none was asked for
     };
     struct LastPen
     {
         QString color;
         QString style;
-        QString width;
+        int width = 0;
         Device::Pen *pen = nullptr; // null if none was asked for
     };
 

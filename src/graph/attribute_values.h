@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStringView>
 
+#include <optional>
+
 namespace ORR::Graph {
 
 // The typed readings of attribute texts. None of them fails: what does not parse is 0. A number as
@@ -15,6 +17,14 @@ namespace ORR::Graph {
 inline int integerFrom(const QString &text)
 {
     return text.toInt();
+}
+
+// The same where 0 and no integer are two things: none if the text is none.
+inline std::optional<int> givenInteger(const QString &text)
+{
+    bool isInteger = false;
+    const int number = text.toInt(&isInteger);
+    return isInteger ? std::optional(number) : std::nullopt;
 }
 
 // A size given in inches, in points.

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <iterator>
 
 namespace ORR::Graph::Layout {
 
@@ -75,6 +76,15 @@ std::span<const AttributeTable *const> attributeTables()
 std::span<const EngineTables> engineTables()
 {
     return engines;
+}
+
+bool hasLegends(const QString &engine)
+{
+    return std::any_of(std::begin(engines), std::end(engines), [&](const EngineTables &one) {
+        return engine == latin1(one.engine)
+            && std::find(one.tables.begin(), one.tables.end(), &LegendAttributes::table)
+            != one.tables.end();
+    });
 }
 
 AttributeElements elementsRead(const EngineTables &engine, const AttributeRow &row)

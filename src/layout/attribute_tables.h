@@ -31,6 +31,10 @@ struct EngineTables
 // Every engine, in the order in which they are listed for a user.
 std::span<const EngineTables> engineTables();
 
+// Whether there is an engine of the name, and it has legends: so the charts are told from all
+// others.
+bool hasLegends(const QString &engine);
+
 // The elements of which the engine reads a row of one of its tables.
 AttributeElements elementsRead(const EngineTables &engine, const AttributeRow &row);
 

@@ -26,6 +26,9 @@ constexpr InchesAttribute<Node> width{"width"_attribute, Inherited, "0", "a size
 constexpr NumberPairAttribute<Root, Cluster> margin{"margin"_attribute, Inherited, "points", "5",
                                                     "two numbers"};
 constexpr InchPairAttribute<Node> pad{"pad"_attribute, Inherited, "0", "two sizes"};
+constexpr InchPairAttribute<Root, Cluster> inset{"margin"_attribute, Inherited, "0", "two sizes"};
+constexpr InchesAttribute<Edge> segment{"headsegment"_attribute, Inherited, "0", "a size"};
+constexpr InchesAttribute<Node, Edge> gap{"nodesep"_attribute, Inherited, "0", "a size"};
 constexpr ColorAttribute<Node> color{"color"_attribute, Inherited, "black", "a colour"};
 constexpr ChoiceAttribute<Root, Cluster> legend{"legend"_attribute, Own, "right", "a side", sides};
 constexpr WordsAttribute<Node> style{"style"_attribute, Inherited, "solid", "words", sides};
@@ -38,10 +41,10 @@ concept ReadableOf = requires(const Row &attribute, const DotGraph *graph, const
 };
 
 template <typename Row>
-concept HasDefaultText = requires(const Row &attribute, const DotGraph *graph,
-                                  const DotSubgraph *subgraph)
+concept HasDefault = requires(const Row &attribute, const DotGraph *graph,
+                              const DotSubgraph *subgraph)
 {
-    attribute.defaultText(graph, subgraph);
+    attribute.defaultOf(graph, subgraph);
 };
 
 // What a table does not name can't be read: an engine that tries does not compile.
@@ -56,10 +59,11 @@ static_assert(ReadableOf<decltype(label), DotSubgraph>);
 static_assert(ReadableOf<decltype(label), DotNode>);
 static_assert(ReadableOf<decltype(label), DotEdge>);
 // Only nodes and edges have defaults of their kind.
-static_assert(HasDefaultText<decltype(area)>);
-static_assert(HasDefaultText<decltype(level)>);
-static_assert(!HasDefaultText<decltype(margin)>);
-static_assert(!HasDefaultText<decltype(label)>);
+static_assert(HasDefault<decltype(width)>);
+static_assert(HasDefault<decltype(pad)>);
+static_assert(HasDefault<decltype(segment)>);
+static_assert(!HasDefault<decltype(inset)>);
+static_assert(!HasDefault<decltype(gap)>);
 
 // A graph with the objects that the tests read: the subgraphs `outer` and, in it, `inner`; the
 // nodes `a` and `b` in `inner`; an edge from `a` to `b`.
@@ -130,11 +134,13 @@ TEST(AttributeLookup, inherited_takes_the_default_of_its_kind_for_a_node_and_an_
 
 TEST(AttributeLookup, gives_the_default_of_a_kind_that_a_subgraph_has)
 {
-    const Sample sample(R"(node [area="1"]; edge [level="4"];)", R"(node [area="2"];)");
-    EXPECT_EQ(area.defaultText(sample.graph.get(), sample.root()), u"1"_s);
-    EXPECT_EQ(area.defaultText(sample.graph.get(), sample.inner()), u"2"_s);
-    EXPECT_EQ(level.defaultText(sample.graph.get(), sample.inner()), u"4"_s);
-    EXPECT_TRUE(row.defaultText(sample.graph.get(), sample.inner()).isNull());
+    const Sample sample(R"(node [width="1"]; edge [headsegment="4"];)",
+                        R"(node [width="2" pad="1,3"];)");
+    EXPECT_EQ(width.defaultOf(sample.graph.get(), sample.root()), 72.0);
+    EXPECT_EQ(width.defaultOf(sample.graph.get(), sample.inner()), 144.0);
+    EXPECT_EQ(segment.defaultOf(sample.graph.get(), sample.inner()), 288.0);
+    EXPECT_EQ(pad.defaultOf(sample.graph.get(), sample.inner()).last, 216.0);
+    EXPECT_EQ(pad.defaultOf(sample.graph.get(), sample.root()).last, 0.0);
 }
 
 TEST(AttributeLookup, tells_an_empty_text_from_none)
@@ -177,6 +183,11 @@ TEST(AttributeTypes, an_integer_with_a_fraction_is_none)
     EXPECT_EQ(read("99999999999"), 0);
     const Sample none = withNode({});
     EXPECT_EQ(row.of(none.graph.get(), none.node()), 0);
+    EXPECT_EQ(row.given(none.graph.get(), none.node()), std::nullopt);
+    const Sample fraction = withNode(R"(row="1.5")");
+    EXPECT_EQ(row.given(fraction.graph.get(), fraction.node()), std::nullopt);
+    const Sample zero = withNode(R"(row="0")");
+    EXPECT_EQ(row.given(zero.graph.get(), zero.node()), 0);
 }
 
 TEST(AttributeTypes, a_size_in_inches_is_read_in_points)

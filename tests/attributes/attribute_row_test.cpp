@@ -49,4 +49,8 @@ TEST(AttributeRow, calls_a_lookup_what_it_is_for_the_element)
     EXPECT_EQ(lookupName(AttributeLookup::Inherited, AttributeElement::Edge),
               u"default of its kind"_s);
     EXPECT_EQ(lookupName(AttributeLookup::Inherited, AttributeElement::Root), u"own"_s);
+    EXPECT_EQ(lookupName(AttributeLookup::OwnOrNodeDefault, AttributeElement::Root),
+              u"own or node default"_s);
+    EXPECT_EQ(lookupName(AttributeLookup::OwnOrNodeDefault, AttributeElement::Cluster),
+              u"own or node default"_s);
 }

@@ -40,6 +40,14 @@ TEST(AttributeTables, have_names_of_their_own)
     EXPECT_TRUE(names.contains(u"umlseq"_s));
 }
 
+TEST(EngineTables, tell_the_charts_by_their_legends)
+{
+    for (const QString &chart : {u"flatbubble"_s, u"sunburst"_s, u"treemap"_s, u"bar"_s})
+        EXPECT_TRUE(hasLegends(chart)) << chart.toStdString();
+    for (const QString &other : {u"gftree"_s, u"gfdecl"_s, u"umlseq"_s, u"matrix"_s, u""_s, u"x"_s})
+        EXPECT_FALSE(hasLegends(other)) << other.toStdString();
+}
+
 // Two rows for one reading would sooner or later say two things.
 TEST(AttributeTables, name_each_attribute_of_an_element_once_for_a_lookup)
 {

@@ -75,6 +75,17 @@ TEST(WorkingAttribute, is_looked_for_further_out_only_where_that_is_asked)
     EXPECT_EQ(x.inheritedInteger(&nested.graph, nested.node), 3);
 }
 
+TEST(WorkingAttribute, of_a_subgraph_may_be_the_default_of_its_nodes)
+{
+    Nested nested;
+    x.setNumber(&nested.graph, nested.graph.root(), 7.0);
+    EXPECT_EQ(x.numberOrNodeDefault(&nested.graph, nested.subgraph), 0.0);
+    nested.graph.declareAttribute(nested.graph.root(), u"x"_s, u"3"_s, u"node"_s);
+    EXPECT_EQ(x.numberOrNodeDefault(&nested.graph, nested.subgraph), 3.0);
+    x.setNumber(&nested.graph, nested.subgraph, 5.0);
+    EXPECT_EQ(x.numberOrNodeDefault(&nested.graph, nested.subgraph), 5.0);
+}
+
 TEST(WorkingAttribute, takes_a_text_as_it_stands)
 {
     Nested nested;

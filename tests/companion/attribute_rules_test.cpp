@@ -1,8 +1,13 @@
 // What is said of attributes and their values.
+#include "companion/check/attribute_uses.h"
 #include "companion/check_said.h"
+#include "layout/graflib/graflib_attributes.h"
 
+#include <algorithm>
 #include <string>
 
+using namespace ORR::Companion;
+using namespace ORR::Graph;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -94,6 +99,27 @@ TEST(UnreadAttribute, is_none_that_is_inherited)
     EXPECT_EQ(saidOfBody("edge [color=red]", "treemap"),
               "1:17 unread-attribute: attribute 'color' of the edge defaults is never read in "
               "treemap; it is read of subgraphs and nodes");
+}
+
+// A frame has from the defaults of nodes what its graph does not say.
+TEST(UnreadAttribute, is_none_that_frames_have_from_nodes)
+{
+    const AttributeUses uses(u"gfdecl"_s);
+    const auto reads = [&](AttributePlace place, const AttributeRow &row) {
+        const AttributeUse *use = uses.find(row.name);
+        return use && std::ranges::count(use->at(place).rows, &row) == 1;
+    };
+    int ofFrames = 0;
+    for (const AttributeRow *row : Layout::GraflibAttributes::table.rows) {
+        if (row->lookup != AttributeLookup::OwnOrNodeDefault)
+            continue;
+        EXPECT_TRUE(reads(AttributePlace::Cluster, *row)) << row->name.text().toStdString();
+        EXPECT_TRUE(reads(AttributePlace::NodeDefaults, *row)) << row->name.text().toStdString();
+        EXPECT_FALSE(reads(AttributePlace::EdgeDefaults, *row)) << row->name.text().toStdString();
+        ++ofFrames;
+    }
+    EXPECT_EQ(ofFrames, 7);
+    EXPECT_FALSE(reads(AttributePlace::NodeDefaults, Layout::GraflibAttributes::frame));
 }
 
 TEST(UnreadAttribute, is_none_that_passes_hand_on)

@@ -17,7 +17,7 @@ protected:
     GraphStyle style{graph.get(), &device};
     const QRectF wide{0, 0, 100, 50};
 
-    void read(const char *text)
+    void read(const QByteArray &text)
     {
         graph = parseDot(text);
         ASSERT_TRUE(graph);
@@ -25,7 +25,7 @@ protected:
     }
     DotNode *node(const QString &id) const { return graph->findNode(id); }
     DotEdge *edge() const { return graph->root()->edges.at(0); }
-    Device::Color *paint(const QString &spec, const QRectF *bounds, const QString &angle = {},
+    Device::Color *paint(const QString &spec, const QRectF *bounds, double angle = 0.0,
                          const QString &kind = {})
     {
         return style.paint(spec, kind, angle, bounds);
@@ -68,24 +68,25 @@ TEST_F(GraphStyleTest, a_linear_gradient_runs_from_left_to_right_and_turns_with_
     EXPECT_NEAR(flat->start().y(), 25, 1e-6);
     EXPECT_NEAR(flat->stop().x(), 100, 1e-6);
     EXPECT_NEAR(flat->stop().y(), 25, 1e-6);
-    const Device::Color *up = paint(u"red;blue"_s, &wide, u"90"_s);
+    const Device::Color *up = paint(u"red;blue"_s, &wide, 90.0);
     EXPECT_EQ(up->start(), QPointF(50, 50));
     EXPECT_EQ(up->stop(), QPointF(50, 0));
-    EXPECT_EQ(paint(u"red;blue"_s, &wide, u"none"_s), flat);
+    read("digraph { a [fillcolor=\"red;blue\" gradientAngle=none] }");
+    EXPECT_EQ(style.nodeFill(node(u"a"_s), &wide), flat);
 }
 
 TEST_F(GraphStyleTest, a_radial_gradient_reaches_the_corners_and_moves_its_focus)
 {
     const QRectF bounds(0, 0, 30, 40);
-    const Device::Color *centred = paint(u"red;blue"_s, &bounds, {}, u"filled,radial"_s);
+    const Device::Color *centred = paint(u"red;blue"_s, &bounds, 0.0, u"filled,radial"_s);
     EXPECT_EQ(centred->type(), Device::Color::Radial);
     EXPECT_EQ(centred->start(), QPointF(15, 20));
     EXPECT_EQ(centred->stop(), QPointF(15, 20));
     EXPECT_EQ(centred->focalRadius(), 1.0);
     EXPECT_EQ(centred->radius(), 25.0);
-    const Device::Color *moved = paint(u"red;blue"_s, &bounds, u"90"_s, u"radial"_s);
+    const Device::Color *moved = paint(u"red;blue"_s, &bounds, 90.0, u"radial"_s);
     EXPECT_EQ(moved->start(), QPointF(15, 20 - 18.75));
-    EXPECT_EQ(paint(u"red;blue"_s, &bounds, {}, u"Radial"_s)->type(), Device::Color::Linear);
+    EXPECT_EQ(paint(u"red;blue"_s, &bounds, 0.0, u"Radial"_s)->type(), Device::Color::Linear);
 }
 
 TEST_F(GraphStyleTest, fills_come_from_fillcolor_and_for_edges_from_color)
@@ -108,41 +109,41 @@ TEST_F(GraphStyleTest, gradients_of_objects_read_style_and_angle)
 
 TEST_F(GraphStyleTest, a_font_needs_a_family_and_a_size)
 {
-    EXPECT_EQ(style.fontFor(u"Courier"_s, u"9.6"_s), device.font(u"Courier"_s, 10, 0));
-    EXPECT_EQ(style.fontFor(u"Courier"_s, u""_s), device.defaultFont());
-    EXPECT_EQ(style.fontFor(u"Courier"_s, u"0"_s), device.defaultFont());
-    EXPECT_EQ(style.fontFor(u""_s, u"9"_s), device.defaultFont());
-    EXPECT_EQ(style.fontFor(u"Courier"_s, u"-3"_s), device.font(u"Courier"_s, 12, 0));
+    EXPECT_EQ(style.fontFor(u"Courier"_s, 9.6), device.font(u"Courier"_s, 10, 0));
+    EXPECT_EQ(style.fontFor(u"Courier"_s, 0.0), device.defaultFont());
+    EXPECT_EQ(style.fontFor(u""_s, 9.0), device.defaultFont());
+    EXPECT_EQ(style.fontFor(u"Courier"_s, -3.0), device.font(u"Courier"_s, 12, 0));
 }
 
 TEST_F(GraphStyleTest, fonts_and_pens_are_told_apart_from_those_before)
 {
-    const Device::Font *font = style.fontFor(u"Courier"_s, u"9"_s);
-    EXPECT_NE(style.fontFor(u"Times"_s, u"9"_s), font);
-    EXPECT_EQ(style.fontFor(u"Courier"_s, u"9"_s), font);
-    EXPECT_NE(style.fontFor(u"Courier"_s, u"8"_s), font);
-    const Device::Pen *pen = style.penFor(u"red"_s, u""_s, u"1"_s);
-    EXPECT_NE(style.penFor(u"blue"_s, u""_s, u"1"_s), pen);
-    EXPECT_EQ(style.penFor(u"red"_s, u""_s, u"1"_s), pen);
-    EXPECT_NE(style.penFor(u"red"_s, u"dashed"_s, u"1"_s), pen);
-    EXPECT_EQ(style.penFor(u"red"_s, u""_s, u"1"_s), pen);
-    EXPECT_NE(style.penFor(u"red"_s, u""_s, u"2"_s), pen);
+    const Device::Font *font = style.fontFor(u"Courier"_s, 9.0);
+    EXPECT_NE(style.fontFor(u"Times"_s, 9.0), font);
+    EXPECT_EQ(style.fontFor(u"Courier"_s, 9.0), font);
+    EXPECT_NE(style.fontFor(u"Courier"_s, 8.0), font);
+    const Device::Pen *pen = style.penFor(u"red"_s, u""_s, 1);
+    EXPECT_NE(style.penFor(u"blue"_s, u""_s, 1), pen);
+    EXPECT_EQ(style.penFor(u"red"_s, u""_s, 1), pen);
+    EXPECT_NE(style.penFor(u"red"_s, u"dashed"_s, 1), pen);
+    EXPECT_EQ(style.penFor(u"red"_s, u""_s, 1), pen);
+    EXPECT_NE(style.penFor(u"red"_s, u""_s, 2), pen);
 }
 
 TEST_F(GraphStyleTest, pens_read_style_and_width)
 {
-    const auto expectPen = [this](const QString &kind, const QString &width, int expectedStyle,
-                                  int expectedWidth) {
-        const Device::Pen *pen = style.penFor(u"red"_s, kind, width);
-        EXPECT_EQ(pen->style(), expectedStyle) << kind.toStdString();
-        EXPECT_EQ(pen->width(), expectedWidth) << width.toStdString();
+    const auto expectPen = [this](const QByteArray &kind, const QByteArray &width,
+                                  int expectedStyle, int expectedWidth) {
+        read("digraph { a [color=red style=\"" + kind + "\" penwidth=\"" + width + "\"] }");
+        const Device::Pen *pen = style.nodePen(node(u"a"_s));
+        EXPECT_EQ(pen->style(), expectedStyle) << kind.constData();
+        EXPECT_EQ(pen->width(), expectedWidth) << width.constData();
         EXPECT_EQ(pen->color(), device.color(u"red"_s));
     };
-    expectPen(u""_s, u""_s, 0, 1);
-    expectPen(u"filled,dashed"_s, u"2"_s, 1, 2);
-    expectPen(u"dotted"_s, u"1.5"_s, 2, 1);
-    expectPen(u"dotted,dashed"_s, u"0"_s, 1, 1);
-    expectPen(u"Dashed"_s, u"-3"_s, 0, 1);
+    expectPen("", "", 0, 1);
+    expectPen("filled,dashed", "2", 1, 2);
+    expectPen("dotted", "1.5", 2, 1);
+    expectPen("dotted,dashed", "0", 1, 1);
+    expectPen("Dashed", "-3", 0, 1);
 }
 
 TEST_F(GraphStyleTest, a_plain_edge_pen_has_no_dashes)

@@ -55,16 +55,34 @@ TEST(GraflibTables, shapes_are_counted_like_the_words_for_them)
 
 TEST(FrameAttribute, is_the_graphs_own_one_before_the_default_of_its_nodes)
 {
-    const auto graph = parsed("digraph { graph [peripheries=3] node [peripheries=2] "
-                              "subgraph s { graph [peripheries=1] } subgraph t { } }");
-    const auto text = [&](const QString &id) {
-        return Rows::framePeripheries.of(graph.get(), graph->findSubgraph(id));
-    };
-    EXPECT_EQ(text(u"s"_s), u"1"_s);
-    EXPECT_EQ(text(u"t"_s), u"2"_s);
-    EXPECT_TRUE(Rows::framePeripheries.is(graph.get(), graph->findSubgraph(u"t"_s), Rows::Double));
-    EXPECT_FALSE(Rows::framePeripheries.is(graph.get(), graph->findSubgraph(u"s"_s), Rows::Double));
+    const auto graph = parsed("digraph { graph [fillcolor=lime penwidth=9] "
+                              "node [fillcolor=red peripheries=2 penwidth=3 style=rounded] "
+                              "subgraph s { graph [fillcolor=blue peripheries=1 style=dotted] } "
+                              "subgraph t { subgraph inner { } } }");
+    const auto *own = graph->findSubgraph(u"s"_s);
+    EXPECT_EQ(Rows::frameFill.of(graph.get(), own), u"blue"_s);
+    EXPECT_NE(Rows::framePeripheries.of(graph.get(), own), int(Rows::Double));
+    EXPECT_FALSE(Rows::frameStyle.holds(graph.get(), own, 0));
+    // The defaults of the graphs around count, their own attributes do not.
+    for (const QString &id : {u"t"_s, u"inner"_s}) {
+        const auto *none = graph->findSubgraph(id);
+        EXPECT_EQ(Rows::frameFill.of(graph.get(), none), u"red"_s);
+        EXPECT_EQ(Rows::framePeripheries.of(graph.get(), none), int(Rows::Double));
+        EXPECT_EQ(Rows::framePenWidth.of(graph.get(), none), 3);
+        EXPECT_TRUE(Rows::frameStyle.holds(graph.get(), none, 0));
+        EXPECT_EQ(Rows::frameStyle.of(graph.get(), none), u"rounded"_s);
+    }
 }
+
+// A graph has no other lookup for them.
+template <typename Row>
+concept ReadAsAnyOther = requires(const Row &attribute, const DotGraph *graph,
+                                  const DotSubgraph *subgraph)
+{
+    attribute.find(graph, subgraph);
+};
+static_assert(ReadAsAnyOther<decltype(Rows::frame)>);
+static_assert(!ReadAsAnyOther<decltype(Rows::frameColor)>);
 
 TEST(PolylineAttribute, keeps_six_digits_of_each_number)
 {

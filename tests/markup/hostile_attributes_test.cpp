@@ -1,13 +1,18 @@
 // Hostile texts in all that the engines read, whether the inputs of tests/drawings say it or not.
 #include "graph/dot_parser.h"
 #include "graph/subgraph_walk.h"
+#include "layout/attribute_tables.h"
 #include "markup/drawing.h"
 #include "support/breaking_texts.h"
 #include "support/corpus.h"
 
 #include <QSet>
 
+#include <utility>
+
 using namespace ORR;
+using namespace ORR::Graph::Layout;
+using Graph::latin1;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -16,69 +21,58 @@ constexpr GraphElement allElements[] = {GraphElement::Root, GraphElement::Cluste
                                         GraphElement::Node, GraphElement::Edge};
 
 // What every engine may paint with, at any element; these reach an output as they are, as text, as
-// a family or, in xdot, as the name of a colour.
+// a family or, in xdot, as the name of a colour. All others are read as numbers or words.
 const QByteArrayList paintedNames{"label", "fontname",  "fontcolor",
                                   "color", "fillcolor", "expandcolor"};
 
-// The same, but read as numbers or words.
-const QByteArrayList paintNumbers{"fontsize", "gradientAngle", "penwidth",
-                                  "style",    "htmllabels",    "bgcolor"};
+// In no table: a switch that no input can set, and what the graph itself declares.
+const QByteArrayList unreadNames{"htmllabels", "bgcolor"};
 
 // No engine knows it.
 const QByteArray noWord = "xx";
 
-const QByteArrayList legendNames{"legend", "x", "y"};
-
-// What each engine reads besides, or keeps in attributes while it runs.
-struct Vocabulary
+Drawing::LayoutIndex layoutOf(const EngineTables &engine)
 {
-    const char *engine;
-    QByteArrayList names;
-    // Where the engine draws labels.
-    QList<GraphElement> labelled;
-};
+    return *Drawing::chooseLayout(latin1(engine.engine));
+}
 
-const QList<Vocabulary> vocabularies{
-    {"gftree",
-     {"rankdir", "crossing", "sort", "nodesep", "ranksep", "pad", "margin", "headsegment",
-      "tailsegment", "shape", "peripheries", "slash", "expander", "level", "arrowhead", "width",
-      "height", "d1", "d2"},
-     {GraphElement::Node}},
-    {"gfdecl",
-     {"pad",     "row",    "col",   "grid",      "nodesep", "margin",      "contentpos",
-      "xoffset", "ltail",  "lhead", "arrowhead", "shape",   "peripheries", "rankdir",
-      "width",   "height", "d1",    "d2",        "slash",   "expander"},
-     {GraphElement::Node}},
-    {"umlseq",
-     {"uml", "row", "col", "nesting", "width", "height", "visible"},
-     {GraphElement::Cluster, GraphElement::Node, GraphElement::Edge}},
-    {"matrix",
-     {"axis", "x", "y", "x0", "x1", "y0", "y1", "xshift", "yshift"},
-     {GraphElement::Cluster, GraphElement::Node, GraphElement::Edge}},
-    {"flatbubble",
-     legendNames + QByteArrayList{"width", "height", "radius", "area", "r"},
-     {GraphElement::Cluster, GraphElement::Node}},
-    {"sunburst",
-     legendNames + QByteArrayList{"sweep", "rstep", "a0", "a1", "r0", "r1", "area"},
-     {GraphElement::Node}}, // of the legend
-    {"treemap",
-     legendNames + QByteArrayList{"width", "height", "area", "margin"},
-     {GraphElement::Cluster, GraphElement::Node}},
-    {"bar",
-     legendNames + QByteArrayList{"rankdir", "width", "height", "area"},
-     {GraphElement::Cluster, GraphElement::Node}},
-};
-
-Drawing::LayoutIndex layoutOf(const Vocabulary &vocabulary)
+// What the engine reads, or keeps in attributes while it runs, besides what is painted.
+QByteArrayList numbersAndWords(const EngineTables &engine)
 {
-    return *Drawing::chooseLayout(QString::fromLatin1(vocabulary.engine));
+    QByteArrayList names = unreadNames;
+    const auto add = [&](Graph::KnownAttribute attribute) {
+        const QByteArray name = attribute.text().toUtf8();
+        if (!paintedNames.contains(name) && !names.contains(name))
+            names += name;
+    };
+    for (const Graph::AttributeTable *table : engine.tables) {
+        for (const Graph::AttributeRow *row : table->rows)
+            add(row->name);
+        for (const Graph::WorkingRow *row : table->working)
+            add(row->name);
+    }
+    return names;
+}
+
+// Where the engine draws labels.
+QList<GraphElement> labelledElements(const EngineTables &engine)
+{
+    using enum Graph::AttributeElement;
+    QList<GraphElement> elements;
+    for (const auto &[element, of] :
+         {std::pair(GraphElement::Cluster, Cluster), std::pair(GraphElement::Node, Node),
+          std::pair(GraphElement::Edge, Edge)}) {
+        if (engine.painted.labels & of)
+            elements += element;
+    }
+    return elements;
 }
 
 // The inputs of tests/drawings for the engine.
-QByteArrayList graphsOf(const Vocabulary &vocabulary)
+QByteArrayList graphsOf(const EngineTables &engine)
 {
     QByteArrayList graphs;
-    for (const CorpusInput &input : inputsOf(layoutOf(vocabulary), drawingInputs()))
+    for (const CorpusInput &input : inputsOf(layoutOf(engine), drawingInputs()))
         graphs += input.text();
     EXPECT_FALSE(graphs.isEmpty());
     return graphs;
@@ -132,7 +126,7 @@ QByteArray painted(QByteArray graph, const QByteArray &text)
 }
 
 // Labels and families are in the file as they were; names of colours are in none but xdot.
-void expectTexts(Drawing::Format format, const Vocabulary &vocabulary, const Reading &reading,
+void expectTexts(Drawing::Format format, const EngineTables &engine, const Reading &reading,
                  const QByteArray &text)
 {
     const bool isXdot = format == Drawing::Format::XDot;
@@ -140,7 +134,8 @@ void expectTexts(Drawing::Format format, const Vocabulary &vocabulary, const Rea
         const QByteArray value = tag(element, name) + text;
         return reading.says(isXdot ? QString::fromUtf8(value) : asXmlHasIt(value));
     };
-    for (const GraphElement element : vocabulary.labelled) {
+    const QList<GraphElement> labelled = labelledElements(engine);
+    for (const GraphElement element : labelled) {
         EXPECT_TRUE(says(element, "label")) << int(element);
         EXPECT_TRUE(says(element, "fontname")) << int(element);
     }
@@ -150,7 +145,7 @@ void expectTexts(Drawing::Format format, const Vocabulary &vocabulary, const Rea
             EXPECT_TRUE(isXdot || !reading.says(mark)) << mark.toStdString();
         }
     }
-    EXPECT_TRUE(!isXdot || says(vocabulary.labelled.constLast(), "fontcolor"));
+    EXPECT_TRUE(!isXdot || says(labelled.constLast(), "fontcolor"));
 }
 
 } // namespace
@@ -158,33 +153,30 @@ void expectTexts(Drawing::Format format, const Vocabulary &vocabulary, const Rea
 TEST(HostileStrings, go_through_every_attribute_of_the_drawings)
 {
     QStringList engines;
-    for (const Vocabulary &vocabulary : vocabularies)
-        engines += QString::fromLatin1(vocabulary.engine);
-    ASSERT_EQ(engines, Drawing::layoutNames());
-    for (const Vocabulary &vocabulary : vocabularies) {
-        const QByteArrayList known = vocabulary.names + paintedNames + paintNumbers;
-        EXPECT_EQ(QSet<QByteArray>(known.begin(), known.end()).size(), known.size());
-        for (const QByteArray &graph : graphsOf(vocabulary)) {
+    for (const EngineTables &engine : engineTables()) {
+        engines += latin1(engine.engine);
+        const QByteArrayList known = numbersAndWords(engine) + paintedNames;
+        for (const QByteArray &graph : graphsOf(engine)) {
             for (const QByteArray &name : namesIn(graph))
-                EXPECT_TRUE(known.contains(name))
-                    << vocabulary.engine << ": " << name.toStdString();
+                EXPECT_TRUE(known.contains(name)) << engine.engine << ": " << name.toStdString();
         }
     }
+    EXPECT_EQ(engines, Drawing::layoutNames());
 }
 
 TEST(HostileStrings, in_all_that_an_engine_paints_stay_text)
 {
-    for (const Vocabulary &vocabulary : vocabularies) {
-        for (const QByteArray &graph : graphsOf(vocabulary)) {
+    for (const EngineTables &engine : engineTables()) {
+        for (const QByteArray &graph : graphsOf(engine)) {
             for (const QByteArray &text : breakingTexts()) {
                 const QByteArray hostile = painted(graph, text);
                 const QByteArray plain = painted(graph, harmlessText(text));
                 for (const Drawing::Format format : allFormats()) {
-                    SCOPED_TRACE(vocabulary.engine);
+                    SCOPED_TRACE(engine.engine);
                     const ReadDrawing drawing =
-                        expectSameStructure(format, layoutOf(vocabulary), hostile, plain);
+                        expectSameStructure(format, layoutOf(engine), hostile, plain);
                     if (!isPicture(format))
-                        expectTexts(format, vocabulary, drawing.reading, text);
+                        expectTexts(format, engine, drawing.reading, text);
                 }
             }
         }
@@ -197,11 +189,11 @@ TEST(HostileStrings, in_numbers_and_words_are_like_any_other_that_is_none)
 {
     const QByteArrayList &texts = breakingTexts();
     qsizetype turn = 0;
-    for (const Vocabulary &vocabulary : vocabularies) {
-        const Drawing::LayoutIndex layout = layoutOf(vocabulary);
-        for (const QByteArray &graph : graphsOf(vocabulary)) {
-            for (const QByteArray &name : vocabulary.names + paintNumbers) {
-                SCOPED_TRACE(vocabulary.engine + (' ' + name).toStdString());
+    for (const EngineTables &engine : engineTables()) {
+        const Drawing::LayoutIndex layout = layoutOf(engine);
+        for (const QByteArray &graph : graphsOf(engine)) {
+            for (const QByteArray &name : numbersAndWords(engine)) {
+                SCOPED_TRACE(std::string(engine.engine) + (' ' + name).toStdString());
                 const auto fileWith = [&](Drawing::Format format, const QByteArray &value) {
                     return fileOf(format, layout, withAttributeEverywhere(graph, name, value))
                         .bytes;

@@ -17,6 +17,12 @@ bool isInherited(const AttributeRow &row)
     return row.lookup == AttributeLookup::Inherited;
 }
 
+// Whether subgraphs take what they have not from the defaults of nodes.
+bool takesNodeDefaults(const AttributeRow &row, AttributeElements elements)
+{
+    return row.lookup == AttributeLookup::OwnOrNodeDefault && elements & (Root | Cluster);
+}
+
 // Whether a row that is read of the elements finds what stands at the place.
 bool finds(const AttributeRow &row, AttributeElements elements, AttributePlace place)
 {
@@ -30,7 +36,7 @@ bool finds(const AttributeRow &row, AttributeElements elements, AttributePlace p
     case AttributePlace::Edge:
         return bool(elements & Edge);
     case AttributePlace::NodeDefaults:
-        return elements & Node && isInherited(row);
+        return (elements & Node && isInherited(row)) || takesNodeDefaults(row, elements);
     case AttributePlace::EdgeDefaults:
         return elements & Edge && isInherited(row);
     }

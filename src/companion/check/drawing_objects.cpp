@@ -2,6 +2,7 @@
 
 #include "companion/check/rules.h"
 #include "graph/dot_tokenizer.h"
+#include "layout/attribute_tables.h"
 #include "layout/charts/bubble_attributes.h"
 #include "layout/charts/chart_attributes.h"
 
@@ -95,9 +96,7 @@ void placeAt(const DotObject *object, const ForetoldDrawing &made, Finding *find
 
 std::optional<LeftOutNodes> leftOutNodes(const ForetoldDrawing &made)
 {
-    static constexpr LayoutIndex charts[] = {LayoutIndex::Treemap, LayoutIndex::Sunburst,
-                                             LayoutIndex::FlatBubble, LayoutIndex::Bar};
-    if (std::ranges::find(charts, made.engine) == std::end(charts))
+    if (!made.engine || !hasLegends(Drawing::layoutRow(*made.engine).name))
         return {};
     LeftOutNodes leftOut;
     LegendMembers legendMembers(made.legend);

@@ -6,6 +6,7 @@
 #include "device/xdot_render.h"
 #include "drawing/held_standard_error.h"
 #include "graph/limits.h"
+#include "layout/attribute_tables.h"
 #include "layout/charts/chart_legend.h"
 
 #include <algorithm>
@@ -22,10 +23,9 @@ namespace {
 // The legend of an engine that draws one.
 DotSubgraph *legendOf(const DotGraph *graph, std::optional<LayoutIndex> engine)
 {
-    static constexpr LayoutIndex charts[] = {LayoutIndex::Treemap, LayoutIndex::Sunburst,
-                                             LayoutIndex::FlatBubble, LayoutIndex::Bar};
-    return std::ranges::find(charts, engine) != std::end(charts) ? Layout::findLegend(graph)
-                                                                 : nullptr;
+    return engine && Layout::hasLegends(Drawing::layoutRow(*engine).name)
+        ? Layout::findLegend(graph)
+        : nullptr;
 }
 
 // The message is empty for success.

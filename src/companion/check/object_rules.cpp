@@ -5,6 +5,7 @@
 #include "companion/check/rules.h"
 #include "companion/findings/quoted_text.h"
 #include "graph/dot_tokenizer.h"
+#include "layout/attribute_tables.h"
 #include "layout/charts/legend_attributes.h"
 #include "layout/charts/matrix_attributes.h"
 #include "layout/graflib/gfdecl_attributes.h"
@@ -169,19 +170,13 @@ void findEdgesWithoutCell(const CheckedInput &input, FindingList *list)
     }
 }
 
-bool hasLegends(const QString &engine)
-{
-    const QStringList charts{u"flatbubble"_s, u"sunburst"_s, u"treemap"_s, u"bar"_s};
-    return charts.contains(engine);
-}
-
 } // namespace
 
 void checkObjects(const CheckedInput &input, FindingList *findings)
 {
     findSharedIds(input, findings);
     findUndeclaredNodes(input, findings);
-    if (hasLegends(input.engine))
+    if (Layout::hasLegends(input.engine))
         findMisplacedLegends(input, findings);
     else if (input.engine == "gfdecl"_L1)
         findSharedCells(input, findings);

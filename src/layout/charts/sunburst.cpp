@@ -19,7 +19,7 @@ namespace {
 namespace Rows = SunburstAttributes;
 
 constexpr double halfTurn = 180.0;
-constexpr double defaultRingStep = 72.0; // points
+const double defaultRingStep = numberFrom(QByteArrayView(Rows::ringStep.byDefault));
 constexpr int pageMargin = 4; // points
 
 template <typename Object>

@@ -23,9 +23,7 @@ namespace {
 
 namespace Rows = TreemapAttributes;
 
-const QString defaultWidth = u"640"_s;
-const QString defaultHeight = u"480"_s;
-constexpr double defaultMargin = 5.0;
+const NumberPair defaultMargin = numberPairFrom(latin1(Rows::margin.byDefault));
 
 // Draws the cells of a tiling with their labels.
 class CellPainter
@@ -70,9 +68,8 @@ double centred(double start, double room, double size)
 QMarginsF margins(const DotGraph *graph, const DotSubgraph *subgraph)
 {
     const QString *text = Rows::margin.find(graph, subgraph);
-    if (!text || text->isEmpty())
-        return {defaultMargin, defaultMargin, defaultMargin, defaultMargin};
-    const NumberPair pair = Rows::margin.of(graph, subgraph);
+    const NumberPair pair =
+        text && !text->isEmpty() ? Rows::margin.of(graph, subgraph) : defaultMargin;
     return {pair.first, pair.last, pair.first, pair.last};
 }
 
@@ -166,9 +163,9 @@ QRect chartOf(DotGraph *graph)
 {
     DotSubgraph *root = graph->root();
     if (!Rows::width.isGiven(graph, root))
-        Rows::usedWidth.setText(graph, root, defaultWidth);
+        Rows::usedWidth.setText(graph, root, latin1(Rows::width.byDefault));
     if (!Rows::height.isGiven(graph, root))
-        Rows::usedHeight.setText(graph, root, defaultHeight);
+        Rows::usedHeight.setText(graph, root, latin1(Rows::height.byDefault));
     Rows::x.setInteger(graph, root, 0);
     Rows::y.setInteger(graph, root, 0);
     return chartRect(0, 0, truncated(Rows::usedWidth.number(root)),

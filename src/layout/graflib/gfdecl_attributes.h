@@ -36,9 +36,15 @@ inline constexpr InchesAttribute<Root, Cluster> nodeSep{
     "nodesep"_attribute, Inherited, "0", "gap between stacked nodes; cells have twice that"};
 inline constexpr InchPairAttribute<Root, Cluster> margin{
     "margin"_attribute, Inherited, "0", "inset of the graph; x, and y if there are two"};
-inline constexpr TextAttribute<Root, Cluster> contentPos{
+inline constexpr AttributeWord contentPosWords[] = {
+    {"t", "as the first letter: at the top"},     {"m", "as the first letter: in the middle"},
+    {"b", "as the first letter: at the bottom"},  {"l", "as the second letter: at the left"},
+    {"c", "as the second letter: in the centre"}, {"r", "as the second letter: at the right"},
+};
+inline constexpr WordsAttribute<Root, Cluster> contentPos{
     "contentpos"_attribute, Inherited, "tl",
-    "two letters: b, m or else top; c, r or else left; a single one is the vertical one"};
+    "two letters: b, m or else top; c, r or else left; a single one is the vertical one",
+    contentPosWords};
 inline constexpr InchPairAttribute<Node> nodeMargin{
     "margin"_attribute, Inherited, "0",
     "room around the labels, from the node defaults of the graph; x, and y if there are two"};

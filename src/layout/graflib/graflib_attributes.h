@@ -73,32 +73,27 @@ inline constexpr ChoiceAttribute<Edge> arrowHead{"arrowhead"_attribute, Inherite
 
 inline constexpr ColorAttribute<Root, Cluster> frame{
     "color"_attribute, Inherited, "none",
-    "neither empty nor \"none\": the graph has a frame, in the colour that it has of its own"};
-inline constexpr FrameAttribute frameColor{"color"_attribute, AttributeType::Color, "", "black",
-                                           "colour of the frame's lines"};
-inline constexpr FrameAttribute frameFill{"fillcolor"_attribute, AttributeType::Color, "", "white",
-                                          "fill of the frame; of a gradient its first colour"};
+    "neither empty nor \"none\": the graph has a frame, in the colour that it or else the default "
+    "of "
+    "its nodes has"};
+inline constexpr FrameColor frameColor{"color"_attribute, "black", "colour of the frame's lines"};
+inline constexpr FrameColor frameFill{"fillcolor"_attribute, "white",
+                                      "fill of the frame; of a gradient its first colour"};
 inline constexpr AttributeWord frameStyleWords[] = {
     {"rounded", "round corners"},
     {"dashed", "lines are dashed"},
     {"dotted", "lines are dotted, unless they are dashed"},
 };
-inline constexpr FrameAttribute frameStyle{"style"_attribute,
-                                           AttributeType::Words,
-                                           "",
-                                           "square, solid lines",
-                                           "corners and lines of the frame",
-                                           frameStyleWords};
-inline constexpr FrameAttribute framePenWidth{"penwidth"_attribute, AttributeType::Integer,
-                                              "points", "1", "width of the frame's lines"};
-inline constexpr FrameAttribute framePeripheries{
-    "peripheries"_attribute, AttributeType::Choice, "", "one line",
-    "lines of the frame",    peripheriesWords};
-inline constexpr FrameAttribute frameSlash{
-    "slash"_attribute, AttributeType::Choice, "", "not", "crosses the frame out", slashWords};
-inline constexpr FrameAttribute frameExpander{
-    "expander"_attribute,       AttributeType::Choice, "", "none",
-    "an expander at the frame", expanderWords};
+inline constexpr FrameWords frameStyle{"style"_attribute, "square, solid lines",
+                                       "corners and lines of the frame", frameStyleWords};
+inline constexpr FrameInteger framePenWidth{"penwidth"_attribute, "points", "1",
+                                            "width of the frame's lines; below 1 it is 1"};
+inline constexpr FrameChoice framePeripheries{"peripheries"_attribute, "one line",
+                                              "lines of the frame", peripheriesWords};
+inline constexpr FrameChoice frameSlash{"slash"_attribute, "not", "crosses the frame out",
+                                        slashWords};
+inline constexpr FrameChoice frameExpander{"expander"_attribute, "none", "an expander at the frame",
+                                           expanderWords};
 
 // Places and sizes. `d1` runs along the direction of the layout and `d2` across it.
 using PlaceAttribute = WorkingAttribute<Root, Cluster, Node>;

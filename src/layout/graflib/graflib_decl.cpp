@@ -122,10 +122,10 @@ QList<MeasuredCell> Measuring::cells(const DotSubgraph *subgraph, GridMode mode,
 // Measures the graph's own nodes.
 QList<StackedNode> Measuring::stack(const DotSubgraph *subgraph)
 {
-    const NumberPair margin = pointPairFromInches(Rows::nodeMargin.defaultText(graph, subgraph));
+    const NumberPair margin = Rows::nodeMargin.defaultOf(graph, subgraph);
     measureNodes(graph, subgraph, labels, {margin.first, margin.last});
 
-    const bool atRight = contentPosition(Rows::contentPos.of(graph, subgraph)).horizontal == u'r';
+    const bool atRight = contentPosition(Rows::contentPos.text(graph, subgraph)).horizontal == u'r';
     QList<StackedNode> stack;
     stack.reserve(subgraph->nodes.size());
     for (const DotNode *node : subgraph->nodes) {
@@ -207,7 +207,7 @@ QList<QRectF> placeOne(DotGraph *graph, DotSubgraph *subgraph, const QRectF &giv
 {
     const double margin = Rows::margin.of(graph, subgraph).first;
     const QRectF place = placeWithinMargin(given, margin);
-    const ContentPosition position = contentPosition(Rows::contentPos.of(graph, subgraph));
+    const ContentPosition position = contentPosition(Rows::contentPos.text(graph, subgraph));
     const QPointF corner = contentCorner(place, measuredSize(graph, subgraph), position);
     storePlace(graph, subgraph, corner);
     const QPointF gridCorner = placeStack(graph, subgraph, place, corner, position);

@@ -1,6 +1,5 @@
 #include "layout/graflib/graflib_tree.h"
 
-#include "graph/attribute_values.h"
 #include "layout/graflib/compact_placement.h"
 #include "layout/graflib/expander.h"
 #include "layout/graflib/gftree_attributes.h"
@@ -83,7 +82,7 @@ Successors GraflibTree::successors() const
 // Labels have their margins along the axes of the page, under every `rankdir`.
 void GraflibTree::measure()
 {
-    const NumberPair margin = pointPairFromInches(Rows::margin.defaultText(graph, graph->root()));
+    const NumberPair margin = Rows::margin.defaultOf(graph, graph->root());
     measureNodes(graph, graph->root(), labels, {margin.first, margin.last});
 }
 
@@ -111,12 +110,10 @@ bool GraflibTree::assignLevels()
         const DotNode *node = nodes.at(i);
         int level = levelOf[i];
         if (level == noLevel) {
-            const QString *given = Rows::givenLevel.find(graph, node);
-            bool isNumber = false;
-            const int number = given ? given->toInt(&isNumber) : 0;
-            if (isNumber && (number < 0 || number >= levels.count))
+            const std::optional<int> given = Rows::givenLevel.given(graph, node);
+            if (given && (*given < 0 || *given >= levels.count))
                 return false;
-            level = isNumber ? number : noLevel;
+            level = given.value_or(noLevel);
         }
         treeNodes.push_back(treeNode(node, level));
     }
@@ -176,8 +173,8 @@ EdgeRuns GraflibTree::edgeRuns(bool isCompact) const
     if (!isCompact)
         return {.out = expander};
     const DotSubgraph *root = graph->root();
-    const double head = pointsFromInches(Rows::headSegment.defaultText(graph, root));
-    const double tail = pointsFromInches(Rows::tailSegment.defaultText(graph, root));
+    const double head = Rows::headSegment.defaultOf(graph, root);
+    const double tail = Rows::tailSegment.defaultOf(graph, root);
     return {.out = head + expander, .in = tail, .straight = spacing.rankSep - head - tail <= 0};
 }
 

@@ -1,6 +1,5 @@
 #include "layout/graflib/node_painter.h"
 
-#include "graph/attribute_values.h"
 #include "graph/numbers.h"
 #include "layout/graflib/graflib_attributes.h"
 #include "layout/graflib/node_size.h"
@@ -11,13 +10,6 @@ using namespace Qt::StringLiterals;
 namespace Rows = GraflibAttributes;
 
 namespace {
-
-// A place or an extent of a frame, by the lookup of `FrameAttribute`.
-double frameNumber(const DotGraph *graph, const DotSubgraph *subgraph,
-                   const Rows::PlaceAttribute &row)
-{
-    return numberFrom(ownOrNodeDefault(graph, subgraph, row.name));
-}
 
 NodeBox boxAt(double x, double y, double width, double height)
 {
@@ -40,9 +32,10 @@ NodePainter::NodePainter(const LayoutContext &context, const GraphStyle &graphSt
 
 NodeBox NodePainter::frameBox(const DotSubgraph *subgraph) const
 {
-    return boxAt(frameNumber(graph, subgraph, axes.x()), frameNumber(graph, subgraph, axes.y()),
-                 frameNumber(graph, subgraph, Rows::width),
-                 frameNumber(graph, subgraph, Rows::height));
+    return boxAt(axes.x().numberOrNodeDefault(graph, subgraph),
+                 axes.y().numberOrNodeDefault(graph, subgraph),
+                 Rows::width.numberOrNodeDefault(graph, subgraph),
+                 Rows::height.numberOrNodeDefault(graph, subgraph));
 }
 
 void NodePainter::drawFigure(const Figure &figure, const Paint &paint) const
@@ -111,17 +104,17 @@ void NodePainter::drawFrame(const DotSubgraph *subgraph) const
     const QString lines = Rows::frameStyle.of(graph, subgraph);
     const Paint paint{style.penFor(Rows::frameColor.of(graph, subgraph), lines,
                                    Rows::framePenWidth.of(graph, subgraph)),
-                      style.paint(Rows::frameFill.of(graph, subgraph), {}, {}, nullptr)};
+                      style.paint(Rows::frameFill.of(graph, subgraph), {}, 0.0, nullptr)};
     const OutlineStyle outline{
         .shape = NodeShape::Rectangle,
-        .isDouble = Rows::framePeripheries.is(graph, subgraph, Rows::Double),
+        .isDouble = Rows::framePeripheries.of(graph, subgraph) == Rows::Double,
         .rounded = Rows::frameStyle.holds(graph, subgraph, Rows::Rounded),
         .fontSize = fontSize,
     };
     drawOutline(outline, box, paint);
-    if (Rows::frameSlash.is(graph, subgraph, Rows::On))
+    if (Rows::frameSlash.of(graph, subgraph) == Rows::On)
         drawSlash(box, paint.pen);
-    if (expander.isWanted() && Rows::frameExpander.is(graph, subgraph, Rows::On))
+    if (expander.isWanted() && Rows::frameExpander.of(graph, subgraph) == Rows::On)
         expander.draw(box);
 }
 
