@@ -20,8 +20,10 @@ FORM_PACKAGES := clang-format-14
 LINT_PACKAGES := $(FORM_PACKAGES) clang-tidy-14
 
 SUDO := $(if $(filter-out 0,$(shell id -u)),sudo)
+CCACHE := $(if $(filter true,$(CI)),,$(shell command -v ccache))
+# Without a cache a whole build is what counts, and many files are compiled as one.
 SETTINGS := -DORR_WERROR=$(if $(filter true,$(CI)),ON,OFF) \
-            -DCMAKE_CXX_COMPILER_LAUNCHER=$(if $(filter true,$(CI)),,$(shell command -v ccache))
+            -DCMAKE_CXX_COMPILER_LAUNCHER=$(CCACHE) -DORR_UNITY=$(if $(CCACHE),OFF,ON)
 
 .PHONY: all demo check form lint packages release release-tests asan-tests
 all: release

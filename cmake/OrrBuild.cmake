@@ -58,6 +58,18 @@ function(orr_precompile target holder header)
     target_precompile_headers(${target} REUSE_FROM ${holder})
 endfunction()
 
+# orr_unite(TARGET SIZE)
+#
+# With ORR_UNITY so many files of a target are compiled as one: what all of them include is read once,
+# by the compiler and by the analyser, in a fraction of the time. The short name that each gives its
+# table of attributes is then made its own; all else may have a name once.
+function(orr_unite target size)
+    if(ORR_UNITY)
+        set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE ${size}
+                                                   UNITY_BUILD_UNIQUE_ID Rows)
+    endif()
+endfunction()
+
 # orr_add_library(NAME SOURCES ... LINKS ...)
 #
 # One library target a subsystem. Beside it a program of nothing but that library, linked whole with
@@ -68,12 +80,7 @@ function(orr_add_library name)
     add_library(${name} STATIC ${ARG_SOURCES})
     target_link_libraries(${name} PUBLIC orr_options ${ARG_LINKS})
     orr_precompile(${name} orr_core_headers core_headers.h Qt6::Core)
-    # The analyser reads many files as one, in a tenth of the time. The short name that each gives
-    # its table is then made its own; all else may have a name once in a library.
-    if(ORR_UNITY)
-        set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 16
-                                                 UNITY_BUILD_UNIQUE_ID Rows)
-    endif()
+    orr_unite(${name} 16)
     if(ORR_SANITIZE)
         return() # the layers are those of every other build
     endif()

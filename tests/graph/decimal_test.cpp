@@ -30,7 +30,6 @@ quint64 bits(double value)
     return std::bit_cast<quint64>(value);
 }
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 // At the edges of every rule.
 constexpr std::array edges{
