@@ -33,12 +33,15 @@ Graph::OutputTarget inMemory(QByteArray *bytes, Format format)
 
 Reading readGraph(const Job &job)
 try {
-    std::unique_ptr<Graph::DotGraph> graph = Graph::parseDot(job.input);
-    if (!graph)
+    Graph::DotReading reading = Graph::readDot(job.input);
+    if (reading.fault && reading.fault->cause == Graph::DotFault::Cause::OutOfMemory)
+        return {nullptr, outOfMemory()};
+    if (!reading.graph)
         return {nullptr, {Outcome::Input, u"Unable to parse dot input\n"_s}};
+    Graph::DotGraph *const graph = reading.graph.get();
     if (job.htmlLabels)
         graph->declareAttribute(graph->root(), u"htmllabels"_s, u"on"_s, QString());
-    return {std::move(graph), {}};
+    return {std::move(reading.graph), {}};
 } catch (const std::bad_alloc &) {
     return {nullptr, outOfMemory()};
 }

@@ -278,34 +278,39 @@ DotFault wholeText(DotFault::Cause cause)
         .cause = cause, .offset = 0, .end = 0, .found = DotToken::End, .text = {}, .expected = {}};
 }
 
-} // namespace
-
-std::unique_ptr<DotGraph> parseDot(const QByteArray &input)
-{
-    if (input.size() > Limits::longestInput)
-        return nullptr;
-    try {
-        return DotParser(input, Nobody()).parse();
-    } catch (...) {
-        // Not only a rejection: a text that takes more memory than there is ends here as well.
-        return nullptr;
-    }
-}
-
-DotReading parseDot(const QByteArray &input, DotListener &listener)
+template <typename Audience>
+DotReading readingOf(const QByteArray &input, Audience audience)
 {
     if (input.size() > Limits::longestInput)
         return {nullptr, wholeText(DotFault::Cause::TooLong)};
     try {
-        DotParser parser(input, Listening{listener});
+        DotParser parser(input, audience);
         try {
             return {parser.parse(), std::nullopt};
         } catch (int) {
             return {nullptr, parser.fault()};
         }
     } catch (...) {
+        // A text that takes more memory than there is.
         return {nullptr, wholeText(DotFault::Cause::OutOfMemory)};
     }
+}
+
+} // namespace
+
+std::unique_ptr<DotGraph> parseDot(const QByteArray &input)
+{
+    return readDot(input).graph;
+}
+
+DotReading readDot(const QByteArray &input)
+{
+    return readingOf(input, Nobody());
+}
+
+DotReading parseDot(const QByteArray &input, DotListener &listener)
+{
+    return readingOf(input, Listening{listener});
 }
 
 } // namespace ORR::Graph

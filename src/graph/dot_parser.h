@@ -36,6 +36,9 @@ struct DotReading
     std::optional<DotFault> fault; // has a value exactly then
 };
 
+// The same reading, at the same cost.
+DotReading readDot(const QByteArray &input);
+
 // The same reading by the same parser, which tells a listener what it reads and where. The listener
 // is not kept; what it throws counts as a rejection for want of memory.
 DotReading parseDot(const QByteArray &input, DotListener &listener);
