@@ -30,7 +30,6 @@ quint64 bits(double value)
     return std::bit_cast<quint64>(value);
 }
 
-
 // At the edges of every rule.
 constexpr std::array edges{
     0.0,
