@@ -47,7 +47,7 @@ asan-tests: release-tests
 
 form: PACKAGES += $(FORM_PACKAGES)
 form: packages
-	find src tests fuzz bench tools cmake -name '*.h' -o -name '*.cpp' \
+	find src include examples tests fuzz bench tools cmake -name '*.h' -o -name '*.hpp' -o -name '*.cpp' \
 	    | xargs clang-format-14 --dry-run -Werror
 
 lint: PACKAGES += $(LINT_PACKAGES)

@@ -138,7 +138,8 @@ constexpr Rule htmlText{
     "html-text",
     Error,
     "angle brackets quote nothing and are part of the text",
-    "Write the value in quotes; htmllabels=on makes labels rich text.",
+    "Write the value in quotes. Labels are plain text; orrlayout takes them for HTML if its "
+    "environment has ORR_GVLAYOUT_USE_HTML=1.",
 };
 
 constexpr Rule port{
