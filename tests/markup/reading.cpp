@@ -126,7 +126,7 @@ Reading readXml(const QByteArray &xml)
     return reading;
 }
 
-Reading readDot(const QByteArray &dot)
+Reading readXDotText(const QByteArray &dot)
 {
     const std::unique_ptr<DotGraph> graph = parseDot(dot);
     EXPECT_TRUE(graph) << dot.toStdString();
@@ -156,7 +156,7 @@ Reading readDrawing(const QString &path)
     if (path.endsWith(".svg"_L1) || path.endsWith(".vdx"_L1))
         return readXml(readTestFile(path));
     if (path.endsWith(".xdot1.2"_L1))
-        return readDot(readTestFile(path));
+        return readXDotText(readTestFile(path));
     const QImage image(path);
     EXPECT_FALSE(image.isNull()) << path.toStdString();
     return {};

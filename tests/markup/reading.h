@@ -25,7 +25,7 @@ struct Reading
 Reading readXml(const QByteArray &xml);
 
 // A failed assertion if the text is no graph.
-Reading readDot(const QByteArray &dot);
+Reading readXDotText(const QByteArray &dot);
 
 // A drawing of any format, by the suffix of its name ("drawing.svg"). Of a picture nothing is read
 // but that it is one, and its size.
