@@ -37,10 +37,11 @@ release: packages
 	cmake --preset release $(SETTINGS)
 	cmake --build --preset release --target orrlayout orr
 
+# With CI=true the slow tests run in the release build only.
 release-tests asan-tests: %-tests: packages
 	cmake --preset $* $(SETTINGS)
 	cmake --build --preset $*
-	ctest --preset $* -j "$$(nproc)"
+	ctest --preset $* -j "$$(nproc)" $(if $(filter true-asan,$(CI)-$*),-LE slow)
 
 # One after the other: each build takes the whole machine.
 asan-tests: release-tests
