@@ -252,6 +252,10 @@ TEST(Host, without_descriptors_is_told)
 
 TEST(Host, whose_fonts_can_not_be_found_is_told_why)
 {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP()
+        << "a worker that ends at its start has leaks, and what is said of them comes last";
+#endif
     EXPECT_EQ(inChild([] {
                   ::setenv("FONTCONFIG_FILE", "/nowhere", 1);
                   const Drawn result = drawn(smallGraph, "treemap");
