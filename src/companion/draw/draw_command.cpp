@@ -62,31 +62,51 @@ CLI::Validator silent(CLI::Validator check)
     return check;
 }
 
-std::optional<int> readArguments(const CommandCall &call, DrawOptions *options)
+// Adds an option with its name, the place of its value, its sentence and the word for the value.
+auto optionAdder(CLI::App *app)
 {
-    const auto app = commandLine(call, sentence, examples);
-    const auto help = std::make_shared<ShortHelp>();
-    help->column_width(app->get_formatter()->get_column_width());
-    app->formatter(help);
-    const auto add = [&](const char *name, auto *value, const char *text, const char *type) {
+    return [app](const char *name, auto *value, const char *text, const char *type) {
         return app->add_option(name, *value, text)->type_name(type);
     };
+}
+
+// What every subcommand that draws files has.
+void addSharedOptions(CLI::App *app, DrawOptions *options)
+{
+    const auto add = optionAdder(app);
     add("-K", &options->engine, "Engine; else the root's attribute layout", "ENGINE");
     add("-T", &options->formats, "Formats, as svg,png (if not given, svg)", "FORMATS");
     app->add_flag("-O", options->beside, "Write beside the inputs, which is usual");
     add("-d", &options->folder, "Write below this folder, at the same place", "DIR");
-    add("-o", &options->output, "Write the only drawing; - is standard output", "FILE");
+    add("-o", &options->output, "Write the only drawing", "FILE");
     add("-j", &options->workers, "Workers (as many as cores)", "N")
         ->check(silent(CLI::Range(1, mostWorkers)));
-    add("--jobs", &options->jobs, "Take jobs as JSON lines, answer on output", "FILE");
     add("--timeout", &options->timeLimit, "Seconds that a drawing may take", "S")
         ->check(silent(CLI::Range(0.001, longestTime)));
+    app->add_option("FILE", options->files)->type_name("");
+}
+
+// What only `orr draw` has.
+void addDrawOptions(CLI::App *app, DrawOptions *options)
+{
+    const auto add = optionAdder(app);
+    app->get_option("-o")->description("Write the only drawing; - is standard output");
+    add("--jobs", &options->jobs, "Take jobs as JSON lines, answer on output", "FILE");
     add("--memory", &options->memoryLimit, "Megabytes that a drawing may take", "MB")
         ->check(silent(CLI::Range(qint64(1), qint64(1) << 30)));
     app->add_flag("--changed", options->onlyChanged, "Draw only what has changed since");
     add("--shard", &options->shard, "Draw this of so many equal parts", "I/N");
     add("--report", &options->report, "Write a JSON line for each drawing", "FILE");
-    app->add_option("FILE", options->files)->type_name("");
+}
+
+std::optional<int> readArguments(const CommandCall &call, const DrawUse &use, DrawOptions *options)
+{
+    const auto app = commandLine(call, use.sentence, use.examples);
+    const auto help = std::make_shared<ShortHelp>();
+    help->column_width(app->get_formatter()->get_column_width());
+    app->formatter(help);
+    addSharedOptions(app.get(), options);
+    use.addOptions(app.get());
     return readOptions(app.get(), call);
 }
 
@@ -227,6 +247,16 @@ std::string readRequest(const DrawOptions &options, DrawRequest *request)
     return {};
 }
 
+std::optional<int> readRequestInto(const CommandCall &call, const DrawUse &use,
+                                   DrawOptions *options, DrawRequest *request)
+{
+    if (const std::optional<int> status = readArguments(call, use, options))
+        return status;
+    renameStreams(options);
+    const std::string fault = readRequest(*options, request);
+    return fault.empty() ? std::nullopt : std::optional(wrongUse(call, fault));
+}
+
 } // namespace
 
 int runDraw(const CommandCall &call)
@@ -234,14 +264,18 @@ int runDraw(const CommandCall &call)
     if (!call.arguments.empty() && call.arguments.front() == workerArgument)
         return runWorker(call);
     DrawOptions options;
-    if (const std::optional<int> status = readArguments(call, &options))
-        return *status;
-    renameStreams(&options);
+    const DrawUse use{sentence, examples, [&](CLI::App *app) { addDrawOptions(app, &options); }};
     DrawRequest request;
-    const std::string fault = readRequest(options, &request);
-    if (!fault.empty())
-        return wrongUse(call, fault);
+    if (const auto status = readRequestInto(call, use, &options, &request))
+        return *status;
     return DrawRun(call, request).run();
+}
+
+std::optional<int> readDrawRequest(const CommandCall &call, const DrawUse &use,
+                                   DrawRequest *request)
+{
+    DrawOptions options;
+    return readRequestInto(call, use, &options, request);
 }
 
 } // namespace ORR::Companion

@@ -1,6 +1,13 @@
 #pragma once
 
 #include "companion/command/subcommand.h"
+#include "companion/draw/draw_request.h"
+
+#include <functional>
+
+namespace CLI {
+class App;
+}
 
 namespace ORR::Companion {
 
@@ -11,5 +18,19 @@ namespace ORR::Companion {
 //
 // With `workerArgument` in front it is a worker, see there.
 int runDraw(const CommandCall &call);
+
+// A subcommand that draws files, as its help has it.
+struct DrawUse
+{
+    const char *sentence;
+    const char *examples;
+    std::function<void(CLI::App *app)> addOptions; // those that only it has
+};
+
+// Reads the options that all of them have, with the same meaning: -K, -T, -O, -d, -o, -j, --timeout
+// and the inputs. Nothing if the work can begin; otherwise the status to end with, see
+// `readOptions`.
+std::optional<int> readDrawRequest(const CommandCall &call, const DrawUse &use,
+                                   DrawRequest *request);
 
 } // namespace ORR::Companion
