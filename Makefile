@@ -54,7 +54,7 @@ form: packages
 lint: PACKAGES += $(LINT_PACKAGES)
 lint: form
 	cmake --preset lint
-	run-clang-tidy-14 -p build/lint -quiet -j "$$(nproc)" -header-filter='/src/.*' '/Unity/|/src/.*main\.cpp' \
+	run-clang-tidy-14 -p build/lint -quiet -j "$$(nproc)" -header-filter='/src/.*' 'lint/src/.*/Unity/|/src/.*main\.cpp' \
 	        >build/lint/findings 2>&1 || { cat build/lint/findings; exit 1; }
 
 # Nothing is asked of apt when nothing is missing, nor where there is no apt.

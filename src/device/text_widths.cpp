@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int fewTexts = 200;
+constexpr size_t fewTexts = 200;
 
 // Longer texts, and those of larger fonts, come near to where the toolkit splits them or runs out
 // of bits.
@@ -40,8 +40,8 @@ bool isLetter(char16_t c)
 
 } // namespace
 
-TextWidths::TextWidths(const QFont &usedFont, const QFontMetrics &fontMetrics)
-    : font(usedFont), metrics(fontMetrics), untilPairs(fewTexts)
+TextWidths::TextWidths(const QFont &usedFont, const QFontMetrics &fontMetrics, Tables fontTables)
+    : font(usedFont), metrics(fontMetrics), tables(fontTables)
 {
 }
 
@@ -57,7 +57,7 @@ int TextWidths::fixedWidth(const QString &text) const
 void TextWidths::prepare()
 {
     const QRawFont raw = QRawFont::fromFont(font, QFontDatabase::Latin);
-    const PairwiseFont pairwise = pairwiseFont(raw);
+    const PairwiseFont pairwise = tables(raw);
     if (!(raw.pixelSize() <= largestFont))
         return;
     bool isFractional = false;
@@ -111,16 +111,41 @@ std::optional<int> TextWidths::sumOfPairs(const QString &text)
     return std::max(sum + last, 0);
 }
 
+std::optional<QSize> TextWidths::sizeByPairs(const QString &text)
+{
+    const std::optional<int> width = sumOfPairs(text);
+    if (!width)
+        return {};
+    return QSize((*width + partsPerPixel - 1) / partsPerPixel, height);
+}
+
+// Tables may tell less than what the toolkit does with them.
+void TextWidths::checkSums()
+{
+    const bool hold = std::ranges::all_of(firsts, [this](const Measured &first) {
+        return sizeByPairs(first.text).value_or(first.size) == first.size;
+    });
+    if (!hold)
+        characters.reset();
+}
+
 QSize TextWidths::sizeOf(const QString &text)
 {
-    if (untilPairs > 0) {
-        if (--untilPairs == 0)
-            prepare();
-    } else if (characters.any()) {
-        if (const auto width = sumOfPairs(text))
-            return {(*width + partsPerPixel - 1) / partsPerPixel, height};
+    if (characters.any()) {
+        if (const auto size = sizeByPairs(text))
+            return *size;
     }
-    return metrics.size(0, text);
+    const QSize size = metrics.size(0, text);
+    if (areEnough)
+        return size;
+    firsts.push_back({text, size});
+    if (firsts.size() == fewTexts) {
+        areEnough = true;
+        prepare();
+        checkSums();
+        firsts = {};
+    }
+    return size;
 }
 
 } // namespace ORR::Graph

@@ -9,9 +9,9 @@
 #include "output/files/descriptor.h"
 #include "output/files/unfinished_file.h"
 
-#include <QApplication>
 #include <QByteArray>
 #include <QFontInfo>
+#include <QGuiApplication>
 #include <QHashSeed>
 
 #include <csignal>
@@ -161,7 +161,7 @@ void startToolkit(const char *programName)
     isStarting = 1;
     // It is never taken down, which takes longer than a small drawing; the end of the process does
     // it.
-    new QApplication(count, arguments);
+    new QGuiApplication(count, arguments);
     isStarting = 0;
     ::sigaction(SIGABRT, &former, nullptr);
 }

@@ -1,103 +1,24 @@
 #include "device/pairwise_font.h"
 
+#include "device/made_font.h"
+
 #include <gtest/gtest.h>
 
-#include <QFile>
-#include <QMap>
-#include <QtEndian>
-
 using namespace ORR::Graph;
-using namespace Qt::StringLiterals;
 
 namespace {
-
-using Tables = QMap<QByteArray, QByteArray>; // by their names of four bytes
-
-constexpr int headerSize = 12;
-constexpr int entrySize = 16;
-
-QByteArray shorts(std::initializer_list<int> numbers)
-{
-    QByteArray bytes;
-    for (const int number : numbers) {
-        bytes.append(char(number >> 8));
-        bytes.append(char(number & 0xFF));
-    }
-    return bytes;
-}
-
-QByteArray longNumber(qsizetype number)
-{
-    return shorts({int(number >> 16), int(number & 0xFFFF)});
-}
-
-Tables tablesOfSans()
-{
-    QFile file(u"/usr/share/fonts/truetype/liberation/LiberationSans-Regular.ttf"_s);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    const QByteArray bytes = file.readAll();
-    Tables tables;
-    const int count = qFromBigEndian<quint16>(bytes.constData() + 4);
-    for (int i = 0; i < count; ++i) {
-        const char *entry = bytes.constData() + headerSize + i * entrySize;
-        tables.insert(
-            QByteArray(entry, 4),
-            bytes.mid(qFromBigEndian<quint32>(entry + 8), qFromBigEndian<quint32>(entry + 12)));
-    }
-    return tables;
-}
-
-QRawFont fontOf(const Tables &tables)
-{
-    QByteArray directory = longNumber(0x10000) + shorts({int(tables.size()), 0, 0, 0});
-    QByteArray content;
-    const qsizetype start = headerSize + entrySize * tables.size();
-    for (auto table = tables.cbegin(); table != tables.cend(); ++table) {
-        directory += table.key() + longNumber(0) + longNumber(start + content.size())
-            + longNumber(table->size());
-        content += *table + QByteArray((4 - table->size() % 4) % 4, '\0');
-    }
-    return QRawFont(directory + content, 12);
-}
 
 // The font with one table put in place of its own, or beside them.
 PairwiseFont withTable(const QByteArray &name, const QByteArray &table)
 {
-    Tables tables = tablesOfSans();
+    FontTables tables = tablesOfSans();
     tables.insert(name, table);
     const QRawFont font = fontOf(tables);
     EXPECT_TRUE(font.isValid());
     return pairwiseFont(font);
 }
 
-int glyphOf(char16_t c)
-{
-    return int(fontOf(tablesOfSans()).glyphIndexesForString(QChar(c)).value(0));
-}
-
-// A table GSUB or GPOS with one feature that has one lookup of one subtable. It is for one script;
-// as its required feature the script has the one with this number.
-QByteArray lookupTable(int kind, int flags, const QByteArray &subtable,
-                       const QByteArray &feature = "ccmp", int required = 0xFFFF)
-{
-    const QByteArray scripts =
-        shorts({1}) + "latn" + shorts({8}) + shorts({4, 0}) + shorts({0, required, 1, 0});
-    const QByteArray features = shorts({1}) + feature + shorts({8}) + shorts({0, 1, 0});
-    const int start = 10;
-    const int featureStart = start + int(scripts.size());
-    const int lookupStart = featureStart + int(features.size());
-    return shorts({1, 0, start, featureStart, lookupStart}) + scripts + features
-        + shorts({1, 4}) // one lookup
-        + shorts({kind, flags, 1, 8}) + subtable;
-}
-
-// The coverage of one glyph, as a list and as a range.
-QByteArray listed(int glyph)
-{
-    return shorts({1, 1, glyph});
-}
-
+// The coverage of one glyph, as a range.
 QByteArray ranged(int glyph)
 {
     return shorts({2, 1, glyph, glyph, 0});
@@ -133,7 +54,7 @@ TEST(PairwiseFont, tells_of_all_characters_where_a_font_has_only_kerning)
 
 TEST(PairwiseFont, needs_no_fractions_without_a_table_of_kerning)
 {
-    Tables tables = tablesOfSans();
+    FontTables tables = tablesOfSans();
     tables.remove("kern");
     EXPECT_FALSE(pairwiseFont(fontOf(tables)).needsFractions);
 }

@@ -1,6 +1,7 @@
 // Sums of pairs against the toolkit, which is what they stand in for.
 #include "device/text_widths.h"
 
+#include "device/made_font.h"
 #include "device/point_resolution.h"
 
 #include <gtest/gtest.h>
@@ -56,7 +57,87 @@ void expectSameSizes(const QFont &font, const std::string &what)
     }
 }
 
+constexpr int firstTexts = 200; // which the toolkit measures
+
+// Liberation Sans by another name, where each "www" becomes a stop.
+QByteArray fontThatJoins()
+{
+    const auto wide = [](const QString &name) {
+        QByteArray bytes;
+        for (const QChar c : name)
+            bytes += shorts({c.unicode()});
+        return bytes;
+    };
+    const int glyph = glyphOf(u'w');
+    const QByteArray ligature = shorts({1, 8, 1, 14}) + listed(glyph) + shorts({1, 4}) // one set
+        + shorts({glyphOf(u'.'), 3, glyph, glyph});
+    FontTables tables = tablesOfSans();
+    tables["name"].replace(wide(u"Liberation"_s), wide(u"Fabricated"_s));
+    tables["name"].replace("Liberation", "Fabricated");
+    tables["GSUB"] = lookupTable(4, 0, ligature);
+    return fontFile(tables);
+}
+
+// Tells of every character that it hangs on its neighbours alone.
+PairwiseFont lyingTables(const QRawFont & /*font*/)
+{
+    PairwiseFont font;
+    for (size_t c = ' '; c <= '~'; ++c)
+        font.characters.set(c);
+    return font;
+}
+
+class FontThatJoins : public testing::Test
+{
+protected:
+    FontThatJoins() : id(QFontDatabase::addApplicationFontFromData(fontThatJoins())) { }
+    ~FontThatJoins() override { QFontDatabase::removeApplicationFont(id); }
+
+    QFont font() const
+    {
+        const QString family = QFontDatabase::applicationFontFamilies(id).value(0);
+        EXPECT_EQ(family, u"Fabricated Sans"_s);
+        return pointFont(family, 12, 0);
+    }
+
+private:
+    int id;
+};
+
 } // namespace
+
+// The sums, which know of no three letters.
+TEST_F(FontThatJoins, is_measured_otherwise_by_tables_that_lie)
+{
+    const QFontMetrics metrics(font(), pointDevice());
+    TextWidths widths(font(), metrics, lyingTables);
+    for (int i = 0; i < firstTexts; ++i)
+        widths.sizeOf(u"plain"_s);
+    EXPECT_EQ(widths.sizeOf(u"plan"_s), metrics.size(0, u"plan"_s));
+    EXPECT_NE(widths.sizeOf(u"awwwa"_s), metrics.size(0, u"awwwa"_s));
+}
+
+TEST_F(FontThatJoins, is_given_up_where_a_sum_is_not_what_the_toolkit_measured)
+{
+    const QFontMetrics metrics(font(), pointDevice());
+    for (const int place : {0, 70, firstTexts - 1}) {
+        TextWidths widths(font(), metrics, lyingTables);
+        for (int i = 0; i < firstTexts; ++i) {
+            const QString text = i == place ? u"swwws"_s : u"plain"_s;
+            ASSERT_EQ(widths.sizeOf(text), metrics.size(0, text)) << i;
+        }
+        EXPECT_EQ(widths.sizeOf(u"awwwa"_s), metrics.size(0, u"awwwa"_s)) << place;
+    }
+}
+
+TEST_F(FontThatJoins, has_the_widths_of_the_toolkit_by_tables_that_tell_the_truth)
+{
+    const QFontMetrics metrics(font(), pointDevice());
+    TextWidths widths(font(), metrics);
+    for (int i = 0; i < firstTexts; ++i)
+        widths.sizeOf(u"plain"_s);
+    EXPECT_EQ(widths.sizeOf(u"awwwa"_s), metrics.size(0, u"awwwa"_s));
+}
 
 TEST(TextWidths, are_those_of_the_toolkit_in_every_size_and_style)
 {

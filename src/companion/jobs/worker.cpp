@@ -12,7 +12,7 @@
 #include "output/files/descriptor.h"
 #include "output/files/file_name.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QElapsedTimer>
 
 #include <cerrno>
