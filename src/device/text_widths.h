@@ -4,9 +4,11 @@
 
 #include <QFont>
 #include <QFontMetrics>
+#include <QHash>
 #include <QSize>
 #include <QString>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -19,8 +21,12 @@ namespace ORR::Graph {
 class TextWidths
 {
 public:
-    // font: as it was made for the resolution of `metrics`.
+    // What has been found out about a font, and what it takes to find out more.
+    struct Known;
+
+    // font: as it was made for the resolution of `metrics`. `KeptTextWidths` tells what is known.
     TextWidths(const QFont &font, const QFontMetrics &metrics);
+    ~TextWidths();
 
     QSize sizeOf(const QString &text);
 
@@ -33,12 +39,24 @@ private:
 
     QFont font;
     QFontMetrics metrics;
-    int untilPairs; // texts that are still left to the toolkit
-    QChar anchor; // a letter that others are measured beside
-    AsciiSet characters; // what texts may consist of; empty for nothing
-    std::vector<int> pairs; // by both characters: from the start of the first to that of the second
-    std::vector<int> lasts; // by the character: from the start of the last one to the end
-    int height = 0;
+    std::shared_ptr<Known> known;
+};
+
+// As long as it lives, what is found out about a font is kept, for a process that makes one drawing
+// after the other. Sizes are the same with it and without it. One at a time, in one thread.
+class KeptTextWidths
+{
+public:
+    KeptTextWidths();
+    ~KeptTextWidths();
+    KeptTextWidths(const KeptTextWidths &) = delete;
+    KeptTextWidths &operator=(const KeptTextWidths &) = delete;
+
+    // What is known of a font, by whoever lives; nothing at first.
+    static std::shared_ptr<TextWidths::Known> of(const QFont &font);
+
+private:
+    QHash<QFont, std::shared_ptr<TextWidths::Known>> fonts;
 };
 
 } // namespace ORR::Graph

@@ -2,6 +2,7 @@
 #include "api/worker/answer.h"
 
 #include "api/protocol.h"
+#include "device/text_widths.h"
 #include "drawing/environment.h"
 #include "drawing/held_standard_error.h"
 #include "drawing/sudden_end.h"
@@ -56,6 +57,7 @@ void serve(Requests *requests)
 {
     if (!requests->answer({ORRLAYOUT_OK, {ORR_VERSION}}))
         return;
+    const ORR::Graph::KeptTextWidths keptWidths;
     while (const std::optional<Message> request = requests->next()) {
         const Message answer = answered(*request);
         if (!requests->answer({answer.kind, {answer.fields.begin(), answer.fields.end()}}))

@@ -3,6 +3,7 @@
 #include "companion/command/streams.h"
 #include "companion/jobs/drawing_task.h"
 #include "companion/jobs/value_bytes.h"
+#include "device/text_widths.h"
 #include "drawing/environment.h"
 #include "drawing/home_directory.h"
 #include "drawing/job.h"
@@ -144,6 +145,7 @@ std::optional<DrawingTask> nextTask(Workers::Requests *requests)
 void drawAll(Workers::Requests *requests, const CommandCall &call, const QString &home,
              bool measuresMemory)
 {
+    const Graph::KeptTextWidths keptWidths;
     while (const std::optional<DrawingTask> task = nextTask(requests)) {
         // The libraries of pictures complain there about those that an input holds.
         [[maybe_unused]] const int emptied = ::ftruncate(STDERR_FILENO, 0);
