@@ -70,22 +70,29 @@ function(orr_unite target size)
     endif()
 endfunction()
 
+# orr_prove_that_it_stands_alone(LIBRARY)
+#
+# Makes a program of nothing but that library, linked whole with what it says it links to: a call into
+# a layer above is an unresolved symbol there, and the build fails.
+function(orr_prove_that_it_stands_alone library)
+    if(ORR_SANITIZE)
+        return() # the layers are those of every other build
+    endif()
+    add_executable(${library}_stands_alone "${PROJECT_SOURCE_DIR}/cmake/stands_alone.cpp")
+    target_link_libraries(${library}_stands_alone
+                          PRIVATE "$<LINK_LIBRARY:WHOLE_ARCHIVE,${library}>")
+endfunction()
+
 # orr_add_library(NAME SOURCES ... LINKS ...)
 #
-# One library target a subsystem. Beside it a program of nothing but that library, linked whole with
-# what it says it links to: a call into a layer above is an unresolved symbol there, and the build
-# fails.
+# One library target a subsystem, with the proof that it stands alone.
 function(orr_add_library name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
     add_library(${name} STATIC ${ARG_SOURCES})
     target_link_libraries(${name} PUBLIC orr_options ${ARG_LINKS})
     orr_precompile(${name} orr_core_headers core_headers.h Qt6::Core)
     orr_unite(${name} 16)
-    if(ORR_SANITIZE)
-        return() # the layers are those of every other build
-    endif()
-    add_executable(${name}_stands_alone "${PROJECT_SOURCE_DIR}/cmake/stands_alone.cpp")
-    target_link_libraries(${name}_stands_alone PRIVATE "$<LINK_LIBRARY:WHOLE_ARCHIVE,${name}>")
+    orr_prove_that_it_stands_alone(${name})
 endfunction()
 
 # An installation is <root>/conf and <root>/bin/<platform>/<program>, with a link <root>/bin/<program>.

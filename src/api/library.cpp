@@ -3,6 +3,7 @@
 
 #include "api/installation.h"
 #include "api/names.h"
+#include "api/protocol.h"
 #include "api/worker_pool.h"
 
 #include <algorithm>

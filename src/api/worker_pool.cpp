@@ -13,6 +13,8 @@
 
 namespace ORR::Api {
 
+using namespace Workers;
+
 namespace {
 
 constexpr std::uint32_t mostWorkers = 64;
@@ -135,7 +137,7 @@ public:
     bool start(const std::string &program, Starter *starter, std::string *fault)
     {
         const std::lock_guard lock(pool.mutex);
-        return startWorker(program, &place->worker, starter, fault);
+        return Api::startWorker(program, &place->worker, starter, fault);
     }
     void keepWorker() { isKept = true; }
     void dropWorker()
@@ -155,12 +157,12 @@ Reply late()
 }
 
 // Why a worker did not say what was expected of it.
-Reply failedReply(const WorkerDescriptors &worker, const WorkerStream &stream,
+Reply failedReply(const WorkerDescriptors &worker, const Conversation &said,
                   orrlayout_status status, const char *what)
 {
-    if (stream.isLate())
+    if (said.isLate())
         return late();
-    const std::string words = lastWords(worker);
+    const std::string words = lastWords(worker.lastWords);
     if (words.ends_with("Out of memory"))
         return {ORRLAYOUT_OUT_OF_MEMORY, {"out of memory"}};
     return {status, {words.empty() ? what : std::string(what) + ": " + words}};
@@ -173,11 +175,10 @@ Reply startIn(Turn *turn, const Deadline &deadline)
     Starter starter;
     if (!turn->start(workerProgram(), &starter, &fault))
         return {ORRLAYOUT_NOT_STARTED, {fault}};
-    WorkerStream stream(turn->worker(), deadline);
+    Conversation said(turn->worker(), deadline);
     Message greeting;
-    if (!receiveMessage(stream, &greeting)) {
-        return failedReply(turn->worker(), stream, ORRLAYOUT_NOT_STARTED,
-                           "the worker did not start");
+    if (!said.receive(&greeting)) {
+        return failedReply(turn->worker(), said, ORRLAYOUT_NOT_STARTED, "the worker did not start");
     }
     if (greeting.fields != std::vector<std::string>{ORR_VERSION})
         return {ORRLAYOUT_NOT_STARTED, {"the worker is of another version than the library"}};
@@ -187,10 +188,10 @@ Reply startIn(Turn *turn, const Deadline &deadline)
 // Sends the request to the worker, which is kept if it answers.
 Reply askWorker(Turn *turn, const MessageView &request, const Deadline &deadline)
 {
-    WorkerStream stream(turn->worker(), deadline);
+    Conversation said(turn->worker(), deadline);
     Message answer;
-    if (!sendMessage(stream, request) || !receiveMessage(stream, &answer))
-        return failedReply(turn->worker(), stream, ORRLAYOUT_CRASHED, "the worker ended");
+    if (!said.send(request) || !said.receive(&answer))
+        return failedReply(turn->worker(), said, ORRLAYOUT_CRASHED, "the worker ended");
     turn->keepWorker();
     return {static_cast<orrlayout_status>(answer.kind), std::move(answer.fields)};
 }

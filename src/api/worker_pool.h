@@ -4,6 +4,7 @@
 #include "orrlayout/orrlayout.h"
 
 #include <string>
+#include <vector>
 
 namespace ORR::Api {
 
@@ -16,6 +17,6 @@ struct Reply
 
 // Has a worker that is free, or a new one, answer a request, and waits for it. As many requests as
 // there are processors are answered side by side. Throws std::bad_alloc.
-Reply ask(const MessageView &request, const Deadline &deadline);
+Reply ask(const Workers::MessageView &request, const Deadline &deadline);
 
 } // namespace ORR::Api

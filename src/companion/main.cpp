@@ -15,7 +15,7 @@ namespace {
 constexpr char sentence[] = "The companion of orrlayout.";
 constexpr char examples[] = "Examples:\n"
                             "  orr check -K treemap areas.dot\n"
-                            "  orr check --help";
+                            "  orr draw -K treemap areas.dot";
 
 std::string listOfSubcommands()
 {

@@ -25,6 +25,11 @@ constexpr double largestFont = 500.0; // pixels
 constexpr int characterCount = 128;
 constexpr int notMeasured = INT_MIN;
 
+// An input may have any number of fonts; those of others are few. Each may take 64 KB.
+constexpr qsizetype mostFonts = 32;
+
+KeptTextWidths *keeper = nullptr;
+
 // The toolkit's widths are multiples of this part of a pixel.
 constexpr int partsPerPixel = 64;
 
@@ -40,10 +45,23 @@ bool isLetter(char16_t c)
 
 } // namespace
 
+struct TextWidths::Known
+{
+    std::vector<Measured> firsts; // by the toolkit, until there are enough of them
+    bool areEnough = false;
+    QChar anchor; // a letter that others are measured beside
+    AsciiSet characters; // what texts may consist of; empty for nothing
+    std::vector<int> pairs; // by both characters: from the start of the first to that of the second
+    std::vector<int> lasts; // by the character: from the start of the last one to the end
+    int height = 0;
+};
+
 TextWidths::TextWidths(const QFont &usedFont, const QFontMetrics &fontMetrics, Tables fontTables)
-    : font(usedFont), metrics(fontMetrics), tables(fontTables)
+    : font(usedFont), metrics(fontMetrics), tables(fontTables), known(KeptTextWidths::of(font))
 {
 }
+
+TextWidths::~TextWidths() = default;
 
 // The width before it is made a whole number.
 int TextWidths::fixedWidth(const QString &text) const
@@ -64,29 +82,30 @@ void TextWidths::prepare()
     for (char16_t c = u'z'; c >= u'a'; --c) {
         if (!pairwise.characters.test(c))
             continue;
-        anchor = c;
+        known->anchor = c;
         isFractional = isFractional || fixedWidth(QString(2, c)) % partsPerPixel != 0;
     }
-    if (anchor.isNull() || (pairwise.needsFractions && !isFractional))
+    if (known->anchor.isNull() || (pairwise.needsFractions && !isFractional))
         return;
-    characters = pairwise.characters;
-    pairs.assign(size_t(characterCount) * characterCount, notMeasured);
-    lasts.assign(characterCount, notMeasured);
-    height = metrics.size(0, QString(anchor)).height();
+    known->pairs.assign(size_t(characterCount) * characterCount, notMeasured);
+    known->lasts.assign(characterCount, notMeasured);
+    known->height = metrics.size(0, QString(known->anchor)).height();
+    known->characters = pairwise.characters; // last: memory may run out before
 }
 
 int TextWidths::pairWidth(QChar a, QChar b)
 {
-    int &width = pairs[indexOf(a, b)];
+    int &width = known->pairs[indexOf(a, b)];
     if (width == notMeasured)
-        width = fixedWidth(QString(a) + b + anchor) - fixedWidth(QString(b) + anchor);
+        width = fixedWidth(QString(a) + b + known->anchor) - fixedWidth(QString(b) + known->anchor);
     return width;
 }
 
 int TextWidths::lastWidth(QChar c) const
 {
-    const QString pair = QString(anchor) + c;
-    return fixedWidth(pair) - fixedWidth(pair + anchor) + fixedWidth(QString(c) + anchor);
+    const QString pair = QString(known->anchor) + c;
+    return fixedWidth(pair) - fixedWidth(pair + known->anchor)
+        + fixedWidth(QString(c) + known->anchor);
 }
 
 // Nothing for a text that may not be summed up. A blank at the end is none of its width.
@@ -96,7 +115,7 @@ std::optional<int> TextWidths::sumOfPairs(const QString &text)
         return {};
     bool hasLetter = false;
     for (const QChar c : text) {
-        if (c.unicode() >= characterCount || !characters.test(c.unicode()))
+        if (c.unicode() >= characterCount || !known->characters.test(c.unicode()))
             return {};
         hasLetter = hasLetter || isLetter(c.unicode());
     }
@@ -105,7 +124,7 @@ std::optional<int> TextWidths::sumOfPairs(const QString &text)
     int sum = 0;
     for (qsizetype i = 1; i < text.size(); ++i)
         sum += pairWidth(text.at(i - 1), text.at(i));
-    int &last = lasts[text.back().unicode()];
+    int &last = known->lasts[text.back().unicode()];
     if (last == notMeasured)
         last = lastWidth(text.back());
     return std::max(sum + last, 0);
@@ -116,36 +135,57 @@ std::optional<QSize> TextWidths::sizeByPairs(const QString &text)
     const std::optional<int> width = sumOfPairs(text);
     if (!width)
         return {};
-    return QSize((*width + partsPerPixel - 1) / partsPerPixel, height);
+    return QSize((*width + partsPerPixel - 1) / partsPerPixel, known->height);
 }
 
 // Tables may tell less than what the toolkit does with them.
 void TextWidths::checkSums()
 {
-    const bool hold = std::ranges::all_of(firsts, [this](const Measured &first) {
+    const bool hold = std::ranges::all_of(known->firsts, [this](const Measured &first) {
         return sizeByPairs(first.text).value_or(first.size) == first.size;
     });
     if (!hold)
-        characters.reset();
+        known->characters.reset();
 }
 
 QSize TextWidths::sizeOf(const QString &text)
 {
-    if (characters.any()) {
+    if (known->characters.any()) {
         if (const auto size = sizeByPairs(text))
             return *size;
     }
     const QSize size = metrics.size(0, text);
-    if (areEnough)
+    if (known->areEnough)
         return size;
-    firsts.push_back({text, size});
-    if (firsts.size() == fewTexts) {
-        areEnough = true;
+    known->firsts.push_back({text, size});
+    if (known->firsts.size() == fewTexts) {
+        known->areEnough = true;
         prepare();
         checkSums();
-        firsts = {};
+        known->firsts = {};
     }
     return size;
+}
+
+KeptTextWidths::KeptTextWidths()
+{
+    keeper = this;
+}
+
+KeptTextWidths::~KeptTextWidths()
+{
+    keeper = nullptr;
+}
+
+std::shared_ptr<TextWidths::Known> KeptTextWidths::of(const QFont &font)
+{
+    if (!keeper)
+        return std::make_shared<TextWidths::Known>();
+    if (const auto known = keeper->fonts.value(font))
+        return known;
+    if (keeper->fonts.size() >= mostFonts)
+        keeper->fonts.clear();
+    return *keeper->fonts.insert(font, std::make_shared<TextWidths::Known>());
 }
 
 } // namespace ORR::Graph

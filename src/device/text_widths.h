@@ -4,9 +4,11 @@
 
 #include <QFont>
 #include <QFontMetrics>
+#include <QHash>
 #include <QSize>
 #include <QString>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -21,10 +23,13 @@ class TextWidths
 {
 public:
     using Tables = PairwiseFont (*)(const QRawFont &font);
+    // What has been found out about a font, and what it takes to find out more.
+    struct Known;
 
     // font: as it was made for the resolution of `metrics`. tables: tell of it what may be summed
-    // up.
+    // up. `KeptTextWidths` tells what is known of it.
     TextWidths(const QFont &font, const QFontMetrics &metrics, Tables tables = pairwiseFont);
+    ~TextWidths();
 
     QSize sizeOf(const QString &text);
 
@@ -46,13 +51,24 @@ private:
     QFont font;
     QFontMetrics metrics;
     Tables tables;
-    std::vector<Measured> firsts; // by the toolkit, until there are enough of them
-    bool areEnough = false;
-    QChar anchor; // a letter that others are measured beside
-    AsciiSet characters; // what texts may consist of; empty for nothing
-    std::vector<int> pairs; // by both characters: from the start of the first to that of the second
-    std::vector<int> lasts; // by the character: from the start of the last one to the end
-    int height = 0;
+    std::shared_ptr<Known> known;
+};
+
+// As long as it lives, what is found out about a font is kept, for a process that makes one drawing
+// after the other. Sizes are the same with it and without it. One at a time, in one thread.
+class KeptTextWidths
+{
+public:
+    KeptTextWidths();
+    ~KeptTextWidths();
+    KeptTextWidths(const KeptTextWidths &) = delete;
+    KeptTextWidths &operator=(const KeptTextWidths &) = delete;
+
+    // What is known of a font, by whoever lives; nothing at first.
+    static std::shared_ptr<TextWidths::Known> of(const QFont &font);
+
+private:
+    QHash<QFont, std::shared_ptr<TextWidths::Known>> fonts;
 };
 
 } // namespace ORR::Graph

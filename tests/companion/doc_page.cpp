@@ -6,9 +6,14 @@
 
 using namespace Qt::StringLiterals;
 
+QString docPage(const QString &file)
+{
+    return QString::fromUtf8(readTestFile(QStringLiteral(ORR_PROJECT_FOLDER "/docs/") + file));
+}
+
 QString checkPage()
 {
-    return QString::fromUtf8(readTestFile(QStringLiteral(ORR_PROJECT_FOLDER "/docs/check.md")));
+    return docPage(u"check.md"_s);
 }
 
 QString sectionOf(const QString &page, const QString &heading)

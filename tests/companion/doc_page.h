@@ -3,9 +3,10 @@
 #include <QString>
 #include <QStringList>
 
-// The parts of docs/check.md.
+// The parts of the pages in docs.
 
-// The whole page.
+// A whole page, by the name of its file.
+QString docPage(const QString &file);
 QString checkPage();
 
 // The text behind the heading, up to the next heading of its level or above.

@@ -1,5 +1,7 @@
-// The corpus drawn by `orr draw`, beside what `orrlayout` makes of it with a process for each.
+// What `orr draw` makes of the corpus and of generated inputs, beside what `orrlayout` makes of
+// them with a process for each.
 #include "companion/draw_run.h"
+#include "invariants/generated_input.h"
 #include "support/corpus.h"
 
 #include <QFileInfo>
@@ -23,17 +25,30 @@ struct KnownDrawing
     QByteArray expected;
 };
 
+constexpr quint64 generatedInputs = 1; // for each engine
+
 class DrawCorpusTest : public DrawTest
 {
 protected:
-    void SetUp() override
+    void addCorpus()
     {
-        DrawTest::SetUp();
         for (const CorpusInput &input : corpusInputs()) {
             add(input.file, input.engine());
             const QString finished = input.besideIt(goldenSuffix(Format::XDot));
             if (QFileInfo::exists(finished))
                 add(finished, QString());
+        }
+    }
+
+    void addGenerated()
+    {
+        for (const LayoutIndex layout : allLayouts()) {
+            const QString engine = layoutRow(layout).name;
+            for (quint64 seed = 0; seed < generatedInputs; ++seed) {
+                const QString name = u"%1-%2.dot"_s.arg(engine).arg(seed);
+                writeFile(name, generatedInput(layout, seed));
+                add(name, engine);
+            }
         }
     }
 
@@ -63,6 +78,16 @@ protected:
                 << all[i].input.toStdString() << " as " << all[i].format.toStdString();
     }
 
+    void expectAllInAnyOrder()
+    {
+        expectAll(u"1"_s);
+        std::mt19937 random(4711);
+        for (const QString &workers : {u"2"_s, u"5"_s}) {
+            std::shuffle(all.begin(), all.end(), random);
+            expectAll(workers);
+        }
+    }
+
     QString outputOf(size_t i) const { return u"%1."_s.arg(i) + all[i].format; }
 
     std::vector<KnownDrawing> all;
@@ -72,11 +97,14 @@ protected:
 
 TEST_F(DrawCorpusTest, is_the_same_in_any_order_and_with_any_number_of_workers)
 {
+    addCorpus();
     ASSERT_GE(all.size(), allLayouts().size() * allFormats().size());
-    expectAll(u"1"_s);
-    std::mt19937 random(4711);
-    for (const QString &workers : {u"2"_s, u"5"_s}) {
-        std::shuffle(all.begin(), all.end(), random);
-        expectAll(workers);
-    }
+    expectAllInAnyOrder();
+}
+
+TEST_F(DrawCorpusTest, is_the_same_for_generated_inputs)
+{
+    addGenerated();
+    ASSERT_EQ(all.size(), generatedInputs * allLayouts().size() * allFormats().size());
+    expectAllInAnyOrder();
 }

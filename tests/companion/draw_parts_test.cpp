@@ -4,7 +4,7 @@
 #include "companion/draw/output_names.h"
 #include "companion/draw/planned_drawing.h"
 #include "companion/draw/progress.h"
-#include "companion/jobs/frames.h"
+#include "companion/jobs/value_bytes.h"
 #include "companion/jobs/worker_pool.h"
 
 #include <gtest/gtest.h>
@@ -109,31 +109,14 @@ TEST(Progress, tells_how_far_how_fast_and_how_long)
               "1 of 7201 done, 0 failed, 1 per second, 2 h left");
 }
 
-TEST(Frames, come_whole_whatever_the_pieces)
+TEST(DrawingTask, travels_as_bytes)
 {
-    int ends[2];
-    ASSERT_EQ(::pipe(ends), 0);
-    const ORR::Graph::Descriptor from(ends[0]);
-    ORR::Graph::Descriptor to(ends[1]);
     const DrawingTask task{.input = QByteArray(1000, 'x'), .output = "y", .options = {.format = 3}};
-    const QByteArray bytes = frameOfValue(task) + frameOf("") + frameOf("last");
-    FrameReader reader;
-    QList<QByteArray> messages;
-    for (const char byte : bytes) {
-        ASSERT_EQ(::write(to.number(), &byte, 1), 1);
-        EXPECT_EQ(reader.readFrom(from.number()), FrameReader::More);
-        while (const auto message = reader.next())
-            messages += *message;
-    }
-    to.close();
-    EXPECT_EQ(reader.readFrom(from.number()), FrameReader::Ended);
-    ASSERT_EQ(messages.size(), 3);
-    const auto read = valueOf<DrawingTask>(messages[0]);
+    const auto read = valueOf<DrawingTask>(bytesOf(task));
     ASSERT_TRUE(read);
     EXPECT_EQ(read->input, task.input);
+    EXPECT_EQ(read->output, "y");
     EXPECT_EQ(read->options.format, 3);
-    EXPECT_EQ(messages[1], "");
-    EXPECT_EQ(messages[2], "last");
     EXPECT_FALSE(valueOf<DrawingTask>("rubbish"));
 }
 

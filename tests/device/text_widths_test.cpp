@@ -203,3 +203,36 @@ TEST(TextWidths, of_texts_that_can_not_be_summed_up_are_those_of_the_toolkit)
                                 u"a\u009cb"_s})
         EXPECT_EQ(widths.sizeOf(text), metrics.size(0, text)) << text.left(20).toStdString();
 }
+
+TEST(KeptTextWidths, are_those_of_the_toolkit_from_one_drawing_to_the_next)
+{
+    const KeptTextWidths kept;
+    for (int drawing = 0; drawing < 3; ++drawing) {
+        for (int style = 0; style < 4; ++style)
+            expectSameSizes(pointFont(u"Arial"_s, 11, style), std::to_string(drawing));
+    }
+}
+
+TEST(KeptTextWidths, belong_to_one_font_as_long_as_they_are_kept)
+{
+    const QFont font = pointFont(u"Arial"_s, 11, 0);
+    EXPECT_NE(KeptTextWidths::of(font), KeptTextWidths::of(font));
+    const KeptTextWidths kept;
+    const auto known = KeptTextWidths::of(font);
+    EXPECT_EQ(KeptTextWidths::of(pointFont(u"Arial"_s, 11, 0)), known);
+    EXPECT_NE(KeptTextWidths::of(pointFont(u"Arial"_s, 12, 0)), known);
+    EXPECT_NE(KeptTextWidths::of(pointFont(u"Arial"_s, 11, 1)), known);
+    EXPECT_NE(KeptTextWidths::of(pointFont(u"Arial"_s, 11, 2)), known);
+    EXPECT_NE(KeptTextWidths::of(pointFont(u"Verdana"_s, 11, 0)), known);
+}
+
+TEST(KeptTextWidths, are_not_kept_of_any_number_of_fonts)
+{
+    const KeptTextWidths kept;
+    const QFont font = pointFont(u"Arial"_s, 11, 0);
+    const std::weak_ptr<TextWidths::Known> known = KeptTextWidths::of(font);
+    EXPECT_FALSE(known.expired());
+    for (int size = 1; size <= 200; ++size)
+        KeptTextWidths::of(pointFont(u"Verdana"_s, size, 0));
+    EXPECT_TRUE(known.expired());
+}

@@ -1,5 +1,6 @@
 #include "api/worker/answer.h"
 
+#include "api/protocol.h"
 #include "companion/check/check_text.h"
 #include "drawing/held_standard_error.h"
 #include "drawing/home_directory.h"
@@ -14,6 +15,8 @@
 using namespace Qt::StringLiterals;
 
 namespace ORR::Api {
+
+using Workers::Message;
 
 namespace {
 

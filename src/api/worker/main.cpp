@@ -1,68 +1,37 @@
-// The program that draws for the library, see worker_process.h. Its standard input is the socket,
-// its standard error a file in memory that the library reads if the worker ends.
+// The program that draws for the library, see worker_process.h.
 #include "api/worker/answer.h"
+
+#include "api/protocol.h"
+#include "device/text_widths.h"
 #include "drawing/environment.h"
 #include "drawing/held_standard_error.h"
 #include "drawing/sudden_end.h"
 #include "drawing/toolkit.h"
+#include "workers/requests.h"
 
 #include <QCoreApplication>
 
 #include <atomic>
 #include <cerrno>
 #include <chrono>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 #include <thread>
 
 #include <poll.h>
-#include <sys/socket.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace ORR::Api;
 using namespace ORR::Drawing;
+using namespace ORR::Workers;
 
 namespace {
-
-constexpr int library = STDIN_FILENO;
-
-// The socket, which waits as long as it takes.
-struct Socket
-{
-    static bool write(const void *bytes, std::size_t count)
-    {
-        const char *next = static_cast<const char *>(bytes);
-        while (count > 0) {
-            const ssize_t sent = ::send(library, next, count, MSG_NOSIGNAL);
-            if (sent == -1 && errno != EINTR)
-                return false;
-            if (sent > 0) {
-                next += sent;
-                count -= static_cast<std::size_t>(sent);
-            }
-        }
-        return true;
-    }
-
-    static bool read(void *bytes, std::size_t count)
-    {
-        return count == 0
-            || ::recv(library, bytes, count, MSG_WAITALL) == static_cast<ssize_t>(count);
-    }
-};
-
-bool sendAnswer(const Message &answer)
-{
-    Socket socket;
-    return sendMessage(socket, {answer.kind, {answer.fields.begin(), answer.fields.end()}});
-}
 
 std::atomic<bool> isEnding = false;
 
 // Ends the process in the middle of a drawing for which nobody waits any more.
-void watchLibrary()
+void watchLibrary(int library)
 {
     pollfd state = {library, POLLRDHUP, 0};
     while (::poll(&state, 1, -1) == -1 && errno == EINTR) { }
@@ -70,12 +39,6 @@ void watchLibrary()
     std::this_thread::sleep_for(std::chrono::milliseconds(100));
     if (!isEnding)
         std::_Exit(EXIT_FAILURE);
-}
-
-bool isSocket()
-{
-    struct stat state = {};
-    return ::fstat(library, &state) == 0 && S_ISSOCK(state.st_mode);
 }
 
 // The host has no child that it does not know of: this process is nobody's.
@@ -90,15 +53,15 @@ void leaveStarter()
     }
 }
 
-void serve()
+void serve(Requests *requests)
 {
-    sendAnswer({ORRLAYOUT_OK, {ORR_VERSION}});
-    Socket socket;
-    Message request;
-    while (receiveMessage(socket, &request)) {
-        if (!sendAnswer(answered(request)))
+    if (!requests->answer({ORRLAYOUT_OK, {ORR_VERSION}}))
+        return;
+    const ORR::Graph::KeptTextWidths keptWidths;
+    while (const std::optional<Message> request = requests->next()) {
+        const Message answer = answered(*request);
+        if (!requests->answer({answer.kind, {answer.fields.begin(), answer.fields.end()}}))
             return;
-        request = {};
     }
 }
 
@@ -106,7 +69,7 @@ void serve()
 
 int main(int argc, char **argv)
 {
-    if (argc != 1 || !isSocket()) {
+    if (argc != 1 || !Requests::areThere()) {
         std::fputs("This program is called by liborrlayout, which draws with it.\n", stderr);
         return 2;
     }
@@ -120,8 +83,9 @@ int main(int argc, char **argv)
         return EXIT_FAILURE;
     }
 
-    std::thread watcher(watchLibrary);
-    serve();
+    Requests requests;
+    std::thread watcher(watchLibrary, requests.descriptor());
+    serve(&requests);
     isEnding = true;
     watcher.join();
 #ifdef __SANITIZE_ADDRESS__

@@ -19,8 +19,10 @@ namespace {
 
 constexpr char nameOfNotes[] = ".orr-draw-notes";
 
-// So many drawings wait in the pool for a worker; the others can wait here.
+// So many drawings wait in the pool for a worker; the others can wait here. With few left it is not
+// waited for anything before there are more.
 constexpr qsizetype enoughWaiting = 64;
+constexpr qsizetype fewWaiting = 16;
 
 // How often the line of progress moves at least, in milliseconds.
 constexpr int longestWait = 500;
@@ -255,7 +257,7 @@ void DrawRun::wait(const EndingSignals &signals)
     const bool isReading = readsJobs();
     if (isReading)
         polled.push_back({jobs->descriptor(), POLLIN, 0});
-    if (pool.waiting() < enoughWaiting && !planned.empty())
+    if (pool.waiting() < fewWaiting && !planned.empty())
         deadline = now;
     int time = -1;
     if (deadline != WorkerPool::Clock::time_point::max())

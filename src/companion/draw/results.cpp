@@ -94,6 +94,8 @@ void Results::add(const PlannedDrawing &drawing, End end, const DrawingAnswer &a
         tellFailure(drawing, answer.message);
     if (end == End::Drawn && drawing.task.output.isEmpty() && !print(call, answer.drawing))
         isWritable = false;
+    if (!hasJobs && !report)
+        return;
     QJsonObject result = resultOf(drawing, end, answer);
     if (hasJobs)
         addToJob(drawing, end, result);

@@ -32,8 +32,8 @@ struct DrawingAnswer
     QByteArray drawing = {}; // if there is no file
 };
 
-// How they travel on the pipes of a worker, whose two ends are the same program: fields in this
-// order, in the form of Qt's streams.
+// How they travel to a worker and back, whose two ends are the same program: each as the only field
+// of a message, in the form of Qt's streams, in this order.
 QDataStream &operator<<(QDataStream &stream, const DrawingTask &task);
 QDataStream &operator>>(QDataStream &stream, DrawingTask &task);
 QDataStream &operator<<(QDataStream &stream, const DrawingAnswer &answer);

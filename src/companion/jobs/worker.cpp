@@ -2,7 +2,8 @@
 
 #include "companion/command/streams.h"
 #include "companion/jobs/drawing_task.h"
-#include "companion/jobs/frames.h"
+#include "companion/jobs/value_bytes.h"
+#include "device/text_widths.h"
 #include "drawing/environment.h"
 #include "drawing/home_directory.h"
 #include "drawing/job.h"
@@ -11,6 +12,7 @@
 #include "graph/message_text.h"
 #include "output/files/descriptor.h"
 #include "output/files/file_name.h"
+#include "workers/requests.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -125,37 +127,26 @@ DrawingAnswer drawn(const DrawingTask &task, const CommandCall &call, const QStr
     return answer;
 }
 
-// The two ends that lead to the parent.
-struct Ends
+bool sendBytes(Workers::Requests *requests, const QByteArray &bytes)
 {
-    Graph::Descriptor tasks;
-    Graph::Descriptor answers;
-};
-
-// Nobody may come upon them by the name of a standard stream, which an input or an output may have.
-Ends takeEnds()
-{
-    Ends ends{Graph::Descriptor(::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1)),
-              Graph::Descriptor(::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1))};
-    const Graph::Descriptor nothing(::open("/dev/null", O_RDWR | O_CLOEXEC));
-    ::dup2(nothing.number(), STDIN_FILENO);
-    ::dup2(nothing.number(), STDOUT_FILENO);
-    return ends;
+    return requests->answer({0, {{bytes.constData(), size_t(bytes.size())}}});
 }
 
-void drawAll(const Ends &ends, const CommandCall &call, const QString &home, bool measuresMemory)
+// Nothing if there are no more.
+std::optional<DrawingTask> nextTask(Workers::Requests *requests)
 {
-    FrameReader reader;
-    for (;;) {
-        const std::optional<QByteArray> message = reader.next();
-        if (!message) {
-            if (reader.readFrom(ends.tasks.number()) == FrameReader::Ended)
-                return;
-            continue;
-        }
-        const std::optional<DrawingTask> task = valueOf<DrawingTask>(*message);
-        if (!task)
-            return;
+    const std::optional<Workers::Message> message = requests->next();
+    if (!message || message->fields.size() != 1)
+        return std::nullopt;
+    const std::string &bytes = message->fields.front();
+    return valueOf<DrawingTask>(QByteArray::fromRawData(bytes.data(), qsizetype(bytes.size())));
+}
+
+void drawAll(Workers::Requests *requests, const CommandCall &call, const QString &home,
+             bool measuresMemory)
+{
+    const Graph::KeptTextWidths keptWidths;
+    while (const std::optional<DrawingTask> task = nextTask(requests)) {
         // The libraries of pictures complain there about those that an input holds.
         [[maybe_unused]] const int emptied = ::ftruncate(STDERR_FILENO, 0);
         if (measuresMemory)
@@ -166,7 +157,7 @@ void drawAll(const Ends &ends, const CommandCall &call, const QString &home, boo
         answer.microseconds = timer.nsecsElapsed() / 1000;
         if (measuresMemory)
             answer.peakMemory = systemNumber("/proc/self/status", "VmHWM:");
-        if (!Graph::writeToEnd(ends.answers.number(), frameOfValue(answer)))
+        if (!sendBytes(requests, bytesOf(answer)))
             return;
     }
 }
@@ -178,17 +169,16 @@ int runWorker(const CommandCall &call)
     if (call.arguments.size() != 3)
         return WrongUse;
     belongToParent();
-    const Ends ends = takeEnds();
+    Workers::Requests requests;
     Drawing::prepareForSuddenEnd();
     Drawing::prepareToolkit();
     Drawing::startToolkit(program_invocation_name);
     Drawing::startApplication(u"orrlayout"_s);
     const QString home = Drawing::startHome(QString::fromLocal8Bit(program_invocation_name));
     const QString fault = Drawing::fontFault();
-    const QByteArray greeting = frameOf(fault.trimmed().toUtf8());
-    if (Graph::writeToEnd(ends.answers.number(), greeting) && fault.isEmpty()) {
+    if (sendBytes(&requests, fault.trimmed().toUtf8()) && fault.isEmpty()) {
         limitMemory(std::atoll(call.arguments[1].c_str()));
-        drawAll(ends, call, home, call.arguments[2] == "1");
+        drawAll(&requests, call, home, call.arguments[2] == "1");
     }
 #ifdef __SANITIZE_ADDRESS__
     // What its fonts hold would be taken for lost.

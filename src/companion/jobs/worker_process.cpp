@@ -1,18 +1,17 @@
 #include "companion/jobs/worker_process.h"
 
 #include "companion/jobs/abandoned_files.h"
+#include "companion/jobs/value_bytes.h"
 #include "companion/jobs/worker.h"
+#include "workers/worker_start.h"
 
-#include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
 #include <string>
 
-#include <fcntl.h>
-#include <spawn.h>
-#include <sys/mman.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -26,59 +25,13 @@ constexpr size_t mostTasks = 2;
 // What a process may take to end that was asked to.
 constexpr std::chrono::milliseconds patience{1000};
 
-struct Pipe
-{
-    Graph::Descriptor readEnd;
-    Graph::Descriptor writeEnd;
-};
-
-Pipe makePipe()
-{
-    int ends[2];
-    if (::pipe2(ends, O_CLOEXEC) != 0)
-        return {};
-    return {Graph::Descriptor(ends[0]), Graph::Descriptor(ends[1])};
-}
-
-// As a terminal has them, whatever this process does with them.
-void settleSignals(posix_spawnattr_t *attributes)
-{
-    sigset_t none;
-    ::sigemptyset(&none);
-    ::posix_spawnattr_setsigmask(attributes, &none);
-    sigset_t usual;
-    ::sigemptyset(&usual);
-    ::sigaddset(&usual, SIGTERM);
-    ::sigaddset(&usual, SIGXCPU);
-    ::posix_spawnattr_setsigdefault(attributes, &usual);
-    ::posix_spawnattr_setflags(attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
-}
-
 // The same program, under the name that it was called by: that is where it looks for the
 // installation. It is found by what runs, so that a new one in its place changes nothing meanwhile.
-pid_t spawn(const WorkerSettings &settings, int input, int output, int error)
+Workers::WorkerCall callOf(const WorkerSettings &settings)
 {
-    std::string memory = std::to_string(settings.memoryLimit);
-    std::string worker = workerArgument;
-    std::string draw = "draw";
-    std::string measures = settings.measuresMemory ? "1" : "0";
-    char *arguments[] = {program_invocation_name, draw.data(),     worker.data(),
-                         memory.data(),           measures.data(), nullptr};
-    posix_spawn_file_actions_t files;
-    posix_spawnattr_t attributes;
-    ::posix_spawn_file_actions_init(&files);
-    ::posix_spawnattr_init(&attributes);
-    ::posix_spawn_file_actions_adddup2(&files, input, STDIN_FILENO);
-    ::posix_spawn_file_actions_adddup2(&files, output, STDOUT_FILENO);
-    ::posix_spawn_file_actions_adddup2(&files, error, STDERR_FILENO);
-    settleSignals(&attributes);
-    pid_t pid = 0;
-    const int fault =
-        ::posix_spawn(&pid, "/proc/self/exe", &files, &attributes, arguments, environ);
-    ::posix_spawnattr_destroy(&attributes);
-    ::posix_spawn_file_actions_destroy(&files);
-    errno = fault;
-    return fault == 0 ? pid : -1;
+    return {"/proc/self/exe",
+            {program_invocation_name, "draw", workerArgument, std::to_string(settings.memoryLimit),
+             settings.measuresMemory ? "1" : "0"}};
 }
 
 QByteArray seconds(std::chrono::milliseconds time)
@@ -88,25 +41,23 @@ QByteArray seconds(std::chrono::milliseconds time)
 
 } // namespace
 
+WorkerProcess::Outgoing::Outgoing(const QByteArray &sent)
+    : bytes(sent), message({0, {{bytes.constData(), size_t(bytes.size())}}})
+{
+}
+
 WorkerProcess::WorkerProcess(const WorkerSettings &settings_) : settings(settings_)
 {
-    Pipe tasksPipe = makePipe();
-    Pipe answers = makePipe();
-    words = Graph::Descriptor(::memfd_create("words", MFD_CLOEXEC));
-    const bool isOpen = tasksPipe.readEnd && answers.readEnd && words
-        && ::fcntl(words.number(), F_SETFL, O_APPEND) == 0
-        && ::fcntl(tasksPipe.writeEnd.number(), F_SETFL, O_NONBLOCK) == 0
-        && ::fcntl(answers.readEnd.number(), F_SETFL, O_NONBLOCK) == 0;
-    if (isOpen)
-        pid =
-            spawn(settings, tasksPipe.readEnd.number(), answers.writeEnd.number(), words.number());
-    if (!isStarted()) {
-        startFault = "a worker can't be started: " + QByteArray(std::strerror(errno));
+    Workers::WorkerDescriptors descriptors;
+    const int error = Workers::startWorker(callOf(settings), &descriptors, &pid);
+    if (error != 0) {
+        pid = 0;
+        startFault = "a worker can't be started: " + QByteArray(std::strerror(error));
         gone = true;
         return;
     }
-    toWorker = std::move(tasksPipe.writeEnd);
-    fromWorker = std::move(answers.readEnd);
+    socket = Graph::Descriptor(descriptors.socket);
+    words = Graph::Descriptor(descriptors.lastWords);
 }
 
 WorkerProcess::~WorkerProcess()
@@ -114,7 +65,7 @@ WorkerProcess::~WorkerProcess()
     if (gone)
         return;
     end();
-    toWorker.close();
+    socket.close();
     const auto patient = Clock::now() + patience;
     while (::waitpid(pid, nullptr, WNOHANG) == 0) {
         if (Clock::now() > patient) {
@@ -136,7 +87,7 @@ void WorkerProcess::give(qint64 number, const DrawingTask &task)
     tasks.push_back({number, task});
     if (tasks.size() == 1)
         startNext();
-    unsent += frameOfValue(task);
+    unsent.emplace_back(bytesOf(task));
     sendMore();
 }
 
@@ -146,9 +97,8 @@ void WorkerProcess::watch(std::vector<pollfd> *polled, Clock::time_point *deadli
         *deadline = Clock::now();
         return;
     }
-    polled->push_back({fromWorker.number(), POLLIN, 0});
-    if (!unsent.isEmpty())
-        polled->push_back({toWorker.number(), POLLOUT, 0});
+    const auto events = static_cast<short>(unsent.empty() ? POLLIN : POLLIN | POLLOUT);
+    polled->push_back({socket.number(), events, 0});
     if (condemned)
         *deadline = std::min(*deadline, *condemned + patience);
     else if (settings.timeLimit.count() > 0 && isReady && !tasks.empty())
@@ -180,31 +130,31 @@ void WorkerProcess::end()
         ::kill(pid, SIGTERM);
 }
 
-// A pipe that nobody reads any more is that of a process whose end is seen elsewhere.
+// A socket that nobody reads from any more is that of a process whose end is seen elsewhere.
 void WorkerProcess::sendMore()
 {
-    while (!unsent.isEmpty()) {
-        const ssize_t count =
-            ::write(toWorker.number(), unsent.constData(), static_cast<size_t>(unsent.size()));
-        if (count == -1 && errno == EINTR)
-            continue;
-        if (count == -1 && errno != EAGAIN && errno != EWOULDBLOCK)
-            unsent.clear();
-        if (count <= 0)
+    while (!unsent.empty()) {
+        const auto state = unsent.front().message.send(socket.number(), MSG_DONTWAIT);
+        if (state == Workers::OutgoingMessage::Waiting)
             return;
-        unsent.remove(0, count);
+        if (state == Workers::OutgoingMessage::Failed)
+            unsent.clear();
+        else
+            unsent.pop_front();
     }
 }
 
 void WorkerProcess::receive(std::vector<FinishedTask> *finished)
 {
-    FrameReader::State state = FrameReader::More;
-    while (state == FrameReader::More) {
-        state = reader.readFrom(fromWorker.number());
-        while (const std::optional<QByteArray> message = reader.next())
-            take(*message, finished);
+    auto state = Workers::MessageReader::More;
+    while (state == Workers::MessageReader::More) {
+        state = reader.receive(socket.number(), MSG_DONTWAIT);
+        while (const std::optional<Workers::Message> message = reader.next()) {
+            if (message->fields.size() == 1)
+                take(QByteArray::fromStdString(message->fields.front()), finished);
+        }
     }
-    if (state == FrameReader::Ended)
+    if (state == Workers::MessageReader::Ended)
         bury(finished);
 }
 
@@ -277,21 +227,10 @@ QByteArray WorkerProcess::causeOfDeath(int status) const
     if (WIFSIGNALED(status))
         return "the worker was ended by signal " + QByteArray::number(WTERMSIG(status)) + " ("
             + ::strsignal(WTERMSIG(status)) + ')';
-    const QByteArray said = lastWords();
+    const QByteArray said = QByteArray::fromStdString(Workers::lastWords(words.number()));
     if (!said.isEmpty())
         return said;
     return "the worker ended with status " + QByteArray::number(WEXITSTATUS(status));
-}
-
-// The last line on its standard error.
-QByteArray WorkerProcess::lastWords() const
-{
-    std::array<char, 4096> end;
-    const off_t size = ::lseek(words.number(), 0, SEEK_END);
-    const off_t from = std::max<off_t>(0, size - off_t(end.size()));
-    const ssize_t count = ::pread(words.number(), end.data(), end.size(), from);
-    const QByteArray text = QByteArray(end.data(), std::max<ssize_t>(count, 0)).trimmed();
-    return text.sliced(text.lastIndexOf('\n') + 1);
 }
 
 } // namespace ORR::Companion

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "companion/jobs/drawing_task.h"
-#include "companion/jobs/frames.h"
 #include "output/files/descriptor.h"
+#include "workers/message.h"
 
 #include <QByteArray>
 
@@ -74,23 +74,30 @@ private:
         DrawingTask task;
     };
 
+    // A message, and the bytes that it sends.
+    struct Outgoing
+    {
+        explicit Outgoing(const QByteArray &sent);
+
+        QByteArray bytes;
+        Workers::OutgoingMessage message;
+    };
+
     void sendMore();
     void receive(std::vector<FinishedTask> *finished);
     void take(const QByteArray &message, std::vector<FinishedTask> *finished);
     void keepTime();
     void bury(std::vector<FinishedTask> *finished);
     QByteArray causeOfDeath(int status) const;
-    QByteArray lastWords() const;
     void startNext();
 
     WorkerSettings settings;
     pid_t pid = 0;
     QByteArray startFault;
-    Graph::Descriptor toWorker;
-    Graph::Descriptor fromWorker;
+    Graph::Descriptor socket;
     Graph::Descriptor words; // its standard error
-    QByteArray unsent;
-    FrameReader reader;
+    std::deque<Outgoing> unsent;
+    Workers::MessageReader reader;
     bool isReady = false; // its start is over
     bool gone = false;
     std::deque<Task> tasks; // the first is the one that it is at
