@@ -89,10 +89,15 @@ TEST(RejectionAdvice, of_values_and_lists)
               "2:2 name-value-statement: write graph [color=...]");
 }
 
-TEST(RejectionAdvice, of_lists_that_stand_alone)
+TEST(RejectionAdvice, of_lists_that_are_not_closed_or_stand_alone)
 {
     EXPECT_EQ(adviceFor("digraph { a; [x=y] }"),
               "1:14 syntax-error: leave the semicolon ahead of it out");
+    EXPECT_EQ(adviceFor("digraph { node [x=y\n a -> b }"),
+              "2:4 syntax-error: close the list ahead of this with ']'");
+    EXPECT_EQ(adviceFor("digraph { a [x=y b }"),
+              "1:20 syntax-error: close the list ahead of this with ']'");
+    EXPECT_EQ(adviceFor("digraph { a => b }"), "1:13 syntax-error: write a -> b");
     EXPECT_EQ(adviceFor("digraph { a[ x=y ] }"),
               "1:11 missing-blank: put a blank ahead of the bracket");
     EXPECT_EQ(placesAndRules("digraph { b; a[//c\n x=y ] }"), QStringList(u"1:14 missing-blank"_s));

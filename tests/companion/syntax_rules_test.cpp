@@ -42,8 +42,10 @@ TEST(SyntaxRules, a_rejection_tells_what_was_found_and_what_was_expected)
         "';'"_s);
     EXPECT_EQ(told(""), u"1:1 syntax-error found the end of the text, expected 'digraph'"_s);
     EXPECT_EQ(told("}"), u"1:1 syntax-error found '}', expected 'digraph'"_s);
-    EXPECT_EQ(told("digraph { a [x=y }"),
-              u"1:18 syntax-error found '}', expected an attribute, ']' or ','"_s);
+    EXPECT_EQ(
+        told("digraph { a [x=y }"),
+        u"1:18 syntax-error found '}', expected an attribute, ']' or ',' (close the list ahead of "
+        "this with ']')"_s);
 }
 
 TEST(SyntaxRules, a_long_text_is_shown_by_its_beginning)

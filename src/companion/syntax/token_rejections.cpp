@@ -49,6 +49,8 @@ Explanation explainEquals(const DotFault &fault, const TokensAhead &ahead, const
 {
     if (!isAtStatement(fault) || ahead.last.kind != DotToken::Identifier)
         return plain({}, {});
+    if (fault.end < text.size() && text.at(fault.end) == '>')
+        return plain(u"'=>' makes no edge"_s, u"write a -> b"_s);
     constexpr qsizetype longestName = 40;
     const QByteArrayView name = bytesOf(text, ahead.last);
     const QString list =
@@ -72,8 +74,17 @@ Explanation explainSeparator(const DotFault &fault)
                                            : u"leave it out"_s};
 }
 
+// What stands in statements only: the end of the list is missing.
+bool isBeyondList(DotToken kind)
+{
+    return kind == DotToken::Arrow || kind == DotToken::OpenBracket || kind == DotToken::OpenBrace
+        || kind == DotToken::CloseBrace;
+}
+
 Explanation explainList(const DotFault &fault, const TokensAhead &ahead, const QByteArray &text)
 {
+    if (isInList(fault) && isBeyondList(fault.found))
+        return plain({}, u"close the list ahead of this with ']'"_s);
     // Behind a name without a value comes the next name, a comma or the end of the list.
     if (fault.expected == Graph::DotTokenSet{DotToken::Equals}
         && ahead.last.kind == DotToken::Identifier) {
