@@ -196,6 +196,8 @@ TEST(RejectionAdvice, is_given_once_for_what_follows_from_the_first_fault)
     // Ahead of the fault, but behind its cause.
     EXPECT_EQ(placesAndRules("digraph { a -> b // c:d -> e -> f\n }"),
               QStringList(u"1:18 comment-rejected"_s));
+    EXPECT_EQ(placesAndRules("digraph {\n \"a;\n \"b:c\" d = e }"),
+              QStringList(u"2:2 unterminated-text"_s));
     EXPECT_EQ(placesAndRules("digraph {\n a:n [label=\"x];\n b [label=\"y -z\"]; }"),
               (QStringList{u"2:2 port"_s, u"2:13 unterminated-text"_s}));
 }
