@@ -57,8 +57,20 @@ TEST(Foretelling, says_nothing_without_an_engine_and_with_one_that_there_is_not)
 TEST(Foretelling, tells_why_an_engine_fails_and_where_if_it_can)
 {
     EXPECT_EQ(foretold(u"gftree"_s, "digraph { a -> b [];\nb -> a []; c -> a []; }"),
-              one(u"0:0 the drawing fails: Cycle detected. Graflib Tree layout does not support "
+              one(u"2:1 the drawing fails: Cycle detected. Graflib Tree layout does not support "
                   "cycles [drawing-fails]"_s));
+    EXPECT_EQ(foretold(u"gftree"_s, "digraph { r -> a; a -> b; a -> c;\nc -> a; b -> r; }"),
+              one(u"2:9 the drawing fails: Could not find root node [drawing-fails]"_s));
+    EXPECT_EQ(foretold(u"gftree"_s, "digraph { a -> b; a -> c;\n d -> b; e; }"),
+              one(u"2:2 the drawing fails: Could not find root node [drawing-fails]"_s));
+    EXPECT_EQ(foretold(u"gftree"_s, "digraph { a -> a }"),
+              one(u"1:11 the drawing fails: Could not find root node [drawing-fails]"_s));
+    EXPECT_EQ(foretold(u"gftree"_s, "digraph { }"),
+              one(u"0:0 the drawing fails: Could not find root node [drawing-fails]"_s));
+    // What the root does not reach is no reason.
+    EXPECT_EQ(foretold(u"gftree"_s, "digraph { r -> s; a -> b; b -> a; a [level=9] }"),
+              one(u"0:0 the drawing fails: A node has a level that is not in the tree "
+                  "[drawing-fails]"_s));
     EXPECT_EQ(foretold(u"gftree"_s, "digraph { a;\nsubgraph b { c; } }"),
               one(u"2:10 the drawing fails: GraflibTree does not support subgraphs "
                   "[drawing-fails]"_s));

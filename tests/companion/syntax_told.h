@@ -33,3 +33,12 @@ inline QStringList toldOf(const QByteArray &text)
                                             : QStringLiteral(" (") + finding.suggestion + u')');
     return told;
 }
+
+// The same with place and rule only.
+inline QStringList placesAndRules(const QByteArray &text)
+{
+    QStringList places;
+    for (const QString &line : toldOf(text))
+        places += line.section(u' ', 0, 1);
+    return places;
+}

@@ -40,11 +40,12 @@ void findUnknownEngine(const QString &engine, FindingList *findings)
          suggestion.isEmpty() ? "the engines are "_L1 + engines.join(", "_L1) : suggestion});
 }
 
-// A comment that breaks the text has become nodes first, and is told once.
+// What was found behind the place that is to blame follows from it: a comment that breaks the text
+// has become nodes first, and a text without its closing quote has turned texts into names.
 void findRejection(const Graph::DotFault &fault, const QByteArray &bytes, FindingList *findings)
 {
     const Finding rejection = explained(fault, bytes);
-    findings->removeAt(rejection.offset);
+    findings->removeFrom(rejection.offset);
     findings->add(rejection);
 }
 
@@ -64,9 +65,9 @@ QList<Finding> checkText(const QByteArray &bytes, const CheckOptions &options)
     Graph::SourceText source(bytes);
     const QByteArray &text = source.bytes();
     FindingList findings;
-    CheckedText checked;
     Misreadings misreadings(text, &findings);
-    ListenerPair listeners(checked, misreadings);
+    CheckedText checked(&misreadings);
+    ListenerPair listeners(misreadings, checked);
     const Graph::DotReading reading = Graph::parseDot(text, listeners);
     Graph::DotGraph *const graph = reading.graph.get();
     if (reading.fault)

@@ -1,5 +1,7 @@
 #include "companion/check/checked_text.h"
 
+#include "companion/syntax/misreadings.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -36,7 +38,7 @@ std::vector<const DotNode *> CheckedText::undeclaredNodes() const
 {
     std::vector<const DotNode *> byEdge;
     for (const CheckedNode &node : firstMentions) {
-        if (node.byEdge)
+        if (node.byEdge || node.isMisread)
             byEdge.push_back(node.node);
     }
     std::vector<const DotNode *> declared = declaredLater;
@@ -54,22 +56,53 @@ void CheckedText::subgraphOpened(DotSubgraph *subgraph, qsizetype keyword, qsize
     openedSubgraphs.push_back({subgraph, placeFrom(keyword), placeFrom(id)});
 }
 
+bool CheckedText::isInComment(qsizetype place) const
+{
+    return misreadings && misreadings->isInComment(place);
+}
+
 void CheckedText::nodeMentioned(DotNode *node, NodeMention mention, bool first, qsizetype place)
 {
     const bool byEdge = mention != NodeMention::Statement;
-    if (first)
-        firstMentions.push_back({node, placeFrom(place), byEdge});
-    else if (!byEdge)
+    const bool ofComment = isInComment(place);
+    const bool isMisread = misreadings && misreadings->isMisread(place);
+    isEdgeMisread = (mention == NodeMention::Head && isEdgeMisread) || ofComment || isMisread;
+    if (mention == NodeMention::Tail && misreadings && misreadings->isPortOfQuoted(place))
+        undeclareLast();
+    lastDeclaration = Declaration::None;
+    if (ofComment) {
+        if (first)
+            ofComments.insert(node);
+        return;
+    }
+    const bool isNew = first || (!ofComments.isEmpty() && ofComments.remove(node));
+    if (isNew)
+        firstMentions.push_back({node, placeFrom(place), byEdge, isMisread});
+    else if (!byEdge && !isMisread)
         declaredLater.push_back(node);
+    if (!byEdge && !isMisread)
+        lastDeclaration = isNew ? Declaration::First : Declaration::Later;
+}
+
+// A quoted name with a port is read as a statement, and is the end of an edge: "a":port -> b.
+void CheckedText::undeclareLast()
+{
+    if (lastDeclaration == Declaration::First)
+        firstMentions.back().byEdge = true;
+    else if (lastDeclaration == Declaration::Later)
+        declaredLater.pop_back();
 }
 
 void CheckedText::edgeRead(DotEdge *edge, qsizetype tail, qsizetype head)
 {
-    readEdges.push_back({edge, placeFrom(tail), placeFrom(head)});
+    if (!isEdgeMisread)
+        readEdges.push_back({edge, placeFrom(tail), placeFrom(head)});
 }
 
 void CheckedText::attributeRead(const AttributeMention &attribute)
 {
+    if (isInComment(attribute.nameOffset))
+        return;
     DotObject *object = objectOf(attribute);
     if (attributeLists.empty() || attributeLists.back().object != object
         || attributeLists.back().target != attribute.target)

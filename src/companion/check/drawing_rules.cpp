@@ -3,8 +3,11 @@
 #include "companion/check/drawing_objects.h"
 #include "companion/check/drawing_toolkit.h"
 #include "companion/check/rules.h"
+#include "companion/check/tree_faults.h"
+#include "companion/findings/quoted_text.h"
 #include "device/xdot_render.h"
 #include "drawing/held_standard_error.h"
+#include "graph/dot_tokenizer.h"
 #include "graph/limits.h"
 #include "layout/attribute_tables.h"
 #include "layout/charts/chart_legend.h"
@@ -47,14 +50,38 @@ bool isToldByItsObject(const QString &message, const ForetoldDrawing &made)
     return made.engine == LayoutIndex::UmlSeq && message.contains(u'"');
 }
 
+void placeAtName(qsizetype place, const ForetoldDrawing &made, Finding *finding)
+{
+    finding->offset = place;
+    finding->end = identifierEnd(made.bytes, place);
+}
+
+// What keeps a graph from being a tree, in the order in which the engine looks: subgraphs, of which
+// the root is one in the text, a root that is not the only one, a cycle.
+void placeTreeFault(const ForetoldDrawing &made, Finding *finding)
+{
+    const CheckedText &text = made.text;
+    if (text.subgraphs().size() > 1) {
+        placeAt(text.subgraphs().at(1).subgraph, made, finding);
+        return;
+    }
+    if (const auto roots = firstRoots(text); roots.size() > 1) {
+        placeAtName(roots[1]->place, made, finding);
+        finding->suggestion = "a tree has one root, and no edge leads to %1 and none to %2"_L1.arg(
+            quotedText(roots[0]->node->id), quotedText(roots[1]->node->id));
+    } else if (const CheckedEdge *edge = edgeOfCycle(text)) {
+        placeAtName(edge->tail, made, finding);
+        finding->suggestion = u"this edge closes a cycle: leave out one edge of it"_s;
+    }
+}
+
 void findFailure(const QString &message, const ForetoldDrawing &made, FindingList *findings)
 {
     if (isToldByItsObject(message, made))
         return;
     Finding finding{&Rules::drawingFails, "the drawing fails: "_L1 + message.trimmed()};
-    // A tree may have no subgraphs at all, which is looked at first. The root is one in the text.
-    if (made.engine == LayoutIndex::GfTree && made.text.subgraphs().size() > 1)
-        placeAt(made.text.subgraphs().at(1).subgraph, made, &finding);
+    if (made.engine == LayoutIndex::GfTree)
+        placeTreeFault(made, &finding);
     findings->add(finding);
 }
 

@@ -26,8 +26,10 @@ void findSharedIds(const CheckedInput &input, FindingList *list)
 {
     OrderedFindings findings(Rules::sharedId, list);
     for (const CheckedSubgraph &checked : input.text.subgraphs()) {
-        if (checked.id < 0 || !checked.subgraph->parent
-            || !input.graph.findNode(checked.subgraph->id))
+        if (checked.id < 0 || !checked.subgraph->parent)
+            continue;
+        const DotNode *node = input.graph.findNode(checked.subgraph->id);
+        if (!node || input.text.isOfComments(node))
             continue;
         findings.add(checked.id, [&] {
             return findingAt(
@@ -46,7 +48,7 @@ void findUndeclaredNodes(const CheckedInput &input, FindingList *list)
         return;
     OrderedFindings findings(Rules::undeclaredNode, list);
     for (const CheckedNode &checked : input.text.nodes()) {
-        if (!checked.byEdge
+        if (!checked.byEdge || checked.isMisread
             || !std::binary_search(undeclared.begin(), undeclared.end(), checked.node,
                                    std::less<>()))
             continue;

@@ -44,10 +44,10 @@ void FindingList::add(const Finding &finding)
         shorten(&ofRule);
 }
 
-void FindingList::removeAt(qsizetype offset)
+void FindingList::removeFrom(qsizetype offset)
 {
     for (auto &[id, ofRule] : rules)
-        ofRule.kept.removeIf([=](const Finding &finding) { return finding.offset == offset; });
+        ofRule.kept.removeIf([=](const Finding &finding) { return finding.offset >= offset; });
     std::erase_if(rules, [](const auto &entry) {
         return entry.second.kept.isEmpty() && entry.second.counted == 0;
     });

@@ -15,8 +15,8 @@ public:
 
     void add(const Finding &finding);
 
-    // Forgets the findings at a place, but for those that are counted already.
-    void removeAt(qsizetype offset);
+    // Forgets the findings from a place on, but for those that are counted already.
+    void removeFrom(qsizetype offset);
 
     // The findings by their place, those without a place first; at one place by their rules. A
     // finding that was added twice is told once. Behind them all, for each rule that has more, one

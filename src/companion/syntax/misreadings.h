@@ -1,6 +1,7 @@
 #pragma once
 
 #include "companion/findings/finding_list.h"
+#include "companion/syntax/comments.h"
 #include "graph/dot_listener.h"
 
 #include <QByteArray>
@@ -17,6 +18,19 @@ public:
     // not owned.
     Misreadings(const QByteArray &read, FindingList *findings) : text(read), found(findings) { }
 
+    // Of what was heard last: whether the name at this place is a word of a comment, or one that
+    // was told of. What else could be said of such a name follows from that.
+    bool isInComment(qsizetype place) const
+    {
+        return place >= comment.offset && place < comment.end;
+    }
+    bool isMisread(qsizetype place) const { return place >= misread.offset && place < misread.end; }
+    // Whether it is a port of the quoted name that was heard ahead of it.
+    bool isPortOfQuoted(qsizetype place) const
+    {
+        return isMisread(place) && place > 0 && text.at(place) == ':' && text.at(place - 1) == '"';
+    }
+
     void subgraphClosed(Graph::DotSubgraph *subgraph, qsizetype brace) override;
     void subgraphOpened(Graph::DotSubgraph *subgraph, qsizetype keyword, qsizetype id) override;
     void nodeMentioned(Graph::DotNode *node, Graph::NodeMention mention, bool first,
@@ -24,14 +38,22 @@ public:
     void attributeRead(const Graph::AttributeMention &attribute) override;
 
 private:
-    bool findComment(QByteArrayView name, qsizetype place);
-    void findInName(QByteArrayView name, qsizetype place, bool endOfEdge);
+    void findInName(qsizetype place, bool isNode);
+    void findInWord(QByteArrayView name, qsizetype place, bool isNode);
+    bool findPort(QByteArrayView name, qsizetype place);
+    void findQuote(QByteArrayView name, qsizetype place);
+    void noteQuotes(qsizetype place);
     void findMinus(qsizetype place);
+    void addComment(qsizetype place, const QString &sentence);
     void add(const Rule &rule, qsizetype place, const QString &sentence, const QString &suggestion);
 
     QByteArray text;
     FindingList *found;
-    qsizetype lastCommentEnd = 0; // behind the last comment that was found
+    SourceRange comment; // the last one that was found
+    SourceRange misread; // the last name that something was told of
+    // The last quoted name or value, and the unquoted name that is glued to it.
+    qsizetype lastQuoted = Graph::nowhere;
+    qsizetype glued = Graph::nowhere;
 };
 
 } // namespace ORR::Companion

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "companion/syntax/comments.h"
 #include "graph/dot_token.h"
 
 #include <QByteArray>
-#include <QByteArrayView>
 #include <QString>
+
+#include <vector>
 
 // Tokens as they stand in a text, for whoever explains what they were read as.
 namespace ORR::Companion {
@@ -16,20 +18,24 @@ struct SourceToken
     qsizetype end = -1;
 };
 
+// A quoted text that seems to run beyond what was meant, since a closing quote is missing: the
+// quote that ends it is glued to a name, as an opening one is.
+struct RunawayText
+{
+    SourceToken text; // an end if there is none
+    qsizetype lines = 0; // that it is on
+};
+
 // What stands ahead of a place.
 struct TokensAhead
 {
     SourceToken last; // the token next to it; an end if there is none
     SourceToken beforeLast;
-    qsizetype comment = -1; // a comment that the place is in, or begins; -1 for none
+    std::vector<SourceRange> comments; // that begin ahead of it or there
     qsizetype openText = -1; // a value of the same list that begins with `<`; -1 for none
+    RunawayText runaway; // the first one
 };
 TokensAhead tokensAhead(const QByteArray &text, qsizetype offset);
-
-// Whether the bytes begin like a comment.
-bool beginsComment(QByteArrayView bytes);
-// Behind the comment that begins at the offset.
-qsizetype commentEnd(QByteArrayView text, qsizetype offset);
 
 // A kind of token in words.
 QString kindInWords(Graph::DotToken kind);

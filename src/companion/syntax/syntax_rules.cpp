@@ -130,7 +130,7 @@ constexpr Rule replaySyntaxError{
 constexpr Rule comment{
     "comment",
     Error,
-    "a comment, which the dialect does not have, is read as nodes",
+    "a comment, which the dialect does not have, is read as nodes or as a part of a text",
     "Leave comments out.",
 };
 
@@ -145,22 +145,22 @@ constexpr Rule htmlText{
 constexpr Rule port{
     "port",
     Error,
-    "a port is read as a part of the node's name",
+    "a port is read as a part of the node's name, or as a node of its own",
     "Leave the port out, or quote the name if the colon is meant.",
 };
 
 constexpr Rule undirectedEdge{
     "undirected-edge",
     Error,
-    "-- makes no edge and is read as a node",
+    "-- makes no edge and is read as a node or as a part of a name",
     "Write a -- b as a -> b.",
 };
 
 constexpr Rule arrowInName{
     "arrow-in-name",
     Error,
-    "an arrow is read as a part of a name",
-    "Write a->b as a -> b: only a blank ends the name.",
+    "an arrow is read as a name or as a part of one",
+    "Write a->b as a -> b: only a blank ends the name. Write a <- b as b -> a.",
 };
 
 constexpr Rule bracketInName{
@@ -168,6 +168,13 @@ constexpr Rule bracketInName{
     Error,
     "a bracket is read as a part of a name",
     "Put a blank ahead of the bracket, or quote the name if the bracket is meant.",
+};
+
+constexpr Rule quoteInName{
+    "quote-in-name",
+    Error,
+    "a quote is read as a part of a name",
+    "A quote is missing ahead of it. Within a quoted name a quote is written \\\".",
 };
 
 constexpr Rule negativeNumber{
@@ -231,8 +238,9 @@ std::span<const Rule *const> misreadingRules()
 {
     using namespace SyntaxRules;
     static constexpr const Rule *rules[] = {
-        &comment,        &htmlText,   &port,      &undirectedEdge, &arrowInName, &bracketInName,
-        &negativeNumber, &unreadText, &unknownOp, &opNumber,       &opCount,     &missingPage,
+        &comment,       &htmlText,    &port,           &undirectedEdge, &arrowInName,
+        &bracketInName, &quoteInName, &negativeNumber, &unreadText,     &unknownOp,
+        &opNumber,      &opCount,     &missingPage,
     };
     return rules;
 }

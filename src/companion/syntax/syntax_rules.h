@@ -37,6 +37,7 @@ extern const Rule port;
 extern const Rule undirectedEdge;
 extern const Rule arrowInName;
 extern const Rule bracketInName;
+extern const Rule quoteInName;
 extern const Rule negativeNumber;
 extern const Rule unreadText;
 
