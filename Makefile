@@ -12,7 +12,7 @@
 PACKAGES := cmake ninja-build g++ pkg-config \
             qt6-base-dev qt6-svg-dev libgl-dev libfontconfig-dev libminizip-dev zlib1g-dev \
             libcli11-dev fonts-liberation python3 \
-            libgtest-dev libvisio-tools libxml2-utils librsvg2-bin locales strace \
+            libgtest-dev libvisio-tools libxml2-utils librsvg2-bin poppler-utils qpdf locales strace \
             python3-jsonschema pre-commit git
 
 # Of the versions that Debian 12 has: another one formats otherwise.

@@ -215,6 +215,8 @@ void checkDrawing(Drawing::Format format, const QByteArray &drawing, const QByte
         return checkPackage(drawing);
     case Drawing::Format::Vdx:
         return checkXml(drawing, vdxElements, checkVisioAttribute);
+    case Drawing::Format::Pdf:
+        return require(drawing.startsWith("%PDF-"), "a PDF file");
     }
 }
 

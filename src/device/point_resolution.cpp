@@ -1,5 +1,7 @@
 #include "device/point_resolution.h"
 
+#include "graph/numbers.h"
+
 namespace ORR::Graph {
 
 namespace {
@@ -9,10 +11,11 @@ constexpr int pointsPerMetre = 2835;
 
 } // namespace
 
-void setPointResolution(QImage *image)
+void setPointResolution(QImage *image, double pixels)
 {
-    image->setDotsPerMeterX(pointsPerMetre);
-    image->setDotsPerMeterY(pointsPerMetre);
+    const int perMetre = rounded(pointsPerMetre * pixels);
+    image->setDotsPerMeterX(perMetre);
+    image->setDotsPerMeterY(perMetre);
 }
 
 QPaintDevice *pointDevice()

@@ -8,9 +8,9 @@
 // has no say in it.
 namespace ORR::Graph {
 
-// Gives the image this resolution: painted text has the size that it was measured with, and a
-// saved picture says so.
-void setPointResolution(QImage *image);
+// Gives the image this resolution, or one with so many pixels for a point: painted text has the
+// size that it was measured with, and a saved picture says so.
+void setPointResolution(QImage *image, double pixels = 1.0);
 
 // What text is measured for where there is no image to paint on. Not owned; lives to the end of
 // the process, and is never painted on.

@@ -50,7 +50,7 @@ try {
 Outcome drawGraph(const Job &job, Graph::DotGraph *graph, const Graph::OutputTarget &target)
 try {
     const std::unique_ptr<Graph::Device> device =
-        formatRow(job.format).create({target, job.homeDirectory});
+        formatRow(job.format).create({target, job.homeDirectory, job.extras, graph});
     if (graph->root()->attributes.contains(u"xdotversion"_s))
         return ofDrawing(Graph::Graphviz::XDotRender(device.get(), graph).render(job.input));
     const std::optional<LayoutIndex> layout = chooseLayout(job.engine);

@@ -30,6 +30,7 @@ struct Job
     Format format = Format::Svg;
     bool htmlLabels = false; // whether all labels are HTML, whatever the input says
     QString homeDirectory = {}; // see `findHome`; a VSDX without it has no pages
+    Graph::DrawingExtras extras = {}; // of which the format takes what its row says
 };
 
 // What came of a job, or of a part of it.

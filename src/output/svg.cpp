@@ -64,7 +64,10 @@ QString plainText(const QString &html)
 
 } // namespace
 
-Svg::Svg(const OutputTarget &target) : out(target) { }
+Svg::Svg(const OutputTarget &target, const DrawingExtras &drawingExtras)
+    : out(target), extras(drawingExtras)
+{
+}
 
 void Svg::begin(int width, int height)
 {
@@ -73,6 +76,7 @@ void Svg::begin(int width, int height)
     out << "<?xml version=\"1.0\"?>\n";
     out << "<svg width=\"" << width << "\" height=\"" << height << "\" ";
     out << "xmlns=\"http://www.w3.org/2000/svg\" version=\"1.1\">\n";
+    writeBackground(width, height);
 }
 
 QString Svg::end()
@@ -198,10 +202,26 @@ void Svg::drawPath(Path *path, Pen *pen, Color *fill)
 void Svg::writeExtraAttributes() { }
 
 // Each use of a gradient is preceded by a definition of its own.
+QByteArray Svg::defineGradient(const Color *color)
+{
+    const QByteArray id = "Gradient" + QByteArray::number(++gradientCount);
+    writeGradient(color, id);
+    return id;
+}
+
+void Svg::writeBackground(int width, int height)
+{
+    if (extras.background.isEmpty())
+        return;
+    out << " <rect x=\"0\" y=\"0\" width=\"" << width << "\" height=\"" << height << "\"";
+    paintValue(color(extras.background), "fill", "fill-opacity", wholeColor);
+    out << "/>\n";
+}
+
 void Svg::beginShape(const Color *fill)
 {
     if (fill && fill->type() != Color::Solid)
-        writeGradient(fill);
+        gradientId = defineGradient(fill);
 }
 
 void Svg::endShape(const Pen *pen, const Color *fill)
@@ -221,9 +241,8 @@ void Svg::writePoints(const QList<QPoint> &points)
     }
 }
 
-void Svg::writeGradient(const Color *color)
+void Svg::writeGradient(const Color *color, QByteArrayView id)
 {
-    ++gradientCount;
     const bool isLinear = color->type() == Color::Linear;
     const QPointF start = color->start();
     const QPointF stop = color->stop();
@@ -234,7 +253,7 @@ void Svg::writeGradient(const Color *color)
         out << "<radialGradient fx=\"" << start.x() << "\" fy=\"" << start.y() << "\" cx=\""
             << stop.x() << "\" cy=\"" << stop.y() << "\" r=\"" << color->radius() << "\" ";
     }
-    out << "id=\"Gradient" << gradientCount << "\" gradientUnits=\"userSpaceOnUse\">\n";
+    out << "id=\"" << id << "\" gradientUnits=\"userSpaceOnUse\">\n";
     for (int i = 0; i < color->stopCount(); ++i) {
         out << "<stop offset=\"" << color->offset(i) << "\"";
         paintValue(color, "stop-color", "stop-opacity", i);
@@ -286,7 +305,7 @@ void Svg::paintValue(const Color *color, QByteArrayView attribute, QByteArrayVie
         return;
     }
     if (color->type() != Color::Solid && stop == wholeColor) {
-        out << " " << attribute << "=\"url(#Gradient" << gradientCount << ")\"";
+        out << " " << attribute << "=\"url(#" << gradientId << ")\"";
         return;
     }
     const Paint paint = paintOf(color->name(stop == wholeColor ? 0 : stop));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "device/device.h"
+#include "output/drawing_extras.h"
 #include "output/output_text.h"
 
 #include <QByteArray>
@@ -19,7 +20,7 @@ namespace ORR::Graph {
 class Svg : public Device
 {
 public:
-    explicit Svg(const OutputTarget &target);
+    explicit Svg(const OutputTarget &target, const DrawingExtras &drawingExtras = {});
 
     void begin(int width, int height) override;
     QString end() override;
@@ -39,6 +40,12 @@ public:
 protected:
     // Called just before each shape element is closed.
     virtual void writeExtraAttributes();
+    // Called ahead of each shape that is filled with a gradient. Sees to it that the file defines
+    // one and gives the id.
+    virtual QByteArray defineGradient(const Color *color);
+    void writeGradient(const Color *color, QByteArrayView id);
+    // A rectangle of that size, if there is to be a background.
+    void writeBackground(int width, int height);
 
     OutputText out;
 
@@ -53,17 +60,18 @@ private:
     void beginShape(const Color *fill);
     void endShape(const Pen *pen, const Color *fill);
     void writePoints(const QList<QPoint> &points);
-    void writeGradient(const Color *color);
     void writeStroke(const Pen *pen);
     void writeFill(const Color *fill);
     void writeTextStyle(const Text *text, const Font *font);
     // No value at all gives "none". A stop of -1 stands for the colour as a whole, which for a
-    // gradient means the definition that was written last.
+    // gradient means the one that was asked for last.
     void paintValue(const Color *color, QByteArrayView attribute, QByteArrayView opacityAttribute,
                     int stop);
     Paint paintOf(const QString &colorName);
 
+    DrawingExtras extras;
     int gradientCount = 0; // number of the last definition written
+    QByteArray gradientId = "Gradient0"; // of the gradient that was asked for last
     QHash<QString, Paint> paints;
 };
 

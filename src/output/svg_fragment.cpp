@@ -95,6 +95,15 @@ bool isAllowedLink(QStringView address)
         || address.startsWith("data:image/jpeg;base64,"_L1) || address.startsWith(u'#');
 }
 
+bool isId(QStringView attribute)
+{
+    return attribute == "id"_L1 || attribute == "xml:id"_L1;
+}
+
+// How values refer to an element of the fragment: as a link and as paint.
+constexpr auto linkToId = "#"_L1;
+constexpr auto paintById = "url(#"_L1;
+
 bool isAllowed(const QXmlStreamAttribute &attribute)
 {
     const QStringView name = attribute.qualifiedName();
@@ -109,7 +118,7 @@ bool isAllowed(const QXmlStreamAttribute &attribute)
 class FragmentCopy
 {
 public:
-    explicit FragmentCopy(const QString &svg) : reader(svg)
+    FragmentCopy(const QString &svg, const QString &idPrefix) : reader(svg), prefix(idPrefix)
     {
         reader.setNamespaceProcessing(false);
         fragment.reserve(svg.size());
@@ -129,6 +138,7 @@ private:
     bool isCopying() const { return skipDepth == unset && depth >= childDepth; }
 
     QXmlStreamReader reader;
+    QString prefix; // of the ids and of what refers to them
     QByteArray fragment;
     QList<QByteArray> open; // the names of the elements that are copied
     bool isTagOpen = false; // its end is not written yet
@@ -212,10 +222,17 @@ void FragmentCopy::endElement()
 
 void FragmentCopy::append(const QXmlStreamAttribute &attribute)
 {
-    fragment.append(' ').append(attribute.qualifiedName().toLatin1()).append("=\"");
+    const QStringView name = attribute.qualifiedName();
+    fragment.append(' ').append(name.toLatin1()).append("=\"");
     QString value = attribute.value().toString();
-    if (attribute.qualifiedName() == "font-family"_L1)
+    if (name == "font-family"_L1)
         value = familyFromFenced(value);
+    else if (isId(name))
+        value.prepend(prefix);
+    else if (isLink(name) && value.startsWith(linkToId))
+        value.insert(linkToId.size(), prefix);
+    else if (value.startsWith(paintById))
+        value.insert(paintById.size(), prefix);
     fragment.append(xmlEscaped(value, XmlForm::Attribute)).append('"');
 }
 
@@ -228,9 +245,9 @@ void FragmentCopy::closeTag()
 
 } // namespace
 
-QByteArray svgFragment(const QByteArray &svg)
+QByteArray svgFragment(const QByteArray &svg, const QString &idPrefix)
 {
-    return FragmentCopy(withoutForbiddenXml(QString::fromUtf8(svg))).take();
+    return FragmentCopy(withoutForbiddenXml(QString::fromUtf8(svg)), idPrefix).take();
 }
 
 } // namespace ORR::Graph

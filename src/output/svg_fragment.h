@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 
 namespace ORR::Graph {
 
@@ -10,6 +11,8 @@ namespace ORR::Graph {
 // it holds, the title and the description among them. Characters that XML forbids are left out.
 //
 // A fault in the SVG ends the copy; what it leaves open is closed. Linear in the text.
-QByteArray svgFragment(const QByteArray &svg);
+//
+// idPrefix: stands before each id and in what refers to one.
+QByteArray svgFragment(const QByteArray &svg, const QString &idPrefix = {});
 
 } // namespace ORR::Graph

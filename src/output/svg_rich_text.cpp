@@ -59,7 +59,12 @@ void SvgRichText::drawRichText(QPoint topLeft, Text *text)
         return;
     const QByteArray svg = paintedAsSvg(*document, size, painterColor(text->color()));
     out << " <g transform=\"translate(" << topLeft.x() << "," << topLeft.y() << ")\">\n"
-        << svgFragment(svg) << "</g>\n";
+        << svgFragment(svg, fragmentPrefix()) << "</g>\n";
+}
+
+QString SvgRichText::fragmentPrefix()
+{
+    return {};
 }
 
 } // namespace ORR::Graph

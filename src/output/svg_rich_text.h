@@ -15,6 +15,10 @@ public:
     // A text that takes no room gives no group, and one beyond the limits is drawn as plain text.
     void drawRichText(QPoint topLeft, Text *text) override;
 
+protected:
+    // What the ids within the next rich text begin with.
+    virtual QString fragmentPrefix();
+
 private:
     RichTextBudget richTexts; // what those of this drawing may still cost
 };

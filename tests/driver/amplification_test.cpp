@@ -34,6 +34,8 @@ double boundOf(Drawing::Format format)
         return 8;
     case Drawing::Format::Vdx:
         return 400;
+    case Drawing::Format::Pdf:
+        break;
     }
     return 0;
 }

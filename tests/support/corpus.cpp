@@ -121,6 +121,8 @@ QString goldenSuffix(Drawing::Format format)
         return u"vsdx.page1.xml"_s;
     case Drawing::Format::Vdx:
         return u"vdx"_s;
+    case Drawing::Format::Pdf:
+        return u"pdf"_s;
     }
     return {};
 }

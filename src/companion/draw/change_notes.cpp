@@ -8,6 +8,7 @@
 
 #include <QByteArrayList>
 #include <QCryptographicHash>
+#include <QLocale>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -41,13 +42,27 @@ QByteArray contentOf(const QByteArray &file)
     return Driver::readToEnd(opened.number(), Graph::Limits::longestInput).value_or(QByteArray());
 }
 
+// In order and separated, and nothing for those that change nothing.
+QByteArray extrasOf(const DrawingOptions &options)
+{
+    QByteArray extras;
+    if (options.scale != 1.0)
+        extras += " s" + QByteArray::number(options.scale, 'g', QLocale::FloatingPointShortest);
+    if (!options.background.isEmpty())
+        extras += " b" + options.background.toLower();
+    if (options.embedded)
+        extras += " e";
+    return extras;
+}
+
 } // namespace
 
 QByteArray stampOf(const QByteArray &input, const DrawingOptions &options)
 {
     QCryptographicHash hash(QCryptographicHash::Sha1);
     hash.addData(options.engine.toLower());
-    hash.addData(' ' + QByteArray::number(options.format) + (options.htmlLabels ? " h\n" : "\n"));
+    hash.addData(' ' + QByteArray::number(options.format) + (options.htmlLabels ? " h" : "")
+                 + extrasOf(options) + '\n');
     hash.addData(input);
     return hash.result().toHex();
 }

@@ -44,6 +44,9 @@ struct DrawOptions
     bool beside = false;
     bool onlyChanged = false;
     int workers = 0;
+    std::optional<double> scale;
+    std::string background;
+    bool embedded = false;
     double timeLimit = 0;
     qint64 memoryLimit = 0;
 };
@@ -79,6 +82,9 @@ void addSharedOptions(CLI::App *app, DrawOptions *options)
     app->add_flag("-O", options->beside, "Write beside the inputs, which is usual");
     add("-d", &options->folder, "Write below this folder, at the same place", "DIR");
     add("-o", &options->output, "Write the only drawing", "FILE");
+    add("--scale", &options->scale, "PNG, JPEG: so many times the pixels", "S");
+    add("--background", &options->background, "A colour below everything", "COLOUR");
+    app->add_flag("--embed", options->embedded, "SVG: for a place within a page");
     add("-j", &options->workers, "Workers (as many as cores)", "N")
         ->check(silent(CLI::Range(1, mostWorkers)));
     add("--timeout", &options->timeLimit, "Seconds that a drawing may take", "S")
@@ -105,6 +111,7 @@ std::optional<int> readArguments(const CommandCall &call, const DrawUse &use, Dr
     const auto help = std::make_shared<ShortHelp>();
     help->column_width(app->get_formatter()->get_column_width());
     app->formatter(help);
+    app->get_help_ptr()->group(std::string()); // whoever reads it has found it
     addSharedOptions(app.get(), options);
     use.addOptions(app.get());
     return readOptions(app.get(), call);
@@ -175,7 +182,7 @@ std::string readKinds(const DrawOptions &options, QList<DrawingOptions> *kinds)
 {
     QStringList names = QString::fromStdString(options.formats).split(u',');
     if (options.formats.empty()) {
-        const auto bySuffix = Drawing::chooseFormat(
+        const auto bySuffix = Drawing::chooseFromAllFormats(
             QString(), Graph::fileNameText(QByteArray::fromStdString(options.output)));
         if (!bySuffix && !options.output.empty() && options.output != "-")
             return "the format of '" + options.output + "' is not known; -T gives it";
@@ -195,6 +202,29 @@ std::string readKinds(const DrawOptions &options, QList<DrawingOptions> *kinds)
                    html && std::strcmp(html, "1") == 0};
     if (!options.output.empty() && kinds->size() > 1)
         return "-o takes one format only";
+    return {};
+}
+
+// What is asked for beside engines and formats. Gives what is wrong.
+std::string readExtras(const DrawOptions &options, DrawRequest *request)
+{
+    AskedExtras &extras = request->extras;
+    if (options.scale && !scaleFault(*options.scale).isEmpty())
+        return "--scale " + scaleFault(*options.scale).toStdString();
+    extras.scale = options.scale;
+    if (options.embedded)
+        extras.embedded = true;
+    if (!options.background.empty()) {
+        extras.background = QByteArray::fromStdString(options.background);
+        const QString fault = backgroundFault(QString::fromStdString(options.background));
+        if (!fault.isEmpty())
+            return fault.toStdString();
+    }
+    // Jobs may name other formats.
+    const QString unused = options.jobs.empty() ? unusedExtra(extras, request->kinds) : QString();
+    if (!unused.isEmpty())
+        return "--" + unused.toStdString();
+    applyExtras(extras, &request->kinds);
     return {};
 }
 
@@ -220,6 +250,8 @@ std::string readRequest(const DrawOptions &options, DrawRequest *request)
     std::string fault = contradiction(options);
     if (fault.empty())
         fault = readKinds(options, &request->kinds);
+    if (fault.empty())
+        fault = readExtras(options, request);
     if (!fault.empty())
         return fault;
     const std::optional<Shard> shard = readShard(options.shard);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "companion/draw/asked_extras.h"
 #include "companion/jobs/drawing_task.h"
 #include "companion/jobs/worker_process.h"
 
@@ -22,7 +23,8 @@ struct Shard
 // What `orr draw` was asked to do.
 struct DrawRequest
 {
-    QList<DrawingOptions> kinds; // one for each format
+    QList<DrawingOptions> kinds; // one for each format, with the extras that it takes
+    AskedExtras extras;
     std::optional<QByteArray> folder; // of the outputs; beside the inputs if there is none
     std::optional<QByteArray> output; // of the only drawing; "-" for standard output
     std::optional<std::string> jobs; // the file with the lines of jobs; "-" for standard input

@@ -1,6 +1,6 @@
 #include "companion/draw/job_line.h"
 
-#include "companion/findings/nearest_word.h"
+#include "companion/draw/suggestion.h"
 #include "drawing/format_table.h"
 #include "drawing/layout_table.h"
 #include "output/files/file_name.h"
@@ -14,12 +14,6 @@ using namespace Qt::StringLiterals;
 namespace ORR::Companion {
 
 namespace {
-
-QString suggested(const QString &name, const QStringList &names)
-{
-    const QString suggestion = didYouMean(name, names);
-    return suggestion.isEmpty() ? QString() : u"; "_s + suggestion;
-}
 
 // The texts of a member that may be one or a list of them; nothing if it is neither.
 std::optional<QStringList> textsOf(const QJsonValue &value)
@@ -39,7 +33,8 @@ std::optional<QStringList> textsOf(const QJsonValue &value)
 
 QString unknownMember(const QJsonObject &object)
 {
-    static const QStringList known{u"in"_s, u"engine"_s, u"formats"_s, u"out"_s, u"id"_s};
+    static const QStringList known{u"in"_s, u"engine"_s, u"formats"_s,    u"out"_s,
+                                   u"id"_s, u"scale"_s,  u"background"_s, u"embed"_s};
     for (const QString &name : object.keys()) {
         if (!known.contains(name))
             return u"there is no member '"_s + name + u'\'' + suggested(name, known);
@@ -77,6 +72,34 @@ QString readKinds(const QJsonObject &object, LineOfJob *job)
     return {};
 }
 
+// Gives what is wrong.
+QString readExtras(const QJsonObject &object, const AskedExtras &usual, LineOfJob *job)
+{
+    AskedExtras extras;
+    if (const QJsonValue scale = object[u"scale"_s]; !scale.isUndefined()) {
+        const QString fault = scaleFault(scale.toDouble());
+        if (!fault.isEmpty())
+            return u"'scale' "_s + fault;
+        extras.scale = scale.toDouble();
+    }
+    if (const QJsonValue background = object[u"background"_s]; !background.isUndefined()) {
+        if (!background.isString())
+            return u"'background' is no text"_s;
+        if (const QString fault = backgroundFault(background.toString()); !fault.isEmpty())
+            return fault;
+        extras.background = background.toString().toUtf8();
+    }
+    if (const QJsonValue embedded = object[u"embed"_s]; !embedded.isUndefined()) {
+        if (!embedded.isBool())
+            return u"'embed' is neither true nor false"_s;
+        extras.embedded = embedded.toBool();
+    }
+    if (const QString unused = unusedExtra(extras, job->kinds); !unused.isEmpty())
+        return unused;
+    applyExtras(extras.orElse(usual), &job->kinds);
+    return {};
+}
+
 // Standard streams carry the jobs and their answers.
 bool isFileName(const QByteArray &name)
 {
@@ -111,10 +134,10 @@ std::variant<QList<qint32>, QString> readFormats(const QStringList &names)
 {
     QList<qint32> formats;
     for (const QString &name : names) {
-        const auto format = Drawing::chooseFormat(name, QString());
+        const auto format = Drawing::chooseFromAllFormats(name, QString());
         if (!format)
             return u"there is no format '"_s + name + u'\''
-                + suggested(name, Drawing::formatNames());
+                + suggested(name, Drawing::allFormatNames());
         if (formats.contains(qint32(*format)))
             return u"the format '"_s + name + u"' is named twice"_s;
         formats.append(qint32(*format));
@@ -142,6 +165,8 @@ std::variant<LineOfJob, QString> readJobLine(const QByteArray &line, const DrawR
     QString fault = unknownMember(object);
     if (fault.isEmpty())
         fault = readKinds(object, &job);
+    if (fault.isEmpty())
+        fault = readExtras(object, request.extras, &job);
     if (fault.isEmpty())
         fault = readNames(object, &job);
     if (!fault.isEmpty())

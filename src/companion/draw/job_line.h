@@ -18,6 +18,8 @@ QString engineFault(const QString &name);
 //   engine   its engine; else that of the request
 //   formats  a list of formats, or one; else those of the request
 //   out      the output, or a list of as many as there are formats; else as the request says
+//   scale, background, embed
+//            as the options say; else as the request does
 //   id       anything, for the answer
 //
 // A file name that is no UTF-8 has a lone surrogate, "\udc80" to "\udcff", in place of each of its

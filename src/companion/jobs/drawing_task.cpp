@@ -5,13 +5,15 @@ namespace ORR::Companion {
 QDataStream &operator<<(QDataStream &stream, const DrawingTask &task)
 {
     return stream << task.hasFile << task.input << task.output << task.options.engine
-                  << task.options.format << task.options.htmlLabels;
+                  << task.options.format << task.options.htmlLabels << task.options.scale
+                  << task.options.background << task.options.embedded;
 }
 
 QDataStream &operator>>(QDataStream &stream, DrawingTask &task)
 {
     return stream >> task.hasFile >> task.input >> task.output >> task.options.engine
-        >> task.options.format >> task.options.htmlLabels;
+        >> task.options.format >> task.options.htmlLabels >> task.options.scale
+        >> task.options.background >> task.options.embedded;
 }
 
 QDataStream &operator<<(QDataStream &stream, const DrawingAnswer &answer)

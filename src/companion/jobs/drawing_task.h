@@ -11,6 +11,9 @@ struct DrawingOptions
     QByteArray engine = {}; // by its name, in any case; empty for the root's attribute `layout`
     qint32 format = 0; // a `Drawing::Format`
     bool htmlLabels = false; // see `Drawing::Job`
+    double scale = 1.0; // these three: see `Graph::DrawingExtras`
+    QByteArray background = {};
+    bool embedded = false;
 };
 
 // One drawing for a worker to make. File names are bytes in no particular encoding.

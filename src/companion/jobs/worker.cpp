@@ -107,7 +107,10 @@ DrawingAnswer drawn(const DrawingTask &task, const CommandCall &call, const QStr
                      .engine = QString::fromUtf8(task.options.engine),
                      .format = static_cast<Drawing::Format>(task.options.format),
                      .htmlLabels = task.options.htmlLabels,
-                     .homeDirectory = home};
+                     .homeDirectory = home,
+                     .extras = {.scale = task.options.scale,
+                                .background = QString::fromUtf8(task.options.background),
+                                .embedded = task.options.embedded}};
     const Drawing::Reading reading = Drawing::readGraph(job);
     if (!reading.graph)
         return failure(Graph::printableMessage(reading.outcome.message).trimmed().toUtf8());
