@@ -2,6 +2,7 @@
 
 #include "companion/check/check_text.h"
 #include "companion/check/rules.h"
+#include "companion/command/option_faults.h"
 #include "companion/command/options.h"
 #include "companion/command/streams.h"
 #include "companion/findings/json_printer.h"
@@ -34,11 +35,9 @@ std::optional<int> readRequest(const CommandCall &call, CheckRequest *request)
     const auto app = commandLine(call, sentence, examples);
     app->add_option("-K", request->engine, "Check also what this engine asks for")
         ->type_name("ENGINE");
-    CLI::IsMember isFormat({"text", "json", "sarif"});
-    isFormat.description(std::string()); // the sentence has it
     app->add_option("--format", request->format, "text (if not given), json or sarif")
         ->type_name("FORMAT")
-        ->check(isFormat);
+        ->check(isOneOf({u"text"_s, u"json"_s, u"sarif"_s}));
     app->add_flag("--werror", request->warningsAreErrors, "Fail for warnings, too");
     app->add_option("FILE", request->files, "What to read; none or - for standard input")
         ->type_name("");

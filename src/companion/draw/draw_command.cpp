@@ -1,5 +1,6 @@
 #include "companion/draw/draw_command.h"
 
+#include "companion/command/option_faults.h"
 #include "companion/command/options.h"
 #include "companion/draw/draw_run.h"
 #include "companion/draw/job_line.h"
@@ -55,13 +56,6 @@ public:
     std::string make_positionals(const CLI::App * /*app*/) const override { return {}; }
 };
 
-// Takes the words that the parser would add to the sentence.
-CLI::Validator silent(CLI::Validator check)
-{
-    check.description(std::string());
-    return check;
-}
-
 std::optional<int> readArguments(const CommandCall &call, DrawOptions *options)
 {
     const auto app = commandLine(call, sentence, examples);
@@ -77,12 +71,12 @@ std::optional<int> readArguments(const CommandCall &call, DrawOptions *options)
     add("-d", &options->folder, "Write below this folder, at the same place", "DIR");
     add("-o", &options->output, "Write the only drawing; - is standard output", "FILE");
     add("-j", &options->workers, "Workers (as many as cores)", "N")
-        ->check(silent(CLI::Range(1, mostWorkers)));
+        ->check(isWholeNumber(1, mostWorkers));
     add("--jobs", &options->jobs, "Take jobs as JSON lines, answer on output", "FILE");
     add("--timeout", &options->timeLimit, "Seconds that a drawing may take", "S")
-        ->check(silent(CLI::Range(0.001, longestTime)));
+        ->check(isNumber(0.001, longestTime));
     add("--memory", &options->memoryLimit, "Megabytes that a drawing may take", "MB")
-        ->check(silent(CLI::Range(qint64(1), qint64(1) << 30)));
+        ->check(isWholeNumber(1, qint64(1) << 30));
     app->add_flag("--changed", options->onlyChanged, "Draw only what has changed since");
     add("--shard", &options->shard, "Draw this of so many equal parts", "I/N");
     add("--report", &options->report, "Write a JSON line for each drawing", "FILE");
