@@ -1,5 +1,7 @@
 #include "attributes/attribute_row.h"
 
+#include "attributes/element_words.h"
+
 namespace ORR::Graph {
 
 using namespace Qt::StringLiterals;
@@ -15,15 +17,9 @@ int wordIn(std::span<const AttributeWord> words, const QString &text)
 
 QString elementName(AttributeElement element)
 {
-    switch (element) {
-    case AttributeElement::Root:
-        return u"root"_s;
-    case AttributeElement::Cluster:
-        return u"cluster"_s;
-    case AttributeElement::Node:
-        return u"node"_s;
-    case AttributeElement::Edge:
-        return u"edge"_s;
+    for (const ElementWords &words : elementWords()) {
+        if (words.element == element)
+            return latin1(words.name);
     }
     return {};
 }

@@ -32,6 +32,7 @@ private:
     bool drawRoundedRect(const QList<QPoint> &corners, Device::Color *fill);
     void drawPath(Device::Color *fill);
     void setColor(QByteArrayView setting);
+    void setStyle();
     void setFont();
     void setGradient(QByteArrayView text);
     void collectText(bool html);
@@ -44,12 +45,6 @@ private:
     Device *device;
     const PageTransform &page;
 };
-
-// An op is a single character, the one that was read last.
-void tellUnknownOp(const XDotReader &reader)
-{
-    reader.tell(OpFault::Cause::UnknownOp, reader.place() - 1);
-}
 
 QPointF readPathPoint(XDotReader &reader, const PageTransform &page)
 {
@@ -90,7 +85,7 @@ void replayPathOp(char op, XDotReader &reader, const PageTransform &page, Device
         break;
     }
     default:
-        tellUnknownOp(reader);
+        reader.tellUnknownOp();
         break;
     }
 }
@@ -135,7 +130,7 @@ void OpsReplay::replayOp(char op)
         setFont();
         break;
     case 'S':
-        applySetting(state, device, "style", reader.countedBytes());
+        setStyle();
         break;
     case 'T':
         collectText(false);
@@ -153,7 +148,7 @@ void OpsReplay::replayOp(char op)
         skipImage();
         break;
     default:
-        tellUnknownOp(reader);
+        reader.tellUnknownOp();
         break;
     }
 }
@@ -217,10 +212,19 @@ void OpsReplay::drawPath(Device::Color *fill)
 void OpsReplay::setColor(QByteArrayView setting)
 {
     const QByteArrayView value = reader.countedBytes();
-    if (value.startsWith('[') || value.startsWith('('))
+    if (value.startsWith('[') || value.startsWith('(')) {
         setGradient(value);
-    else
-        applySetting(state, device, setting, value);
+        return;
+    }
+    reader.tellWord(OpWord::Kind::Color, value);
+    applySetting(state, device, setting, value);
+}
+
+void OpsReplay::setStyle()
+{
+    const QByteArrayView style = reader.countedBytes();
+    reader.tellWord(OpWord::Kind::Style, style);
+    applySetting(state, device, "style", style);
 }
 
 // A gradient is a fill, whichever op brought it.
@@ -244,9 +248,11 @@ void OpsReplay::setGradient(QByteArrayView text)
         if (missing)
             fields.tell(OpFault::Cause::MissingPoints, countPlace, count, i);
         offsets.append(fields.real());
-        names.append(fields.countedString());
+        const QByteArrayView name = fields.countedBytes();
+        names.append(QString::fromUtf8(name));
         if (missing)
             break;
+        fields.tellWord(OpWord::Kind::Color, name);
     }
     state.fill = radial
         ? device->radialGradient(start, startRadius, stop, stopRadius, names, offsets)
@@ -301,7 +307,10 @@ QList<QPoint> OpsReplay::readPoints()
         reader.tell(OpFault::Cause::NegativeCount, countPlace, count);
     QList<QPoint> points;
     int missing = 0;
+    XDotReader::CountedPoints counted{countPlace, count, 0};
+    reader.setCounted(&counted);
     for (int i = 0; i < count; ++i) {
+        counted.there = i;
         if (!reader.hasWord()) {
             if (++missing == 1)
                 reader.tell(OpFault::Cause::MissingPoints, countPlace, count, i);
@@ -310,6 +319,7 @@ QList<QPoint> OpsReplay::readPoints()
         }
         points.append(readPoint());
     }
+    reader.setCounted(nullptr);
     return points;
 }
 

@@ -3,8 +3,25 @@
 #include "graph/numbers.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace ORR::Graph::Graphviz {
+
+namespace {
+
+bool isOp(QByteArrayView word)
+{
+    return word.size() == 1 && QByteArrayView("BbCcDdEeFHILPpST").contains(word.front());
+}
+
+bool isNumber(QByteArrayView word)
+{
+    bool is = false;
+    const double number = word.toDouble(&is);
+    return is && std::isfinite(number);
+}
+
+} // namespace
 
 void XDotReader::skipBlanks()
 {
@@ -20,7 +37,23 @@ bool XDotReader::atEnd()
 
 char XDotReader::nextOp()
 {
-    return atEnd() ? '\0' : text.at(position++);
+    if (atEnd())
+        return '\0';
+    if (listener) {
+        formerOp = op;
+        op = {text.at(position), base + position, position == 0 || text.at(position - 1) == ' '};
+    }
+    return text.at(position++);
+}
+
+void XDotReader::tellUnknownOp()
+{
+    if (!listener)
+        return;
+    const OpPlace unknown = op;
+    op = formerOp;
+    listener->opFaultFound({OpFault::Cause::UnknownOp, unknown.offset, unknown.offset + 1, 0, 0, op,
+                            unknown.followsBlank});
 }
 
 bool XDotReader::hasWord()
@@ -40,17 +73,16 @@ QByteArrayView XDotReader::word()
 void XDotReader::tell(OpFault::Cause cause, qsizetype start, qint64 stated, qint64 there) const
 {
     if (listener)
-        listener->opFaultFound({cause, base + start, base + position, stated, there});
+        listener->opFaultFound({cause, base + start, base + position, stated, there, op});
 }
 
-void XDotReader::tellNumber(QByteArrayView word, bool whole) const
+void XDotReader::tellNoNumber(QByteArrayView word) const
 {
-    bool isNumber = false;
-    if (whole && !word.contains('.'))
-        (void)word.toInt(&isNumber);
+    if (!listener)
+        return;
+    if (counted && isOp(word))
+        tell(OpFault::Cause::MissingPoints, counted->place, counted->stated, counted->there);
     else
-        (void)word.toDouble(&isNumber);
-    if (!isNumber)
         tell(word.isEmpty() ? OpFault::Cause::MissingNumber : OpFault::Cause::NotANumber,
              position - word.size());
 }
@@ -58,17 +90,20 @@ void XDotReader::tellNumber(QByteArrayView word, bool whole) const
 double XDotReader::real()
 {
     const QByteArrayView digits = word();
-    if (listener)
-        tellNumber(digits, false);
+    if (listener && !isNumber(digits))
+        tellNoNumber(digits);
     return numberFrom(digits);
 }
 
 int XDotReader::integer()
 {
     const QByteArrayView digits = word();
-    if (listener)
-        tellNumber(digits, true);
-    return digits.contains('.') ? rounded(numberFrom(digits)) : digits.toInt();
+    const bool isFraction = digits.contains('.');
+    bool isWhole = false;
+    const int number = isFraction ? 0 : digits.toInt(&isWhole);
+    if (listener && !isWhole && !(isFraction && isNumber(digits)))
+        tellNoNumber(digits);
+    return isFraction ? rounded(numberFrom(digits)) : number;
 }
 
 // What the length that ends here says of the text behind the dash.

@@ -20,26 +20,45 @@ public:
     {
     }
 
-    // A reader of a part of the text, for the same listener.
+    // A reader of a part of the text, for the same listener. Until it reads an op itself, it is in
+    // that of this one.
     XDotReader within(QByteArrayView part) const
     {
-        return XDotReader(part, listener, base + (part.data() - text.data()));
+        XDotReader inner(part, listener, base + (part.data() - text.data()));
+        inner.op = op;
+        return inner;
     }
 
     // Whether nothing but blanks is left.
     bool atEnd();
 
-    // The next character that is no blank; NUL at the end.
+    // The next character that is no blank; NUL at the end. What is told from now on is in that op.
     char nextOp();
+    // Tells that no op begins with the character that `nextOp` gave, which is stepped over.
+    void tellUnknownOp();
 
     // Whether a word that is not empty comes next.
     bool hasWord();
     // Tells a fault that the bytes from `start` to where reading is are at. Nothing where nobody
     // listens.
     void tell(OpFault::Cause cause, qsizetype start, qint64 stated = 0, qint64 there = 0) const;
-    // Where reading is, for `tell`.
-    qsizetype place() const { return position; }
-    // Likewise, behind the blanks that come next.
+    // Tells a word that was read here.
+    void tellWord(OpWord::Kind kind, QByteArrayView word) const
+    {
+        if (listener)
+            listener->wordRead({kind, word, base + (word.data() - text.data()), op});
+    }
+    // As long as it is set, an op that comes where a number should is told as the end of the points
+    // that are counted here. It is not owned.
+    struct CountedPoints
+    {
+        qsizetype place; // of the count, for `tell`
+        qint64 stated;
+        qint64 there; // so far
+    };
+    void setCounted(const CountedPoints *points) { counted = points; }
+
+    // Where reading is behind the blanks that come next, for `tell`.
     qsizetype nextPlace()
     {
         skipBlanks();
@@ -58,13 +77,16 @@ public:
 
 private:
     void skipBlanks();
-    void tellNumber(QByteArrayView word, bool whole) const;
+    void tellNoNumber(QByteArrayView word) const;
     void tellLength(QByteArrayView word, int length, qsizetype dash) const;
 
     QByteArrayView text;
     ReplayListener *listener;
     qsizetype base;
     qsizetype position = 0;
+    const CountedPoints *counted = nullptr;
+    OpPlace op; // known only where somebody listens
+    OpPlace formerOp;
 };
 
 } // namespace ORR::Graph::Graphviz

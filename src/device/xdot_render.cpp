@@ -11,6 +11,7 @@
 #include <QTextStream>
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 
 namespace ORR::Graph::Graphviz {
@@ -35,8 +36,8 @@ struct SavedRender
 bool isNumber(const QString &text)
 {
     bool is = false;
-    (void)text.toDouble(&is);
-    return is;
+    const double number = text.toDouble(&is);
+    return is && std::isfinite(number);
 }
 
 } // namespace

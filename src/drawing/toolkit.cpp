@@ -59,6 +59,10 @@ private:
 
 volatile std::sig_atomic_t isStarting = 0;
 
+// For standard output if the start fails; there while it lasts.
+const char *lastBytes = nullptr;
+std::size_t lastCount = 0;
+
 bool isBlank(char c)
 {
     return c == ' ' || (c >= '\t' && c <= '\r');
@@ -76,6 +80,18 @@ std::size_t withSingleBlanks(char *text, std::size_t length)
         text[kept++] = text[i];
     }
     return kept;
+}
+
+// A handler of a signal may call it.
+void writeLastWords()
+{
+    while (lastCount > 0) {
+        const auto written = ::write(STDOUT_FILENO, lastBytes, lastCount);
+        if (written <= 0)
+            return;
+        lastBytes += written;
+        lastCount -= std::size_t(written);
+    }
 }
 
 // Says in one line what the held standard error says in several. It makes only calls that a
@@ -99,8 +115,10 @@ void tellFailedStart()
 
 [[noreturn]] void endProcess()
 {
-    if (isStarting)
+    if (isStarting) {
+        writeLastWords();
         tellFailedStart();
+    }
     Graph::removeUnfinishedFiles();
     ::_exit(EXIT_FAILURE);
 }
@@ -140,9 +158,12 @@ void prepareToolkit()
     qInstallMessageHandler(passFatalMessagesOnly);
 }
 
-void startToolkit(const char *programName)
+void startToolkit(const char *programName, const QByteArray &lastWords)
 {
+    lastBytes = lastWords.constData();
+    lastCount = std::size_t(lastWords.size());
     if (!canOpenFiles(neededDescriptors)) {
+        writeLastWords();
         Graph::writeToEnd(STDERR_FILENO, "Unable to open enough files\n");
         std::exit(EXIT_FAILURE);
     }
@@ -163,6 +184,7 @@ void startToolkit(const char *programName)
     // it.
     new QGuiApplication(count, arguments);
     isStarting = 0;
+    lastCount = 0;
     ::sigaction(SIGABRT, &former, nullptr);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 namespace ORR::Drawing {
@@ -14,8 +15,9 @@ void prepareToolkit();
 //
 // Nothing that the toolkit and the libraries below it say meanwhile reaches standard error, unless
 // one of them fails or ends the process, by whatever means: the status is then 1, and standard
-// error says in one line what was said.
-void startToolkit(const char *programName);
+// error says in one line what was said. Before that, standard output gets `lastWords`: what the
+// program would have printed if it had lived.
+void startToolkit(const char *programName, const QByteArray &lastWords = {});
 
 // Settles how fonts are painted and finds one, which loads their configuration and list. The
 // message if that can't be had: texts would be measured and painted in whatever stands in for it.

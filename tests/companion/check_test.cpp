@@ -177,6 +177,36 @@ TEST_F(CheckTest, writes_sarif_that_is_valid)
     }
 }
 
+// Neither a document without findings nor a word on standard error alone would be seen by a
+// program.
+TEST_F(CheckTest, has_what_can_not_be_read_in_its_documents)
+{
+    const ProgramRun json =
+        check({u"--format"_s, u"json"_s, u"missing.dot"_s, u"faulty.dot"_s, u"good.dot"_s});
+    EXPECT_EQ(json.status, 2);
+    const QJsonArray files = QJsonDocument::fromJson(json.output).object()[u"files"_s].toArray();
+    ASSERT_EQ(files.size(), 3);
+    EXPECT_EQ(files[0][u"file"_s], u"missing.dot"_s);
+    EXPECT_EQ(files[0][u"fault"_s], u"No such file or directory"_s);
+    EXPECT_EQ(files[0][u"findings"_s].toArray().size(), 0);
+    EXPECT_EQ(files[1][u"findings"_s].toArray().size(), 1);
+    EXPECT_FALSE(files[2].toObject().contains(u"fault"_s));
+
+    const ProgramRun sarif = check({u"--format"_s, u"sarif"_s, u"missing.dot"_s, u"faulty.dot"_s});
+    EXPECT_EQ(sarif.status, 2);
+    EXPECT_EQ(sarifFaults(sarif.output), "valid\n");
+    const QJsonValue run = QJsonDocument::fromJson(sarif.output).object()[u"runs"_s][0];
+    const QJsonValue invocation = run[u"invocations"_s][0];
+    EXPECT_EQ(invocation[u"executionSuccessful"_s], false);
+    ASSERT_EQ(invocation[u"toolExecutionNotifications"_s].toArray().size(), 1);
+    EXPECT_EQ(invocation[u"toolExecutionNotifications"_s][0][u"message"_s][u"text"_s],
+              u"the input can't be read: No such file or directory"_s);
+    EXPECT_EQ(run[u"results"_s].toArray().size(), 1);
+    const ProgramRun good = check({u"--format"_s, u"sarif"_s, u"good.dot"_s});
+    const QJsonValue goodRun = QJsonDocument::fromJson(good.output).object()[u"runs"_s][0];
+    EXPECT_EQ(goodRun[u"invocations"_s][0][u"executionSuccessful"_s], true);
+}
+
 TEST_F(CheckTest, shows_the_line_on_a_terminal)
 {
     writeFile(u"chain.dot"_s, chain);

@@ -53,6 +53,38 @@ TEST_F(DrawingCheckTest, checks_the_rest_without_any_font_and_says_so_once)
     EXPECT_EQ(run.output.count("[blank-drawing]"), 0);
 }
 
+// Both streams in one, as on a terminal.
+TEST_F(DrawingCheckTest, prints_what_it_found_ahead_of_what_is_missing)
+{
+    const ProgramRun run =
+        this->run({.arguments = {u"-c"_s, u"exec \"$0\" check -K treemap blank.dot 2>&1"_s,
+                                 QStringLiteral(ORR_PROGRAM)},
+                   .environment = withoutFonts(),
+                   .command = u"sh"_s});
+    const qsizetype found = run.output.indexOf("[unknown-attribute]");
+    EXPECT_GE(found, 0) << run.output.toStdString();
+    EXPECT_GT(run.output.indexOf("orr check: the drawing is not checked"), found);
+}
+
+// Too few files may be open for what draws.
+TEST_F(DrawingCheckTest, prints_what_it_found_where_what_draws_can_not_be_started)
+{
+    const auto starved = [&](const QString &options) {
+        return this->run({.arguments = {u"-c"_s,
+                                        u"ulimit -n 8; exec \"$0\" check -K treemap "_s + options
+                                            + u" blank.dot"_s,
+                                        QStringLiteral(ORR_PROGRAM)},
+                          .command = u"sh"_s});
+    };
+    const ProgramRun text = starved({});
+    EXPECT_EQ(text.status, 1);
+    EXPECT_EQ(text.errors, "Unable to open enough files\n");
+    EXPECT_EQ(text.output.count("[unknown-attribute]"), 1) << text.output.toStdString();
+    const ProgramRun json = starved(u"--format json"_s);
+    EXPECT_EQ(json.status, 1);
+    EXPECT_TRUE(json.output.contains("\"unknown-attribute\"")) << json.output.toStdString();
+}
+
 TEST_F(DrawingCheckTest, needs_no_font_without_an_engine)
 {
     EXPECT_EQ(check({u"blank.dot"_s}, withoutFonts()).errors, "");

@@ -54,6 +54,20 @@ TEST(Foretelling, says_nothing_without_an_engine_and_with_one_that_there_is_not)
     EXPECT_EQ(foretold(u"treemap"_s, "digraph {"), QStringList());
 }
 
+TEST(Foretelling, tells_no_consequence_of_a_value_that_is_told)
+{
+    EXPECT_EQ(foretold(u"treemap"_s, "digraph { a [area=\"-1\"]; }"), QStringList());
+    EXPECT_EQ(foretold(u"treemap"_s, "digraph { a [area=\"-1\"]; b [area=3]; }"), QStringList());
+    EXPECT_EQ(foretold(u"treemap"_s, "digraph { node [area=thirty]; a; b; }"), QStringList());
+    EXPECT_EQ(foretold(u"treemap"_s, "digraph { a [area=\"-1\"];\n b [];\n c [area=3]; }"),
+              one(u"2:2 1 of 3 nodes has no area [left-out-node]"_s));
+    EXPECT_EQ(foretold(u"treemap"_s, "digraph { a [area=\"-1\"]; b []; }"),
+              one(u"1:26 1 of 2 nodes has no area [left-out-node]"_s));
+    EXPECT_EQ(foretold(u"flatbubble"_s, "digraph { a [radius=nan]; b [area=300]; }"),
+              QStringList());
+    EXPECT_EQ(foretold(u"treemap"_s, "digraph { a [area=inf]; b [area=3]; }"), QStringList());
+}
+
 TEST(Foretelling, tells_why_an_engine_fails_and_where_if_it_can)
 {
     EXPECT_EQ(foretold(u"gftree"_s, "digraph { a -> b [];\nb -> a []; c -> a []; }"),
@@ -104,7 +118,7 @@ TEST(Foretelling, tells_a_chart_without_areas)
         EXPECT_EQ(foretold(engine, "digraph { subgraph a { } }"),
                   one(u"0:0 nothing is drawn: there are no nodes [blank-drawing]"_s));
     }
-    EXPECT_EQ(foretold(u"bar"_s, "digraph { a [area=\"-1\"]; }"),
+    EXPECT_EQ(foretold(u"bar"_s, "digraph { a [area=0]; }"),
               one(u"0:0 nothing is drawn: no node has an area [blank-drawing]"_s));
 }
 

@@ -59,6 +59,34 @@ TEST_F(EditorsTest, the_problem_matcher_reads_every_line)
     EXPECT_EQ(part(lines[1], u"code"_s), u"syntax-error"_s);
 }
 
+// Of the settings in the page, by the editor itself.
+TEST_F(EditorsTest, fill_the_list_of_errors_of_vim)
+{
+    const ProgramRun version = run({.arguments = {u"--version"_s}, .command = u"vim"_s});
+    if (!version.output.contains("+quickfix"))
+        GTEST_SKIP() << "there is no Vim with a list of errors";
+    const QStringList blocks = codeBlocks(checkPage(), u"vim"_s);
+    ASSERT_EQ(blocks.size(), 1);
+    QString settings = blocks.first();
+    settings.replace("setlocal"_L1, "set"_L1);
+    writeFile(u"settings.vim"_s, settings.toUtf8());
+    writeFile(u"said.txt"_s, faultyRun().output);
+    const QString list =
+        u"call writefile(map(getqflist(), {i, e -> bufname(e.bufnr) . '|' . e.lnum . '|' . e.col . "
+        "'|' . e.type . '|' . e.text}), 'list.txt')"_s;
+    const ProgramRun vim =
+        run({.arguments = {u"-Nu"_s, u"settings.vim"_s, u"-es"_s, u"-c"_s, u"cgetfile said.txt"_s,
+                           u"-c"_s, list, u"-c"_s, u"qa!"_s},
+             .environment = {{u"HOME"_s, path(u"."_s)}},
+             .command = u"vim"_s});
+    EXPECT_EQ(vim.status, 0) << vim.errors.toStdString();
+    const QList<QByteArray> lines = fileContent(u"list.txt"_s).trimmed().split('\n');
+    ASSERT_EQ(lines.size(), 2) << fileContent(u"list.txt"_s).toStdString();
+    EXPECT_TRUE(lines[0].startsWith("a b.dot|0|0|e|unknown engine 'treemp'"))
+        << lines[0].toStdString();
+    EXPECT_TRUE(lines[1].startsWith("a b.dot|3|1|e|")) << lines[1].toStdString();
+}
+
 // A repository that has the hook, and one that uses it.
 TEST_F(EditorsTest, the_hook_refuses_a_commit_of_a_faulty_input)
 {

@@ -96,7 +96,9 @@ TEST(EdgeWithoutCell, runs_from_no_row_or_to_no_column)
     EXPECT_EQ(saidOfBody((std::string(text) + "n -> a").c_str(), "matrix"),
               "1:85 edge-without-cell: 'a' heads no column: the edge lies in column 0"
                   + cellSuggestion);
-    EXPECT_EQ(saidOfBody("subgraph r { graph [axis=y]; a [x=3] } n; n -> a", "matrix"), "");
+    EXPECT_EQ(saidOfBody("subgraph r { graph [axis=y]; a [x=3] } n; n -> a", "matrix"),
+              "1:43 engine-attribute: attribute 'x' of a node is set by matrix itself; the value "
+              "given here counts only where none is set");
 }
 
 TEST(NoGridPlace, is_told_with_what_is_missing)

@@ -112,14 +112,76 @@ TEST_F(OrrTest, says_what_is_wrong_with_its_use_and_what_to_do)
     EXPECT_TRUE(isWrong({u"frobnicate"_s},
                         "orr: there is no subcommand 'frobnicate'\nTry 'orr --help'.\n"));
     EXPECT_TRUE(isWrong({u"--verson"_s},
-                        "orr: there is no option '--verson'; did you mean '--version'?\n"
+                        "orr: unknown option '--verson'; did you mean '--version'?\n"
                         "Try 'orr --help'.\n"));
     EXPECT_TRUE(isWrong({u"check"_s, u"--fromat=json"_s},
-                        "orr check: there is no option '--fromat'; did you mean '--format'?\n"
+                        "orr check: unknown option '--fromat'; did you mean '--format'?\n"
                         "Try 'orr check --help'.\n"));
     EXPECT_TRUE(isWrong({u"check"_s, u"--format"_s, u"xml"_s},
-                        "orr check: --format: xml not in {text,json,sarif}\n"
+                        "orr check: --format: 'xml' is none of text, json, sarif\n"
                         "Try 'orr check --help'.\n"));
+}
+
+// Each ends with the hint, and nothing is printed.
+TEST_F(OrrTest, says_of_every_wrong_option_what_is_wrong)
+{
+    struct WrongUse
+    {
+        QStringList arguments; // behind the subcommand
+        QByteArray says;
+    };
+    const WrongUse ofCheck[] = {
+        {{u"--foo"_s}, "unknown option '--foo'"},
+        {{u"-x"_s}, "unknown option '-x'"},
+        {{u"-x=3"_s}, "unknown option '-x'"},
+        {{u"-5"_s}, "unknown option '-5'"},
+        {{u"--wError"_s}, "unknown option '--wError'; did you mean '--werror'?"},
+        {{u"--werror=false"_s}, "option '--werror' takes no value"},
+        {{u"--werror="_s}, "option '--werror' takes no value"},
+        {{u"--format"_s}, "option '--format' needs a value"},
+        {{u"-K"_s}, "option '-K' needs a value"},
+        {{u"--format=xml"_s}, "--format: 'xml' is none of text, json, sarif"},
+        {{u"--format="_s}, "option '--format' needs a value"},
+        {{u"--format=JSON"_s}, "--format: 'JSON' is none of text, json, sarif"},
+        {{u"--format"_s, u"--werror"_s}, "--format: '--werror' is none of text, json, sarif"},
+        {{u"-Kbar"_s, u"-K"_s, u"bar"_s}, "option '-K' is given twice"},
+    };
+    const WrongUse ofDraw[] = {
+        {{u"--shrad=1/2"_s}, "unknown option '--shrad'; did you mean '--shard'?"},
+        {{u"-O=false"_s, u"a.dot"_s}, "option '-O' takes no value"},
+        {{u"--changed=0"_s, u"a.dot"_s}, "option '--changed' takes no value"},
+        {{u"-Oj"_s}, "option '-j' needs a value"},
+        {{u"-Oq"_s}, "unknown option '-q'"},
+        {{u"-j"_s, u"0"_s}, "-j: '0' is no whole number from 1 to 1024"},
+        {{u"-j3x"_s}, "-j: '3x' is no whole number from 1 to 1024"},
+        {{u"-j"_s, u"-1"_s}, "-j: '-1' is no whole number from 1 to 1024"},
+        {{u"-j"_s, u"1.5"_s}, "-j: '1.5' is no whole number from 1 to 1024"},
+        {{u"-j"_s, u"99999999999999999999"_s},
+         "-j: '99999999999999999999' is no whole number from 1 to 1024"},
+        {{u"--timeout=soon"_s}, "--timeout: 'soon' is no number from 0.001 to 1000000"},
+        {{u"--timeout=nan"_s}, "--timeout: 'nan' is no number from 0.001 to 1000000"},
+        {{u"--timeout= 3"_s}, "--timeout: ' 3' is no number from 0.001 to 1000000"},
+        {{u"--memory=0"_s}, "--memory: '0' is no whole number from 1 to 1073741824"},
+        {{u"-o"_s, u"a"_s, u"-o"_s, u"b"_s}, "option '-o' is given twice"},
+    };
+    for (const WrongUse &use : ofCheck)
+        EXPECT_TRUE(isWrong(QStringList{u"check"_s} + use.arguments,
+                            "orr check: " + use.says + "\nTry 'orr check --help'.\n"))
+            << use.says.toStdString();
+    for (const WrongUse &use : ofDraw)
+        EXPECT_TRUE(isWrong(QStringList{u"draw"_s} + use.arguments,
+                            "orr draw: " + use.says + "\nTry 'orr draw --help'.\n"))
+            << use.says.toStdString();
+    EXPECT_TRUE(
+        isWrong({u"--version=2"_s}, "orr: option '--version' takes no value\nTry 'orr --help'.\n"));
+}
+
+TEST_F(OrrTest, helps_whatever_else_is_asked_for)
+{
+    const QByteArray help = orr({u"check"_s, u"--help"_s}).output;
+    EXPECT_EQ(orr({u"check"_s, u"--foo"_s, u"--help"_s}).output, help);
+    EXPECT_EQ(orr({u"check"_s, u"-h"_s, u"--format"_s}).output, help);
+    EXPECT_EQ(orr({u"check"_s, u"--"_s, u"-h"_s}).status, 2);
 }
 
 TEST_F(OrrTest, writes_no_control_character_to_the_terminal)
@@ -127,7 +189,7 @@ TEST_F(OrrTest, writes_no_control_character_to_the_terminal)
     EXPECT_TRUE(
         isWrong({u"\u001b[2J"_s}, "orr: there is no subcommand '\\x1b[2J'\nTry 'orr --help'.\n"));
     EXPECT_TRUE(isWrong({u"check"_s, u"--a\u001b"_s},
-                        "orr check: there is no option '--a\\x1b'\nTry 'orr check --help'.\n"));
+                        "orr check: unknown option '--a\\x1b'\nTry 'orr check --help'.\n"));
 }
 
 TEST_F(OrrTest, fails_where_its_help_can_not_be_written)

@@ -1,6 +1,6 @@
 // All inputs of the project, and the same spoiled: a rejection is told exactly where the reader or
 // the replay rejects.
-#include "companion/syntax/silent_device.h"
+#include "companion/check/watched_drawing.h"
 #include "companion/syntax_told.h"
 #include "device/xdot_render.h"
 #include "graph/dot_parser.h"
@@ -38,7 +38,7 @@ bool isRejected(const QByteArray &text)
         return true;
     if (!graph->root()->attributes.contains(u"xdotversion"_s))
         return false;
-    Companion::SilentDevice device;
+    Companion::WatchedDrawing device(Companion::WatchedDrawing::Fonts::Missing);
     return !Graph::Graphviz::XDotRender(&device, graph.get()).render(text).isEmpty();
 }
 

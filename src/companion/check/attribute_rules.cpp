@@ -83,10 +83,13 @@ public:
     AttributeCheck(const CheckedText &checkedText, const QByteArray &textBytes,
                    const QString &engineName, FindingList *list)
         : text(checkedText), bytes(textBytes), uses(engineName),
-          ofEngine(uses.isOfEngine() ? " in "_L1 + engineName.toLower() : QString()),
+          engine(uses.isOfEngine() ? engineName.toLower() : QString()),
+          ofEngine(engine.isEmpty() ? QString() : " in "_L1 + engine),
           unknownAttributes(Rules::unknownAttribute, list),
-          unreadAttributes(Rules::unreadAttribute, list), badValues(Rules::badValue, list),
-          unknownColors(Rules::unknownColor, list), unknownWords(Rules::unknownWord, list)
+          unreadAttributes(Rules::unreadAttribute, list),
+          setAttributes(Rules::engineAttribute, list), badValues(Rules::badValue, list),
+          senselessValues(Rules::senselessValue, list), unknownColors(Rules::unknownColor, list),
+          unknownWords(Rules::unknownWord, list)
     {
     }
 
@@ -95,11 +98,14 @@ public:
 private:
     void check(const CheckedAttribute &attribute, AttributePlace place, const AttributeMap &values);
     void addUnknown(const CheckedAttribute &attribute, AttributePlace place);
+    QString suggestionFor(const QString &name, AttributePlace place) const;
+    void addSet(const CheckedAttribute &attribute, AttributePlace place, bool isTaken);
     void addUnread(const CheckedAttribute &attribute, AttributePlace place,
                    const AttributeUse &use);
     void checkValue(const CheckedAttribute &attribute, const AttributeUse::At &use,
                     const QString &value);
-    const AttributeRow *offended(const AttributeUse::At &use, const QString &value) const;
+    template <typename IsFault>
+    const AttributeRow *offended(const AttributeUse::At &use, const IsFault &isFault) const;
     bool isStill(const CheckedAttribute &attribute, const QString &value) const;
     OrderedFindings &findingsOf(const AttributeRow &row);
     Finding placed(Finding finding, qsizetype offset) const;
@@ -107,11 +113,14 @@ private:
     const CheckedText &text;
     const QByteArray &bytes;
     AttributeUses uses;
+    QString engine; // empty for all engines
     QString ofEngine; // " in treemap"; empty for all engines
     MeantValues meant;
     OrderedFindings unknownAttributes;
     OrderedFindings unreadAttributes;
+    OrderedFindings setAttributes;
     OrderedFindings badValues;
+    OrderedFindings senselessValues;
     OrderedFindings unknownColors;
     OrderedFindings unknownWords;
 };
@@ -134,6 +143,10 @@ void AttributeCheck::check(const CheckedAttribute &attribute, AttributePlace pla
         addUnknown(attribute, place);
     else if (uses.isOfEngine() && isLegend(attribute.name) && !use->at(place).isRead)
         return;
+    else if (!use->at(place).isRead && use->at(place).isSet)
+        addSet(attribute, place, use->at(place).isTaken);
+    else if (!use->at(place).isRead && !use->readers)
+        addUnknown(attribute, place); // its name is one for what engines hand on, elsewhere
     else if (!use->at(place).isRead)
         addUnread(attribute, place, *use);
     else if (const QString *value = values.find(attribute.name))
@@ -146,16 +159,42 @@ void AttributeCheck::addUnknown(const CheckedAttribute &attribute, AttributePlac
         return;
     unknownAttributes.add(attribute.nameOffset, [&] {
         const QString &name = attribute.name.text();
-        const QStringList engines = enginesThatRead(name);
-        QString suggestion = engines.isEmpty() ? didYouMean(name, uses.namesAt(place))
-                                               : "known in "_L1 + listed(engines);
-        if (suggestion.isEmpty())
-            suggestion = didYouMean(name, uses.names());
         return placed(
             {&Rules::unknownAttribute,
              "unknown attribute %1 of %2%3"_L1.arg(quotedText(name), placeName(place), ofEngine),
-             suggestion},
+             suggestionFor(name, place)},
             attribute.nameOffset);
+    });
+}
+
+// What is known at the same place comes first: the name itself, then one that is near.
+QString AttributeCheck::suggestionFor(const QString &name, AttributePlace place) const
+{
+    if (const QStringList engines = enginesThatRead(name, place); !engines.isEmpty())
+        return "known in "_L1 + listed(engines);
+    if (const QString near = didYouMean(name, uses.namesAt(place)); !near.isEmpty())
+        return near;
+    if (const AttributeReaders readers = readersOf(name); readers.elements)
+        return "known of %1 in %2"_L1.arg(singleElementNames(readers.elements),
+                                          listed(readers.engines));
+    const QString near = nearestWord(name, uses.names());
+    if (near.isEmpty())
+        return {};
+    return "did you mean '%1', which is known of %2?"_L1.arg(
+        near, singleElementNames(uses.readersOf(near)));
+}
+
+void AttributeCheck::addSet(const CheckedAttribute &attribute, AttributePlace place, bool isTaken)
+{
+    setAttributes.add(attribute.nameOffset, [&] {
+        const QString setter =
+            engine.isEmpty() ? u"the engines themselves"_s : engine + " itself"_L1;
+        return placed({&Rules::engineAttribute,
+                       "attribute %1 of %2 is set by %3"_L1.arg(quotedText(attribute.name.text()),
+                                                                placeName(place), setter),
+                       isTaken ? u"the value given here counts only where none is set"_s
+                               : u"the value given here is lost"_s},
+                      attribute.nameOffset);
     });
 }
 
@@ -180,21 +219,31 @@ void AttributeCheck::checkValue(const CheckedAttribute &attribute, const Attribu
     constexpr qsizetype longValue = 64;
     if (value.size() > longValue && !isStill(attribute, value))
         return;
-    const AttributeRow *row = offended(use, value);
-    if (!row) {
+    const AttributeRow *const unread =
+        offended(use, [&](const AttributeRow &row) { return !isMeant(row, value); });
+    const AttributeRow *const senseless = unread
+        ? nullptr
+        : offended(use, [&](const AttributeRow &row) { return !isSensible(row, value); });
+    if (!unread && !senseless) {
         meant.insert(&use, value);
-    } else if (isStill(attribute, value)) {
-        findingsOf(*row).add(attribute.valueOffset, [&] {
-            return placed(valueFinding(*row, value), attribute.valueOffset);
-        });
+        return;
     }
+    // A number without quotes that has lost its minus sign was told with the syntax.
+    if (bytes.at(attribute.valueOffset) == '-' || !isStill(attribute, value))
+        return;
+    OrderedFindings &findings = unread ? findingsOf(*unread) : senselessValues;
+    findings.add(attribute.valueOffset, [&] {
+        return placed(unread ? valueFinding(*unread, value) : senselessFinding(*senseless, value),
+                      attribute.valueOffset);
+    });
 }
 
-// The row that the value is nothing for. Where the engine is open, it has to be nothing for all.
+// The row that the value is a fault of. Where the engine is open, it has to be one for all.
+template <typename IsFault>
 const AttributeRow *AttributeCheck::offended(const AttributeUse::At &use,
-                                             const QString &value) const
+                                             const IsFault &isFault) const
 {
-    const auto isOffended = [&](const AttributeRow *row) { return !isMeant(*row, value); };
+    const auto isOffended = [&](const AttributeRow *row) { return isFault(*row); };
     const auto first = std::find_if(use.rows.begin(), use.rows.end(), isOffended);
     if (first == use.rows.end())
         return nullptr;

@@ -1,5 +1,7 @@
 #include "companion/check/attribute_uses.h"
 
+#include "attributes/element_words.h"
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -43,7 +45,7 @@ bool finds(const AttributeRow &row, AttributeElements elements, AttributePlace p
     return false;
 }
 
-// The same of a working value, which passes look up in either way.
+// Whether a working value that passes write, or look up, may be met at the place.
 bool finds(const WorkingRow &row, AttributePlace place)
 {
     switch (place) {
@@ -59,6 +61,54 @@ bool finds(const WorkingRow &row, AttributePlace place)
         return bool(row.elements & Edge);
     }
     return false;
+}
+
+// What passes look up where they have written nothing.
+struct TakenValue
+{
+    std::string_view engine;
+    std::string_view name;
+    AttributePlace place;
+};
+constexpr TakenValue takenValues[] = {
+    // The chart begins there.
+    {"flatbubble", "x", AttributePlace::Root},
+    {"flatbubble", "y", AttributePlace::Root},
+    // Those of a legend have no circle of their own.
+    {"flatbubble", "r", AttributePlace::Cluster},
+    {"flatbubble", "r", AttributePlace::Node},
+    // Those that are too small have no slice.
+    {"sunburst", "sweep", AttributePlace::Cluster},
+    {"sunburst", "sweep", AttributePlace::Node},
+    {"sunburst", "a0", AttributePlace::Node},
+    {"sunburst", "r0", AttributePlace::Node},
+    {"sunburst", "r1", AttributePlace::Node},
+    // Nodes that head no row or no column, and groups with a bracket on the other side or on none.
+    {"matrix", "x", AttributePlace::Node},
+    {"matrix", "y", AttributePlace::Node},
+    {"matrix", "x", AttributePlace::NodeDefaults},
+    {"matrix", "y", AttributePlace::NodeDefaults},
+    {"matrix", "xshift", AttributePlace::Cluster},
+    {"matrix", "yshift", AttributePlace::Cluster},
+};
+
+bool isTaken(const WorkingRow &row, std::string_view engine, AttributePlace place)
+{
+    return std::any_of(std::begin(takenValues), std::end(takenValues),
+                       [&](const TakenValue &taken) {
+                           return taken.engine == engine && taken.place == place
+                               && row.name.text() == latin1(taken.name);
+                       });
+}
+
+QStringList wordsOf(AttributeElements elements, std::string_view ElementWords::*form)
+{
+    QStringList names;
+    for (const ElementWords &words : elementWords()) {
+        if (elements & words.element)
+            names += latin1(words.*form);
+    }
+    return names;
 }
 
 } // namespace
@@ -80,7 +130,7 @@ void AttributeUses::addEngine(const Layout::EngineTables &engine)
         for (const AttributeRow *row : table->rows)
             addRow(*row, elementsRead(engine, *row));
         for (const WorkingRow *row : table->working)
-            addWorking(*row);
+            addWorking(*row, engine.engine);
     }
 }
 
@@ -100,11 +150,14 @@ void AttributeUses::addRow(const AttributeRow &row, AttributeElements elements)
     }
 }
 
-void AttributeUses::addWorking(const WorkingRow &row)
+void AttributeUses::addWorking(const WorkingRow &row, std::string_view engine)
 {
     AttributeUse &use = useOf(row.name);
-    for (size_t place = 0; place < attributePlaces; ++place)
-        use.places[place].isRead |= finds(row, AttributePlace(place));
+    for (size_t i = 0; i < attributePlaces; ++i) {
+        const auto place = AttributePlace(i);
+        use.places[i].isSet |= finds(row, place);
+        use.places[i].isTaken |= isTaken(row, engine, place);
+    }
 }
 
 AttributeUse &AttributeUses::useOf(KnownAttribute name)
@@ -135,12 +188,34 @@ const AttributeUse *AttributeUses::find(const AttributeName &name) const
     return name.isKnown() ? bySpelling.value(&name.text()) : nullptr;
 }
 
-QStringList enginesThatRead(const QString &attribute)
+AttributeElements AttributeUses::readersOf(const QString &name) const
+{
+    for (size_t i = 0; i < known.size(); ++i) {
+        if (known[i].text() == name)
+            return uses[i].readers;
+    }
+    return {};
+}
+
+AttributeReaders readersOf(const QString &attribute)
+{
+    AttributeReaders readers;
+    for (const Layout::EngineTables &tables : Layout::engineTables()) {
+        const QString engine = latin1(tables.engine);
+        const AttributeElements elements = AttributeUses(engine).readersOf(attribute);
+        if (elements)
+            readers.engines += engine;
+        readers.elements |= elements;
+    }
+    return readers;
+}
+
+QStringList enginesThatRead(const QString &attribute, AttributePlace place)
 {
     QStringList engines;
     for (const Layout::EngineTables &tables : Layout::engineTables()) {
         const QString engine = latin1(tables.engine);
-        if (AttributeUses(engine).names().contains(attribute))
+        if (AttributeUses(engine).namesAt(place).contains(attribute))
             engines += engine;
     }
     return engines;
@@ -150,33 +225,29 @@ QString placeName(AttributePlace place)
 {
     switch (place) {
     case AttributePlace::Root:
-        return u"the graph"_s;
+        return singleElementNames(Root);
     case AttributePlace::Cluster:
-        return u"a subgraph"_s;
+        return singleElementNames(Cluster);
     case AttributePlace::Node:
-        return u"a node"_s;
+        return singleElementNames(Node);
     case AttributePlace::Edge:
-        return u"an edge"_s;
+        return singleElementNames(Edge);
     case AttributePlace::NodeDefaults:
-        return u"the node defaults"_s;
+        return "the %1 defaults"_L1.arg(elementName(Node));
     case AttributePlace::EdgeDefaults:
-        return u"the edge defaults"_s;
+        return "the %1 defaults"_L1.arg(elementName(Edge));
     }
     return {};
 }
 
 QString elementNames(AttributeElements elements)
 {
-    QStringList names;
-    if (elements & Root)
-        names += u"the graph"_s;
-    if (elements & Cluster)
-        names += u"subgraphs"_s;
-    if (elements & Node)
-        names += u"nodes"_s;
-    if (elements & Edge)
-        names += u"edges"_s;
-    return listed(names);
+    return listed(wordsOf(elements, &ElementWords::many));
+}
+
+QString singleElementNames(AttributeElements elements)
+{
+    return listed(wordsOf(elements, &ElementWords::one));
 }
 
 QString listed(const QStringList &texts)

@@ -21,8 +21,9 @@ struct AttributeUse
     struct At
     {
         bool isRead = false;
-        std::vector<const Graph::AttributeRow *> rows; // by which it is read; none for a value that
-                                                       // passes of the engine hand on
+        bool isSet = false; // by passes of the engine that hand it on
+        bool isTaken = false; // and where a pass sets none, what the text gives is taken for it
+        std::vector<const Graph::AttributeRow *> rows; // by which it is read
     };
 
     const At &at(AttributePlace place) const { return places[size_t(place)]; }
@@ -50,10 +51,13 @@ public:
     const QStringList &namesAt(AttributePlace place) const { return placeNames[size_t(place)]; }
     const QStringList &names() const { return allNames; }
 
+    // The elements of which an attribute of the name is read by rows.
+    Graph::AttributeElements readersOf(const QString &name) const;
+
 private:
     void addEngine(const Graph::Layout::EngineTables &engine);
     void addRow(const Graph::AttributeRow &row, Graph::AttributeElements elements);
-    void addWorking(const Graph::WorkingRow &row);
+    void addWorking(const Graph::WorkingRow &row, std::string_view engine);
     AttributeUse &useOf(Graph::KnownAttribute name);
     void listNames();
 
@@ -66,14 +70,22 @@ private:
     std::array<QStringList, attributePlaces> placeNames;
 };
 
-// The engines that read an attribute of the name by a row.
-QStringList enginesThatRead(const QString &attribute);
+// The engines that read an attribute of the name by a row, and of which elements they do.
+struct AttributeReaders
+{
+    QStringList engines;
+    Graph::AttributeElements elements;
+};
+AttributeReaders readersOf(const QString &attribute);
+// Those of them that read what stands at the place.
+QStringList enginesThatRead(const QString &attribute, AttributePlace place);
 
 // "the graph", "a subgraph", "a node", "an edge", "the node defaults", "the edge defaults"
 QString placeName(AttributePlace place);
 
-// "the graph, subgraphs and nodes"
+// "the graph, subgraphs and nodes"; of one each "the graph, a subgraph and a node".
 QString elementNames(Graph::AttributeElements elements);
+QString singleElementNames(Graph::AttributeElements elements);
 
 // The texts as a person lists them: "a, b and c".
 QString listed(const QStringList &texts);

@@ -70,6 +70,42 @@ QStringView lastOf(const QString &list)
     return QStringView(list).sliced(list.lastIndexOf(u',') + 1);
 }
 
+// What is 0 at least, by whatever engine. A gap or a margin may well be below.
+bool isSize(const AttributeRow &row)
+{
+    constexpr std::string_view sizes[] = {"area", "fontsize", "height", "nesting", "penwidth",
+                                          "r0",   "r1",       "radius", "rstep",   "width"};
+    return std::any_of(std::begin(sizes), std::end(sizes),
+                       [&](std::string_view name) { return row.name.text() == latin1(name); });
+}
+
+// Why a number makes no sense; empty if it does.
+QString senselessness(const AttributeRow &row, QStringView text)
+{
+    const double number = text.toDouble();
+    if (std::isnan(number))
+        return u"it is no number at all"_s;
+    if (std::isinf(number))
+        return u"it is infinite"_s;
+    return number < 0.0 && isSize(row) ? u"it is below 0"_s : QString();
+}
+
+// The numbers of a value that has a number type; a text has none.
+QList<QStringView> numbersOf(const AttributeRow &row, const QString &value)
+{
+    switch (row.type) {
+    case AttributeType::Number:
+    case AttributeType::Integer:
+    case AttributeType::Inches:
+        return {value};
+    case AttributeType::NumberPair:
+    case AttributeType::InchPair:
+        return {firstOf(value), lastOf(value)};
+    default:
+        return {};
+    }
+}
+
 // Only fills run through several colours.
 bool mayBeGradient(const AttributeRow &row)
 {
@@ -223,6 +259,8 @@ QString colorSuggestion(const QString &color)
     if (const QString digits = color.size() <= longestNumber ? digitsMeant(color) : QString();
         !digits.isEmpty())
         return u"did you mean '%1'?"_s.arg(digits);
+    if (ColorValue(color.trimmed()).isValid())
+        return u"did you mean '%1'?"_s.arg(color.trimmed());
     if (const QString name = didYouMean(color, colorNames()); !name.isEmpty())
         return name;
     if (color.startsWith(u'#'))
@@ -243,22 +281,14 @@ Finding colorFinding(const AttributeRow &row, const QString &value)
         return {&Rules::unknownColor,
                 "%1 can't be a gradient: %2 becomes black"_L1.arg(nameOf(row), quotedText(value)),
                 u"write one colour"_s};
-    const QString bad = firstBadColor(value);
-    return {&Rules::unknownColor,
-            "unknown colour %1 of %2 becomes %3"_L1.arg(quotedText(bad), nameOf(row),
-                                                        paintedInstead(bad)),
-            colorSuggestion(bad)};
+    return unknownColor(firstBadColor(value), " of "_L1 + nameOf(row));
 }
 
 Finding wordFinding(const AttributeRow &row, const QString &word, const QString &effect)
 {
-    const QStringList words = wordsOf(row);
-    const QString suggestion = didYouMean(word, words);
     return {&Rules::unknownWord,
             "unknown word %1 of %2 %3"_L1.arg(quotedText(word), nameOf(row), effect),
-            !suggestion.isEmpty()   ? suggestion
-                : words.size() == 1 ? "the only word is "_L1 + quotedText(words.first())
-                                    : "the words are "_L1 + listed(words)};
+            wordSuggestion(word, wordsOf(row))};
 }
 
 Finding choiceFinding(const AttributeRow &row, const QString &value)
@@ -310,6 +340,42 @@ Finding valueFinding(const AttributeRow &row, const QString &value)
     default:
         return wordFinding(row, firstBadWord(row, value), u"has no effect"_s);
     }
+}
+
+bool isSensible(const AttributeRow &row, const QString &value)
+{
+    const QList<QStringView> numbers = numbersOf(row, value);
+    return std::all_of(numbers.begin(), numbers.end(),
+                       [&](QStringView number) { return senselessness(row, number).isEmpty(); });
+}
+
+Finding senselessFinding(const AttributeRow &row, const QString &value)
+{
+    for (const QStringView number : numbersOf(row, value)) {
+        const QString reason = senselessness(row, number);
+        if (!reason.isEmpty())
+            return {&Rules::senselessValue,
+                    "%1 of %2 makes no sense: %3"_L1.arg(quotedText(number.toString()), nameOf(row),
+                                                         reason)};
+    }
+    return {&Rules::senselessValue, {}};
+}
+
+Finding unknownColor(const QString &color, const QString &where)
+{
+    return {
+        &Rules::unknownColor,
+        "unknown colour %1%2 becomes %3"_L1.arg(quotedText(color), where, paintedInstead(color)),
+        colorSuggestion(color)};
+}
+
+QString wordSuggestion(const QString &word, const QStringList &words)
+{
+    const QString suggestion = didYouMean(word, words);
+    if (!suggestion.isEmpty())
+        return suggestion;
+    return words.size() == 1 ? "the only word is "_L1 + quotedText(words.first())
+                             : "the words are "_L1 + listed(words);
 }
 
 } // namespace ORR::Companion

@@ -1,7 +1,9 @@
 #include "companion/check/check_command.h"
 
 #include "companion/check/check_text.h"
+#include "companion/check/drawing_toolkit.h"
 #include "companion/check/rules.h"
+#include "companion/command/option_faults.h"
 #include "companion/command/options.h"
 #include "companion/command/streams.h"
 #include "companion/findings/json_printer.h"
@@ -34,11 +36,9 @@ std::optional<int> readRequest(const CommandCall &call, CheckRequest *request)
     const auto app = commandLine(call, sentence, examples);
     app->add_option("-K", request->engine, "Check also what this engine asks for")
         ->type_name("ENGINE");
-    CLI::IsMember isFormat({"text", "json", "sarif"});
-    isFormat.description(std::string()); // the sentence has it
     app->add_option("--format", request->format, "text (if not given), json or sarif")
         ->type_name("FORMAT")
-        ->check(isFormat);
+        ->check(isOneOf({u"text"_s, u"json"_s, u"sarif"_s}));
     app->add_flag("--werror", request->warningsAreErrors, "Fail for warnings, too");
     app->add_option("FILE", request->files, "What to read; none or - for standard input")
         ->type_name("");
@@ -48,26 +48,77 @@ std::optional<int> readRequest(const CommandCall &call, CheckRequest *request)
     return status;
 }
 
-// The findings of one input, or nothing once the failure has been told.
-std::optional<FileFindings> checkFile(const std::string &name, const CommandCall &call,
-                                      const CheckOptions &options)
+// One call, from file to file.
+class CheckRun
+{
+public:
+    CheckRun(const CommandCall &commandCall, const CheckRequest &checkRequest)
+        : call(commandCall), request(checkRequest)
+    {
+    }
+
+    int run();
+
+private:
+    void check(const std::string &name);
+    void printText(const FileFindings &file);
+    void tellOnce(const QString &fault);
+    QByteArray documentOf(const QList<FileFindings> &all) const;
+
+    bool isText() const { return request.format == "text"; }
+
+    const CommandCall &call;
+    const CheckRequest &request;
+    const TextForm form{printsToTerminal(), printsColors()};
+    QList<FileFindings> files;
+    bool readAll = true;
+    bool wroteAll = true;
+    bool hasToldFault = false;
+};
+
+QByteArray CheckRun::documentOf(const QList<FileFindings> &all) const
+{
+    if (request.format == "json")
+        return findingsAsJson(all);
+    return findingsAsSarif(all, {u"orr check"_s, QStringLiteral(ORR_VERSION), checkRules()});
+}
+
+void CheckRun::printText(const FileFindings &file)
+{
+    wroteAll = wroteAll && print(call, findingsAsText(file, form));
+}
+
+// Behind what was found all the same.
+void CheckRun::tellOnce(const QString &fault)
+{
+    if (!fault.isEmpty() && !hasToldFault)
+        tell(call.name + ": the drawing is not checked: " + fault.toStdString());
+    hasToldFault = hasToldFault || !fault.isEmpty();
+}
+
+void CheckRun::check(const std::string &name)
 {
     const bool isInput = name == "-";
+    FileFindings file{isInput ? QByteArray() : QByteArray::fromStdString(name)};
     const ReadInput input = readInput(call, name);
     if (!input.bytes) {
         const std::string shown = isInput ? "standard input" : "'" + name + "'";
         tell(call.name + ": " + shown + " can't be read: " + input.fault + '\n');
-        return std::nullopt;
+        file.fault = QString::fromStdString(input.fault);
+        readAll = false;
+    } else {
+        const auto lastWords = [&](const QList<Finding> &findings) {
+            const FileFindings soFar{file.file, findings};
+            return isText() ? findingsAsText(soFar, form) : documentOf(files + QList{soFar});
+        };
+        file.findings =
+            checkText(*input.bytes, {QString::fromStdString(request.engine), lastWords});
     }
-    return FileFindings{isInput ? QByteArray() : QByteArray::fromStdString(name),
-                        checkText(*input.bytes, options)};
-}
-
-QByteArray documentOf(const QList<FileFindings> &files, const std::string &format)
-{
-    if (format == "json")
-        return findingsAsJson(files);
-    return findingsAsSarif(files, {u"orr check"_s, QStringLiteral(ORR_VERSION), checkRules()});
+    files += file;
+    if (isText()) {
+        printText(file);
+        tellOnce(drawingToolkitFault());
+    }
 }
 
 int statusOf(const QList<FileFindings> &files, bool warningsAreErrors)
@@ -79,6 +130,19 @@ int statusOf(const QList<FileFindings> &files, bool warningsAreErrors)
     return failed ? Failed : AllWell;
 }
 
+int CheckRun::run()
+{
+    for (const std::string &name : request.files)
+        check(name);
+    if (!isText()) {
+        wroteAll = print(call, documentOf(files));
+        tellOnce(drawingToolkitFault());
+    }
+    if (!readAll || !wroteAll)
+        return WrongUse;
+    return statusOf(files, request.warningsAreErrors);
+}
+
 } // namespace
 
 int runCheck(const CommandCall &call)
@@ -88,25 +152,12 @@ int runCheck(const CommandCall &call)
         return *status;
     if (std::count(request.files.begin(), request.files.end(), "-") > 1)
         return wrongUse(call, "standard input can be read once only");
-
-    const CheckOptions options{QString::fromStdString(request.engine)};
-    const TextForm form{printsToTerminal(), printsColors()};
-    const bool isText = request.format == "text";
-    QList<FileFindings> files;
-    bool wroteAll = true;
-    for (const std::string &name : request.files) {
-        const std::optional<FileFindings> file = checkFile(name, call, options);
-        if (!file)
-            continue;
-        files += *file;
-        if (isText)
-            wroteAll = wroteAll && print(call, findingsAsText(*file, form));
-    }
-    if (!isText)
-        wroteAll = print(call, documentOf(files, request.format));
-    if (!wroteAll || files.size() < qsizetype(request.files.size()))
-        return WrongUse;
-    return statusOf(files, request.warningsAreErrors);
+    const int status = CheckRun(call, request).run();
+#ifdef __SANITIZE_ADDRESS__
+    // What its fonts hold would be taken for lost.
+    endDrawingToolkit();
+#endif
+    return status;
 }
 
 } // namespace ORR::Companion

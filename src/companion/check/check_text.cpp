@@ -13,7 +13,6 @@
 #include "companion/findings/quoted_text.h"
 #include "companion/syntax/misreadings.h"
 #include "companion/syntax/rejections.h"
-#include "companion/syntax/replay_rules.h"
 #include "drawing/layout_table.h"
 #include "graph/dot_parser.h"
 
@@ -49,13 +48,6 @@ void findRejection(const Graph::DotFault &fault, const QByteArray &bytes, Findin
     findings->add(rejection);
 }
 
-void checkGraph(const CheckedInput &input, Graph::DotGraph *graph, FindingList *findings)
-{
-    checkAttributes(input.text, input.bytes, input.engine, findings);
-    checkObjects(input, findings);
-    foretellDrawing(input.text, input.bytes, input.engine, graph, findings);
-}
-
 } // namespace
 
 QList<Finding> checkText(const QByteArray &bytes, const CheckOptions &options)
@@ -72,13 +64,20 @@ QList<Finding> checkText(const QByteArray &bytes, const CheckOptions &options)
     Graph::DotGraph *const graph = reading.graph.get();
     if (reading.fault)
         findRejection(*reading.fault, text, &findings);
+    const std::function<QByteArray()> lastWords = [&] {
+        FindingList soFar = findings;
+        return options.lastWords ? options.lastWords(located(soFar.take(), &source)) : QByteArray();
+    };
+    const DrawingRules drawing(checked, text, graph, &findings, lastWords);
     if (graph && isReplayed(*graph)) {
-        if (checkReplay(text, graph, checked.subgraphs().front().keyword, &findings))
-            foretellDrawing(checked, text, options.engine, graph, &findings);
+        drawing.checkReplayed();
     } else {
         findUnknownEngine(options.engine, &findings);
-        if (graph)
-            checkGraph({checked, text, *graph, options.engine.toLower()}, graph, &findings);
+        if (graph) {
+            checkAttributes(checked, text, options.engine, &findings);
+            checkObjects({checked, text, *graph, options.engine.toLower()}, &findings);
+            drawing.checkLayout(options.engine);
+        }
     }
     return located(findings.take(), &source);
 }

@@ -4,13 +4,18 @@
 
 #include <QByteArray>
 
+#include <functional>
+
 namespace ORR::Companion {
 
 struct CheckOptions
 {
     // The engine that is to draw the text, as the user names it; empty for what holds for every
     // engine. A text that is replayed needs none.
-    QString engine;
+    QString engine = {};
+    // Where what draws can't be started the process ends, and standard output gets what this makes
+    // of the findings so far; nothing without it. Asked at most once in a process.
+    std::function<QByteArray(const QList<Finding> &)> lastWords = {};
 };
 
 // What is wrong with one text, sorted by place and located, the same on every call. Of a rule with

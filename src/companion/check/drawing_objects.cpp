@@ -1,5 +1,6 @@
 #include "companion/check/drawing_objects.h"
 
+#include "companion/check/attribute_values.h"
 #include "companion/check/rules.h"
 #include "graph/dot_tokenizer.h"
 #include "layout/attribute_tables.h"
@@ -7,6 +8,7 @@
 #include "layout/charts/chart_attributes.h"
 
 #include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -31,6 +33,23 @@ bool hasSize(const ForetoldDrawing &made, const DotNode *node)
         return BubbleAttributes::radius.of(made.graph, node) > 0.0
             || BubbleAttributes::area.of(made.graph, node) > 0.0;
     return ChartAttributes::area.of(made.graph, node) > 0.0;
+}
+
+// The sizes that the node is given whose values are told themselves.
+template <typename Visit>
+void visitToldSizes(const ForetoldDrawing &made, const DotNode *node, const Visit &visit)
+{
+    const auto look = [&](const auto &row) {
+        const QString *value = row.find(made.graph, node);
+        if (value && (!isMeant(row, *value) || !isSensible(row, *value)))
+            visit(row.of(made.graph, node));
+    };
+    if (made.engine == LayoutIndex::FlatBubble) {
+        look(BubbleAttributes::radius);
+        look(BubbleAttributes::area);
+    } else {
+        look(ChartAttributes::area);
+    }
 }
 
 LeftOutNodes::Reason reasonFor(const ForetoldDrawing &made, const DotNode *node)
@@ -107,6 +126,15 @@ std::optional<LeftOutNodes> leftOutNodes(const ForetoldDrawing &made)
         ++leftOut.all;
         if (made.drawing.draws(node))
             continue;
+        bool isTold = false;
+        visitToldSizes(made, node, [&](double size) {
+            isTold = true;
+            leftOut.hasInfinite = leftOut.hasInfinite || !std::isfinite(size);
+        });
+        if (isTold) {
+            ++leftOut.toldAtValue;
+            continue;
+        }
         LeftOutNodes::Nodes &nodes = leftOut.nodes[reasonFor(made, node)];
         if (nodes.count++ == 0)
             nodes.first = node;

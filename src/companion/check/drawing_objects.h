@@ -34,10 +34,12 @@ struct LeftOutNodes
 
     struct Nodes
     {
-        qint64 count = 0;
+        qint64 count = 0; // without those that are told at the value that is to blame
         const Graph::DotNode *first = nullptr; // by its place in the text
     };
     Nodes nodes[reasonCount];
+    qint64 toldAtValue = 0; // the others, without an area
+    bool hasInfinite = false; // or not a number: such a size, told at its value, spoils all others
     qint64 all = 0; // nodes of the chart, without those of its legend
 };
 

@@ -2,10 +2,10 @@
 
 #include "companion/check/drawing_objects.h"
 #include "companion/check/drawing_toolkit.h"
+#include "companion/check/replay_rules.h"
 #include "companion/check/rules.h"
 #include "companion/check/tree_faults.h"
 #include "companion/findings/quoted_text.h"
-#include "device/xdot_render.h"
 #include "drawing/held_standard_error.h"
 #include "graph/dot_tokenizer.h"
 #include "graph/limits.h"
@@ -23,24 +23,21 @@ using Drawing::LayoutIndex;
 
 namespace {
 
-// The legend of an engine that draws one.
-DotSubgraph *legendOf(const DotGraph *graph, std::optional<LayoutIndex> engine)
-{
-    return engine && Layout::hasLegends(Drawing::layoutRow(*engine).name)
-        ? Layout::findLegend(graph)
-        : nullptr;
-}
-
-// The message is empty for success.
-QString draw(const QByteArray &bytes, DotGraph *graph, std::optional<LayoutIndex> engine,
-             Device *device)
-{
 #ifndef __SANITIZE_ADDRESS__
-    // The libraries of pictures complain there about those that an input holds.
-    const Drawing::HeldStandardError held;
+// The libraries of pictures complain there about those that an input holds.
+using QuietLibraries = Drawing::HeldStandardError;
+#else
+// What the sanitizers say is to be seen.
+struct QuietLibraries
+{
+};
 #endif
-    return engine ? Drawing::layoutRow(*engine).run({graph, device})
-                  : Graphviz::XDotRender(device, graph).render(bytes);
+
+// The legend of an engine that draws one.
+DotSubgraph *legendOf(const DotGraph *graph, LayoutIndex engine)
+{
+    return Layout::hasLegends(Drawing::layoutRow(engine).name) ? Layout::findLegend(graph)
+                                                               : nullptr;
 }
 
 // A sequence fails by an object outside of its grid. Of one that the message names the rule of such
@@ -95,12 +92,9 @@ QString emptinessReason(const std::optional<LeftOutNodes> &leftOut)
 {
     if (!leftOut)
         return {};
-    const auto all = [&](LeftOutNodes::Reason reason) {
-        return leftOut->nodes[reason].count == leftOut->all;
-    };
     if (leftOut->all == 0)
         return u": there are no nodes"_s;
-    if (all(LeftOutNodes::WithoutArea))
+    if (leftOut->nodes[LeftOutNodes::WithoutArea].count + leftOut->toldAtValue == leftOut->all)
         return u": no node has an area"_s;
     if (leftOut->nodes[LeftOutNodes::TooSmall].count > 0)
         return u": every node is too small to be seen"_s;
@@ -137,15 +131,23 @@ void findLargePage(QSize page, FindingList *findings)
                                  : " large: images of it are scaled down"_L1)});
 }
 
+// Whether a blank drawing is what values make of it that were told themselves.
+bool followsFromValues(const std::optional<LeftOutNodes> &leftOut)
+{
+    return leftOut
+        && (leftOut->hasInfinite || (leftOut->all > 0 && leftOut->toldAtValue == leftOut->all));
+}
+
 void tellOf(const ForetoldDrawing &made, FindingList *findings)
 {
     const std::optional<LeftOutNodes> leftOut = leftOutNodes(made);
     if (const QString blank = blankness(made, leftOut); !blank.isEmpty()) {
-        findings->add({&Rules::blankDrawing, blank});
+        if (!followsFromValues(leftOut))
+            findings->add({&Rules::blankDrawing, blank});
         return;
     }
     findLargePage(*made.drawing.page(), findings);
-    if (leftOut)
+    if (leftOut && !leftOut->hasInfinite)
         findLeftOutNodes(*leftOut, made, findings);
     findUnseenLabels(made, findings);
     findUnshownTexts(made, findings);
@@ -153,21 +155,36 @@ void tellOf(const ForetoldDrawing &made, FindingList *findings)
 
 } // namespace
 
-void foretellDrawing(const CheckedText &text, const QByteArray &bytes, const QString &engine,
-                     DotGraph *graph, FindingList *findings)
+void DrawingRules::checkLayout(const QString &engine) const
 {
-    const bool isReplayed = graph->root()->attributes.contains(u"xdotversion"_s);
-    const auto layout = isReplayed ? std::nullopt : Drawing::chooseLayout(engine);
-    if ((!isReplayed && !layout) || !startsDrawingToolkit())
+    const auto layout = Drawing::chooseLayout(engine);
+    if (!layout || !startsDrawingToolkit(lastWords))
         return;
-    DotSubgraph *const legend = legendOf(graph, layout);
+    DotSubgraph *const legend = legendOf(graph, *layout);
     WatchedDrawing drawing(graph, legend);
-    const QString message = draw(bytes, graph, layout, &drawing);
     const ForetoldDrawing made{bytes, text, graph, layout, legend, drawing};
+    const QString message = [&] {
+        [[maybe_unused]] const QuietLibraries quiet;
+        return Drawing::layoutRow(*layout).run({graph, &drawing});
+    }();
     if (!message.isEmpty())
         findFailure(message, made, findings);
     else
         tellOf(made, findings);
+}
+
+void DrawingRules::checkReplayed() const
+{
+    const bool hasFonts = startsDrawingToolkit(lastWords);
+    WatchedDrawing drawing(hasFonts ? WatchedDrawing::Fonts::There
+                                    : WatchedDrawing::Fonts::Missing);
+    const qsizetype root = text.subgraphs().front().keyword;
+    const bool isWhole = [&] {
+        [[maybe_unused]] const QuietLibraries quiet;
+        return checkReplay(bytes, graph, root, &drawing, findings);
+    }();
+    if (isWhole && hasFonts)
+        tellOf({bytes, text, graph, std::nullopt, nullptr, drawing}, findings);
 }
 
 } // namespace ORR::Companion

@@ -1,9 +1,11 @@
 #include "companion/check/drawing_toolkit.h"
 
-#include "companion/command/streams.h"
+#include "drawing/held_standard_error.h"
 #include "drawing/toolkit.h"
 
 #include <QCoreApplication>
+
+#include <optional>
 
 namespace ORR::Companion {
 
@@ -17,14 +19,11 @@ bool prepare()
     return true;
 }
 
-bool start()
+// What there was to say of the fonts; nothing before they were looked for.
+std::optional<QString> &foundFault()
 {
-    if (!QCoreApplication::instance())
-        Drawing::startToolkit("orr");
-    const QString fault = Drawing::fontFault();
-    if (!fault.isEmpty())
-        tell("orr check: the drawing is not checked: " + fault.toStdString());
-    return fault.isEmpty();
+    static std::optional<QString> fault;
+    return fault;
 }
 
 } // namespace
@@ -34,11 +33,28 @@ void prepareDrawingToolkit()
     [[maybe_unused]] static const bool isPrepared = prepare();
 }
 
-bool startsDrawingToolkit()
+bool startsDrawingToolkit(const std::function<QByteArray()> &lastWords)
 {
     prepareDrawingToolkit();
-    static const bool isThere = start();
-    return isThere;
+    std::optional<QString> &fault = foundFault();
+    if (!fault) {
+        if (!QCoreApplication::instance())
+            Drawing::startToolkit("orr", lastWords());
+        fault = Drawing::fontFault();
+    }
+    return fault->isEmpty();
+}
+
+QString drawingToolkitFault()
+{
+    return foundFault().value_or(QString());
+}
+
+void endDrawingToolkit()
+{
+    // Libraries below it complain there of how it ends.
+    const Drawing::HeldStandardError held;
+    delete QCoreApplication::instance();
 }
 
 } // namespace ORR::Companion

@@ -25,6 +25,13 @@ constexpr Rule badValue{
     "whole number has neither.",
 };
 
+constexpr Rule senselessValue{
+    "senseless-value",
+    Warning,
+    "a number makes no sense",
+    "A size, an area or a width is 0 at least, and no number is infinite or none at all.",
+};
+
 constexpr Rule unknownColor{
     "unknown-color",
     Error,
@@ -54,6 +61,14 @@ constexpr Rule unreadAttribute{
     Warning,
     "an attribute is given to what never reads it",
     "It changes nothing there. The page of the engine tells what it is read of.",
+};
+
+constexpr Rule engineAttribute{
+    "engine-attribute",
+    Warning,
+    "an attribute is one that the engine sets itself",
+    "Engines keep what they compute in attributes of the graph. A value of the text is lost, or is "
+    "taken for a computed one where the engine sets none.",
 };
 
 constexpr Rule sharedId{
@@ -182,8 +197,9 @@ namespace {
 
 constexpr const Rule *ownRules[] = {
     &Rules::unknownEngine,     &Rules::badValue,
-    &Rules::unknownColor,      &Rules::unknownWord,
-    &Rules::unknownAttribute,  &Rules::unreadAttribute,
+    &Rules::senselessValue,    &Rules::unknownColor,
+    &Rules::unknownWord,       &Rules::unknownAttribute,
+    &Rules::unreadAttribute,   &Rules::engineAttribute,
     &Rules::sharedId,          &Rules::undeclaredNode,
     &Rules::sharedPlace,       &Rules::misplacedLegend,
     &Rules::edgeWithoutCell,   &Rules::outsideGrid,

@@ -12,10 +12,12 @@ namespace Rules {
 
 extern const Rule unknownEngine;
 extern const Rule badValue;
+extern const Rule senselessValue;
 extern const Rule unknownColor;
 extern const Rule unknownWord;
 extern const Rule unknownAttribute;
 extern const Rule unreadAttribute;
+extern const Rule engineAttribute;
 extern const Rule sharedId;
 extern const Rule undeclaredNode;
 extern const Rule sharedPlace;

@@ -184,6 +184,8 @@ void WatchedDrawing::drawRichText(QPoint topLeft, Text *text)
     if (!text)
         return;
     watchText(topLeft, text, true);
+    if (!hasFonts)
+        return;
     const QString html = text->text();
     if (richTexts.take(html) && richTextDocument(html, text->font()->qFont()))
         count(&missing, missingPicturesIn(html));
@@ -249,7 +251,7 @@ void WatchedDrawing::open(Open object)
 template <typename Object>
 void WatchedDrawing::close(const Object *object)
 {
-    if (!openObjects.back().hasText && hasLabel(graph, object))
+    if (graph && !openObjects.back().hasText && hasLabel(graph, object))
         unlabelledObjects.push_back(object);
     openObjects.pop_back();
 }
@@ -271,7 +273,8 @@ void WatchedDrawing::watchText(QPoint topLeft, const Text *text, bool rich)
     if (text->text().trimmed().isEmpty())
         return;
     // Measuring takes longer than all the rest, and one text on the page is enough.
-    const QSize size = hasPrimitiveOnPage ? QSize(1, 1) : textSize(text, rich);
+    const bool isMeasured = hasFonts && !hasPrimitiveOnPage;
+    const QSize size = isMeasured ? textSize(text, rich) : QSize(1, 1);
     watch(QRectF(QPointF(topLeft), QSizeF(size)));
 }
 
@@ -279,7 +282,7 @@ void WatchedDrawing::watch(const QRectF &bounds)
 {
     if (!openObjects.empty()) {
         Open &innermost = openObjects.back();
-        if (innermost.node && !innermost.isDrawn)
+        if (graph && innermost.node && !innermost.isDrawn)
             drawnNodes.push_back(innermost.node);
         innermost.isDrawn = true;
         if (innermost.isOfLegend)

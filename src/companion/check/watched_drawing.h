@@ -18,12 +18,17 @@ namespace ORR::Companion {
 class WatchedDrawing : public Graph::TextImage
 {
 public:
-    // The legend, which may be null, explains a drawing and is none: what is drawn for it does not
-    // count. Neither is owned.
+    // Of a layout. The legend, which may be null, explains a drawing and is none: what is drawn for
+    // it does not count. Neither is owned.
     WatchedDrawing(const Graph::DotGraph *dotGraph, const Graph::DotSubgraph *legendSubgraph)
         : graph(dotGraph), legend(legendSubgraph)
     {
     }
+
+    // Of a replay, of whose objects nothing is known but the first ones of texts. Without fonts no
+    // text is measured: each has a size of its own, and none is rich.
+    enum class Fonts { Missing, There };
+    explicit WatchedDrawing(Fonts there) : hasFonts(there == Fonts::There) { }
 
     // What the drawing was begun with; nothing if it never was.
     std::optional<QSize> page() const { return begunPage; }
@@ -88,8 +93,9 @@ private:
     void watch(const QRectF &bounds);
     void count(Texts *counted, qint64 more) const;
 
-    const Graph::DotGraph *graph;
-    const Graph::DotSubgraph *legend;
+    const Graph::DotGraph *graph = nullptr; // null for a replay
+    const Graph::DotSubgraph *legend = nullptr;
+    bool hasFonts = true;
     std::optional<QSize> begunPage;
     bool hasPrimitive = false;
     bool hasPrimitiveOnPage = false;

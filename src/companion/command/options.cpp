@@ -1,35 +1,13 @@
 #include "companion/command/options.h"
 
+#include "companion/command/option_faults.h"
 #include "companion/command/streams.h"
-#include "companion/findings/nearest_word.h"
 
 namespace ORR::Companion {
 
 namespace {
 
 constexpr size_t columnOfSentences = 26;
-
-QStringList optionNames(const CLI::App &app)
-{
-    QStringList names;
-    for (const CLI::Option *option : app.get_options()) {
-        for (const std::string &name : option->get_lnames())
-            names += QStringLiteral("--") + QString::fromStdString(name);
-    }
-    return names;
-}
-
-// Of an argument that no option takes.
-std::string unknownArgument(const CLI::App &app)
-{
-    const std::vector<std::string> unknown = app.remaining();
-    const std::string argument = unknown.empty() ? std::string() : unknown.front();
-    // Without its value, which may be long.
-    const std::string option = argument.substr(0, argument.find('='));
-    const QString suggestion = didYouMean(QString::fromStdString(option), optionNames(app));
-    return "there is no option '" + option + "'"
-        + (suggestion.isEmpty() ? std::string() : "; " + suggestion.toStdString());
-}
 
 // The arguments as the parser takes them, from the back. It would take "[a]" for a list that holds
 // "a", so that such a name is led in by its folder.
@@ -62,16 +40,21 @@ std::unique_ptr<CLI::App> commandLine(const CommandCall &call, const std::string
 
 std::optional<int> readOptions(CLI::App *app, const CommandCall &call)
 {
+    const ArgumentFaults faults = argumentFaults(*app, call.arguments);
+    if (faults.asksForHelp)
+        return printHelp(call, app->help());
+    if (!faults.first.isEmpty())
+        return wrongUse(call, faults.first.toStdString());
     try {
         app->parse(guarded(call.arguments));
-    } catch (const CLI::CallForHelp &) {
-        return printHelp(call, app->help());
     } catch (const CLI::CallForVersion &version) {
         return printHelp(call, version.what() + std::string("\n"));
+    } catch (const CLI::ValidationError &fault) {
+        return wrongUse(call, fault.what()); // our own words (option_faults.h)
     } catch (const CLI::ExtrasError &) {
-        return wrongUse(call, unknownArgument(*app));
-    } catch (const CLI::ParseError &fault) {
-        return wrongUse(call, fault.what());
+        return wrongUse(call, "unknown argument '" + app->remaining().front() + "'");
+    } catch (const CLI::ParseError &) {
+        return wrongUse(call, "the arguments can't be read");
     }
     return std::nullopt;
 }

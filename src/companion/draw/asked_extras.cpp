@@ -44,11 +44,9 @@ AskedExtras AskedExtras::orElse(const AskedExtras &others) const
 
 QString scaleFault(double number)
 {
-    constexpr double smallest = 0.01;
-    constexpr double largest = 100;
-    if (number >= smallest && number <= largest)
+    if (number >= smallestScale && number <= largestScale)
         return {};
-    return u"is no number from %1 to %2"_s.arg(smallest).arg(largest);
+    return u"is no number from %1 to %2"_s.arg(smallestScale).arg(largestScale);
 }
 
 QString backgroundFault(const QString &text)

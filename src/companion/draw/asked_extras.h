@@ -20,6 +20,10 @@ struct AskedExtras
     AskedExtras orElse(const AskedExtras &others) const;
 };
 
+// Pixels for a point.
+inline constexpr double smallestScale = 0.01;
+inline constexpr double largestScale = 100;
+
 // Why a number is no scale, "is no number from 0.01 to 100"; empty if it is one.
 QString scaleFault(double number);
 

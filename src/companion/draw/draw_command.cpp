@@ -1,5 +1,6 @@
 #include "companion/draw/draw_command.h"
 
+#include "companion/command/option_faults.h"
 #include "companion/command/options.h"
 #include "companion/draw/draw_run.h"
 #include "companion/draw/job_line.h"
@@ -58,13 +59,6 @@ public:
     std::string make_positionals(const CLI::App * /*app*/) const override { return {}; }
 };
 
-// Takes the words that the parser would add to the sentence.
-CLI::Validator silent(CLI::Validator check)
-{
-    check.description(std::string());
-    return check;
-}
-
 // Adds an option with its name, the place of its value, its sentence and the word for the value.
 auto optionAdder(CLI::App *app)
 {
@@ -82,13 +76,14 @@ void addSharedOptions(CLI::App *app, DrawOptions *options)
     app->add_flag("-O", options->beside, "Write beside the inputs, which is usual");
     add("-d", &options->folder, "Write below this folder, at the same place", "DIR");
     add("-o", &options->output, "Write the only drawing", "FILE");
-    add("--scale", &options->scale, "PNG, JPEG: so many times the pixels", "S");
+    add("--scale", &options->scale, "PNG, JPEG: so many times the pixels", "S")
+        ->check(isNumber(smallestScale, largestScale));
     add("--background", &options->background, "A colour below everything", "COLOUR");
     app->add_flag("--embed", options->embedded, "SVG: for a place within a page");
     add("-j", &options->workers, "Workers (as many as cores)", "N")
-        ->check(silent(CLI::Range(1, mostWorkers)));
+        ->check(isWholeNumber(1, mostWorkers));
     add("--timeout", &options->timeLimit, "Seconds that a drawing may take", "S")
-        ->check(silent(CLI::Range(0.001, longestTime)));
+        ->check(isNumber(0.001, longestTime));
     app->add_option("FILE", options->files)->type_name("");
 }
 
@@ -99,7 +94,7 @@ void addDrawOptions(CLI::App *app, DrawOptions *options)
     app->get_option("-o")->description("Write the only drawing; - is standard output");
     add("--jobs", &options->jobs, "Take jobs as JSON lines, answer on output", "FILE");
     add("--memory", &options->memoryLimit, "Megabytes that a drawing may take", "MB")
-        ->check(silent(CLI::Range(qint64(1), qint64(1) << 30)));
+        ->check(isWholeNumber(1, qint64(1) << 30));
     app->add_flag("--changed", options->onlyChanged, "Draw only what has changed since");
     add("--shard", &options->shard, "Draw this of so many equal parts", "I/N");
     add("--report", &options->report, "Write a JSON line for each drawing", "FILE");
@@ -209,8 +204,6 @@ std::string readKinds(const DrawOptions &options, QList<DrawingOptions> *kinds)
 std::string readExtras(const DrawOptions &options, DrawRequest *request)
 {
     AskedExtras &extras = request->extras;
-    if (options.scale && !scaleFault(*options.scale).isEmpty())
-        return "--scale " + scaleFault(*options.scale).toStdString();
     extras.scale = options.scale;
     if (options.embedded)
         extras.embedded = true;

@@ -61,7 +61,8 @@ struct Finding
 struct FileFindings
 {
     QByteArray file; // its name as the system has it; empty for standard input
-    QList<Finding> findings;
+    QList<Finding> findings = {};
+    QString fault = {}; // why it can't be read, as the system words it; empty if it was
 };
 
 // Whether any finding has the severity.

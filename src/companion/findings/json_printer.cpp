@@ -42,7 +42,10 @@ QJsonObject fileObject(const FileFindings &file)
         findings.append(findingObject(finding));
     const QJsonValue name = file.file.isEmpty() ? QJsonValue(QJsonValue::Null)
                                                 : QJsonValue(QString::fromUtf8(file.file));
-    return {{u"file"_s, name}, {u"findings"_s, findings}};
+    QJsonObject object{{u"file"_s, name}, {u"findings"_s, findings}};
+    if (!file.fault.isEmpty())
+        object.insert(u"fault"_s, file.fault);
+    return object;
 }
 
 qint64 countOf(Severity severity, const QList<FileFindings> &files)

@@ -65,11 +65,16 @@ QJsonObject region(const Finding &finding)
     return object;
 }
 
-QJsonObject location(const Finding &finding, const QString &uri, qsizetype artifact)
+QJsonObject artifactPlace(const QString &uri, qsizetype artifact)
 {
-    QJsonObject place{
+    return {
         {u"artifactLocation"_s, QJsonObject{{u"uri"_s, uri}, {u"index"_s, qint64(artifact)}}},
     };
+}
+
+QJsonObject location(const Finding &finding, const QString &uri, qsizetype artifact)
+{
+    QJsonObject place = artifactPlace(uri, artifact);
     if (finding.line > 0)
         place.insert(u"region"_s, region(finding));
     return {{u"physicalLocation"_s, place}};
@@ -89,6 +94,24 @@ QJsonObject result(const Finding &finding, const QJsonObject &where, const Sarif
     return object;
 }
 
+QJsonObject notification(const QString &fault, const QString &uri, qsizetype artifact)
+{
+    const QJsonObject where{{u"physicalLocation"_s, artifactPlace(uri, artifact)}};
+    return {
+        {u"level"_s, u"error"_s},
+        {u"message"_s, message("the input can't be read: "_L1 + fault)},
+        {u"locations"_s, QJsonArray{where}},
+    };
+}
+
+QJsonObject invocation(const QJsonArray &notifications)
+{
+    QJsonObject object{{u"executionSuccessful"_s, notifications.isEmpty()}};
+    if (!notifications.isEmpty())
+        object.insert(u"toolExecutionNotifications"_s, notifications);
+    return object;
+}
+
 QJsonObject driver(const SarifTool &tool)
 {
     QJsonArray rules;
@@ -103,6 +126,7 @@ QByteArray findingsAsSarif(const QList<FileFindings> &files, const SarifTool &to
 {
     QJsonArray artifacts;
     QJsonArray results;
+    QJsonArray notifications;
     QHash<QString, qsizetype> known; // an artifact is listed once, whatever is read twice
     for (const FileFindings &file : files) {
         const QString uri = uriOf(file.file);
@@ -111,11 +135,14 @@ QByteArray findingsAsSarif(const QList<FileFindings> &files, const SarifTool &to
             artifacts.append(QJsonObject{{u"location"_s, QJsonObject{{u"uri"_s, uri}}}});
         }
         const qsizetype artifact = known.value(uri);
+        if (!file.fault.isEmpty())
+            notifications.append(notification(file.fault, uri, artifact));
         for (const Finding &finding : file.findings)
             results.append(result(finding, location(finding, uri, artifact), tool));
     }
     const QJsonObject run{
         {u"tool"_s, QJsonObject{{u"driver"_s, driver(tool)}}},
+        {u"invocations"_s, QJsonArray{invocation(notifications)}},
         {u"columnKind"_s, u"unicodeCodePoints"_s},
         {u"artifacts"_s, artifacts},
         {u"results"_s, results},

@@ -1,0 +1,178 @@
+#include "companion/command/option_faults.h"
+
+#include "companion/findings/nearest_word.h"
+
+#include <algorithm>
+#include <set>
+
+using namespace Qt::StringLiterals;
+
+namespace ORR::Companion {
+
+namespace {
+
+QStringList optionNames(const CLI::App &app)
+{
+    QStringList names;
+    for (const CLI::Option *option : app.get_options()) {
+        for (const std::string &name : option->get_lnames())
+            names += "--"_L1 + QString::fromStdString(name);
+    }
+    return names;
+}
+
+QString quoted(const std::string &text)
+{
+    return u'\'' + QString::fromStdString(text) + u'\'';
+}
+
+// Goes through the arguments in the way of the parser.
+class ArgumentWalk
+{
+public:
+    ArgumentWalk(const CLI::App &commandLine, const std::vector<std::string> &given)
+        : app(commandLine), arguments(given)
+    {
+    }
+
+    ArgumentFaults walk();
+
+private:
+    void readLong(const std::string &argument);
+    void readShort(const std::string &argument);
+    void readValue(const CLI::Option *option, const std::string &name, bool isAttached);
+    void addUnknown(const std::string &name);
+    void add(const QString &sentence)
+    {
+        if (faults.first.isEmpty())
+            faults.first = sentence;
+    }
+    bool takesValue(const CLI::Option *option) const
+    {
+        return option->get_items_expected_max() != 0;
+    }
+
+    const CLI::App &app;
+    const std::vector<std::string> &arguments;
+    size_t next = 0;
+    std::set<const CLI::Option *> valued; // the options that have their values
+    ArgumentFaults faults;
+};
+
+ArgumentFaults ArgumentWalk::walk()
+{
+    while (next < arguments.size()) {
+        const std::string &argument = arguments[next++];
+        if (argument == "--")
+            break;
+        if (argument.starts_with("--"))
+            readLong(argument);
+        else if (argument.size() > 1 && argument.front() == '-')
+            readShort(argument);
+    }
+    return faults;
+}
+
+void ArgumentWalk::readLong(const std::string &argument)
+{
+    // Without its value, which may be long.
+    const size_t equals = argument.find('=');
+    const std::string name = argument.substr(0, equals);
+    const CLI::Option *option = app.get_option_no_throw(name);
+    const bool hasValue = equals != std::string::npos;
+    if (!option)
+        addUnknown(name);
+    else if (hasValue && equals + 1 == argument.size() && takesValue(option))
+        add(u"option %1 needs a value"_s.arg(quoted(name))); // the parser would take the next one
+    else if (takesValue(option))
+        readValue(option, name, hasValue);
+    else if (hasValue)
+        add(u"option %1 takes no value"_s.arg(quoted(name)));
+    else if (option == app.get_help_ptr())
+        faults.asksForHelp = true;
+}
+
+// Flags may stand together, and the last of them may be an option with its value.
+void ArgumentWalk::readShort(const std::string &argument)
+{
+    for (size_t i = 1; i < argument.size(); ++i) {
+        const std::string name{'-', argument[i]};
+        const bool isLast = i + 1 == argument.size();
+        const CLI::Option *option = app.get_option_no_throw(name);
+        if (!option)
+            return addUnknown(i == 1 ? argument.substr(0, argument.find('=')) : name);
+        if (takesValue(option))
+            return readValue(option, name, !isLast);
+        if (!isLast && argument[i + 1] == '=')
+            return add(u"option %1 takes no value"_s.arg(quoted(name)));
+        if (option == app.get_help_ptr())
+            faults.asksForHelp = true;
+    }
+}
+
+void ArgumentWalk::readValue(const CLI::Option *option, const std::string &name, bool isAttached)
+{
+    if (!valued.insert(option).second)
+        add(u"option %1 is given twice"_s.arg(quoted(name)));
+    if (!isAttached && next++ >= arguments.size())
+        add(u"option %1 needs a value"_s.arg(quoted(name)));
+}
+
+void ArgumentWalk::addUnknown(const std::string &name)
+{
+    const QString suggestion = didYouMean(QString::fromStdString(name), optionNames(app));
+    add(u"unknown option "_s + quoted(name) + (suggestion.isEmpty() ? QString() : u"; "_s)
+        + suggestion);
+}
+
+// The help has what the values are.
+template <typename Check>
+CLI::Validator unnamed(const Check &check)
+{
+    CLI::Validator validator([check](std::string &value) { return check(value).toStdString(); },
+                             std::string());
+    return validator;
+}
+
+} // namespace
+
+ArgumentFaults argumentFaults(const CLI::App &app, const std::vector<std::string> &arguments)
+{
+    return ArgumentWalk(app, arguments).walk();
+}
+
+CLI::Validator isOneOf(const QStringList &words)
+{
+    return unnamed([words](const std::string &value) {
+        const QString text = QString::fromStdString(value);
+        if (words.contains(text))
+            return QString();
+        return "%1 is none of %2"_L1.arg(quoted(value), words.join(", "_L1));
+    });
+}
+
+CLI::Validator isWholeNumber(qint64 least, qint64 greatest)
+{
+    return unnamed([=](const std::string &value) {
+        const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+        bool isNumber = std::all_of(value.begin(), value.end(), isDigit);
+        const qint64 number = isNumber ? QByteArray::fromStdString(value).toLongLong(&isNumber) : 0;
+        if (isNumber && number >= least && number <= greatest)
+            return QString();
+        return u"%1 is no whole number from %2 to %3"_s.arg(quoted(value)).arg(least).arg(greatest);
+    });
+}
+
+CLI::Validator isNumber(double least, double greatest)
+{
+    return unnamed([=](const std::string &value) {
+        bool isNumber = value.find_first_of(" \t\n\v\f\r") == std::string::npos;
+        const double number = isNumber ? QByteArray::fromStdString(value).toDouble(&isNumber) : 0.0;
+        if (isNumber && number >= least && number <= greatest)
+            return QString();
+        return u"%1 is no number from %2 to %3"_s.arg(quoted(value), QString::number(least),
+                                                      QString::number(greatest, 'f', 0));
+    });
+}
+
+} // namespace ORR::Companion

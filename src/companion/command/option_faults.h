@@ -1,0 +1,29 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include <QString>
+#include <QStringList>
+
+#include <string>
+#include <vector>
+
+// What is wrong with the options of a command line, in sentences of our own.
+namespace ORR::Companion {
+
+// What the arguments say that no option takes: an option that there is not, a value that is missing
+// or one too many, an option that is given twice.
+struct ArgumentFaults
+{
+    QString first; // a sentence without a full stop; empty if all is well
+    bool asksForHelp = false; // which is given all the same
+};
+ArgumentFaults argumentFaults(const CLI::App &app, const std::vector<std::string> &arguments);
+
+// What the value of an option has to be. The sentence of a value that is something else begins with
+// the option.
+CLI::Validator isOneOf(const QStringList &words);
+CLI::Validator isWholeNumber(qint64 least, qint64 greatest);
+CLI::Validator isNumber(double least, double greatest);
+
+} // namespace ORR::Companion
