@@ -59,7 +59,7 @@ TEST_F(DrawExtrasTest, pdf_is_no_format_of_orrlayout)
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.output, "");
     EXPECT_TRUE(run.errors.startsWith(formatMessage)) << run.errors.toStdString();
-    EXPECT_FALSE(run.errors.contains("pdf"));
+    EXPECT_FALSE(run.errors.contains(", pdf"));
 }
 
 TEST_F(DrawExtrasTest, without_extras_a_drawing_is_that_of_orrlayout)
@@ -109,7 +109,7 @@ TEST_F(DrawExtrasTest, says_what_is_wrong_with_their_use)
               "orr draw: --background is for jpg, png, svg, pdf only");
     EXPECT_EQ(wrong({u"-T"_s, u"png"_s, u"--embed"_s}), "orr draw: --embed is for svg only");
     for (const QString &scale : {u"0"_s, u"-1"_s, u"101"_s, u"nan"_s, u"inf"_s, u"x"_s})
-        EXPECT_TRUE(wrong({u"-T"_s, u"png"_s, u"--scale"_s, scale}).startsWith("orr draw: --scale"))
+        EXPECT_TRUE(wrong({u"-T"_s, u"png"_s, u"--scale"_s, scale}).contains("--scale"))
             << scale.toStdString();
     EXPECT_TRUE(newFiles().isEmpty());
 }

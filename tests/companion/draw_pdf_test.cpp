@@ -145,7 +145,7 @@ TEST_P(DrawPdfTest, looks_like_the_png)
         png.save(start + u".png"_s);
     }
     ASSERT_EQ(seen.size(), png.size());
-    EXPECT_LT(difference(onWhite(seen), png), 60);
+    EXPECT_LT(difference(onWhite(seen), png), 40);
 }
 
 INSTANTIATE_TEST_SUITE_P(Examples, DrawPdfTest, testing::ValuesIn(exampleInputs()), nameOfInput);

@@ -125,8 +125,7 @@ TEST(RasterExtras, a_background_lies_below_all_of_it)
         const QImage image =
             QImage::fromData(fileOf(name, {.scale = 1.7, .background = background}, drawCircle));
         EXPECT_EQ(image.size(), QSize(68, 34));
-        EXPECT_EQ(image.pixelColor(67, 33), image.pixelColor(0, 0));
-        EXPECT_NEAR(image.pixelColor(17, 17).red(), 255, 2);
+        EXPECT_NEAR(image.pixelColor(17, 17).red(), 255, 16); // of a JPEG
         return image.pixelColor(67, 33);
     };
     EXPECT_EQ(corner(u"a.png"_s, u"lime"_s), QColor(0, 255, 0));

@@ -24,6 +24,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// Readers refuse a page that has more links.
+constexpr qsizetype mostLinks = 10'000;
+
 // The toolkit's writer makes links of anchors, whatever they lead to.
 void removeAnchors(QTextDocument *document)
 {
@@ -216,7 +219,7 @@ QByteArray Pdf::finished()
     const QRectF whole(QPointF(0, 0), QSizeF(page));
     for (const PdfLinkAreas::Area &area : links.areas()) {
         const QRectF box = area.box.adjusted(-margin, -margin, margin, margin).intersected(whole);
-        if (!box.isEmpty())
+        if (!box.isEmpty() && completion.links.size() < mostLinks)
             completion.links.append({box, area.address});
     }
     return completedPdf(bytes, completion);

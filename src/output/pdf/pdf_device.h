@@ -12,7 +12,8 @@ namespace ORR::Graph {
 
 // Writes the drawing as PDF 1.6 when it ends: one page of its size, text as text, in fonts that are
 // embedded as far as they are used, rich text as a document is painted, and a link over each object
-// that has an address (see `linkAddress`). What was drawn the same way is the same file.
+// that has an address (see `linkAddress`), as far as readers take them. What was drawn the same way
+// is the same file.
 //
 // A page has 14,400 units at most on a side. That of a larger drawing has a unit of so many points
 // that its size stays; the toolkit's writer sees to it.

@@ -166,6 +166,21 @@ TEST(PdfDevice, links_lie_on_the_page_in_its_units)
     EXPECT_EQ(matchesIn(pdf, u"/Rect \\[([^\\]]*)\\]"_s), QStringList(u"0.00 0.00 51.00 50.00"_s));
 }
 
+TEST(PdfDevice, has_no_more_links_than_readers_take)
+{
+    DotGraph graph;
+    DotNode *node = graph.createNode(graph.root(), {}, u"n"_s);
+    graph.setNodeAttribute(node, u"url"_s, u"a"_s);
+    const QByteArray pdf = pdfOf({100, 100}, [&](Pdf &device) {
+        for (int i = 0; i < 10'001; ++i) {
+            device.beginNode(node);
+            device.drawRect({10, 10}, {20, 20}, 0, nullptr, nullptr);
+            device.endNode();
+        }
+    });
+    EXPECT_EQ(pdf.count("/URI <"), 10'000);
+}
+
 TEST(PdfDevice, makes_no_links_of_rich_text)
 {
     for (const QString &address : {u"javascript:alert(1)"_s, u"https://a.example"_s}) {
