@@ -1,5 +1,6 @@
 #include "graph/decimal.h"
 
+#include "graph/numbers.h"
 #include "support/golden.h"
 
 #include <array>
