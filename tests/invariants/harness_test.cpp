@@ -119,6 +119,12 @@ TEST(Harness, sees_what_has_another_scale)
               QStringList{u"c"_s});
 }
 
+TEST(Harness, knows_of_each_engine_how_it_shows_weights)
+{
+    for (const Drawing::LayoutIndex layout : allLayouts())
+        EXPECT_EQ(weightRowCount(layout), 1) << Drawing::layoutRow(layout).name.data();
+}
+
 TEST(Harness, generates_graphs_that_depend_on_the_seed_alone)
 {
     for (const Drawing::LayoutIndex layout : allLayouts()) {

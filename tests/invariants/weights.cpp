@@ -37,92 +37,124 @@ QHash<QString, double> weightsOf(const Graph::DotGraph &graph)
     return weights;
 }
 
-// The bounds of a rectangle's area whose edges are rounded each, for a unit of weight.
-Weighed byArea(const QString &id, const Figure &figure, double weight)
+// One of those that have one scale.
+struct Member
 {
-    const QSizeF size = figure.box.size();
+    QString id;
+    Figure figure;
+    double weight; // above 0
+};
+
+// The bounds of a rectangle's area whose edges are rounded each, for a unit of weight.
+Weighed byArea(const Member &member)
+{
+    const QSizeF size = member.figure.box.size();
     const double least = std::max(0.0, size.width() - 1) * std::max(0.0, size.height() - 1);
-    return {id, least / weight, (size.width() + 1) * (size.height() + 1) / weight};
+    return {member.id, least / member.weight,
+            (size.width() + 1) * (size.height() + 1) / member.weight};
 }
 
 // A slice's angle is rounded at its sixth digit.
-Weighed byAngle(const QString &id, const Figure &figure, double weight)
+Weighed byAngle(const Member &member)
 {
     constexpr double rounding = 1e-4;
-    return {id, figure.slice.sweep * (1 - rounding) / weight,
-            figure.slice.sweep * (1 + rounding) / weight};
+    const double sweep = member.figure.slice.sweep;
+    return {member.id, sweep * (1 - rounding) / member.weight,
+            sweep * (1 + rounding) / member.weight};
 }
 
 // All circles are packed 1 larger than they are drawn, and lose what is below a whole point.
-Weighed byRadius(const QString &id, const Figure &figure, double weight)
+Weighed byRadius(const Member &member)
 {
     constexpr double divisor = 3.14; // of the area to the square of the radius
-    const double packed = std::sqrt(weight / divisor) + 1;
-    const double radius = figure.box.width() / 2 + 1;
+    const double packed = std::sqrt(member.weight / divisor) + 1;
+    const double radius = member.figure.box.width() / 2 + 1;
     constexpr double rounding = 1e-5; // the packed radius is stored with six digits
-    return {id, radius / packed * (1 - rounding), (radius + 1) / packed * (1 + rounding)};
+    return {member.id, radius / packed * (1 - rounding), (radius + 1) / packed * (1 + rounding)};
 }
 
-// The weight of an object, or 0 for one that has none.
-double weightOf(const DrawnObject &object, const QHash<QString, double> &weights)
+template <Weighed (*measure)(const Member &)>
+QList<Weighed> eachOf(const QList<Member> &members)
 {
-    return weights.value(object.kind + u' ' + object.id);
+    QList<Weighed> family;
+    for (const Member &member : members)
+        family += measure(member);
+    return family;
 }
 
-bool areOfOneWidth(const QList<Figure> &figures)
+bool areOfOneWidth(const QList<Member> &members)
 {
-    return std::ranges::all_of(figures, [&](const Figure &figure) {
-        return std::abs(figure.box.width() - figures.constFirst().box.width()) <= 1;
+    return std::ranges::all_of(members, [&](const Member &member) {
+        return std::abs(member.figure.box.width() - members.constFirst().figure.box.width()) <= 1;
     });
 }
 
 // All bars are of one thickness, so that the other one of their sides is their length.
-QList<Weighed> byLength(const Drawn &drawn, const QHash<QString, double> &weights)
+QList<Weighed> byLength(const QList<Member> &members)
 {
-    QList<Figure> bars;
-    QList<const DrawnObject *> objects;
-    for (const DrawnObject &object : drawn.objects) {
-        const std::optional<Figure> figure = figureOf(object);
-        if (figure && weightOf(object, weights) > 0) {
-            bars += *figure;
-            objects += &object;
-        }
-    }
-    const bool upright = areOfOneWidth(bars);
+    const bool upright = areOfOneWidth(members);
     QList<Weighed> family;
-    for (qsizetype i = 0; i < bars.size(); ++i) {
-        const QSizeF size = bars.at(i).box.size();
+    for (const Member &member : members) {
+        const QSizeF size = member.figure.box.size();
         const double length = upright ? size.height() : size.width();
-        const double weight = weightOf(*objects.at(i), weights);
-        family += Weighed{objects.at(i)->id, (length - 1) / weight, (length + 1) / weight};
+        family += Weighed{member.id, (length - 1) / member.weight, (length + 1) / member.weight};
     }
     return family;
 }
 
+// How an engine shows weights.
+struct WeightRow
+{
+    Drawing::LayoutIndex layout;
+    QList<Weighed> (*measure)(const QList<Member> &members); // null if it shows none
+    enum Scale { OfSiblings, OfAll } scale; // who has one
+    const char *kind; // of the objects that show them; empty for all
+};
+
+using enum Drawing::LayoutIndex;
+const QList<WeightRow> weightRows{
+    {GfTree, nullptr, WeightRow::OfAll, ""},
+    {GfDecl, nullptr, WeightRow::OfAll, ""},
+    {UmlSeq, nullptr, WeightRow::OfAll, ""},
+    {Matrix, nullptr, WeightRow::OfAll, ""},
+    {FlatBubble, eachOf<byRadius>, WeightRow::OfAll, "Node"},
+    {Sunburst, eachOf<byAngle>, WeightRow::OfSiblings, ""},
+    {Treemap, eachOf<byArea>, WeightRow::OfSiblings, ""},
+    {Bar, byLength, WeightRow::OfAll, ""},
+};
+
+// The members of each family.
+std::map<qsizetype, QList<Member>> membersOf(const WeightRow &row, const Drawn &drawn,
+                                             const QHash<QString, double> &weights)
+{
+    std::map<qsizetype, QList<Member>> families; // one for each parent, or one for all
+    for (const DrawnObject &object : drawn.objects) {
+        const double weight = weights.value(object.kind + u' ' + object.id);
+        const std::optional<Figure> figure = figureOf(object);
+        if (!figure || !(weight > 0) || (*row.kind && object.kind != QLatin1StringView(row.kind)))
+            continue;
+        families[row.scale == WeightRow::OfSiblings ? object.parent : 0] +=
+            Member{object.id, *figure, weight};
+    }
+    return families;
+}
+
 } // namespace
+
+qsizetype weightRowCount(Drawing::LayoutIndex layout)
+{
+    return std::ranges::count(weightRows, layout, &WeightRow::layout);
+}
 
 QList<QList<Weighed>> weighedFamilies(Drawing::LayoutIndex layout, const Drawn &drawn,
                                       const Graph::DotGraph &graph)
 {
-    const QHash<QString, double> weights = weightsOf(graph);
-    if (layout == Drawing::LayoutIndex::Bar)
-        return {byLength(drawn, weights)};
-    std::map<qsizetype, QList<Weighed>> families; // one for each parent, or one for all
-    for (const DrawnObject &object : drawn.objects) {
-        const double weight = weightOf(object, weights);
-        const std::optional<Figure> figure = figureOf(object);
-        if (!figure || !(weight > 0))
-            continue;
-        if (layout == Drawing::LayoutIndex::Treemap)
-            families[object.parent] += byArea(object.id, *figure, weight);
-        else if (layout == Drawing::LayoutIndex::Sunburst)
-            families[object.parent] += byAngle(object.id, *figure, weight);
-        else if (layout == Drawing::LayoutIndex::FlatBubble && object.kind == "Node"_L1)
-            families[0] += byRadius(object.id, *figure, weight);
-    }
+    const auto row = std::ranges::find(weightRows, layout, &WeightRow::layout);
+    if (row == weightRows.end() || !row->measure)
+        return {};
     QList<QList<Weighed>> all;
-    for (const auto &[parent, family] : families)
-        all += family;
+    for (const auto &[parent, members] : membersOf(*row, drawn, weightsOf(graph)))
+        all += row->measure(members);
     return all;
 }
 

@@ -21,5 +21,9 @@ struct Weighed
 QList<QList<Weighed>> weighedFamilies(ORR::Drawing::LayoutIndex layout, const Drawn &drawn,
                                       const ORR::Graph::DotGraph &graph);
 
+// How many rows of the table say how the engine shows weights. One, also for an engine that shows
+// none: whoever adds an engine says so.
+qsizetype weightRowCount(ORR::Drawing::LayoutIndex layout);
+
 // The ids of those that can't have the scale of those before them.
 QStringList outOfProportion(const QList<Weighed> &family);

@@ -1,5 +1,5 @@
 #include "layout/sequence/pending_edges.h"
-#include "layout/sequence/uml_fragment.h"
+#include "layout/sequence/uml_collecting.h"
 
 #include "sequence_fixture.h"
 #include "support/golden.h"
@@ -105,22 +105,21 @@ void fillAtRandom(DotGraph *graph, std::mt19937 &random)
     }
 }
 
-QString nameOf(const GridObject *object)
+QString nameOf(UmlPart part, const UmlParts &parts)
 {
-    if (!object->element())
-        return u"closing spacer"_s;
-    if (object->objectKind() == GridObject::EdgeKind)
-        return object->element()->attributes.value(u"name"_s);
-    if (object->objectKind() == GridObject::ClusterKind)
-        return static_cast<DotSubgraph *>(object->element())->id;
-    return static_cast<DotNode *>(object->element())->id;
+    if (part.list == UmlPart::Fragment)
+        return parts.fragments.at(part.index).subgraph->id;
+    if (part.list == UmlPart::Edge)
+        return parts.edges.at(part.index).edge->attributes.value(u"name"_s);
+    const DotNode *node = parts.nodes.at(part.index).node;
+    return node ? node->id : u"closing spacer"_s;
 }
 
-QList<DotEdge *> madeEdges(const UmlSequence &sequence)
+QList<DotEdge *> madeEdges(const UmlParts &parts)
 {
     QList<DotEdge *> edges;
-    for (const auto &object : sequence.edges())
-        edges.append(static_cast<DotEdge *>(object->element()));
+    for (const UmlEdge &edge : parts.edges)
+        edges.append(edge.edge);
     return edges;
 }
 
@@ -129,20 +128,19 @@ QStringList edgeNames(const QByteArray &dot)
 {
     const Drawing drawing(dot);
     QStringList names;
-    for (const auto &object : drawing.sequence.edges())
-        names.append(nameOf(object.get()));
+    for (qsizetype i = 0; i < drawing.parts.edges.size(); ++i)
+        names.append(nameOf({UmlPart::Edge, i}, drawing.parts));
     return names;
 }
 
-// What each fragment of a drawing holds.
-QHash<QString, QStringList> contentsOf(const UmlSequence &sequence)
+// What each fragment of a diagram holds.
+QHash<QString, QStringList> contentsOf(const UmlParts &parts)
 {
     QHash<QString, QStringList> contents;
-    for (const auto &object : sequence.clusters()) {
-        QStringList &names = contents[nameOf(object.get())];
-        const auto *fragment = static_cast<const UmlCombinedFragment *>(object.get());
-        for (const GridObject *child : fragment->children())
-            names += nameOf(child);
+    for (const UmlFragment &fragment : parts.fragments) {
+        QStringList &names = contents[fragment.subgraph->id];
+        for (const UmlPart part : fragment.contents)
+            names += nameOf(part, parts);
     }
     return contents;
 }
@@ -159,11 +157,10 @@ TEST(Collect, agrees_with_a_plain_reading_on_random_graphs)
         PlainCollector plain(&graph);
         plain.collect(graph.root());
 
-        RecordingDevice device;
-        UmlSequence sequence;
-        ASSERT_EQ(sequence.draw({&graph, &device}), u""_s);
-        ASSERT_EQ(madeEdges(sequence), plain.made) << "round " << round;
-        const QHash<QString, QStringList> contents = contentsOf(sequence);
+        UmlParts parts;
+        ASSERT_EQ(collectUml(&graph, parts), QString());
+        ASSERT_EQ(madeEdges(parts), plain.made) << "round " << round;
+        const QHash<QString, QStringList> contents = contentsOf(parts);
         for (auto it = plain.contents.cbegin(); it != plain.contents.cend(); ++it) {
             if (it.key()) {
                 ASSERT_EQ(contents.value(it.key()->id), it.value()) << "round " << round;
@@ -199,7 +196,7 @@ TEST(Collect, gives_an_edge_to_the_fragment_where_its_last_end_turns_up)
         b -> d [name=across]
         b -> c [name=within]
     })");
-    const QHash<QString, QStringList> contents = contentsOf(drawing.sequence);
+    const QHash<QString, QStringList> contents = contentsOf(drawing.parts);
     EXPECT_EQ(contents.value(u"f"_s), (QStringList{u"b"_s, u"g"_s, u"closing spacer"_s}));
     EXPECT_EQ(contents.value(u"g"_s), (QStringList{u"c"_s, u"within"_s}));
     EXPECT_EQ(contents.value(u"h"_s), (QStringList{u"d"_s, u"across"_s}));
@@ -213,8 +210,63 @@ TEST(Collect, puts_what_a_section_holds_into_its_fragment_behind_the_marker)
             subgraph s { graph [uml=section] a b a -> b [name=call] }
             subgraph t { graph [uml=section] c } }
     })");
-    EXPECT_EQ(contentsOf(drawing.sequence).value(u"f"_s),
+    EXPECT_EQ(contentsOf(drawing.parts).value(u"f"_s),
               (QStringList{u"s"_s, u"a"_s, u"b"_s, u"call"_s, u"t"_s, u"c"_s}));
+}
+
+TEST(Collect, follows_the_cells_of_what_is_put_into_a_fragment)
+{
+    const Drawing drawing(R"(digraph {
+        node [uml=spacer]
+        subgraph f { graph [uml=combinedfragment, row=2, col=5]
+            a [row=1, col=3] b [row=7, col=6] }
+    })");
+    ASSERT_EQ(drawing.parts.fragments.size(), 1);
+    const UmlFragment &fragment = drawing.parts.fragments.at(0);
+    EXPECT_EQ(fragment.row, 2);
+    EXPECT_EQ(fragment.cell().col, 3);
+    EXPECT_EQ(fragment.cells.lastCol, 6);
+    EXPECT_EQ(fragment.cells.lastRow, 8); // one below the contents
+}
+
+TEST(Collect, starts_a_section_on_the_column_that_its_fragment_has_by_then)
+{
+    const Drawing drawing(R"(digraph {
+        node [uml=spacer]
+        subgraph f { graph [uml=combinedfragment, col=5] a [col=3]
+            subgraph s { graph [uml=section, row=9] b [col=1] } }
+    })");
+    ASSERT_EQ(drawing.parts.nodes.size(), 4);
+    const UmlNode &marker = drawing.parts.nodes.at(1);
+    EXPECT_EQ(marker.node->id, u"s"_s);
+    EXPECT_EQ(marker.cell.row, 9);
+    EXPECT_EQ(marker.cell.col, 3);
+    EXPECT_EQ(drawing.parts.fragments.at(0).sections.at(0).row, 9);
+    EXPECT_EQ(drawing.parts.fragments.at(0).cells.lastRow, 10);
+}
+
+TEST(Collect, closes_a_fragment_around_those_within)
+{
+    const Drawing drawing(R"(digraph {
+        subgraph outer { graph [uml=combinedfragment]
+            subgraph middle { graph [row=1]
+                subgraph inner { graph [row=2] a [uml=object, row=2, col=4] } } }
+    })");
+    ASSERT_EQ(drawing.parts.fragments.size(), 3);
+    QList<int> nesting;
+    QList<int> lastRows;
+    for (const UmlFragment &fragment : drawing.parts.fragments) {
+        nesting += fragment.cells.nesting;
+        lastRows += fragment.cells.lastRow;
+        EXPECT_EQ(fragment.cells.lastCol, 4);
+    }
+    EXPECT_EQ(nesting, (QList<int>{2, 1, 0}));
+    EXPECT_EQ(lastRows, (QList<int>{5, 4, 3}));
+    const UmlNode &spacer = drawing.parts.nodes.constLast(); // that of the outermost
+    EXPECT_EQ(spacer.node, nullptr);
+    EXPECT_EQ(spacer.cell.row, 5);
+    EXPECT_EQ(spacer.cell.col, 4);
+    EXPECT_EQ(spacer.room, QSize(7 * 2 + 12, 5));
 }
 
 TEST(PendingEdges, hands_out_a_loop_when_its_node_is_known)
@@ -222,12 +274,11 @@ TEST(PendingEdges, hands_out_a_loop_when_its_node_is_known)
     Fixture fixture;
     DotNode *a = fixture.node(u"a"_s);
     DotEdge *loop = fixture.edge(a, a);
-    NodeObjects objects;
-    PendingEdges pending(objects);
+    NodePlaces places;
+    PendingEdges pending(places);
     pending.add(loop);
     EXPECT_EQ(pending.takeReady(), QList<DotEdge *>());
-    UmlObject object(0, 0, a);
-    objects.insert(a, &object);
+    places.insert(a, 0);
     pending.nodeIsKnown(a);
     EXPECT_EQ(pending.takeReady(), QList<DotEdge *>{loop});
     EXPECT_EQ(pending.takeReady(), QList<DotEdge *>());

@@ -54,9 +54,9 @@ TEST_P(SequenceExample, draws_everything_that_it_names)
         nodes += subgraph->nodes.size();
         subgraphs += subgraph->subgraphs.size();
     }
-    EXPECT_EQ(qsizetype(drawing.sequence.edges().size()), edges);
+    EXPECT_EQ(drawing.parts.edges.size(), edges);
     // A marker for every section and a spacer for every fragment stand among the nodes.
-    EXPECT_EQ(qsizetype(drawing.sequence.nodes().size()), nodes + subgraphs);
+    EXPECT_EQ(drawing.parts.nodes.size(), nodes + subgraphs);
     EXPECT_EQ(drawing.calls(u"beginCluster"_s).size(), subgraphs);
 }
 
@@ -91,8 +91,8 @@ TEST(SequenceGuide, shows_a_diagram_that_is_drawn_as_written)
     const Drawing drawing(guide.mid(start, guide.indexOf("```", start) - start));
     ASSERT_TRUE(drawing.graph);
     EXPECT_EQ(drawing.result, u""_s);
-    EXPECT_EQ(drawing.sequence.nodes().size(), 6U);
-    EXPECT_EQ(drawing.sequence.edges().size(), 7U);
+    EXPECT_EQ(drawing.parts.nodes.size(), 6);
+    EXPECT_EQ(drawing.parts.edges.size(), 7);
 }
 
 TEST(Trace2dot, turns_the_sample_trace_into_the_sample_diagram)

@@ -23,6 +23,12 @@ TEST(GridRect, is_inclusive_and_saturates)
     EXPECT_EQ(gridRect(highest, lowest, 10, -10).bottomRight(), QPoint(highest, lowest));
 }
 
+TEST(PaddedSize, has_three_more_on_every_side_and_saturates)
+{
+    EXPECT_EQ(paddedSize({40, 20}), QSize(46, 26));
+    EXPECT_EQ(paddedSize({highest, 20}), QSize(highest, 26));
+}
+
 TEST(AlignedOffset, lies_before_the_anchor_on_it_or_after_it)
 {
     EXPECT_EQ(alignedOffset(9, CellAlign::Before), -9);

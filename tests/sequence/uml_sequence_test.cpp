@@ -1,8 +1,6 @@
 #include "layout/sequence/uml_sequence.h"
 
 #include "graph/subgraph_walk.h"
-#include "layout/sequence/uml_fragment.h"
-#include "layout/sequence/uml_nodes.h"
 #include "sequence_fixture.h"
 #include "support/golden.h"
 
@@ -49,8 +47,8 @@ TEST(UmlSequence, of_no_object_is_a_page_of_five_by_five)
 {
     const Drawing drawing("digraph {}");
     EXPECT_EQ(drawing.result, u""_s);
-    EXPECT_EQ(drawing.sequence.rows(), 0);
-    EXPECT_EQ(drawing.sequence.cols(), 0);
+    EXPECT_EQ(drawing.parts.rows, 0);
+    EXPECT_EQ(drawing.parts.cols, 0);
     EXPECT_EQ(drawing.device.calls(), (QStringList{u"begin 5 5"_s, u"end"_s}));
 }
 
@@ -73,15 +71,15 @@ TEST(UmlSequence, makes_an_object_of_every_known_node)
         (QStringList{u"beginNode a"_s, u"beginNode b"_s, u"beginNode c"_s, u"beginNode d"_s}));
     EXPECT_EQ(drawing.calls(u"rect"_s).size(), 2);
     EXPECT_EQ(drawing.calls(u"ellipse"_s).size(), 1);
-    EXPECT_EQ(drawing.sequence.rows(), 2);
-    EXPECT_EQ(drawing.sequence.cols(), 2);
+    EXPECT_EQ(drawing.parts.rows, 2);
+    EXPECT_EQ(drawing.parts.cols, 2);
 }
 
 TEST(UmlSequence, reads_node_attributes_through_the_defaults)
 {
     const Drawing drawing("digraph { node [uml=spacer, row=3, col=2] a }");
-    EXPECT_EQ(drawing.sequence.rows(), 4);
-    EXPECT_EQ(drawing.sequence.cols(), 3);
+    EXPECT_EQ(drawing.parts.rows, 4);
+    EXPECT_EQ(drawing.parts.cols, 3);
 }
 
 TEST(UmlSequence, reads_a_number_that_does_not_parse_as_zero)
@@ -89,8 +87,8 @@ TEST(UmlSequence, reads_a_number_that_does_not_parse_as_zero)
     for (const char *text : {"", "x", "1.5", "0x10", "99999999999"}) {
         const Drawing drawing(spacerAt(text, text));
         EXPECT_EQ(drawing.result, u""_s);
-        EXPECT_EQ(drawing.sequence.rows(), 1) << text;
-        EXPECT_EQ(drawing.sequence.cols(), 1) << text;
+        EXPECT_EQ(drawing.parts.rows, 1) << text;
+        EXPECT_EQ(drawing.parts.cols, 1) << text;
     }
 }
 
@@ -133,7 +131,7 @@ TEST(UmlSequence, drops_an_edge_to_a_node_without_an_object)
         a -> nothing [uml=message] nothing -> a [uml=message] nothing -> nothing [uml=message]
     })");
     EXPECT_EQ(drawing.result, u""_s);
-    EXPECT_TRUE(drawing.sequence.edges().empty());
+    EXPECT_TRUE(drawing.parts.edges.isEmpty());
 }
 
 TEST(UmlSequence, drops_an_edge_of_an_unknown_kind)
@@ -143,8 +141,8 @@ TEST(UmlSequence, drops_an_edge_of_an_unknown_kind)
         a -> b [uml=Message] a -> b [uml=create] a -> b
     })");
     EXPECT_EQ(drawing.result, u""_s);
-    EXPECT_TRUE(drawing.sequence.edges().empty());
-    EXPECT_EQ(drawing.sequence.nodes().size(), 2U);
+    EXPECT_TRUE(drawing.parts.edges.isEmpty());
+    EXPECT_EQ(drawing.parts.nodes.size(), 2);
 }
 
 TEST(UmlSequence, drops_a_return_from_anything_but_an_activation)
@@ -154,8 +152,8 @@ TEST(UmlSequence, drops_a_return_from_anything_but_an_activation)
         a [uml=activation] o [uml=object] f [uml=foundmessage] s [uml=spacer]
         o -> a f -> a s -> a
     })");
-    EXPECT_TRUE(drawing.sequence.edges().empty());
-    EXPECT_EQ(drawing.sequence.rows(), 1);
+    EXPECT_TRUE(drawing.parts.edges.isEmpty());
+    EXPECT_EQ(drawing.parts.rows, 1);
 }
 
 TEST(UmlSequence, a_return_without_a_row_ends_its_activation_at_row_zero)
@@ -164,7 +162,7 @@ TEST(UmlSequence, a_return_without_a_row_ends_its_activation_at_row_zero)
         node [uml=activation] a [row=0] b [row=1, col=1]
         b -> a [uml=return, visible=true]
     })");
-    EXPECT_EQ(drawing.sequence.edges().at(0)->row(), 0);
+    EXPECT_EQ(drawing.parts.edges.at(0).cell.row, 0);
     // Rows at 15 (the return keeps 10 above its row) and 30.
     EXPECT_EQ(drawing.calls(u"rect"_s).at(1),
               u"rect 20,30 29,14 radius 0 pen #000000 solid 1 fill #FFFFFF"_s);
@@ -192,10 +190,8 @@ TEST(UmlSequence, the_last_of_several_returns_ends_the_activation)
         edge [uml=return]
         b -> a [row=6] b -> a [row=2] b -> a [row=4]
     })");
-    const auto *bar = dynamic_cast<const UmlActivation *>(drawing.sequence.nodes().at(1).get());
-    ASSERT_TRUE(bar);
-    EXPECT_EQ(bar->endRow(), 4);
-    EXPECT_EQ(drawing.sequence.rows(), 7);
+    EXPECT_EQ(drawing.parts.nodes.at(1).endRow, 4);
+    EXPECT_EQ(drawing.parts.rows, 7);
 }
 
 TEST(UmlSequence, a_return_may_end_before_its_activation_begins)
@@ -233,8 +229,8 @@ TEST(UmlSequence, a_subgraph_without_a_kind_has_that_of_the_one_around_it)
     const Drawing drawing(R"(digraph {
         subgraph f { graph [uml=combinedfragment, row=3] subgraph g { } }
     })");
-    ASSERT_EQ(drawing.sequence.clusters().size(), 2U);
-    EXPECT_EQ(drawing.sequence.clusters().at(1)->row(), 3);
+    ASSERT_EQ(drawing.parts.fragments.size(), 2);
+    EXPECT_EQ(drawing.parts.fragments.at(1).row, 3);
 }
 
 TEST(UmlSequence, a_section_within_a_section_belongs_to_the_same_fragment)
@@ -243,11 +239,9 @@ TEST(UmlSequence, a_section_within_a_section_belongs_to_the_same_fragment)
         subgraph f { graph [uml=combinedfragment]
             subgraph s { graph [uml=section] subgraph t { graph [row=1] } } }
     })");
-    ASSERT_EQ(drawing.sequence.clusters().size(), 1U);
-    const auto *fragment =
-        static_cast<const UmlCombinedFragment *>(drawing.sequence.clusters().at(0).get());
-    EXPECT_EQ(fragment->sectionCount(), 2);
-    EXPECT_EQ(fragment->lastRow(), 2);
+    ASSERT_EQ(drawing.parts.fragments.size(), 1);
+    EXPECT_EQ(drawing.parts.fragments.at(0).sections.size(), 2);
+    EXPECT_EQ(drawing.parts.fragments.at(0).cells.lastRow, 2);
 }
 
 TEST(UmlSequence, a_fragment_that_ends_on_the_last_row_makes_the_grid_one_row_taller)
@@ -257,7 +251,7 @@ TEST(UmlSequence, a_fragment_that_ends_on_the_last_row_makes_the_grid_one_row_ta
             subgraph s { graph [uml=section]
                 a [uml=spacer, width=20, height=20] } }
     })");
-    EXPECT_EQ(drawing.sequence.rows(), 2);
+    EXPECT_EQ(drawing.parts.rows, 2);
     // Rows at 15 and 15 + 10 + 5 + 2, the spacer reaches 3 below the last one. Columns: half the
     // spacer and 8 for the frame; the closing spacer reaches 12 to the right.
     EXPECT_EQ(drawing.device.calls().constFirst(), u"begin 32 40"_s);
@@ -440,7 +434,7 @@ TEST(UmlSequence, draws_fragments_nested_ten_thousand_deep)
     const Drawing drawing(nestedFragments(10'000));
     EXPECT_EQ(drawing.result, u""_s);
     EXPECT_EQ(drawing.calls(u"polygon"_s).size(), 10'000);
-    EXPECT_EQ(drawing.sequence.rows(), 10'001);
+    EXPECT_EQ(drawing.parts.rows, 10'001);
 }
 
 TEST(UmlSequence, draws_fragments_nested_a_hundred_thousand_deep)
@@ -449,7 +443,7 @@ TEST(UmlSequence, draws_fragments_nested_a_hundred_thousand_deep)
     dot += QByteArray("subgraph { ").repeated(100'000) + "a [uml=activation]";
     const Drawing drawing(dot + QByteArray(100'001, '}'));
     EXPECT_EQ(drawing.result, u""_s);
-    EXPECT_EQ(drawing.sequence.rows(), 100'001);
+    EXPECT_EQ(drawing.parts.rows, 100'001);
 }
 
 TEST(UmlSequence, draws_edges_from_the_top_to_every_level_of_nested_fragments)

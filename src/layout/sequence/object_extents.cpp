@@ -19,6 +19,12 @@ QRect gridRect(qint64 left, qint64 top, qint64 width, qint64 height)
     return {saturatedPoint(left, top), saturatedPoint(left + width - 1, top + height - 1)};
 }
 
+QSize paddedSize(QSize text)
+{
+    constexpr qint64 padding = qint64(2) * labelPadding;
+    return {saturated(text.width() + padding), saturated(text.height() + padding)};
+}
+
 int alignedOffset(int size, CellAlign align)
 {
     switch (align) {

@@ -3,6 +3,7 @@
 #include <QList>
 #include <QPoint>
 #include <QRect>
+#include <QSize>
 
 // How the things on a sequence diagram lie on their cells: sizes, offsets from the anchor point of
 // the cell, and rectangles on the page. Everything is in whole points, rectangles are inclusive
@@ -13,6 +14,9 @@ namespace ORR::Graph::Layout {
 // The room that a label keeps on each of its sides.
 inline constexpr int labelPadding = 3;
 
+// Of the dot where a message comes from out of nowhere.
+inline constexpr int dotRadius = 3;
+
 // Width and height of the bar of an activation, as the grid is solved with it.
 inline constexpr int activationSize = 10;
 
@@ -21,6 +25,9 @@ enum class CellAlign { Before = 0, Centre = 1, After = 2 };
 
 // A rectangle whose coordinates saturate.
 QRect gridRect(qint64 left, qint64 top, qint64 width, qint64 height);
+
+// The size of a label with its padding. Saturates.
+QSize paddedSize(QSize text);
 
 // The offset of a thing of that width or height.
 int alignedOffset(int size, CellAlign align);

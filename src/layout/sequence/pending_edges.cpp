@@ -31,9 +31,9 @@ QList<DotEdge *> PendingEdges::takeReady()
 
 void PendingEdges::file(const Entry &entry)
 {
-    if (!objects.contains(entry.edge->tail))
+    if (!places.contains(entry.edge->tail))
         waiting[entry.edge->tail].append(entry);
-    else if (!objects.contains(entry.edge->head))
+    else if (!places.contains(entry.edge->head))
         waiting[entry.edge->head].append(entry);
     else
         ready.append(entry);

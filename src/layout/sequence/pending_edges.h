@@ -1,30 +1,29 @@
 #pragma once
 
 #include "graph/dot_graph.h"
-#include "layout/sequence/grid_object.h"
 
 #include <QHash>
 #include <QList>
 
 namespace ORR::Graph::Layout {
 
-// The objects that nodes have become.
-using NodeObjects = QHash<const DotNode *, GridObject *>;
+// The places, in the list of a diagram's nodes, of those that are part of it.
+using NodePlaces = QHash<const DotNode *, qsizetype>;
 
-// The edges that came up and still wait for an object at one of their ends. Each waits under such
-// an end, so that finding those that need wait no longer never looks at the others.
+// The edges that came up and still wait for one of their ends to be part of the diagram. Each waits
+// under such an end, so that finding those that need wait no longer never looks at the others.
 class PendingEdges
 {
 public:
-    explicit PendingEdges(const NodeObjects &nodeObjects) : objects(nodeObjects) { }
+    explicit PendingEdges(const NodePlaces &nodePlaces) : places(nodePlaces) { }
 
     // An edge has come up.
     void add(DotEdge *edge);
 
-    // The node has an object now.
+    // The node has its place now.
     void nodeIsKnown(const DotNode *node);
 
-    // Removes the edges whose ends both have objects and returns them in the order in which they
+    // Removes the edges whose ends both have places and returns them in the order in which they
     // were added, early ones that had to wait before later ones.
     QList<DotEdge *> takeReady();
 
@@ -37,7 +36,7 @@ private:
 
     void file(const Entry &entry);
 
-    const NodeObjects &objects;
+    const NodePlaces &places;
     QHash<const DotNode *, QList<Entry>> waiting;
     QList<Entry> ready;
     qsizetype added = 0;

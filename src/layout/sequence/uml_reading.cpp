@@ -1,60 +1,80 @@
 #include "layout/sequence/uml_reading.h"
 
-#include "layout/sequence/uml_edges.h"
-#include "layout/sequence/uml_nodes.h"
 #include "layout/sequence/umlseq_attributes.h"
 
 namespace ORR::Graph::Layout {
 
 namespace Rows = UmlseqAttributes;
 
-std::unique_ptr<GridObject> makeNodeObject(const DotGraph *graph, DotNode *node)
+std::optional<UmlNode> readNode(const DotGraph *graph, DotNode *node)
 {
     const int kind = Rows::nodeKind.of(graph, node);
     if (kind < 0)
-        return nullptr;
-    const int row = Rows::row.of(graph, node);
-    const int col = Rows::col.of(graph, node);
+        return {};
+    const GridCell cell{Rows::row.of(graph, node), Rows::col.of(graph, node)};
+    UmlNode read{UmlNode::Object, cell, node};
     switch (kind) {
     case Rows::Object:
-        return std::make_unique<UmlObject>(row, col, node);
+        break;
     case Rows::Activation:
-        return std::make_unique<UmlActivation>(row, col, Rows::nesting.of(graph, node), node);
+        read.kind = UmlNode::Activation;
+        read.endRow = cell.row;
+        read.nesting = Rows::nesting.of(graph, node);
+        break;
     case Rows::FoundMessage:
-        return std::make_unique<UmlFoundMessage>(row, col, node);
-    default: {
-        const InvisibleGridObject::Size size{Rows::width.of(graph, node),
-                                             Rows::height.of(graph, node)};
-        return std::make_unique<InvisibleGridObject>(row, col, size, InvisibleGridObject::Centre,
-                                                     InvisibleGridObject::Centre, node);
+        read.kind = UmlNode::FoundMessage;
+        break;
+    default:
+        read.kind = UmlNode::Spacer;
+        read.room = {Rows::width.of(graph, node), Rows::height.of(graph, node)};
+        break;
     }
-    }
+    return read;
 }
 
-std::unique_ptr<GridObject> makeEdgeObject(const DotGraph *graph, DotEdge *edge,
-                                           const GridObject *tail, const GridObject *head)
+std::optional<UmlEdge> readEdge(const DotGraph *graph, DotEdge *edge, const QList<UmlNode> &nodes,
+                                qsizetype tail, qsizetype head)
 {
+    const UmlNode &from = nodes.at(tail);
+    UmlEdge read{UmlEdge::LifeLine, from.cell, edge, tail, head};
     switch (Rows::edgeKind.of(graph, edge)) {
     case Rows::Message:
-        return std::make_unique<UmlMessage>(tail, head, edge);
+        read.kind = UmlEdge::Message;
+        read.cell.row = nodes.at(head).cell.row;
+        return read;
     case Rows::LifeLine:
-        return std::make_unique<UmlLifeLine>(tail, head, edge);
+        return read;
     case Rows::Return:
-        if (const auto *activation = dynamic_cast<const UmlActivation *>(tail)) {
-            const bool visible = Rows::visible.of(graph, edge) == Rows::True;
-            return std::make_unique<UmlReturn>(Rows::returnRow.of(graph, edge), activation, head,
-                                               visible, edge);
-        }
-        return nullptr;
+        if (from.kind != UmlNode::Activation)
+            return {};
+        read.kind = UmlEdge::Return;
+        read.visible = Rows::visible.of(graph, edge) == Rows::True;
+        read.cell.row = Rows::returnRow.of(graph, edge);
+        return read;
     default:
-        return nullptr;
+        return {};
     }
 }
 
-std::unique_ptr<UmlCombinedFragment> makeFragment(const DotGraph *graph, DotSubgraph *subgraph)
+UmlFragment readFragment(const DotGraph *graph, DotSubgraph *subgraph)
 {
-    return std::make_unique<UmlCombinedFragment>(Rows::row.of(graph, subgraph),
-                                                 Rows::col.of(graph, subgraph), subgraph);
+    const int row = Rows::row.of(graph, subgraph);
+    const int col = Rows::col.of(graph, subgraph);
+    return {row, {col, row, col}, subgraph};
+}
+
+UmlSection readSection(const DotGraph *graph, DotSubgraph *subgraph)
+{
+    return {Rows::row.of(graph, subgraph), subgraph};
+}
+
+std::unique_ptr<DotNode> nodeForSection(const DotSubgraph *section)
+{
+    auto node = std::make_unique<DotNode>();
+    node->attributes = section->attributes;
+    node->owner = section->parent;
+    node->id = section->id;
+    return node;
 }
 
 } // namespace ORR::Graph::Layout

@@ -1,13 +1,8 @@
 #pragma once
 
 #include "layout/layout_context.h"
-#include "layout/sequence/grid_object.h"
-#include "layout/sequence/uml_fragment.h"
 
 #include <QString>
-
-#include <memory>
-#include <vector>
 
 namespace ORR::Graph::Layout {
 
@@ -31,45 +26,6 @@ public:
     // stands on no row or column of the grid, nothing is drawn and a message that ends in a line
     // feed is returned; the device has not been begun then.
     static QString run(const LayoutContext &context);
-
-    UmlSequence();
-    ~UmlSequence();
-    UmlSequence(const UmlSequence &) = delete;
-    UmlSequence &operator=(const UmlSequence &) = delete;
-
-    // The same, with the diagram at hand afterwards; to be called once. The graph must outlive it.
-    QString draw(const LayoutContext &context);
-
-    // Takes an object into the diagram, which grows to hold its row and column.
-    void addObject(std::unique_ptr<GridObject> object);
-
-    // What has been built, by kind, in order of creation.
-    using Objects = std::vector<std::unique_ptr<GridObject>>;
-    const Objects &clusters() const { return clusterObjects; }
-    const Objects &nodes() const { return nodeObjects; }
-    const Objects &edges() const { return edgeObjects; }
-    int rows() const { return rowCount; }
-    int cols() const { return colCount; }
-
-private:
-    struct Build;
-
-    bool failed() const { return !failure.isNull(); }
-    void measure(const GraphStyle &style);
-    QList<const GridObject *> allObjects() const;
-    void collect(Build &build);
-    void collectMembers(Build &build, const DotSubgraph *subgraph);
-    void collectFragment(Build &build, DotSubgraph *subgraph);
-    void collectSection(Build &build, DotSubgraph *subgraph);
-    void closeFragment(Build &build);
-    void addTo(UmlCombinedFragment *parent, std::unique_ptr<GridObject> object);
-
-    Objects clusterObjects;
-    Objects nodeObjects;
-    Objects edgeObjects;
-    int rowCount = 0;
-    int colCount = 0;
-    QString failure; // null while every object stands on the grid
 };
 
 } // namespace ORR::Graph::Layout
