@@ -33,7 +33,7 @@ struct SavedRender
     QTextStream stream;
 };
 
-bool isNumber(const QString &text)
+bool isFiniteNumber(const QString &text)
 {
     bool is = false;
     const double number = text.toDouble(&is);
@@ -219,7 +219,8 @@ void XDotRender::beginPage(QByteArrayView bb)
     const QStringList fields = QString::fromUtf8(bb).split(u',');
     const auto field = [&](qsizetype i) { return numberFrom(fields.value(i)); };
     if (listener)
-        listener->pageRead(fields.size(), std::all_of(fields.begin(), fields.end(), isNumber));
+        listener->pageRead(fields.size(),
+                           std::all_of(fields.begin(), fields.end(), isFiniteNumber));
     canvasWidth = truncated(field(2) - field(0));
     canvasHeight = truncated(field(3) - field(1));
     constexpr qint64 bothMargins = qint64(2) * pageMargin;
