@@ -48,7 +48,7 @@ TEST(CppHeader, lists_findings)
     const std::vector<orrlayout::Finding> findings = orrlayout::check("digraph {\n  a -> ;\n}\n");
     ASSERT_EQ(findings.size(), 1U);
     EXPECT_EQ(findings.front().severity, ORRLAYOUT_ERROR);
-    EXPECT_EQ(findings.front().rule, "stray-separator");
+    EXPECT_EQ(findings.front().rule, "syntax-error");
     EXPECT_EQ(findings.front().line, 2U);
     EXPECT_EQ(findings.front().endColumn, 9U);
 }

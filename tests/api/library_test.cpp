@@ -228,9 +228,9 @@ TEST(Library, says_where_a_text_is_wrong)
     ASSERT_EQ(checked.count(), 1U);
     const orrlayout_finding &finding = *checked.at(0);
     EXPECT_EQ(finding.severity, ORRLAYOUT_ERROR);
-    EXPECT_STREQ(finding.rule, "stray-separator");
-    EXPECT_STREQ(finding.sentence, "a separator stands where none can: found ';', expected a name");
-    EXPECT_STREQ(finding.suggestion, "leave it out");
+    EXPECT_STREQ(finding.rule, "syntax-error");
+    EXPECT_STREQ(finding.sentence, "an edge needs a second end: found ';', expected a name");
+    EXPECT_STREQ(finding.suggestion, "write a -> b");
     EXPECT_EQ(finding.line, 2U);
     EXPECT_EQ(finding.column, 8U);
     EXPECT_EQ(finding.end_line, 2U);
