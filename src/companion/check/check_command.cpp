@@ -18,7 +18,7 @@ namespace ORR::Companion {
 
 namespace {
 
-constexpr char sentence[] = "Tell what is wrong with a graph, and where.";
+constexpr char whatItDoes[] = "Tell what is wrong with a graph, and where.";
 constexpr char examples[] = "Examples:\n"
                             "  orr check -K treemap areas.dot\n"
                             "  orr check --format sarif --werror *.dot >findings.sarif";
@@ -33,7 +33,7 @@ struct CheckRequest
 
 std::optional<int> readRequest(const CommandCall &call, CheckRequest *request)
 {
-    const auto app = commandLine(call, sentence, examples);
+    const auto app = commandLine(call, whatItDoes, examples);
     app->add_option("-K", request->engine, "Check also what this engine asks for")
         ->type_name("ENGINE");
     app->add_option("--format", request->format, "text (if not given), json or sarif")

@@ -17,7 +17,7 @@ QByteArray quoted(const QByteArray &name)
     return '\'' + terminalText(name) + '\'';
 }
 
-QByteArray milliseconds(qint64 microseconds)
+QByteArray inMilliseconds(qint64 microseconds)
 {
     return QByteArray::number(double(microseconds) / 1000, 'f', 1) + " ms";
 }
@@ -62,7 +62,7 @@ std::string drawingMessages(const std::string &program, const QByteArray &input,
     }
     std::string lines;
     if (!drawn.isEmpty())
-        lines += inputMessage(program, input, drawn.join(", ") + " drawn in " + milliseconds(time));
+        lines += inputMessage(program, input, drawn.join(", ") + " drawn in " + inMilliseconds(time));
     for (const auto &[message, outputs] : std::as_const(failed)) {
         const bool isOfAll = outputs.size() == drawings.size();
         lines +=
