@@ -24,7 +24,7 @@ QByteArray fileOf(const QString &name, const DrawingExtras &extras, Draw draw,
     return bytes;
 }
 
-const auto nothing = [](File &) {};
+const auto nothingDrawn = [](File &) {};
 
 void drawCircle(File &device)
 {
@@ -80,7 +80,7 @@ TEST(RasterExtras, a_scale_is_of_the_pixels_and_of_the_resolution)
 {
     for (const QString &name : {u"a.png"_s, u"a.jpg"_s}) {
         for (const double scale : {0.5, 1.0, 2.0, 2.5}) {
-            const QImage image = QImage::fromData(fileOf(name, {.scale = scale}, nothing));
+            const QImage image = QImage::fromData(fileOf(name, {.scale = scale}, nothingDrawn));
             EXPECT_EQ(image.size(), QSize(int(40 * scale), int(20 * scale)));
             const double perInch = image.dotsPerMeterX() * 0.0254;
             EXPECT_EQ(std::lround(perInch), std::lround(72 * scale)) << name.toStdString();
@@ -110,7 +110,8 @@ TEST(RasterExtras, text_has_its_size_at_every_scale)
 
 TEST(RasterExtras, a_scale_goes_no_further_than_images_do)
 {
-    const QImage image = QImage::fromData(fileOf(u"a.png"_s, {.scale = 100}, nothing, {1000, 10}));
+    const QImage image =
+        QImage::fromData(fileOf(u"a.png"_s, {.scale = 100}, nothingDrawn, {1000, 10}));
     EXPECT_EQ(image.size(), QSize(32767, 327));
     EXPECT_NEAR(image.dotsPerMeterX(), 2835 * 32.767, 1);
     QByteArray bytes;
