@@ -74,8 +74,8 @@ TEST_F(WatchTest, keeps_the_last_good_drawing_of_a_faulty_input)
     const QByteArray good = fileContent(u"a.svg"_s);
     writeFile(u"a.dot"_s, "digraph {\n a [\n}\n");
     EXPECT_TRUE(says("orr watch: 'a.dot': Unable to parse dot input\n"));
-    EXPECT_TRUE(
-        prints("a.dot:3:1: error: found '}', expected an attribute or ']' [syntax-error]\n"));
+    EXPECT_TRUE(prints("a.dot:3:1: error: found '}', expected an attribute or ']'; close the list "
+                       "ahead of this with ']' [syntax-error]\n"));
     EXPECT_EQ(fileContent(u"a.svg"_s), good);
     writeFile(u"a.dot"_s, labelled("v2"));
     EXPECT_TRUE(shows(u"a.svg"_s, ">v2<"));
@@ -160,8 +160,8 @@ TEST_F(WatchTest, says_what_is_wrong_with_its_use)
     wrong({u"a.dot"_s, u"a.gv"_s}, "'a.svg' is the output of both 'a.dot' and 'a.gv'");
     wrong({u"-d"_s, u"none"_s, u"a.dot"_s},
           "'none' can't be written to: No such file or directory");
-    wrong({u"--pol"_s, u"a.dot"_s}, "there is no option '--pol'; did you mean '--poll'?");
-    wrong({u"--jobs"_s, u"x"_s}, "there is no option '--jobs'");
+    wrong({u"--pol"_s, u"a.dot"_s}, "unknown option '--pol'; did you mean '--poll'?");
+    wrong({u"--jobs"_s, u"x"_s}, "unknown option '--jobs'");
 }
 
 TEST_F(WatchTest, ends_where_findings_can_not_be_printed)
