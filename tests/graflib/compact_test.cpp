@@ -204,16 +204,17 @@ TEST(CompactTreeLimits, chains_of_100000_nodes_are_placed)
     }
 }
 
-// Every parent is pushed by two points, which are lost again in six digits.
+// Every parent is pushed by two points, which are lost again in six digits. That moves all nodes
+// below it, 5,000,050,000 together.
 TEST(CompactTreeLimits, a_chain_in_which_every_parent_is_pushed_is_placed)
 {
     QByteArray chain;
-    for (int i = 0; i < 50'000; ++i)
+    for (int i = 0; i < 100'000; ++i)
         chain += QByteArray::number(i) + " -> " + QByteArray::number(i + 1) + " []\n";
     const auto graph = parsed("digraph { graph [pad=17146.17 crossing=false] " + chain + "}");
     SilentDevice device;
     EXPECT_EQ(Layout::GraflibTree::run({graph.get(), &device}), QString());
-    EXPECT_EQ(graph->nodeAttribute(graph->findNode(u"50000"_s), u"d2"_s), u"1.23452e+06"_s);
+    EXPECT_EQ(graph->nodeAttribute(graph->findNode(u"100000"_s), u"d2"_s), u"1.23452e+06"_s);
 }
 
 TEST(CompactTreeLimits, numbers_beyond_all_measure_end_in_a_drawing)
