@@ -6,6 +6,10 @@ import sys
 HERE = os.path.dirname(os.path.abspath(__file__))
 
 
+class RunFailed(Exception):
+    """A program that was to be measured ended with a fault; the text is its command."""
+
+
 def write_input(path, kind, count, arguments=()):
     with open(path, 'wb') as out:
         subprocess.run([os.path.join(HERE, 'make_input'), kind, str(count), *arguments],
@@ -13,13 +17,16 @@ def write_input(path, kind, count, arguments=()):
 
 
 def once(command):
-    """Processor seconds and peak megabytes of one run."""
+    """Processor seconds and peak megabytes of one run; raises RunFailed."""
     pid = os.fork()
     if pid == 0:
-        os.execv(command[0], command)
+        try:
+            os.execv(command[0], command)
+        finally:
+            os._exit(127)  # or the child would measure on
     _, status, usage = os.wait4(pid, 0)
     if status:
-        sys.exit(f'failed: {" ".join(command)}')
+        raise RunFailed(' '.join(command))
     return usage.ru_utime + usage.ru_stime, usage.ru_maxrss / 1024
 
 
@@ -28,3 +35,15 @@ def in_turn(commands, count):
     runs = [[once(command) for command in commands] for _ in range(count)]
     return [(min(seconds for seconds, _ in of_one), min(memory for _, memory in of_one))
             for of_one in zip(*runs)]
+
+
+def each(rows, print_row):
+    """Prints every row, those behind one that fails too; whether none failed."""
+    ok = True
+    for row in rows:
+        try:
+            print_row(row)
+        except (RunFailed, subprocess.CalledProcessError) as failure:
+            print(f'{row[0]}: failed: {failure}', file=sys.stderr, flush=True)
+            ok = False
+    return ok

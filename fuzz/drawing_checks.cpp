@@ -216,7 +216,8 @@ void checkDrawing(Drawing::Format format, const QByteArray &drawing, const QByte
     case Drawing::Format::Vdx:
         return checkXml(drawing, vdxElements, checkVisioAttribute);
     case Drawing::Format::Pdf:
-        return require(drawing.startsWith("%PDF-"), "a PDF file");
+        return require(drawing.startsWith("%PDF-") && drawing.endsWith("%%EOF\n"),
+                       "a whole PDF file");
     }
 }
 

@@ -5,10 +5,11 @@
 #include "graph/dot_graph.h"
 
 #include <optional>
+#include <type_traits>
 
 // The rows of a table as typed handles, `area.of(graph, node)`: the way in which an engine reads
-// its input, and the only one. A row is read of the elements that it names; anything else does not
-// compile.
+// its input, and the only one. A row is read of the elements that it names; another type does not
+// compile, and the graph in place of a subgraph, or the reverse, ends a debug build.
 namespace ORR::Graph {
 
 // The elements that an object of a type may be.
@@ -21,6 +22,18 @@ template <>
 inline constexpr AttributeElements elementsOf<DotNode> = AttributeElement::Node;
 template <>
 inline constexpr AttributeElements elementsOf<DotEdge> = AttributeElement::Edge;
+
+// Whether the very object is one of the elements, which its type does not tell of a subgraph: the
+// graph itself is the one without a parent.
+template <typename Object>
+bool isElementOf(AttributeElements elements, const Object *object)
+{
+    if constexpr (std::is_same_v<Object, DotSubgraph>)
+        return bool(elements
+                    & (object->parent ? AttributeElement::Cluster : AttributeElement::Root));
+    else
+        return bool(elements & elementsOf<Object>);
+}
 
 // What all rows can do: find their text. A null text means that the attribute is defined nowhere.
 template <AttributeElement... element>
@@ -37,6 +50,7 @@ public:
     requires reads<Object>
     const QString *find(const DotGraph *graph, const Object *object) const
     {
+        Q_ASSERT(isElementOf(readElements, object));
         return lookup == AttributeLookup::Inherited ? graph->findAttribute(object, name)
                                                     : object->attributes.find(name);
     }

@@ -27,6 +27,7 @@ public:
     requires writes<Object>
     void setText(DotGraph *graph, Object *object, const QString &text) const
     {
+        Q_ASSERT(isElementOf(writtenElements, object));
         graph->setAttribute(object, name, text);
     }
     // Keeps six significant digits.
@@ -34,19 +35,25 @@ public:
     requires writes<Object>
     void setNumber(DotGraph *graph, Object *object, double value) const
     {
+        Q_ASSERT(isElementOf(writtenElements, object));
         graph->setAttribute(object, name, numberText(value));
     }
     template <typename Object>
     requires writes<Object>
     void setInteger(DotGraph *graph, Object *object, qint64 value) const
     {
+        Q_ASSERT(isElementOf(writtenElements, object));
         graph->setAttribute(object, name, QString::number(saturated(value)));
     }
 
     // Where the object's own text stands, or null; valid until an attribute changes.
     template <typename Object>
     requires writes<Object>
-    const QString *find(const Object *object) const { return object->attributes.find(name); }
+    const QString *find(const Object *object) const
+    {
+        Q_ASSERT(isElementOf(writtenElements, object));
+        return object->attributes.find(name);
+    }
     template <typename Object>
     requires writes<Object>
     double number(const Object *object) const
@@ -68,6 +75,7 @@ public:
     requires writes<Object>
     const QString *findInherited(const DotGraph *graph, const Object *object) const
     {
+        Q_ASSERT(isElementOf(writtenElements, object));
         return graph->findAttribute(object, name);
     }
     template <typename Object>

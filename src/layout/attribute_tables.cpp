@@ -42,16 +42,21 @@ constexpr const AttributeTable *barTables[] = {&PaintAttributes::table, &LegendA
 // Subgraphs are painted by the rows of frames; edges have no labels.
 constexpr PaintedElements ofGraflib{Node, Node | Edge, Node};
 constexpr PaintedElements ofSequence{Cluster | Node | Edge, Cluster | Node | Edge, Cluster | Node};
-// Headers are mere texts. The squares of edges are filled with the colour of their lines.
-constexpr PaintedElements ofMatrix{Cluster | Node | Edge, Cluster | Edge, Cluster};
-constexpr PaintedElements ofArea{Cluster | Node, Cluster | Node, Cluster | Node};
+// Headers are mere texts. The squares of edges are filled with the colour of their lines. That the
+// label of the graph is measured, though not drawn, can widen the page.
+constexpr PaintedElements ofMatrix{Root | Cluster | Node | Edge, Cluster | Edge, Cluster};
+// The graph itself may be the legend of a chart, and its label the title.
+constexpr PaintedElements ofArea{Root | Cluster | Node, Cluster | Node, Cluster | Node};
+// The disc in the middle is that of the graph.
+constexpr PaintedElements ofSunburst{Root | Cluster | Node, Root | Cluster | Node,
+                                     Root | Cluster | Node};
 // No subgraph but the legend, which has a title only.
-constexpr PaintedElements ofBars{Cluster | Node, Node, Node};
+constexpr PaintedElements ofBars{Root | Cluster | Node, Node, Node};
 
 constexpr EngineTables engines[] = {
     {"gftree", gftreeTables, ofGraflib},  {"gfdecl", gfdeclTables, ofGraflib},
     {"umlseq", umlseqTables, ofSequence}, {"matrix", matrixTables, ofMatrix},
-    {"flatbubble", bubbleTables, ofArea}, {"sunburst", sunburstTables, ofArea},
+    {"flatbubble", bubbleTables, ofArea}, {"sunburst", sunburstTables, ofSunburst},
     {"treemap", treemapTables, ofArea},   {"bar", barTables, ofBars},
 };
 

@@ -3,7 +3,9 @@
 #include <QByteArray>
 #include <QString>
 
-// Texts of the input as XML documents hold them.
+// Texts of the input as XML documents hold them. Who builds HTML for the toolkit escapes by its own
+// `toHtmlEscaped`: an engine with a mark of its own to draw (layout/graflib/expander.cpp) knows no
+// format, and so nothing of this folder.
 namespace ORR::Graph {
 
 // The text without the characters that XML 1.0 forbids in a document: most control characters,

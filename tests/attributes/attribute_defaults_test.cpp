@@ -173,6 +173,47 @@ bool isSeen(const EngineTables &engine, const AttributeRow &row)
     });
 }
 
+// Says it of the graph alone: what the subgraphs right below inherited so far becomes their own.
+void sayOfRootAlone(DotGraph *graph, KnownAttribute name, const QString &text)
+{
+    for (DotSubgraph *child : std::as_const(graph->root()->subgraphs)) {
+        const QString *inherited = graph->findAttribute(child, name);
+        graph->setAttribute(child, name, inherited ? QString(*inherited) : u""_s);
+    }
+    graph->setAttribute(graph->root(), name, text);
+}
+
+// Whether some drawing shows what the graph itself says. In one of them it is the legend of a chart
+// and, in a sunburst, has a disc.
+bool showsRoot(const EngineTables &engine, const AttributeRow &row)
+{
+    QByteArrayList inputs = inputsOfEngine(engine);
+    inputs += R"(digraph { graph [legend="top" label="g" r1="20"]; a [label="a" area="3"]; })";
+    for (const QString &text : otherTexts(row)) {
+        for (const QByteArray &input : std::as_const(inputs)) {
+            const std::unique_ptr<DotGraph> graph = parseDot(input);
+            const std::unique_ptr<DotGraph> without = parseDot(input);
+            sayOfRootAlone(graph.get(), row.name, text);
+            if (drawn(engine, graph.get()) != drawn(engine, without.get()))
+                return true;
+        }
+    }
+    return false;
+}
+
+// Of which elements the engine reads an attribute, by whatever row.
+AttributeElements elementsReadByName(const EngineTables &engine, KnownAttribute name)
+{
+    AttributeElements elements;
+    for (const AttributeTable *table : engine.tables) {
+        for (const AttributeRow *row : table->rows) {
+            if (row->name.text() == name.text())
+                elements |= elementsRead(engine, *row);
+        }
+    }
+    return elements;
+}
+
 struct Exception
 {
     const AttributeRow *row;
@@ -243,4 +284,23 @@ TEST(AttributeDefaults, differ_from_what_another_value_draws)
         EXPECT_TRUE(it.value() || isOneOf(exceptions, *row))
             << row->name.text().toStdString() << ": " << row->meaning;
     }
+}
+
+// Rows of paint are shared, so that no reader knows by itself of which elements its engine reads
+// them.
+TEST(PaintedElements, name_the_graph_where_its_own_paint_is_seen)
+{
+    QStringList seen;
+    for (const EngineTables &engine : engineTables()) {
+        for (const AttributeRow *row : PaintAttributes::rows) {
+            if (!showsRoot(engine, *row))
+                continue;
+            EXPECT_TRUE(elementsReadByName(engine, row->name) & Root) << nameOf(engine, *row);
+            seen += latin1(engine.engine) + u' ' + row->name.text();
+        }
+    }
+    EXPECT_TRUE(seen.contains(u"matrix label"_s)) << seen.join(u", "_s).toStdString();
+    EXPECT_TRUE(seen.contains(u"sunburst fillcolor"_s));
+    EXPECT_TRUE(seen.contains(u"bar label"_s));
+    EXPECT_FALSE(seen.contains(u"treemap fillcolor"_s));
 }

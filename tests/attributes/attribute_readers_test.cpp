@@ -21,6 +21,7 @@ constexpr TextAttribute<Cluster, Node, Edge> label{"label"_attribute, Inherited,
 constexpr TextAttribute<Cluster, Node, Edge> ownLabel{"label"_attribute, Own, "", "a text"};
 constexpr NumberAttribute<Node> area{"area"_attribute, Inherited, "", "0", "a number"};
 constexpr NumberAttribute<Edge> level{"level"_attribute, Inherited, "", "0", "a number"};
+constexpr NumberAttribute<Root> pageWidth{"width"_attribute, Own, "", "0", "a number"};
 constexpr IntegerAttribute<Node> row{"row"_attribute, Inherited, "", "0", "an integer"};
 constexpr InchesAttribute<Node> width{"width"_attribute, Inherited, "0", "a size"};
 constexpr NumberPairAttribute<Root, Cluster> margin{"margin"_attribute, Inherited, "points", "5",
@@ -156,6 +157,30 @@ TEST(AttributeLookup, tells_an_empty_text_from_none)
     EXPECT_TRUE(area.text(none.graph.get(), none.node()).isNull());
     EXPECT_EQ(area.find(none.graph.get(), none.node()), nullptr);
 }
+
+// The elements of an object, where its type does not tell.
+
+TEST(AttributeElements, tell_the_graph_from_the_subgraphs_in_it)
+{
+    const Sample sample({});
+    EXPECT_TRUE(isElementOf(Root, sample.root()));
+    EXPECT_FALSE(isElementOf(Cluster | Node, sample.root()));
+    EXPECT_TRUE(isElementOf(Cluster, sample.inner()));
+    EXPECT_FALSE(isElementOf(Root | Edge, sample.inner()));
+    EXPECT_TRUE(isElementOf(Root | Node, sample.node()));
+    EXPECT_FALSE(isElementOf(Root | Node, sample.edge()));
+}
+
+#ifndef QT_NO_DEBUG
+TEST(AttributeElementsDeathTest, a_row_of_the_graph_is_read_of_no_subgraph)
+{
+    const Sample sample({});
+    EXPECT_EQ(pageWidth.of(sample.graph.get(), sample.root()), 0.0);
+    EXPECT_DEATH((void)pageWidth.of(sample.graph.get(), sample.inner()), "isElementOf");
+    EXPECT_EQ(label.of(sample.graph.get(), sample.inner()), QString());
+    EXPECT_DEATH((void)label.of(sample.graph.get(), sample.root()), "isElementOf");
+}
+#endif
 
 // The types.
 

@@ -1,4 +1,4 @@
-// What readers of other hands see in the PDF files of all examples.
+// What readers of other hands see in the PDF files of all drawings and examples.
 #include "companion/draw_run.h"
 #include "support/corpus.h"
 
@@ -148,7 +148,7 @@ TEST_P(DrawPdfTest, looks_like_the_png)
     EXPECT_LT(difference(onWhite(seen), png), 40);
 }
 
-INSTANTIATE_TEST_SUITE_P(Examples, DrawPdfTest, testing::ValuesIn(exampleInputs()), nameOfInput);
+INSTANTIATE_TEST_SUITE_P(All, DrawPdfTest, testing::ValuesIn(corpusInputs()), nameOfInput);
 
 TEST_F(DrawTest, pdf_links_are_seen_by_another_reader)
 {

@@ -34,7 +34,7 @@ double boundOf(Drawing::Format format)
         return 8;
     case Drawing::Format::Vdx:
         return 400;
-    case Drawing::Format::Pdf:
+    case Drawing::Format::Pdf: // of `orr draw` alone, to which this program's options mean nothing
         break;
     }
     return 0;

@@ -69,15 +69,15 @@ struct PlainPlacement
 };
 
 // A chain with leaves beside some of its nodes, and now and then a second chain.
-Successors deepTree(Dice &dice, int size)
+Successors deepTree(RandomNumbers &random, int size)
 {
     std::vector<std::vector<int>> children(size);
     int end = 0; // of the chain
     for (int node = 1; node < size; ++node) {
-        const bool isLeaf = dice.oneIn(6);
-        const int parent = dice.oneIn(100) ? dice.below(node) : end;
+        const bool isLeaf = random.oneIn(6);
+        const int parent = random.oneIn(100) ? random.below(node) : end;
         children[parent].push_back(node);
-        if (dice.oneIn(2))
+        if (random.oneIn(2))
             std::reverse(children[parent].begin(), children[parent].end());
         if (!isLeaf)
             end = node;
@@ -95,17 +95,17 @@ Successors deepTree(Dice &dice, int size)
 TEST(CompactPlacement, is_the_plain_one_in_deep_trees)
 {
     static constexpr double starts[] = {0.0, 1.44, 99'990.7, 999'980.3, 1'234'524.24, 8e7};
-    Dice dice(31);
+    RandomNumbers random(31);
     for (int round = 0; round < 24; ++round) {
-        const ReachedNodes reached = reachedFrom(0, deepTree(dice, 1'500));
+        const ReachedNodes reached = reachedFrom(0, deepTree(random, 1'500));
         ASSERT_TRUE(reached.isTree);
         const TreeLevels levels = levelsOf(reached);
         std::vector<double> extents;
         // Few sizes, so that many nodes stand at one position, or one for all of them.
         const int sizes = round % 4 == 0 ? 1 : 3;
         for (int i = 0; i < reached.size(); ++i)
-            extents.push_back(14.5 + 15 * dice.below(sizes));
-        const CompactPlacement::Options options{.nodeSep = dice.below(3) * 3.6,
+            extents.push_back(14.5 + 15 * random.below(sizes));
+        const CompactPlacement::Options options{.nodeSep = random.below(3) * 3.6,
                                                 .start = starts[round % 6]};
 
         CompactPlacement placement(reached, extents, levels, options);

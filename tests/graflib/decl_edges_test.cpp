@@ -60,7 +60,7 @@ TEST(DeclEdges, a_loop_runs_like_any_other)
 TEST(DeclEdges, nodes_of_one_stack_meet_in_a_loop_unless_their_offsets_differ)
 {
     const auto line = [](const QByteArray &offset) {
-        const Laid laid =
+        const GraflibDrawing laid =
             runDecl("digraph { node [margin=0.5] a [] b [xoffset=\"" + offset + "\"] a -> b [] }");
         return laid.ofEdge(u"a"_s, u"b"_s, u"d1"_s);
     };

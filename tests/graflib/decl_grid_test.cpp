@@ -62,13 +62,13 @@ void store(Table &table, int line, int cross, double size)
     table[line][cross] = size;
 }
 
-QList<GridCell> randomCells(Dice &dice)
+QList<GridCell> randomCells(RandomNumbers &random)
 {
     static constexpr double sizes[] = {10.0, 20.5, 0.0, 33.0, -7.0, 5.25};
     QList<GridCell> cells;
-    const int count = 1 + dice.below(7);
+    const int count = 1 + random.below(7);
     for (int i = 0; i < count; ++i)
-        cells.append({dice.below(5), dice.below(5), sizes[dice.below(6)]});
+        cells.append({random.below(5), random.below(5), sizes[random.below(6)]});
     return cells;
 }
 
@@ -76,11 +76,11 @@ QList<GridCell> randomCells(Dice &dice)
 
 TEST(DeclGrid, gives_what_full_tables_give)
 {
-    Dice dice(3);
+    RandomNumbers random(3);
     for (int round = 0; round < 20'000; ++round) {
-        const QList<GridCell> cells = randomCells(dice);
-        const double gap = dice.below(3) * 4.0;
-        const double extra = dice.below(2) * 16.0;
+        const QList<GridCell> cells = randomCells(random);
+        const double gap = random.below(3) * 4.0;
+        const double extra = random.below(2) * 16.0;
         Table aligned;
         int count = 0;
         for (const GridCell &cell : cells) {

@@ -10,17 +10,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString sizeOf(const Laid &laid, const QString &graphId = {})
+QString sizeOf(const GraflibDrawing &laid, const QString &graphId = {})
 {
     return laid.ofGraph(graphId, u"width"_s) + u' ' + laid.ofGraph(graphId, u"height"_s);
 }
 
-QString placeOf(const Laid &laid, const QString &graphId)
+QString placeOf(const GraflibDrawing &laid, const QString &graphId)
 {
     return laid.ofGraph(graphId, u"d1"_s) + u' ' + laid.ofGraph(graphId, u"d2"_s);
 }
 
-QString nodePlace(const Laid &laid, const QString &id)
+QString nodePlace(const GraflibDrawing &laid, const QString &id)
 {
     return laid.ofNode(id, u"d1"_s) + u' ' + laid.ofNode(id, u"d2"_s);
 }
@@ -33,7 +33,7 @@ QByteArray block(const QByteArray &id, const QByteArray &attributes, double w, d
         + QByteArray::number(w / 2) + "," + QByteArray::number(h / 2) + "\"] n" + id + " [] }\n";
 }
 
-Laid decl(const QByteArray &rootAttributes, const QByteArray &body)
+GraflibDrawing decl(const QByteArray &rootAttributes, const QByteArray &body)
 {
     return runDecl("digraph { graph [" + rootAttributes + "]\n" + body + "}");
 }
@@ -42,28 +42,28 @@ Laid decl(const QByteArray &rootAttributes, const QByteArray &body)
 
 TEST(DeclMeasure, an_empty_graph_has_its_margins)
 {
-    const Laid laid = decl("margin=\"1,0.5\"", "");
+    const GraflibDrawing laid = decl("margin=\"1,0.5\"", "");
     EXPECT_EQ(sizeOf(laid), u"144 72"_s);
     EXPECT_EQ(laid.beginCall(), u"begin 144 72"_s);
 }
 
 TEST(DeclMeasure, pad_is_the_border_of_the_page)
 {
-    const Laid laid = decl("pad=\"0.5,0.25\" margin=1", "");
+    const GraflibDrawing laid = decl("pad=\"0.5,0.25\" margin=1", "");
     EXPECT_EQ(laid.beginCall(), u"begin 216 180"_s);
     EXPECT_EQ(placeOf(laid, {}), u"108 18"_s); // 36 and the margin; 18
 }
 
 TEST(DeclMeasure, rankdir_is_always_left_to_right)
 {
-    const Laid laid = decl("rankdir=TB margin=\"1,0.5\"", "");
+    const GraflibDrawing laid = decl("rankdir=TB margin=\"1,0.5\"", "");
     EXPECT_EQ(laid.ofGraph({}, u"rankdir"_s), u"LR"_s);
     EXPECT_EQ(laid.beginCall(), u"begin 144 72"_s);
 }
 
 TEST(DeclMeasure, stacked_nodes_have_their_heights_and_the_gaps_between)
 {
-    const Laid laid = decl("nodesep=0.25", "node [margin=\"0.5,0.25\"] a [] b [] c []");
+    const GraflibDrawing laid = decl("nodesep=0.25", "node [margin=\"0.5,0.25\"] a [] b [] c []");
     EXPECT_EQ(sizeOf(laid), u"72 144"_s); // 3 * 36 + 2 * 18
     EXPECT_EQ(nodePlace(laid, u"a"_s), u"0 0"_s);
     EXPECT_EQ(nodePlace(laid, u"b"_s), u"0 54"_s);
@@ -72,7 +72,7 @@ TEST(DeclMeasure, stacked_nodes_have_their_heights_and_the_gaps_between)
 
 TEST(DeclMeasure, the_grid_starts_four_points_below_the_last_node)
 {
-    const Laid laid =
+    const GraflibDrawing laid =
         decl("nodesep=0.25", "node [margin=\"0.5,0.25\"] a [] " + block("s", "", 1, 1));
     EXPECT_EQ(sizeOf(laid), u"72 112"_s); // 36 + 4 + 72
     EXPECT_EQ(placeOf(laid, u"s"_s), u"0 40"_s);
@@ -80,23 +80,24 @@ TEST(DeclMeasure, the_grid_starts_four_points_below_the_last_node)
 
 TEST(DeclMeasure, xoffset_moves_a_node_and_widens_the_stack)
 {
-    const Laid laid = decl("", "node [margin=0.5] a [] b [xoffset=1]");
+    const GraflibDrawing laid = decl("", "node [margin=0.5] a [] b [xoffset=1]");
     EXPECT_EQ(sizeOf(laid), u"144 144"_s);
     EXPECT_EQ(nodePlace(laid, u"b"_s), u"72 72"_s);
 }
 
 TEST(DeclMeasure, xoffset_at_the_right_makes_the_measure_smaller_and_still_moves_right)
 {
-    const Laid laid = decl("contentpos=tr", "node [margin=0.5] b [xoffset=0.5]");
+    const GraflibDrawing laid = decl("contentpos=tr", "node [margin=0.5] b [xoffset=0.5]");
     EXPECT_EQ(sizeOf(laid), u"36 72"_s);
     EXPECT_EQ(nodePlace(laid, u"b"_s), u"0 0"_s); // 36 - 72 + 36
 }
 
 TEST(DeclGridModes, a_table_takes_the_largest_of_every_row_and_column)
 {
-    const Laid laid = decl("nodesep=0.125",
-                           block("a", "row=0 col=0", 1, 1) + block("b", "row=0 col=1", 2, 0.5)
-                               + block("c", "row=1 col=0", 0.5, 2));
+    const GraflibDrawing laid =
+        decl("nodesep=0.125",
+             block("a", "row=0 col=0", 1, 1) + block("b", "row=0 col=1", 2, 0.5)
+                 + block("c", "row=1 col=0", 0.5, 2));
     EXPECT_EQ(sizeOf(laid), u"234 234"_s); // 72 + 18 + 144 both ways
     EXPECT_EQ(placeOf(laid, u"a"_s), u"0 0"_s);
     EXPECT_EQ(placeOf(laid, u"b"_s), u"90 0"_s);
@@ -105,7 +106,7 @@ TEST(DeclGridModes, a_table_takes_the_largest_of_every_row_and_column)
 
 TEST(DeclGridModes, in_row_mode_every_row_runs_by_itself)
 {
-    const Laid laid =
+    const GraflibDrawing laid =
         decl("nodesep=0.125 grid=row",
              block("a", "row=0 col=0", 1, 1) + block("b", "row=0 col=1", 2, 0.5)
                  + block("c", "row=1 col=0", 0.5, 2) + block("d", "row=1 col=1", 1, 1));
@@ -116,7 +117,7 @@ TEST(DeclGridModes, in_row_mode_every_row_runs_by_itself)
 
 TEST(DeclGridModes, in_col_mode_every_column_runs_by_itself)
 {
-    const Laid laid =
+    const GraflibDrawing laid =
         decl("nodesep=0.125 grid=col",
              block("a", "row=0 col=0", 1, 1) + block("b", "row=0 col=1", 2, 0.5)
                  + block("c", "row=1 col=0", 0.5, 2) + block("d", "row=1 col=1", 1, 1));
@@ -127,25 +128,28 @@ TEST(DeclGridModes, in_col_mode_every_column_runs_by_itself)
 
 TEST(DeclGridModes, in_row_mode_subgraphs_of_one_row_stand_side_by_side)
 {
-    const Laid laid = decl("nodesep=0.125 grid=row",
-                           block("a", "row=0 col=0", 1, 1) + block("b", "row=0 col=1", 1, 2));
+    const GraflibDrawing laid =
+        decl("nodesep=0.125 grid=row",
+             block("a", "row=0 col=0", 1, 1) + block("b", "row=0 col=1", 1, 2));
     EXPECT_EQ(sizeOf(laid), u"162 144"_s);
 }
 
 // What is measured goes by the row alone, so that both widths count.
 TEST(DeclGridModes, two_subgraphs_in_one_cell_overlap)
 {
-    const Laid laid = decl("nodesep=0.125 grid=row",
-                           block("a", "row=0 col=0", 1, 1) + block("b", "row=0 col=0", 1, 2));
+    const GraflibDrawing laid =
+        decl("nodesep=0.125 grid=row",
+             block("a", "row=0 col=0", 1, 1) + block("b", "row=0 col=0", 1, 2));
     EXPECT_EQ(sizeOf(laid), u"162 144"_s);
     EXPECT_EQ(placeOf(laid, u"a"_s), placeOf(laid, u"b"_s));
 }
 
 TEST(DeclGridModes, the_later_of_two_subgraphs_in_one_cell_sets_its_size)
 {
-    const Laid laid = decl("",
-                           block("a", "row=0 col=0", 2, 1) + block("b", "row=0 col=0", 1, 1)
-                               + block("c", "row=0 col=1", 1, 1));
+    const GraflibDrawing laid =
+        decl("",
+             block("a", "row=0 col=0", 2, 1) + block("b", "row=0 col=0", 1, 1)
+                 + block("c", "row=0 col=1", 1, 1));
     EXPECT_EQ(placeOf(laid, u"c"_s), u"72 0"_s);
 }
 
@@ -159,7 +163,7 @@ TEST(DeclGridModes, the_name_of_the_mode_is_exact)
 
 TEST(DeclGridModes, the_mode_is_inherited)
 {
-    const Laid laid =
+    const GraflibDrawing laid =
         decl("grid=row",
              "subgraph s { graph [row=0 col=0]" + block("a", "row=0 col=0", 2, 1)
                  + block("b", "row=1 col=0", 1, 1) + block("c", "row=1 col=1", 1, 1) + "}");
@@ -168,9 +172,9 @@ TEST(DeclGridModes, the_mode_is_inherited)
 
 TEST(DeclGridModes, a_cell_address_is_inherited)
 {
-    const Laid laid = decl("",
-                           "subgraph s { graph [row=3 col=2]" + block("a", "", 1, 1) + "}"
-                               + block("b", "row=0 col=3", 1, 1));
+    const GraflibDrawing laid = decl("",
+                                     "subgraph s { graph [row=3 col=2]" + block("a", "", 1, 1) + "}"
+                                         + block("b", "row=0 col=3", 1, 1));
     EXPECT_EQ(placeOf(laid, u"s"_s), u"0 72"_s);
     EXPECT_EQ(placeOf(laid, u"a"_s), u"0 72"_s);
     EXPECT_EQ(placeOf(laid, u"b"_s), u"72 0"_s);
@@ -178,7 +182,7 @@ TEST(DeclGridModes, a_cell_address_is_inherited)
 
 TEST(DeclGridModes, a_column_without_width_adds_no_gap_where_it_is_placed)
 {
-    const Laid laid =
+    const GraflibDrawing laid =
         decl("nodesep=0.125",
              block("a", "col=0", 1, 1) + block("b", "col=1", 0, 1) + block("c", "col=2", 1, 1));
     EXPECT_EQ(sizeOf(laid), u"180 72"_s); // the measure has both gaps
@@ -188,9 +192,10 @@ TEST(DeclGridModes, a_column_without_width_adds_no_gap_where_it_is_placed)
 
 TEST(DeclGridModes, a_cell_that_does_not_read_is_cell_zero)
 {
-    const Laid laid = decl("",
-                           block("a", "row=x col=1.5", 1, 1) + block("b", "row=0 col=1", 1, 1)
-                               + block("c", "row=99999999999 col=1", 1, 1));
+    const GraflibDrawing laid =
+        decl("",
+             block("a", "row=x col=1.5", 1, 1) + block("b", "row=0 col=1", 1, 1)
+                 + block("c", "row=99999999999 col=1", 1, 1));
     EXPECT_EQ(placeOf(laid, u"a"_s), u"0 0"_s);
     EXPECT_EQ(placeOf(laid, u"c"_s), u"72 0"_s);
 }
@@ -199,10 +204,10 @@ TEST(DeclGridModes, a_huge_address_is_placed_like_the_next_one)
 {
     for (const char *grid : {"row", "col", ""}) {
         const QByteArray mode = "grid=\"" + QByteArray(grid) + "\" nodesep=0.125";
-        const Laid huge = decl(mode,
-                               block("a", "row=0 col=0", 1, 1)
-                                   + block("b", "row=2000000000 col=2147483647", 2, 1));
-        const Laid next =
+        const GraflibDrawing huge = decl(mode,
+                                         block("a", "row=0 col=0", 1, 1)
+                                             + block("b", "row=2000000000 col=2147483647", 2, 1));
+        const GraflibDrawing next =
             decl(mode, block("a", "row=0 col=0", 1, 1) + block("b", "row=1 col=1", 2, 1));
         EXPECT_EQ(huge.result, QString());
         EXPECT_EQ(placeOf(huge, u"b"_s), placeOf(next, u"b"_s)) << grid;
@@ -213,7 +218,7 @@ TEST(DeclGridModes, a_huge_address_is_placed_like_the_next_one)
 TEST(DeclGridModes, a_negative_address_is_refused)
 {
     for (const char *address : {"row=\"-1\"", "col=\"-1\"", "col=\"-2147483648\""}) {
-        const Laid laid = decl("", block("s", address, 1, 1));
+        const GraflibDrawing laid = decl("", block("s", address, 1, 1));
         EXPECT_EQ(laid.result, u"Negative row or col in a declaration grid\n"_s) << address;
         EXPECT_TRUE(laid.device->calls().isEmpty());
     }
@@ -231,7 +236,7 @@ TEST(DeclEdgeRoom, an_edge_costs_16_points_in_every_column_gap_of_its_graph)
         block("a", "col=0", 1, 1) + block("b", "col=1", 1, 1) + block("c", "col=2", 1, 1);
     const QByteArray stack = "node [margin=0] x [] y [] ";
     EXPECT_EQ(decl("nodesep=0.125", stack + cells).ofGraph({}, u"width"_s), u"252"_s);
-    const Laid laid = decl("nodesep=0.125", stack + "x -> y [] " + cells);
+    const GraflibDrawing laid = decl("nodesep=0.125", stack + "x -> y [] " + cells);
     EXPECT_EQ(laid.ofGraph({}, u"width"_s), u"284"_s);
     EXPECT_EQ(laid.ofGraph(u"b"_s, u"d1"_s), u"106"_s);
     EXPECT_EQ(laid.ofGraph(u"c"_s, u"d1"_s), u"212"_s);
@@ -241,7 +246,7 @@ TEST(DeclEdgeRoom, an_edge_between_the_first_columns_gives_more_room_behind_the_
 {
     const QByteArray cells = block("a", "row=0 col=0", 1, 1) + block("b", "row=0 col=1", 1, 1)
         + block("c", "row=0 col=2", 1, 1);
-    const Laid laid = decl("", cells + "na -> nb []");
+    const GraflibDrawing laid = decl("", cells + "na -> nb []");
     EXPECT_EQ(laid.ofGraph({}, u"width"_s), u"264"_s); // 3 * 72 + 2 * 16 + 16
     EXPECT_EQ(laid.ofGraph(u"b"_s, u"d1"_s), u"104"_s);
     EXPECT_EQ(laid.ofGraph(u"c"_s, u"d1"_s), u"192"_s);
@@ -265,7 +270,8 @@ TEST(DeclEdgeRoom, the_cells_between_which_an_edge_runs_are_compared_as_texts)
 
 TEST(DeclMargin, moves_the_sides_and_not_the_top)
 {
-    const Laid laid = decl("", "subgraph s { graph [margin=\"0.5,0.25\"] node [margin=0.5] a [] }");
+    const GraflibDrawing laid =
+        decl("", "subgraph s { graph [margin=\"0.5,0.25\"] node [margin=0.5] a [] }");
     EXPECT_EQ(sizeOf(laid, u"s"_s), u"144 108"_s);
     EXPECT_EQ(nodePlace(laid, u"a"_s), u"36 0"_s);
     EXPECT_EQ(placeOf(laid, u"s"_s), u"36 0"_s);
@@ -273,7 +279,7 @@ TEST(DeclMargin, moves_the_sides_and_not_the_top)
 
 TEST(DeclMargin, a_graph_with_subgraphs_gets_the_width_that_it_fills)
 {
-    const Laid laid =
+    const GraflibDrawing laid =
         decl("", "subgraph s { graph [margin=0.5]" + block("t", "margin=0", 1, 1) + "}");
     EXPECT_EQ(sizeOf(laid, u"s"_s), u"72 144"_s);
     EXPECT_EQ(sizeOf(laid, u"t"_s), u"72 72"_s);
@@ -281,7 +287,8 @@ TEST(DeclMargin, a_graph_with_subgraphs_gets_the_width_that_it_fills)
 
 TEST(DeclMargin, without_subgraphs_the_measured_width_stays)
 {
-    const Laid laid = decl("", "subgraph s { graph [margin=0.5] node [margin=0.5] a [] }");
+    const GraflibDrawing laid =
+        decl("", "subgraph s { graph [margin=0.5] node [margin=0.5] a [] }");
     EXPECT_EQ(sizeOf(laid, u"s"_s), u"144 144"_s);
 }
 
@@ -290,9 +297,10 @@ namespace {
 // A cell of 1 by 1 inch next to one of 4 by 4, in a row and a column of that size.
 QString placedWith(const QByteArray &contentPos, const QString &what)
 {
-    const Laid laid = decl("",
-                           block("big", "row=0 col=1", 4, 4) + block("wide", "row=1 col=0", 4, 1)
-                               + block("s", "row=0 col=0 contentpos=\"" + contentPos + "\"", 1, 1));
+    const GraflibDrawing laid =
+        decl("",
+             block("big", "row=0 col=1", 4, 4) + block("wide", "row=1 col=0", 4, 1)
+                 + block("s", "row=0 col=0 contentpos=\"" + contentPos + "\"", 1, 1));
     return what == u"graph"_s ? placeOf(laid, u"s"_s) : nodePlace(laid, u"ns"_s);
 }
 
@@ -322,9 +330,9 @@ TEST(DeclContentPosition, a_single_letter_is_the_vertical_one)
 
 TEST(DeclDrawing, clusters_frame_what_is_in_them)
 {
-    const Laid laid = decl("pad=0.5",
-                           "subgraph s { graph [color=red margin=0.25] node [margin=0.5 "
-                           "shape=rectangle] a [] }");
+    const GraflibDrawing laid = decl("pad=0.5",
+                                     "subgraph s { graph [color=red margin=0.25] node [margin=0.5 "
+                                     "shape=rectangle] a [] }");
     EXPECT_EQ(laid.device->callsOf(u"rect"_s),
               (QStringList{u"rect 54,36 162,144 radius 0 pen red solid 1 fill #FFFFFF"_s,
                            u"rect 54,36 126,108 radius 0 pen #000000 solid 1 fill #FFFFFF"_s}));
@@ -340,14 +348,14 @@ TEST(DeclDrawing, the_message_of_the_device_is_the_result)
 
 TEST(DeclDrawing, positions_are_kept_with_six_digits)
 {
-    const Laid laid = decl("pad=\"17146.1234,0.1234567\"", "");
+    const GraflibDrawing laid = decl("pad=\"17146.1234,0.1234567\"", "");
     EXPECT_EQ(placeOf(laid, {}), u"1.23452e+06 8.88888"_s);
 }
 
 // Every graph stands in a cell of its parent's grid: the places of siblings share no point within.
 TEST(DeclProperties, cells_of_a_random_table_stay_apart_and_within_their_parent)
 {
-    Dice dice(31);
+    RandomNumbers random(31);
     for (int round = 0; round < 50; ++round) {
         QByteArray body;
         QList<QString> ids;
@@ -356,10 +364,10 @@ TEST(DeclProperties, cells_of_a_random_table_stay_apart_and_within_their_parent)
             ids.append(QString::fromLatin1(id));
             body +=
                 block(id, "row=" + QByteArray::number(i / 4) + " col=" + QByteArray::number(i % 4),
-                      0.2 + dice.below(20) / 10.0, 0.2 + dice.below(20) / 10.0);
+                      0.2 + random.below(20) / 10.0, 0.2 + random.below(20) / 10.0);
         }
         const char *modes[] = {"row", "col", ""};
-        const Laid laid =
+        const GraflibDrawing laid =
             decl("nodesep=0.1 pad=0.2 grid=\"" + QByteArray(modes[round % 3]) + "\"", body);
         const auto rectOf = [&](const QString &id) {
             return QRectF(
@@ -381,7 +389,7 @@ TEST(DeclBadInput, numbers_beyond_all_measure_end_in_a_drawing)
     for (const char *size : {"1e308", "-1e308", "nan", "inf"}) {
         for (const char *grid : {"row", "col", ""}) {
             const QByteArray value = "\"" + QByteArray(size) + "\"";
-            const Laid laid =
+            const GraflibDrawing laid =
                 decl("pad=" + value + " margin=" + value + " nodesep=" + value + " grid=\"" + grid
                          + "\" contentpos=mc color=red",
                      "node [shape=oval margin=" + value + " xoffset=" + value + "] a [] b [] "

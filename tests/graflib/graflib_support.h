@@ -11,7 +11,7 @@
 #include <memory>
 
 // A graph that went through an engine, and what was drawn of it.
-struct Laid
+struct GraflibDrawing
 {
     std::unique_ptr<ORR::Graph::DotGraph> graph;
     std::unique_ptr<RecordingDevice> device;
@@ -42,14 +42,14 @@ public:
 };
 
 std::unique_ptr<ORR::Graph::DotGraph> parsed(const QByteArray &dot);
-Laid runTree(const QByteArray &dot, bool withExpanders = false);
-Laid runDecl(const QByteArray &dot, bool withExpanders = false);
+GraflibDrawing runTree(const QByteArray &dot, bool withExpanders = false);
+GraflibDrawing runDecl(const QByteArray &dot, bool withExpanders = false);
 
 // Random numbers from 0 to below `bound`, the same on every machine.
-class Dice
+class RandomNumbers
 {
 public:
-    explicit Dice(quint32 seed) : state(seed * 2654435761u + 1) { }
+    explicit RandomNumbers(quint32 seed) : state(seed * 2654435761u + 1) { }
     int below(int bound);
     bool oneIn(int chances) { return below(chances) == 0; }
 

@@ -94,8 +94,9 @@ TEST(ExpanderPlace, is_the_side_where_the_edges_leave)
 
 TEST(ArrowHead, points_away_from_the_point_before_and_saturates)
 {
-    EXPECT_EQ(arrowHead({20, 9}, {5, 9}), (QList<QPoint>{{20, 9}, {14, 6}, {14, 12}, {20, 9}}));
-    EXPECT_EQ(arrowHead({20, 9}, {20, 0}), (QList<QPoint>{{20, 9}, {26, 6}, {26, 12}, {20, 9}}));
+    EXPECT_EQ(arrowTriangle({20, 9}, {5, 9}), (QList<QPoint>{{20, 9}, {14, 6}, {14, 12}, {20, 9}}));
+    EXPECT_EQ(arrowTriangle({20, 9}, {20, 0}),
+              (QList<QPoint>{{20, 9}, {26, 6}, {26, 12}, {20, 9}}));
     constexpr int most = std::numeric_limits<int>::max();
-    EXPECT_EQ(arrowHead({most, most}, {most, 0}).at(2), QPoint(most, most));
+    EXPECT_EQ(arrowTriangle({most, most}, {most, 0}).at(2), QPoint(most, most));
 }

@@ -41,20 +41,20 @@ TEST(StoredNumber, keeps_six_digits)
 
 TEST(StoredNumber, has_the_bits_of_the_text_for_random_numbers_of_all_sizes)
 {
-    Dice dice(1);
+    RandomNumbers random(1);
     for (int i = 0; i < 200'000; ++i) {
-        const double digits = dice.below(1 << 24) + dice.below(1 << 24) / double(1 << 24);
-        const double value = digits * std::pow(10.0, dice.below(30) - 15) * (i % 2 ? 1 : -1);
+        const double digits = random.below(1 << 24) + random.below(1 << 24) / double(1 << 24);
+        const double value = digits * std::pow(10.0, random.below(30) - 15) * (i % 2 ? 1 : -1);
         ASSERT_EQ(bits(storedNumber(value)), bitsThroughText(value)) << value;
     }
 }
 
 TEST(StoredNumber, has_the_bits_of_the_text_in_the_middle_between_two_texts)
 {
-    Dice dice(2);
+    RandomNumbers random(2);
     for (int i = 0; i < 100'000; ++i) {
         const double middle =
-            (100'000 + dice.below(900'000) + 0.5) * std::pow(10.0, dice.below(12) - 6);
+            (100'000 + random.below(900'000) + 0.5) * std::pow(10.0, random.below(12) - 6);
         for (const double value :
              {middle, std::nextafter(middle, 0.0), std::nextafter(middle, 1e300)})
             ASSERT_EQ(bits(storedNumber(value)), bitsThroughText(value)) << value;
@@ -72,9 +72,9 @@ TEST(StoredNumber, has_the_bits_of_the_text_for_halves_and_quarters)
 TEST(StoredNumber, goes_from_one_size_to_another)
 {
     Layout::StoredNumber stored;
-    Dice dice(4);
+    RandomNumbers random(4);
     for (int i = 0; i < 10'000; ++i) {
-        const double value = dice.below(1 << 24) * std::pow(10.0, dice.below(30) - 20);
+        const double value = random.below(1 << 24) * std::pow(10.0, random.below(30) - 20);
         ASSERT_EQ(bits(stored(value)), bitsThroughText(value)) << value;
     }
 }

@@ -24,41 +24,41 @@ struct Shape
     int reach = 0; // how far back parents are looked for; 0 for anything
 };
 
-QByteArray randomGraph(Dice &dice, const Shape &shape, bool compact)
+QByteArray randomGraph(RandomNumbers &random, const Shape &shape, bool compact)
 {
     static const char *const directions[] = {"", "LR", "RL", "TB", "BT"};
     static const char *const margins[] = {"0.11,0.055", "0.1", "0.07,0.2"};
     static const char *const outlines[] = {"hexagon", "octagon", "oval", "rectangle", "box"};
-    QByteArray dot = "digraph {\n graph [rankdir=\"" + QByteArray(directions[dice.below(5)])
-        + "\" nodesep=\"" + QByteArray::number(dice.below(40) / 100.0) + "\" ranksep=\"0.4\" pad=\""
-        + QByteArray::number(shape.pad) + ",0.2\" sort=\"" + (dice.oneIn(2) ? "true" : "")
-        + "\" crossing=\"" + (compact ? "false" : "true") + "\"];\n node [margin=\""
-        + margins[dice.below(3)] + "\"];\n";
+    QByteArray dot = "digraph {\n graph [rankdir=\"" + QByteArray(directions[random.below(5)])
+        + "\" nodesep=\"" + QByteArray::number(random.below(40) / 100.0)
+        + "\" ranksep=\"0.4\" pad=\"" + QByteArray::number(shape.pad) + ",0.2\" sort=\""
+        + (random.oneIn(2) ? "true" : "") + "\" crossing=\"" + (compact ? "false" : "true")
+        + "\"];\n node [margin=\"" + margins[random.below(3)] + "\"];\n";
     for (int i = 0; i < shape.nodes; ++i) {
         dot += "n" + QByteArray::number(i) + " [label=\""
-            + QByteArray(dice.below(12), 'a' + dice.below(26))
-            + "\" shape=" + outlines[dice.below(5)] + " peripheries=" + (dice.oneIn(4) ? "2" : "1")
-            + " expander=" + (dice.oneIn(5) ? "true" : "false") + "];\n";
+            + QByteArray(random.below(12), 'a' + random.below(26)) + "\" shape="
+            + outlines[random.below(5)] + " peripheries=" + (random.oneIn(4) ? "2" : "1")
+            + " expander=" + (random.oneIn(5) ? "true" : "false") + "];\n";
     }
     const auto edge = [&](int tail, int head) {
         dot += "n" + QByteArray::number(tail) + " -> n" + QByteArray::number(head) + " []\n";
     };
     // Trees of many forms: parents from everywhere, or from among the last few nodes.
-    const int reach = 1 + dice.below(shape.reach ? shape.reach : shape.nodes);
+    const int reach = 1 + random.below(shape.reach ? shape.reach : shape.nodes);
     for (int i = 1; i < shape.nodes; ++i)
-        edge(std::max(0, i - 1 - dice.below(reach)) % i, i);
+        edge(std::max(0, i - 1 - random.below(reach)) % i, i);
     for (int i = 0; i < shape.crossEdges; ++i) {
-        const int head = 1 + dice.below(shape.nodes - 1);
-        edge(dice.below(head), head);
+        const int head = 1 + random.below(shape.nodes - 1);
+        edge(random.below(head), head);
     }
     for (int i = 0; i < shape.backEdges; ++i)
-        edge(dice.below(shape.nodes), dice.below(shape.nodes));
+        edge(random.below(shape.nodes), random.below(shape.nodes));
     return dot + "}\n";
 }
 
 void expectTheSamePlaces(const QByteArray &dot, bool compact)
 {
-    const Laid laid = runTree(dot);
+    const GraflibDrawing laid = runTree(dot);
     const auto plain = parsed(dot);
     const TreeReading reading(plain.get());
     DotNode *root = reading.findRoot();
@@ -92,12 +92,12 @@ void expectTheSamePlaces(const QByteArray &dot, bool compact)
 
 void compareRandomGraphs(quint32 seed, int rounds, const Shape &largest)
 {
-    Dice dice(seed);
+    RandomNumbers random(seed);
     for (int i = 0; i < rounds && !testing::Test::HasFatalFailure(); ++i) {
-        const Shape shape{2 + dice.below(largest.nodes), dice.below(largest.crossEdges + 1),
-                          dice.below(largest.backEdges + 1), largest.pad, largest.reach};
+        const Shape shape{2 + random.below(largest.nodes), random.below(largest.crossEdges + 1),
+                          random.below(largest.backEdges + 1), largest.pad, largest.reach};
         const bool compact = i % 3 != 0;
-        expectTheSamePlaces(randomGraph(dice, shape, compact), compact);
+        expectTheSamePlaces(randomGraph(random, shape, compact), compact);
     }
 }
 

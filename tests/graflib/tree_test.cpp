@@ -13,12 +13,12 @@ namespace {
 // Nodes without a label and without a shape: as large as their margins, 40 wide and 20 high.
 constexpr auto nodes40x20 = "node [margin=\"0.277777777777777,0.138888888888888\"]\n";
 
-Laid tree(const QByteArray &rootAttributes, const QByteArray &body)
+GraflibDrawing tree(const QByteArray &rootAttributes, const QByteArray &body)
 {
     return runTree("digraph {\ngraph [" + rootAttributes + "]\n" + nodes40x20 + body + "}");
 }
 
-QString place(const Laid &laid, const QString &id)
+QString place(const GraflibDrawing &laid, const QString &id)
 {
     return laid.ofNode(id, u"d1"_s) + u' ' + laid.ofNode(id, u"d2"_s);
 }
@@ -26,7 +26,7 @@ QString place(const Laid &laid, const QString &id)
 constexpr auto half = "nodesep=0.25 ranksep=0.5"; // 18 and 36 points
 constexpr auto halfLR = "rankdir=LR nodesep=0.25 ranksep=0.5";
 
-void expectRefused(const Laid &laid, const QString &message)
+void expectRefused(const GraflibDrawing &laid, const QString &message)
 {
     EXPECT_EQ(laid.result, message);
     EXPECT_TRUE(laid.device->calls().isEmpty());
@@ -75,7 +75,7 @@ TEST(TreeChecks, a_shared_child_is_no_cycle)
 
 TEST(TreeChecks, a_cycle_that_the_root_does_not_reach_is_not_found)
 {
-    const Laid laid = tree("rankdir=LR", "a -> b [] c -> d [] d -> c []");
+    const GraflibDrawing laid = tree("rankdir=LR", "a -> b [] c -> d [] d -> c []");
     EXPECT_EQ(laid.result, QString());
     EXPECT_TRUE(laid.ofNode(u"c"_s, u"level"_s).isNull());
     EXPECT_TRUE(laid.ofNode(u"c"_s, u"d1"_s).isNull());
@@ -84,8 +84,9 @@ TEST(TreeChecks, a_cycle_that_the_root_does_not_reach_is_not_found)
 
 TEST(TreeChecks, what_is_not_reached_is_drawn_at_zero)
 {
-    const Laid laid = runTree("digraph { node [margin=0.5 shape=rectangle] a -> b [] c -> d [] "
-                              "d -> c [] }");
+    const GraflibDrawing laid =
+        runTree("digraph { node [margin=0.5 shape=rectangle] a -> b [] c -> d [] "
+                "d -> c [] }");
     EXPECT_EQ(laid.device->callsOf(u"rect"_s).filter(u"rect 0,0 72,72"_s).size(), 3); // a, c and d
 }
 
@@ -99,14 +100,14 @@ TEST(TreeChecks, the_message_of_the_device_is_the_result)
 
 TEST(TreeLevels, a_node_with_two_parents_stands_in_its_deepest_level)
 {
-    const Laid laid = tree("", "a -> d [] a -> b [] b -> c [] c -> d [] d -> e []");
+    const GraflibDrawing laid = tree("", "a -> d [] a -> b [] b -> c [] c -> d [] d -> e []");
     EXPECT_EQ(laid.ofNode(u"d"_s, u"level"_s), u"3"_s);
     EXPECT_EQ(laid.ofNode(u"e"_s, u"level"_s), u"4"_s);
 }
 
 TEST(TreeLevels, a_level_of_the_input_is_overwritten_where_the_root_reaches)
 {
-    const Laid laid = tree("", "a [level=2000000000] a -> b []");
+    const GraflibDrawing laid = tree("", "a [level=2000000000] a -> b []");
     EXPECT_EQ(laid.result, QString());
     EXPECT_EQ(laid.ofNode(u"a"_s, u"level"_s), u"0"_s);
 }
@@ -133,7 +134,7 @@ TEST(TreeLevels, a_level_outside_of_the_tree_is_refused)
 TEST(TreeLevels, a_level_that_is_no_number_is_none)
 {
     for (const char *level : {"99999999999", "1.0", "x", ""}) {
-        const Laid laid =
+        const GraflibDrawing laid =
             tree("", "a -> b [] c -> d [] d -> c [] c [level=\"" + QByteArray(level) + "\"]");
         EXPECT_EQ(laid.result, QString()) << level;
         EXPECT_TRUE(laid.ofNode(u"c"_s, u"d1"_s).isNull()) << level;
@@ -142,14 +143,14 @@ TEST(TreeLevels, a_level_that_is_no_number_is_none)
 
 TEST(TreeColumns, a_single_node_is_its_extents_and_twice_the_pad)
 {
-    const Laid laid = tree("pad=0.5 rankdir=LR", "a []");
+    const GraflibDrawing laid = tree("pad=0.5 rankdir=LR", "a []");
     EXPECT_EQ(laid.beginCall(), u"begin 112 92"_s);
     EXPECT_EQ(place(laid, u"a"_s), u"36 36"_s);
 }
 
 TEST(TreeColumns, without_any_attribute_nodes_touch)
 {
-    const Laid laid = tree("rankdir=LR", "a -> b [] a -> c []");
+    const GraflibDrawing laid = tree("rankdir=LR", "a -> b [] a -> c []");
     EXPECT_EQ(place(laid, u"a"_s), u"0 10"_s);
     EXPECT_EQ(place(laid, u"b"_s), u"40 0"_s);
     EXPECT_EQ(place(laid, u"c"_s), u"40 20"_s);
@@ -159,7 +160,7 @@ TEST(TreeColumns, without_any_attribute_nodes_touch)
 // A level is as long as its nodes with a gap behind each: 40 for two nodes and 36 for their gaps.
 TEST(TreeColumns, every_level_is_centred_by_itself)
 {
-    const Laid laid = tree(halfLR, "a -> b [] a -> c []");
+    const GraflibDrawing laid = tree(halfLR, "a -> b [] a -> c []");
     EXPECT_EQ(place(laid, u"a"_s), u"0 19"_s);
     EXPECT_EQ(place(laid, u"b"_s), u"76 0"_s);
     EXPECT_EQ(place(laid, u"c"_s), u"76 38"_s);
@@ -168,13 +169,13 @@ TEST(TreeColumns, every_level_is_centred_by_itself)
 
 TEST(TreeColumns, a_level_keeps_the_order_of_the_nodes)
 {
-    const Laid laid = tree(half, "a [] c [] b [] a -> b [] a -> c []");
+    const GraflibDrawing laid = tree(half, "a [] c [] b [] a -> b [] a -> c []");
     EXPECT_LT(laid.number(u"c"_s, u"d2"_s), laid.number(u"b"_s, u"d2"_s));
 }
 
 TEST(TreeColumns, sort_orders_every_level_by_label_without_regard_to_case)
 {
-    const Laid laid =
+    const GraflibDrawing laid =
         runTree("digraph { graph [sort=true rankdir=LR] node [label=zz] r -> x [] r -> y [] "
                 "r -> z [] r -> w [] x [label=b] y [label=C] z [label=A] w [] }");
     EXPECT_LT(laid.number(u"w"_s, u"d2"_s), laid.number(u"z"_s, u"d2"_s)); // no label of its own
@@ -185,13 +186,13 @@ TEST(TreeColumns, sort_orders_every_level_by_label_without_regard_to_case)
 TEST(TreeColumns, bottom_to_top_and_right_to_left_turn_the_levels_only)
 {
     const QByteArray body = "a -> b [] a -> c []";
-    const Laid forward = tree(halfLR, body);
-    const Laid back = tree("rankdir=RL nodesep=0.25 ranksep=0.5", body);
+    const GraflibDrawing forward = tree(halfLR, body);
+    const GraflibDrawing back = tree("rankdir=RL nodesep=0.25 ranksep=0.5", body);
     EXPECT_EQ(place(back, u"a"_s), u"76 19"_s);
     EXPECT_EQ(place(back, u"b"_s), u"0 0"_s);
     EXPECT_EQ(back.beginCall(), forward.beginCall());
 
-    const Laid up = tree(QByteArray("rankdir=BT ") + half, body);
+    const GraflibDrawing up = tree(QByteArray("rankdir=BT ") + half, body);
     EXPECT_EQ(place(up, u"a"_s), u"56 29"_s); // two levels of 20 and 36 between; 116 across
     EXPECT_EQ(place(up, u"c"_s), u"0 58"_s);
     EXPECT_EQ(up.beginCall(), u"begin 116 76"_s);
@@ -199,7 +200,7 @@ TEST(TreeColumns, bottom_to_top_and_right_to_left_turn_the_levels_only)
 
 TEST(TreeColumns, a_node_of_width_zero_has_no_gap_in_the_sum_but_moves_the_next_one)
 {
-    const Laid laid =
+    const GraflibDrawing laid =
         runTree("digraph { graph [nodesep=0.25] a -> b [] a -> c [] b [] c [label=c] }");
     const double width = laid.number(u"c"_s, u"width"_s);
     EXPECT_EQ(laid.number(u"b"_s, u"width"_s), 0.0);
@@ -218,7 +219,7 @@ TEST(TreeColumns, an_expander_widens_its_level_on_any_device)
 TEST(TreeColumns, pad_is_x_and_y_of_the_page_under_every_direction)
 {
     for (const char *rankdir : {"LR", "RL", "TB", "BT"}) {
-        const Laid laid = tree("pad=\"1,0.5\" rankdir=" + QByteArray(rankdir), "a []");
+        const GraflibDrawing laid = tree("pad=\"1,0.5\" rankdir=" + QByteArray(rankdir), "a []");
         EXPECT_EQ(laid.beginCall(), u"begin 184 92"_s) << rankdir;
     }
 }
@@ -226,8 +227,8 @@ TEST(TreeColumns, pad_is_x_and_y_of_the_page_under_every_direction)
 TEST(TreeColumns, margin_is_x_and_y_of_the_page_under_every_direction)
 {
     for (const char *rankdir : {"LR", "RL", "TB", "BT"}) {
-        const Laid laid = runTree("digraph { graph [rankdir=" + QByteArray(rankdir)
-                                  + "] node [margin=\"0.1,0.2\"] a [] }");
+        const GraflibDrawing laid = runTree("digraph { graph [rankdir=" + QByteArray(rankdir)
+                                            + "] node [margin=\"0.1,0.2\"] a [] }");
         EXPECT_EQ(laid.ofNode(u"a"_s, u"width"_s), u"14.4"_s) << rankdir;
         EXPECT_EQ(laid.ofNode(u"a"_s, u"height"_s), u"28.8"_s) << rankdir;
     }
@@ -236,21 +237,21 @@ TEST(TreeColumns, margin_is_x_and_y_of_the_page_under_every_direction)
 // The room for an expander, 9 points at the font size of 12, is kept free at every tail.
 TEST(TreeEdges, level_placement_bends_behind_the_room_for_an_expander)
 {
-    const Laid laid = tree(halfLR, "a -> b []");
+    const GraflibDrawing laid = tree(halfLR, "a -> b []");
     EXPECT_EQ(laid.ofEdge(u"a"_s, u"b"_s, u"d1"_s), u"40 49 76 76"_s);
     EXPECT_EQ(laid.ofEdge(u"a"_s, u"b"_s, u"d2"_s), u"10 10 10 10"_s);
 }
 
 TEST(TreeEdges, level_placement_does_not_read_the_segments)
 {
-    const Laid laid =
+    const GraflibDrawing laid =
         tree(QByteArray(halfLR) + "] edge [headsegment=0.125 tailsegment=0.25", "a -> b []");
     EXPECT_EQ(laid.ofEdge(u"a"_s, u"b"_s, u"d1"_s), u"40 49 76 76"_s);
 }
 
 TEST(TreeEdges, compact_placement_has_the_head_segment_at_the_tail_and_the_tail_segment_at_the_head)
 {
-    const Laid laid =
+    const GraflibDrawing laid =
         tree(QByteArray(halfLR) + " crossing=false] edge [headsegment=0.125 tailsegment=0.25",
              "a -> b []");
     EXPECT_EQ(laid.ofEdge(u"a"_s, u"b"_s, u"d1"_s), u"40 58 58 76"_s);
@@ -259,11 +260,11 @@ TEST(TreeEdges, compact_placement_has_the_head_segment_at_the_tail_and_the_tail_
 
 TEST(TreeEdges, segments_that_leave_no_room_put_both_bends_where_the_last_run_begins)
 {
-    const Laid laid =
+    const GraflibDrawing laid =
         tree(QByteArray(halfLR) + " crossing=false] edge [headsegment=0.25 tailsegment=0.25",
              "a -> b []");
     EXPECT_EQ(laid.ofEdge(u"a"_s, u"b"_s, u"d1"_s), u"40 58 58 76"_s);
-    const Laid longer =
+    const GraflibDrawing longer =
         tree(QByteArray(halfLR) + " crossing=false] edge [headsegment=0.5 tailsegment=0.125",
              "a -> b []");
     EXPECT_EQ(longer.ofEdge(u"a"_s, u"b"_s, u"d1"_s), u"40 67 67 76"_s);
@@ -271,7 +272,7 @@ TEST(TreeEdges, segments_that_leave_no_room_put_both_bends_where_the_last_run_be
 
 TEST(TreeEdges, flipped_ones_run_the_other_way)
 {
-    const Laid laid =
+    const GraflibDrawing laid =
         tree("rankdir=RL nodesep=0.25 ranksep=0.5 crossing=false] edge [headsegment=0.125 "
              "tailsegment=0.125",
              "a -> b []");
@@ -280,7 +281,7 @@ TEST(TreeEdges, flipped_ones_run_the_other_way)
 
 TEST(TreeEdges, of_nodes_that_are_not_reached_start_at_zero)
 {
-    const Laid laid = tree(halfLR, "a -> b [] c -> d [] d -> c []");
+    const GraflibDrawing laid = tree(halfLR, "a -> b [] c -> d [] d -> c []");
     EXPECT_EQ(laid.ofEdge(u"c"_s, u"d"_s, u"d1"_s), u"40 49 0 0"_s);
     EXPECT_EQ(laid.ofEdge(u"c"_s, u"d"_s, u"d2"_s), u"10 10 10 10"_s);
 }

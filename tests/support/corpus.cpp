@@ -46,6 +46,14 @@ std::vector<Drawing::Format> allFormats()
     return indicesOf<Drawing::Format>(Drawing::formatTable());
 }
 
+std::vector<Drawing::Format> formatsOfBothTables()
+{
+    std::vector<Drawing::Format> formats = allFormats();
+    for (std::size_t i = 0; i < Drawing::furtherFormatTable().size(); ++i)
+        formats.push_back(static_cast<Drawing::Format>(formats.size()));
+    return formats;
+}
+
 bool isPicture(Drawing::Format format)
 {
     return format == Drawing::Format::Jpg || format == Drawing::Format::Png;

@@ -18,6 +18,8 @@
 // All engines and all formats, in the order of their tables.
 std::vector<ORR::Drawing::LayoutIndex> allLayouts();
 std::vector<ORR::Drawing::Format> allFormats();
+// Those of both tables: what the companions have besides is drawn in process, and has no goldens.
+std::vector<ORR::Drawing::Format> formatsOfBothTables();
 
 // Whether the format is one of pixels, which say nothing but colours.
 bool isPicture(ORR::Drawing::Format format);

@@ -8,7 +8,7 @@ namespace ORR::Graph::Layout {
 
 namespace Rows = GraflibAttributes;
 
-QList<QPoint> arrowHead(QPoint tip, QPoint before)
+QList<QPoint> arrowTriangle(QPoint tip, QPoint before)
 {
     const ArrowHead head = arrowHead(tip, before.x() < tip.x());
     return {tip, head.upper, head.lower, tip};
@@ -27,7 +27,7 @@ void EdgePainter::draw(const DotEdge *edge) const
     Device::Pen *pen = style.edgePen(edge, false);
     device->drawPolyline(points, pen);
     if (Rows::arrowHead.of(graph, edge) == Rows::Normal)
-        device->drawPolygon(arrowHead(points.at(3), points.at(2)), pen,
+        device->drawPolygon(arrowTriangle(points.at(3), points.at(2)), pen,
                             style.edgeFill(edge, nullptr));
 }
 

@@ -9,7 +9,7 @@ namespace ORR::Graph::Layout {
 // The triangle at the last point of an edge, its first point again at the end. It lies horizontally
 // whatever the edge does; where the last run is vertical on the page its tip still points to the
 // left. That is meant.
-QList<QPoint> arrowHead(QPoint tip, QPoint before);
+QList<QPoint> arrowTriangle(QPoint tip, QPoint before);
 
 // Draws edges along the polylines that the engine gave them.
 class EdgePainter
