@@ -58,14 +58,55 @@ TEST(Foretelling, tells_no_consequence_of_a_value_that_is_told)
 {
     EXPECT_EQ(foretold(u"treemap"_s, "digraph { a [area=\"-1\"]; }"), QStringList());
     EXPECT_EQ(foretold(u"treemap"_s, "digraph { a [area=\"-1\"]; b [area=3]; }"), QStringList());
-    EXPECT_EQ(foretold(u"treemap"_s, "digraph { node [area=thirty]; a; b; }"), QStringList());
     EXPECT_EQ(foretold(u"treemap"_s, "digraph { a [area=\"-1\"];\n b [];\n c [area=3]; }"),
               one(u"2:2 1 of 3 nodes has no area [left-out-node]"_s));
     EXPECT_EQ(foretold(u"treemap"_s, "digraph { a [area=\"-1\"]; b []; }"),
               one(u"1:26 1 of 2 nodes has no area [left-out-node]"_s));
     EXPECT_EQ(foretold(u"flatbubble"_s, "digraph { a [radius=nan]; b [area=300]; }"),
               QStringList());
-    EXPECT_EQ(foretold(u"treemap"_s, "digraph { a [area=inf]; b [area=3]; }"), QStringList());
+}
+
+TEST(Foretelling, tells_that_slices_have_no_labels)
+{
+    EXPECT_EQ(foretold(u"sunburst"_s,
+                       "digraph { a [area=2];\nb [area=1 label=b]; c [area=1 label=c];"
+                       " subgraph s { graph [legend=right label=l]; d [label=d]; } }"),
+              one(u"2:1 2 labels are not drawn: slices have no labels [unseen-label]"_s));
+    EXPECT_EQ(foretold(u"sunburst"_s,
+                       "digraph { a [area=2]; subgraph s { graph [legend=right "
+                       "label=l]; d [label=d]; } }"),
+              QStringList());
+}
+
+TEST(Foretelling, tells_that_an_object_of_a_sequence_without_a_label_is_nothing)
+{
+    EXPECT_EQ(foretold(u"umlseq"_s, "digraph { a [uml=object row=0 col=0]; }"),
+              one(u"0:0 nothing is drawn [blank-drawing]"_s));
+    EXPECT_EQ(foretold(u"umlseq"_s, "digraph { a [uml=object row=0 col=0 label=a]; }"),
+              QStringList());
+}
+
+// A value is told where it stands, which does not say that all of the drawing is lost.
+TEST(Foretelling, tells_that_a_value_leaves_nothing_of_a_chart)
+{
+    const auto blank = [](const QString &reason) {
+        return one(u"0:0 nothing is drawn: "_s + reason + u" [blank-drawing]"_s);
+    };
+    for (const QString &engine : {u"treemap"_s, u"sunburst"_s}) {
+        EXPECT_EQ(foretold(engine, "digraph { a [area=nan label=x]; b [area=1]; }"),
+                  blank(u"an area is no number"_s))
+            << engine.toStdString();
+        EXPECT_EQ(foretold(engine, "digraph { a [area=inf]; b [area=3]; }"),
+                  blank(u"an area is infinite"_s))
+            << engine.toStdString();
+        EXPECT_EQ(foretold(engine, "digraph { a [area=thirty]; }"),
+                  blank(u"an area is no number"_s))
+            << engine.toStdString();
+    }
+    EXPECT_EQ(foretold(u"flatbubble"_s, "digraph { a [radius=wide]; }"),
+              blank(u"a radius is no number"_s));
+    EXPECT_EQ(foretold(u"treemap"_s, "digraph { node [area=thirty]; a; b; }"),
+              blank(u"an area is no number"_s));
 }
 
 TEST(Foretelling, tells_why_an_engine_fails_and_where_if_it_can)

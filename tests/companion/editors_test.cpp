@@ -59,6 +59,24 @@ TEST_F(EditorsTest, the_problem_matcher_reads_every_line)
     EXPECT_EQ(part(lines[1], u"code"_s), u"syntax-error"_s);
 }
 
+// What is only counted is a problem of the file.
+TEST_F(EditorsTest, the_problem_matcher_reads_a_line_that_counts_the_others)
+{
+    writeFile(u"many.dot"_s, "digraph {" + QByteArray(" -1").repeated(103) + " }");
+    const ProgramRun told = run({.arguments = {u"check"_s, u"many.dot"_s}});
+    const QList<QByteArray> lines = told.output.trimmed().split('\n');
+    ASSERT_EQ(lines.size(), 101);
+    const QJsonObject pattern = problemPattern();
+    const QRegularExpressionMatch match =
+        QRegularExpression(pattern[u"regexp"_s].toString()).match(QString::fromUtf8(lines.last()));
+    const auto part = [&](const QString &name) { return match.captured(pattern[name].toInt()); };
+    EXPECT_EQ(part(u"file"_s), u"many.dot"_s);
+    EXPECT_EQ(part(u"line"_s), QString());
+    EXPECT_EQ(part(u"severity"_s), u"error"_s);
+    EXPECT_EQ(part(u"message"_s), u"... and 3 more"_s);
+    EXPECT_EQ(part(u"code"_s), u"negative-number"_s);
+}
+
 // Of the settings in the page, by the editor itself.
 TEST_F(EditorsTest, fill_the_list_of_errors_of_vim)
 {
@@ -100,10 +118,13 @@ TEST_F(EditorsTest, the_hook_refuses_a_commit_of_a_faulty_input)
                            ">.pre-commit-config.yaml\n"
                            "printf 'digraph { a [area=1]; }' >good.dot\n"
                            "printf 'no graph' >notes.txt\n"
+                           "printf 'digraph { graph [xdotversion=1.2 bb=\"0,0,9,9\"];"
+                           " a [_draw_=\"E 5 5 4 4\"]; }' >good.xdot\n"
                            "git add .\n"
                            "pre-commit run --color never\n"
                            "echo === \n"
                            "printf 'digraph { a [area=1' >faulty.dot\n"
+                           "printf 'digraph { a [' >faulty.xdot\n"
                            "git add .\n"
                            "pre-commit run --color never\n"_s;
     const QString path =
@@ -125,6 +146,7 @@ TEST_F(EditorsTest, the_hook_refuses_a_commit_of_a_faulty_input)
     EXPECT_TRUE(parts[0].contains("Passed")) << parts[0].toStdString();
     EXPECT_TRUE(parts[1].contains("Failed")) << parts[1].toStdString();
     EXPECT_TRUE(parts[1].contains("faulty.dot:1:20: error: ")) << parts[1].toStdString();
+    EXPECT_TRUE(parts[1].contains("faulty.xdot:1:14: error: ")) << parts[1].toStdString();
     EXPECT_FALSE(parts[1].contains("notes.txt"));
     EXPECT_EQ(run.status, 1);
 }

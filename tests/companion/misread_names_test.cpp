@@ -125,3 +125,33 @@ TEST(MisreadNames, have_no_attributes_and_no_places)
               told + "\n1:38 comment" + told.substr(12));
     EXPECT_EQ(saidOfBody("/* a -> b */ subgraph r { graph [axis=x]; c }", "matrix"), told);
 }
+
+TEST(MisreadNames, hold_arrows_with_a_blank_in_them)
+{
+    EXPECT_EQ(saidOfBody("a; b; a - > b"),
+              "1:19 arrow-in-name: '- >' makes no edge: it is read as a node; write a -> b");
+    EXPECT_EQ(placesOf("a -  > b"), "1:13 arrow-in-name");
+    EXPECT_EQ(placesOf("a - >b"), "1:13 arrow-in-name");
+    EXPECT_EQ(placesOf("a - b"), "1:13 negative-number");
+    EXPECT_EQ(placesOf("a -x> b"), "1:13 negative-number");
+}
+
+TEST(MisreadNames, hold_quotes_of_other_kinds)
+{
+    EXPECT_EQ(saidOfBody("\u201cfirst one\u201d -> b").substr(0, 109),
+              "1:11 quote-in-name: typographic quotes quote nothing: they are read as text; write "
+              "the name in \"...\"");
+    EXPECT_EQ(saidOfBody("a [label=\u201eAlpha\u201c]"),
+              "1:20 quote-in-name: typographic quotes quote nothing: they are read as text; write "
+              "the value in \"...\"");
+    EXPECT_EQ(placesOf("a [label=\u201dAlpha\u201d]; \"\u201cb\u201d\" [label=c\u201d]"),
+              "1:20 quote-in-name");
+}
+
+TEST(MisreadNames, are_values_that_end_in_a_quote)
+{
+    EXPECT_EQ(saidOfBody("a [label=Alpha\"]"),
+              "1:20 quote-in-name: 'Alpha\"' is one value, with its quote; look for a missing "
+              "quote; write a quote within a value as \\\"");
+    EXPECT_EQ(placesOf("a [label=x\"y\"]; b [label=x\"y]; c [label=\"x\\\"\"]"), "");
+}

@@ -179,3 +179,24 @@ TEST(ReplayRules, what_only_the_replay_rejects_is_told)
               QStringList(u"1:61 replay-syntax-error the replay ends here: found ';', expected a "
                           "statement or '}' (leave the semicolon out)"_s));
 }
+
+TEST(ReplayRules, a_name_like_those_of_ops_is_told)
+{
+    const auto said = [](const QByteArray &list) {
+        return saidOf("digraph { graph [xdotversion=\"1.2\" bb=\"0,0,9,9\"];\na [" + list
+                      + " _draw_=\"E 1 2 3 4\"];\n}");
+    };
+    EXPECT_EQ(said("_darw_=\"E 1 2 3 4\""),
+              QStringList(u"2:4 unknown-attribute: unknown attribute '_darw_': nothing of it is "
+                          "drawn; did you mean '_draw_'?"_s));
+    EXPECT_EQ(said("_Draw_=\"E 1 2 3 4\""),
+              QStringList(u"2:4 unknown-attribute: unknown attribute '_Draw_': nothing of it is "
+                          "drawn; did you mean '_draw_'?"_s));
+    EXPECT_EQ(said("_ldrawl_=\"\""),
+              QStringList(u"2:4 unknown-attribute: unknown attribute '_ldrawl_': nothing of it is "
+                          "drawn; did you mean '_ldraw_'?"_s));
+    EXPECT_EQ(
+        said("_draw_=\"\" _ldraw_=\"\" _hdraw_=\"\" _tdraw_=\"\" _hldraw_=\"\" _tldraw_=\"\""),
+        QStringList());
+    EXPECT_EQ(said("_background=x __=x lable=x draw_=x"), QStringList());
+}

@@ -7,14 +7,16 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr auto validator = R"(
-import json, sys, jsonschema
+import json, os, sys, jsonschema
 schema = json.load(open(sys.argv[1], encoding="utf-8"))
 log = json.loads(sys.stdin.buffer.read().decode("utf-8"))
 checker = jsonschema.FormatChecker()
 faults = list(jsonschema.Draft4Validator(schema, format_checker=checker).iter_errors(log))
 for fault in faults:
     print("/".join(map(str, fault.path)), fault.message[:300])
-if not faults:
+if os.path.basename(log["$schema"]) != os.path.basename(sys.argv[1]):
+    print("another schema is named:", log["$schema"])
+elif not faults:
     print("valid")
 )"_L1;
 

@@ -1,4 +1,5 @@
 // What is wrong with the syntax of a text, rule by rule.
+#include "companion/check_said.h"
 #include "companion/findings/finding_list.h"
 #include "companion/syntax_told.h"
 #include "support/golden.h"
@@ -191,6 +192,14 @@ TEST(SyntaxRules, a_minus_sign_that_is_not_quoted_is_told)
         "in quotes)"_s);
     EXPECT_EQ(placesAndRules("digraph { -1 [x=- ] }"),
               (QStringList{u"1:11 negative-number"_s, u"1:17 negative-number"_s}));
+}
+
+TEST(SyntaxRules, a_minus_sign_that_begins_the_name_of_an_attribute_is_told)
+{
+    EXPECT_EQ(saidOfBody("a [-x=1 \"-y\"=2]", "treemap").substr(0, 106),
+              "1:14 negative-number: the character behind the minus sign of '-x' is lost; write it "
+              "in quotes\n1:19 unknown");
+    EXPECT_EQ(placesAndRules("digraph { // a [-x=1]\n }"), QStringList(u"1:11 comment"_s));
 }
 
 TEST(SyntaxRules, places_count_characters_and_every_kind_of_line_end)

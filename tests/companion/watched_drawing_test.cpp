@@ -60,7 +60,9 @@ TEST_F(WatchedDrawingTest, sees_every_primitive_that_has_a_size)
     const QList<QPoint> point{{5, 5}, {5, 5}};
     EXPECT_FALSE(sees([](WatchedDrawing *) {}));
     EXPECT_TRUE(sees([&](WatchedDrawing *w) { w->drawRect({0, 0}, {0, 5}, 0, pen, nullptr); }));
-    EXPECT_TRUE(sees([&](WatchedDrawing *w) { w->drawRect({9, 9}, {0, 5}, 0, pen, nullptr); }));
+    EXPECT_TRUE(sees([&](WatchedDrawing *w) { w->drawRect({9, 0}, {0, 5}, 0, pen, nullptr); }));
+    EXPECT_FALSE(sees([&](WatchedDrawing *w) { w->drawRect({5, 5}, {4, 4}, 0, pen, nullptr); }));
+    EXPECT_FALSE(sees([&](WatchedDrawing *w) { w->drawRect({5, 5}, {4, 5}, 0, pen, nullptr); }));
     EXPECT_FALSE(sees([&](WatchedDrawing *w) { w->drawRect({5, 5}, {5, 5}, 0, pen, nullptr); }));
     EXPECT_TRUE(sees([&](WatchedDrawing *w) { w->drawEllipse({5, 5}, 1, 1, pen, nullptr); }));
     EXPECT_FALSE(sees([&](WatchedDrawing *w) { w->drawEllipse({5, 5}, 0, 0, pen, nullptr); }));

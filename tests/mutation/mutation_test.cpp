@@ -61,13 +61,6 @@ qint64 pagePixels(const RecordingDevice &device)
     return qAbs(begin.section(u' ', 1, 1).toLongLong() * begin.section(u' ', 2, 2).toLongLong());
 }
 
-int numberFromEnvironment(const char *name, int otherwise)
-{
-    bool isNumber = false;
-    const int number = qEnvironmentVariableIntValue(name, &isNumber);
-    return isNumber ? number : otherwise;
-}
-
 } // namespace
 
 TEST(Mutations, are_rejected_or_drawn_and_twice_the_same)

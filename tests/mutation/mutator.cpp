@@ -202,3 +202,10 @@ qsizetype Mutator::anyWhere(const QByteArrayList &words, bool (*isOfKind)(const 
     }
     return at;
 }
+
+int numberFromEnvironment(const char *name, int otherwise)
+{
+    bool isNumber = false;
+    const int number = qEnvironmentVariableIntValue(name, &isNumber);
+    return isNumber ? number : otherwise;
+}

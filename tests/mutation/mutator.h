@@ -30,3 +30,6 @@ private:
 
     std::mt19937_64 random;
 };
+
+// What a variable of the environment says of the number of texts or of the first seed.
+int numberFromEnvironment(const char *name, int otherwise);

@@ -155,7 +155,8 @@ void AttributeCheck::check(const CheckedAttribute &attribute, AttributePlace pla
 
 void AttributeCheck::addUnknown(const CheckedAttribute &attribute, AttributePlace place)
 {
-    if (isPassedOn(attribute.name))
+    // A name that has lost a character to its minus sign was told with the syntax.
+    if (isPassedOn(attribute.name) || bytes.at(attribute.nameOffset) == '-')
         return;
     unknownAttributes.add(attribute.nameOffset, [&] {
         const QString &name = attribute.name.text();

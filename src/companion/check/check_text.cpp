@@ -6,6 +6,7 @@
 #include "companion/check/drawing_toolkit.h"
 #include "companion/check/listener_pair.h"
 #include "companion/check/object_rules.h"
+#include "companion/check/replay_names.h"
 #include "companion/check/rules.h"
 #include "companion/findings/finding_list.h"
 #include "companion/findings/locate.h"
@@ -70,6 +71,7 @@ QList<Finding> checkText(const QByteArray &bytes, const CheckOptions &options)
     };
     const DrawingRules drawing(checked, text, graph, &findings, lastWords);
     if (graph && isReplayed(*graph)) {
+        checkReplayedNames(checked, text, &findings);
         drawing.checkReplayed();
     } else {
         findUnknownEngine(options.engine, &findings);

@@ -42,7 +42,7 @@ void visitToldSizes(const ForetoldDrawing &made, const DotNode *node, const Visi
     const auto look = [&](const auto &row) {
         const QString *value = row.find(made.graph, node);
         if (value && (!isMeant(row, *value) || !isSensible(row, *value)))
-            visit(row.of(made.graph, node));
+            visit(row, *value);
     };
     if (made.engine == LayoutIndex::FlatBubble) {
         look(BubbleAttributes::radius);
@@ -50,6 +50,17 @@ void visitToldSizes(const ForetoldDrawing &made, const DotNode *node, const Visi
     } else {
         look(ChartAttributes::area);
     }
+}
+
+// Why nothing can be drawn by the size; empty if it is only below 0.
+QString unusableSize(const AttributeRow &row, const QString &value, double size)
+{
+    const QString name = row.name.text();
+    const QString article = name.startsWith(u'a') ? u"an "_s : u"a "_s;
+    if (std::isinf(size))
+        return article + name + " is infinite"_L1;
+    return std::isnan(size) || !isMeant(row, value) ? article + name + " is no number"_L1
+                                                    : QString();
 }
 
 LeftOutNodes::Reason reasonFor(const ForetoldDrawing &made, const DotNode *node)
@@ -82,6 +93,16 @@ private:
     DotSubgraph *last = nullptr;
     bool isInside = false;
 };
+
+// Empty for an engine whose labels are all seen, or may well size their nodes if they are not.
+QString reasonForNoLabel(std::optional<LayoutIndex> engine)
+{
+    if (engine == LayoutIndex::Matrix)
+        return u"the group has no headers"_s;
+    if (engine == LayoutIndex::Treemap)
+        return u"the cell is too small"_s;
+    return engine == LayoutIndex::Sunburst ? u"slices have no labels"_s : QString();
+}
 
 QString reasonText(LeftOutNodes::Reason reason, bool isBubble, bool isOne)
 {
@@ -127,9 +148,12 @@ std::optional<LeftOutNodes> leftOutNodes(const ForetoldDrawing &made)
         if (made.drawing.draws(node))
             continue;
         bool isTold = false;
-        visitToldSizes(made, node, [&](double size) {
+        visitToldSizes(made, node, [&](const auto &row, const QString &value) {
+            const double size = row.of(made.graph, node);
             isTold = true;
             leftOut.hasInfinite = leftOut.hasInfinite || !std::isfinite(size);
+            if (leftOut.unusableSize.isEmpty())
+                leftOut.unusableSize = unusableSize(row, value, size);
         });
         if (isTold) {
             ++leftOut.toldAtValue;
@@ -161,9 +185,8 @@ void findLeftOutNodes(const LeftOutNodes &leftOut, const ForetoldDrawing &made,
 
 void findUnseenLabels(const ForetoldDrawing &made, FindingList *findings)
 {
-    const bool isMatrix = made.engine == LayoutIndex::Matrix;
-    // A label that another engine does not draw may well size its node.
-    if (!isMatrix && made.engine != LayoutIndex::Treemap)
+    const QString reason = reasonForNoLabel(made.engine);
+    if (reason.isEmpty())
         return;
     qint64 count = 0;
     qsizetype first = nowhere;
@@ -180,7 +203,6 @@ void findUnseenLabels(const ForetoldDrawing &made, FindingList *findings)
     }
     if (count == 0)
         return;
-    const QString reason = isMatrix ? u"the group has no headers"_s : u"the cell is too small"_s;
     Finding finding{
         &Rules::unseenLabel,
         (count == 1 ? u"1 label is not drawn: "_s : u"%1 labels are not drawn: "_s.arg(count))

@@ -6,6 +6,7 @@
 #include "drawing/layout_table.h"
 
 #include <QByteArray>
+#include <QString>
 
 #include <optional>
 
@@ -40,6 +41,8 @@ struct LeftOutNodes
     Nodes nodes[reasonCount];
     qint64 toldAtValue = 0; // the others, without an area
     bool hasInfinite = false; // or not a number: such a size, told at its value, spoils all others
+    // What is wrong with the first such size, or one that is not read as a number; empty for none.
+    QString unusableSize;
     qint64 all = 0; // nodes of the chart, without those of its legend
 };
 
@@ -50,7 +53,7 @@ std::optional<LeftOutNodes> leftOutNodes(const ForetoldDrawing &made);
 void findLeftOutNodes(const LeftOutNodes &leftOut, const ForetoldDrawing &made,
                       FindingList *findings);
 
-// Labels that their cells or groups can't hold.
+// Labels that their cells or groups can't hold, and those of slices, which have none.
 void findUnseenLabels(const ForetoldDrawing &made, FindingList *findings);
 
 // Rich texts and pictures in them that are not shown as they are meant.

@@ -94,6 +94,8 @@ QString emptinessReason(const std::optional<LeftOutNodes> &leftOut)
         return {};
     if (leftOut->all == 0)
         return u": there are no nodes"_s;
+    if (!leftOut->unusableSize.isEmpty())
+        return ": "_L1 + leftOut->unusableSize;
     if (leftOut->nodes[LeftOutNodes::WithoutArea].count + leftOut->toldAtValue == leftOut->all)
         return u": no node has an area"_s;
     if (leftOut->nodes[LeftOutNodes::TooSmall].count > 0)
@@ -131,19 +133,11 @@ void findLargePage(QSize page, FindingList *findings)
                                  : " large: images of it are scaled down"_L1)});
 }
 
-// Whether a blank drawing is what values make of it that were told themselves.
-bool followsFromValues(const std::optional<LeftOutNodes> &leftOut)
-{
-    return leftOut
-        && (leftOut->hasInfinite || (leftOut->all > 0 && leftOut->toldAtValue == leftOut->all));
-}
-
 void tellOf(const ForetoldDrawing &made, FindingList *findings)
 {
     const std::optional<LeftOutNodes> leftOut = leftOutNodes(made);
     if (const QString blank = blankness(made, leftOut); !blank.isEmpty()) {
-        if (!followsFromValues(leftOut))
-            findings->add({&Rules::blankDrawing, blank});
+        findings->add({&Rules::blankDrawing, blank});
         return;
     }
     findLargePage(*made.drawing.page(), findings);

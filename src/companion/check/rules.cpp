@@ -172,7 +172,8 @@ constexpr Rule unseenLabel{
     Warning,
     "labels are not drawn",
     "A cell that is too small for its label has none, and so has a group of a matrix without rows "
-    "or columns. The place is that of the first of them.",
+    "or columns. Slices of a sunburst have none at all; its legend does. The place is that of the "
+    "first of them.",
 };
 
 constexpr Rule plainRichText{

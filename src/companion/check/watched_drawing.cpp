@@ -168,9 +168,11 @@ void WatchedDrawing::drawPolygon(const QList<QPoint> &points, Pen *, Color *)
     watchShape(boundsOf(points));
 }
 
+// The box of an empty text ends ahead of its beginning.
 void WatchedDrawing::drawRect(QPoint topLeft, QPoint bottomRight, int, Pen *, Color *)
 {
-    watchShape(boundsOf({topLeft, bottomRight}));
+    if (topLeft.x() < bottomRight.x() || topLeft.y() < bottomRight.y())
+        watchShape(boundsOf({topLeft, bottomRight}));
 }
 
 void WatchedDrawing::drawText(QPoint topLeft, Text *text)

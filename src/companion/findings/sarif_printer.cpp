@@ -15,8 +15,7 @@ namespace ORR::Companion {
 
 namespace {
 
-constexpr auto schema = "https://docs.oasis-open.org/sarif/sarif/v2.1.0/errata01/os/schemas/"
-                        "sarif-schema-2.1.0.json"_L1;
+constexpr auto schema = "https://json.schemastore.org/sarif-2.1.0-rtm.5.json"_L1;
 
 QString fromTable(std::string_view text)
 {

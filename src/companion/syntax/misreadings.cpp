@@ -51,6 +51,12 @@ qsizetype portOf(QByteArrayView name)
     return isOneDigit && isWord(name.first(colon)) ? colon : -1;
 }
 
+// One that opens a text elsewhere: U+201C to U+201E.
+bool opensWithTypographicQuote(QByteArrayView token)
+{
+    return token.startsWith("\u201c") || token.startsWith("\u201d") || token.startsWith("\u201e");
+}
+
 // A name as a suggestion has it.
 QString written(QByteArrayView name)
 {
@@ -72,6 +78,21 @@ void Misreadings::addComment(qsizetype place, const QString &sentence)
     comment = {place, commentEnd(text, place)};
     add(SyntaxRules::comment, place, u"there are no comments here: "_s + sentence,
         u"leave the comment out"_s);
+}
+
+// The blank of "- >" is lost, so that both are one name; with more of them they are two.
+bool Misreadings::findPartedArrow(qsizetype place)
+{
+    qsizetype head = place + 1;
+    while (head < text.size() && QByteArrayView(" \t\n").contains(text.at(head)))
+        ++head;
+    const QByteArrayView behind = unquotedAt(text, head);
+    if (head == place + 1 || !behind.startsWith('>'))
+        return false;
+    misread.end = head + behind.size();
+    add(SyntaxRules::arrowInName, place, u"'- >' makes no edge: it is read as a node"_s,
+        u"write a -> b"_s);
+    return true;
 }
 
 void Misreadings::findMinus(qsizetype place)
@@ -152,7 +173,8 @@ void Misreadings::findInWord(QByteArrayView name, qsizetype place, bool isNode)
         add(SyntaxRules::undirectedEdge, place, u"'--' makes no edge: it is read as a node"_s,
             u"write a -> b"_s);
     } else if (name.startsWith('-')) {
-        findMinus(place);
+        if (!isNode || !findPartedArrow(place))
+            findMinus(place);
     } else if (name.contains("<-")) {
         add(SyntaxRules::arrowInName, place,
             name == "<-" ? u"'<-' makes no edge: it is read as a node"_s
@@ -179,10 +201,23 @@ void Misreadings::findInWord(QByteArrayView name, qsizetype place, bool isNode)
     }
 }
 
+bool Misreadings::findTypographicQuote(QByteArrayView token, qsizetype place, const QString &what)
+{
+    if (!opensWithTypographicQuote(token) || isInComment(place) || isMisread(place))
+        return false;
+    misread = {place, place + token.size()};
+    add(SyntaxRules::quoteInName, place,
+        u"typographic quotes quote nothing: they are read as text"_s,
+        u"write %1 in \"...\""_s.arg(what));
+    return true;
+}
+
 // A comment may be glued to a name, which may have its own faults.
 void Misreadings::findInName(qsizetype place, bool isNode)
 {
     QByteArrayView name = unquotedAt(text, place);
+    if (findTypographicQuote(name, place, u"the name"_s))
+        return;
     // Nearly every name is done with here, in one pass.
     if (hasWordBytesOnly(name) || isInComment(place) || isMisread(place))
         return;
@@ -226,10 +261,12 @@ void Misreadings::nodeMentioned(Graph::DotNode *, NodeMention, bool, qsizetype p
 
 void Misreadings::attributeRead(const Graph::AttributeMention &attribute)
 {
+    if (text.at(attribute.nameOffset) == '-' && !isInComment(attribute.nameOffset))
+        findMinus(attribute.nameOffset);
     const qsizetype place = attribute.valueOffset;
     noteQuotes(place);
     const QByteArrayView value = unquotedAt(text, place);
-    if (value.isEmpty() || isInComment(place))
+    if (value.isEmpty() || isInComment(place) || findTypographicQuote(value, place, u"the value"_s))
         return;
     const qsizetype start =
         value.contains('/') ? commentInValue(text, place, attribute.name.text().toUtf8()) : -1;
@@ -240,6 +277,9 @@ void Misreadings::attributeRead(const Graph::AttributeMention &attribute)
     else if (value.startsWith('<') && value.endsWith('>'))
         add(SyntaxRules::htmlText, place, u"angle brackets quote nothing: they are read as text"_s,
             u"write the value in quotes"_s);
+    else if (value.endsWith('"') && value.count('"') == 1)
+        add(SyntaxRules::quoteInName, place, quotedText(value) + u" is one value, with its quote"_s,
+            u"look for a missing quote; write a quote within a value as \\\""_s);
 }
 
 } // namespace ORR::Companion

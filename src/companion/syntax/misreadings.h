@@ -43,7 +43,9 @@ private:
     bool findPort(QByteArrayView name, qsizetype place);
     void findQuote(QByteArrayView name, qsizetype place);
     void noteQuotes(qsizetype place);
+    bool findPartedArrow(qsizetype place);
     void findMinus(qsizetype place);
+    bool findTypographicQuote(QByteArrayView token, qsizetype place, const QString &what);
     void addComment(qsizetype place, const QString &sentence);
     void add(const Rule &rule, qsizetype place, const QString &sentence, const QString &suggestion);
 

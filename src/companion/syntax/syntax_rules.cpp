@@ -173,8 +173,9 @@ constexpr Rule bracketInName{
 constexpr Rule quoteInName{
     "quote-in-name",
     Error,
-    "a quote is read as a part of a name",
-    "A quote is missing ahead of it. Within a quoted name a quote is written \\\".",
+    "a quote is read as a part of a name or a value",
+    "A quote is missing ahead of it, or it is a typographic one. Within a quoted text a quote is "
+    "written \\\".",
 };
 
 constexpr Rule negativeNumber{
