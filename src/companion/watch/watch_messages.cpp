@@ -62,7 +62,8 @@ std::string drawingMessages(const std::string &program, const QByteArray &input,
     }
     std::string lines;
     if (!drawn.isEmpty())
-        lines += inputMessage(program, input, drawn.join(", ") + " drawn in " + inMilliseconds(time));
+        lines +=
+            inputMessage(program, input, drawn.join(", ") + " drawn in " + inMilliseconds(time));
     for (const auto &[message, outputs] : std::as_const(failed)) {
         const bool isOfAll = outputs.size() == drawings.size();
         lines +=
