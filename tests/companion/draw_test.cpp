@@ -60,6 +60,11 @@ TEST_F(DrawTest, takes_the_engine_from_the_text_unless_told)
     EXPECT_EQ(none.errors,
               "orr draw: 'good.dot': Layout required and layout engine not provided/available.\n"
               "orr draw: 0 drawn, 1 failed\n");
+    writeFile(u"t.dot"_s, "digraph { graph [layout=tremap]; a [area=3]; }");
+    EXPECT_EQ(drawMany({u"t.dot"_s}).errors,
+              "orr draw: 't.dot': Layout required and layout engine not provided/available.; there "
+              "is no engine 'tremap'; did you mean 'treemap'?\n"
+              "orr draw: 0 drawn, 1 failed\n");
 }
 
 TEST_F(DrawTest, replays_a_finished_drawing)
@@ -336,6 +341,12 @@ TEST_F(DrawTest, on_a_full_disk_fails_and_leaves_nothing_half)
     EXPECT_TRUE(run.errors.contains("Unable to write to file")
                 || run.errors.contains("Could not save image to file"))
         << run.errors.toStdString();
+    QByteArrayList lines = run.errors.trimmed().split('\n');
+    lines.removeLast();
+    for (const QByteArray &line : std::as_const(lines)) {
+        EXPECT_TRUE(line.endsWith("; No space left on device")) << line.toStdString();
+        EXPECT_TRUE(line.contains(".dot': '")) << line.toStdString();
+    }
 }
 
 TEST_F(DrawTest, takes_each_input_in_one_share)
