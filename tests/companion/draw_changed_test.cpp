@@ -61,6 +61,24 @@ TEST_F(DrawChangedTest, draws_again_with_other_options_or_fonts)
     EXPECT_EQ(other.errors, all);
 }
 
+TEST_F(DrawChangedTest, draws_again_with_other_templates)
+{
+    const ProgramRun made =
+        shell(u"mkdir home && cp -R '%1/conf' home"_s.arg(QStringLiteral(ORR_PROJECT_FOLDER)));
+    ASSERT_EQ(made.status, 0) << made.errors.toStdString();
+    const auto drawn = [this] {
+        return run({.arguments = {u"draw"_s, u"--changed"_s, u"-K"_s, u"treemap"_s, u"-T"_s,
+                                  u"svg,vsdx"_s, u"-d"_s, u"out"_s, u"good.dot"_s},
+                    .environment = {{u"ORRHOME"_s, path(u"home"_s)}}})
+            .errors;
+    };
+    EXPECT_EQ(drawn(), all);
+    EXPECT_EQ(drawn(), none);
+    const QString file = u"home/conf/orrery/visio/empty/visio/document.xml"_s;
+    writeFile(file, fileContent(file) + '\n');
+    EXPECT_EQ(drawn(), all);
+}
+
 TEST_F(DrawChangedTest, draws_again_what_is_gone_or_was_altered)
 {
     EXPECT_EQ(drawChanged(), all);

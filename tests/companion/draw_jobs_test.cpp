@@ -97,7 +97,50 @@ TEST_F(DrawJobsTest, on_a_pipe_fails_the_second_with_one_output)
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(answers(run)[1][u"status"_s], u"drawn"_s);
     EXPECT_EQ(answers(run)[2][u"message"_s],
-              u"'./x.svg' is the output of both 'good.dot' and 'b.dot'"_s);
+              u"'./x.svg' is the output of both 'good.dot' (line 1) and 'b.dot'"_s);
+}
+
+TEST_F(DrawJobsTest, on_a_pipe_keep_off_the_inputs_so_far)
+{
+    writeFile(u"b.dot"_s, smallGraph());
+    const ProgramRun run = jobs("{\"in\":\"good.dot\",\"out\":\"x.svg\"}\n"
+                                "{\"in\":\"b.dot\",\"out\":\"./good.dot\"}\n"
+                                "{\"in\":\"b.dot\",\"out\":\"r.jsonl\"}\n",
+                                {u"--report"_s, u"r.jsonl"_s});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(answers(run)[1][u"status"_s], u"drawn"_s);
+    EXPECT_EQ(answers(run)[2][u"message"_s],
+              u"'./good.dot' is an input and would be written over"_s);
+    EXPECT_EQ(answers(run)[3][u"message"_s],
+              u"'r.jsonl' is the report and would be written over"_s);
+    EXPECT_EQ(fileContent(u"good.dot"_s), smallGraph());
+}
+
+// Whatever the order: it is known before anything is drawn.
+TEST_F(DrawJobsTest, in_a_file_keep_off_all_inputs_and_the_file)
+{
+    writeFile(u"b.dot"_s, smallGraph());
+    const QByteArray last = "{\"in\":\"good.dot\",\"out\":\"x.svg\"}\n";
+    const auto errors = [&](const QByteArray &line, const QString &command) {
+        writeFile(u"jobs"_s, line + last);
+        const ProgramRun run = shell(u"exec \"$0\" draw -K bar --jobs "_s + command);
+        EXPECT_EQ(run.status, 2);
+        EXPECT_EQ(run.output, "");
+        EXPECT_EQ(fileContent(u"jobs"_s), line + last);
+        return run.errors.first(run.errors.indexOf('\n'));
+    };
+    EXPECT_EQ(errors("{\"in\":\"b.dot\",\"out\":\"good.dot\"}\n", u"jobs"_s),
+              "orr draw: line 1: 'good.dot' is an input and would be written over");
+    for (const QString &command : {u"jobs"_s, u"- <jobs"_s})
+        EXPECT_EQ(errors("{\"in\":\"b.dot\",\"out\":\"./jobs\"}\n", command),
+                  "orr draw: line 1: './jobs' is the file of jobs and would be written over");
+    EXPECT_EQ(errors({}, u"jobs --report jobs"_s),
+              "orr draw: 'jobs' is both the file of jobs and the report");
+    EXPECT_EQ(errors({}, u"jobs --report x.svg"_s),
+              "orr draw: 'x.svg' is both the output of 'good.dot' and the report");
+    EXPECT_EQ(errors({}, u"jobs --report good.dot"_s),
+              "orr draw: 'good.dot' is both an input and the report");
+    EXPECT_EQ(newFiles(), QStringList({u"b.dot"_s, u"jobs"_s}));
 }
 
 TEST_F(DrawJobsTest, in_a_file_refuses_two_with_one_output)
@@ -108,7 +151,8 @@ TEST_F(DrawJobsTest, in_a_file_refuses_two_with_one_output)
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(run.output, "");
     EXPECT_EQ(run.errors,
-              "orr draw: line 2: 'x.svg' is the output of both 'good.dot' and 'b.dot'\n"
+              "orr draw: line 2: 'x.svg' is the output of both 'good.dot' (line 1) and "
+              "'b.dot'\n"
               "Try 'orr draw --help'.\n");
     EXPECT_EQ(newFiles(), QStringList(u"jobs"_s));
 }

@@ -58,6 +58,56 @@ TEST(OutputClaims, know_a_file_by_each_of_its_names)
     }
 }
 
+TEST(OutputClaims, follow_links_as_writing_does)
+{
+    namespace fs = std::filesystem;
+    const fs::path folder = fs::path(ORR_TEST_SCRATCH) / "claims";
+    fs::remove_all(folder);
+    fs::create_directories(folder / "f");
+    fs::create_directory_symlink("f", folder / "link");
+    fs::create_symlink("link/new.svg", folder / "to-nothing");
+    fs::create_symlink("b.dot", folder / "to-input");
+    fs::create_symlink("loop", folder / "loop");
+    const auto name = [&](const char *file) {
+        return QByteArray::fromStdString((folder / file).native());
+    };
+    OutputClaims claims;
+    claims.addInput(name("b.dot"));
+    EXPECT_EQ(claims.claim(name("f/z.svg"), "1"), "");
+    EXPECT_NE(claims.claim(name("link/z.svg"), "2"), "");
+    EXPECT_NE(claims.claim(name("f/../link/./z.svg"), "2"), "");
+    EXPECT_EQ(claims.claim(name("to-nothing"), "3"), "");
+    EXPECT_NE(claims.claim(name("f/new.svg"), "4"), "");
+    EXPECT_EQ(claims.claim(name("to-input"), "5"),
+              '\'' + name("to-input") + "' is an input and would be written over");
+    EXPECT_EQ(claims.claim(name("loop"), "6"), "");
+    // It is released from where it was claimed, although it is there now.
+    std::fclose(std::fopen(name("f/new.svg").constData(), "w"));
+    claims.release(name("to-nothing"));
+    EXPECT_EQ(claims.claim(name("to-nothing"), "3"), "");
+    fs::remove_all(folder);
+}
+
+TEST(OutputClaims, keep_other_files_apart_too)
+{
+    OutputClaims claims;
+    claims.addInput("a.dot");
+    EXPECT_EQ(claims.take("jobs", "the file of jobs"), "");
+    EXPECT_EQ(claims.claim("./jobs", "a.dot"),
+              "'./jobs' is the file of jobs and would be written over");
+    EXPECT_EQ(claims.claim("a.svg", "a.dot", 3), "");
+    EXPECT_EQ(claims.take("./a.svg", "the report"),
+              "'./a.svg' is both the output of 'a.dot' and the report");
+    EXPECT_EQ(claims.take("./a.dot", "the report"), "'./a.dot' is both an input and the report");
+    EXPECT_EQ(claims.take("/dev/null", "the report"), "");
+    EXPECT_EQ(claims.take("/dev/null", "the file of jobs"), "");
+    EXPECT_EQ(claims.claim("a.svg", "b\n.dot", 4),
+              "'a.svg' is the output of both 'a.dot' (line 3) and 'b\\x0a.dot'");
+    claims.forgetOutputs();
+    EXPECT_EQ(claims.claim("a.svg", "b.dot"), "");
+    EXPECT_NE(claims.claim("jobs", "b.dot"), "");
+}
+
 TEST(OutputClaims, guard_the_inputs)
 {
     OutputClaims claims;

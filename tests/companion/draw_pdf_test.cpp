@@ -81,6 +81,7 @@ protected:
     {
         const ProgramRun run = this->run({.arguments = arguments, .command = program});
         EXPECT_EQ(run.status, 0) << program.toStdString() << ": " << run.errors.toStdString();
+        EXPECT_EQ(run.errors, "") << program.toStdString();
         return run.output;
     }
 
@@ -160,4 +161,34 @@ TEST_F(DrawTest, pdf_links_are_seen_by_another_reader)
                                  .command = u"pdftohtml"_s});
     EXPECT_EQ(seen.output.count("<a href=\"https://a.example/top\">"), 2)
         << seen.output.toStdString();
+}
+
+// An edge that goes straight on names a point of its line twice.
+TEST_F(DrawTest, pdf_of_a_line_with_a_point_twice_has_no_fault)
+{
+    QByteArray tree = "digraph { graph [layout=\"gftree\"";
+    for (int i = 1; i <= 30; ++i) {
+        const QByteArray node = "n" + QByteArray::number(i);
+        tree += (i == 1 ? "]; " : "n" + QByteArray::number(i / 2) + " -> " + node + "; ") + node
+            + " [label=\"" + node + "\"]; ";
+    }
+    writeFile(u"tree.dot"_s, tree + '}');
+    writeFile(u"row.dot"_s,
+              "digraph { graph [layout=\"gftree\", rankdir=\"LR\"]; n1 [label=\"n1\"]; "
+              "n2 [label=\"n2\"]; n3 [label=\"n3\"]; n1 -> n2; n2 -> n3; }");
+    const ProgramRun drawn = drawMany({u"-T"_s, u"pdf,svg"_s, u"tree.dot"_s, u"row.dot"_s});
+    ASSERT_EQ(drawn.status, 0) << drawn.errors.toStdString();
+    for (const QString &name : {u"tree"_s, u"row"_s}) {
+        static const QRegularExpression twice(u"points=\"[^\"]*?(\\d+,\\d+) \\1[ \"]"_s);
+        ASSERT_TRUE(QString::fromUtf8(fileContent(name + u".svg"_s)).contains(twice));
+        for (const QStringList &reader :
+             {QStringList{u"pdftotext"_s, name + u".pdf"_s, u"-"_s},
+              QStringList{u"pdftoppm"_s, u"-r"_s, u"72"_s, u"-png"_s, name + u".pdf"_s, name}}) {
+            if (!isInstalled(reader.first()))
+                GTEST_SKIP() << reader.first().toStdString() << " is not installed";
+            const ProgramRun seen = run({.arguments = reader.sliced(1), .command = reader.first()});
+            EXPECT_EQ(seen.status, 0);
+            EXPECT_EQ(seen.errors, "") << reader.join(u' ').toStdString();
+        }
+    }
 }

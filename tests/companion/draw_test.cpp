@@ -60,6 +60,11 @@ TEST_F(DrawTest, takes_the_engine_from_the_text_unless_told)
     EXPECT_EQ(none.errors,
               "orr draw: 'good.dot': Layout required and layout engine not provided/available.\n"
               "orr draw: 0 drawn, 1 failed\n");
+    writeFile(u"t.dot"_s, "digraph { graph [layout=tremap]; a [area=3]; }");
+    EXPECT_EQ(drawMany({u"t.dot"_s}).errors,
+              "orr draw: 't.dot': Layout required and layout engine not provided/available.; there "
+              "is no engine 'tremap'; did you mean 'treemap'?\n"
+              "orr draw: 0 drawn, 1 failed\n");
 }
 
 TEST_F(DrawTest, replays_a_finished_drawing)
@@ -138,6 +143,50 @@ TEST_F(DrawTest, refuses_two_drawings_with_one_output)
     EXPECT_EQ(newFiles(), QStringList(u"good.gv"_s));
 }
 
+TEST_F(DrawTest, finds_one_output_behind_links)
+{
+    ASSERT_EQ(shell(u"ln -s . l; cp good.dot b.dot; cp good.dot c.dot; ln -s b.dot c.svg"_s).status,
+              0);
+    writeFile(u"jobs"_s,
+              "{\"in\":\"good.dot\",\"out\":\"z.svg\"}\n"
+              "{\"in\":\"b.dot\",\"out\":\"l/z.svg\"}\n");
+    const auto errors = [this](const QStringList &arguments) {
+        const ProgramRun run = drawMany(QStringList{u"-K"_s, u"bar"_s} + arguments);
+        EXPECT_EQ(run.status, 2);
+        return run.errors.first(run.errors.indexOf('\n'));
+    };
+    EXPECT_EQ(errors({u"--jobs"_s, u"jobs"_s}),
+              "orr draw: line 2: 'l/z.svg' is the output of both 'good.dot' (line 1) and 'b.dot'");
+    EXPECT_EQ(errors({u"-T"_s, u"svg"_s, u"-o"_s, u"l/b.dot"_s, u"b.dot"_s}),
+              "orr draw: 'l/b.dot' is an input and would be written over");
+    // It is what a link leads to that is written.
+    EXPECT_EQ(errors({u"b.dot"_s, u"c.dot"_s}),
+              "orr draw: 'c.svg' is an input and would be written over");
+    EXPECT_EQ(fileContent(u"b.dot"_s), smallGraph());
+    EXPECT_FALSE(newFiles().contains(u"z.svg"_s));
+}
+
+TEST_F(DrawTest, writes_no_report_over_anything_else)
+{
+    writeFile(u"good.svg"_s, "as it was");
+    const auto errors = [this](const QString &report) {
+        const ProgramRun run =
+            drawMany({u"-K"_s, u"bar"_s, u"--changed"_s, u"--report"_s, report, u"good.dot"_s});
+        EXPECT_EQ(run.status, 2);
+        return run.errors.first(run.errors.indexOf('\n'));
+    };
+    EXPECT_EQ(errors(u"./good.dot"_s), "orr draw: './good.dot' is both an input and the report");
+    EXPECT_EQ(errors(u"good.svg"_s),
+              "orr draw: 'good.svg' is both the output of 'good.dot' and the report");
+    EXPECT_EQ(errors(u".orr-draw-notes"_s),
+              "orr draw: '.orr-draw-notes' is both the file of notes and the report");
+    EXPECT_EQ(fileContent(u"good.dot"_s), smallGraph());
+    EXPECT_EQ(fileContent(u"good.svg"_s), "as it was");
+    EXPECT_EQ(newFiles(), QStringList(u"good.svg"_s));
+    EXPECT_EQ(drawMany({u"-K"_s, u"bar"_s, u"--report"_s, u"/dev/null"_s, u"good.dot"_s}).status,
+              0);
+}
+
 TEST_F(DrawTest, says_what_is_wrong_with_its_use)
 {
     const auto wrong = [this](const QStringList &arguments) {
@@ -209,6 +258,31 @@ TEST_F(DrawTest, tells_names_so_that_no_terminal_obeys_them)
     EXPECT_TRUE(run.errors.startsWith("orr draw: '\\x1b[2J.dot': ")) << run.errors.toStdString();
 }
 
+TEST_F(DrawTest, lets_no_name_begin_a_message)
+{
+    const QString name = u"a\norr draw: all drawn"_s;
+    const QByteArray shown = "a\\x0aorr draw: all drawn";
+    const auto firstLine = [this](const QStringList &arguments) {
+        const ProgramRun run = drawMany(QStringList{u"-K"_s, u"bar"_s} + arguments);
+        return run.errors.first(run.errors.indexOf('\n'));
+    };
+    EXPECT_EQ(firstLine({name}),
+              "orr draw: '" + shown + "': the input can't be read: No such file or directory");
+    EXPECT_EQ(firstLine({u"-T"_s, u"svg,png"_s, u"-j"_s, u"1"_s, name}),
+              "orr draw: '" + shown + "': '" + shown
+                  + ".svg': the input can't be read: No such file or directory");
+    EXPECT_EQ(firstLine({name, name}),
+              "orr draw: '" + shown + ".svg' is the output of both '" + shown + "' and '" + shown
+                  + '\'');
+    for (const QStringList &arguments :
+         {QStringList{u"-o"_s, name + u".svg"_s, name + u".svg"_s},
+          QStringList{u"-o"_s, name, u"good.dot"_s}, QStringList{u"-d"_s, name, u"good.dot"_s},
+          QStringList{u"-d"_s, u"."_s, u"../"_s + name}, QStringList{u"-T"_s, name, u"good.dot"_s},
+          QStringList{u"--jobs"_s, name},
+          QStringList{u"--report"_s, name + u"/x"_s, u"good.dot"_s}})
+        EXPECT_TRUE(firstLine(arguments).contains(shown)) << arguments.join(u' ').toStdString();
+}
+
 TEST_F(DrawTest, reports_every_drawing)
 {
     const ProgramRun run = drawMany({u"-K"_s, u"treemap"_s, u"-T"_s, u"svg,png"_s, u"--report"_s,
@@ -267,6 +341,12 @@ TEST_F(DrawTest, on_a_full_disk_fails_and_leaves_nothing_half)
     EXPECT_TRUE(run.errors.contains("Unable to write to file")
                 || run.errors.contains("Could not save image to file"))
         << run.errors.toStdString();
+    QByteArrayList lines = run.errors.trimmed().split('\n');
+    lines.removeLast();
+    for (const QByteArray &line : std::as_const(lines)) {
+        EXPECT_TRUE(line.endsWith("; No space left on device")) << line.toStdString();
+        EXPECT_TRUE(line.contains(".dot': '")) << line.toStdString();
+    }
 }
 
 TEST_F(DrawTest, takes_each_input_in_one_share)

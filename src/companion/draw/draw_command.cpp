@@ -4,6 +4,7 @@
 #include "companion/command/options.h"
 #include "companion/draw/draw_run.h"
 #include "companion/draw/job_line.h"
+#include "companion/findings/terminal_text.h"
 #include "companion/jobs/worker.h"
 #include "drawing/format_table.h"
 #include "output/files/file_name.h"
@@ -278,7 +279,8 @@ std::optional<int> readRequestInto(const CommandCall &call, const DrawUse &use,
     if (const std::optional<int> status = readArguments(call, use, options))
         return status;
     renameStreams(options);
-    const std::string fault = readRequest(*options, request);
+    // Names in it may hold line feeds.
+    const std::string fault = terminalText(readRequest(*options, request)).toStdString();
     return fault.empty() ? std::nullopt : std::optional(wrongUse(call, fault));
 }
 

@@ -3,6 +3,7 @@
 #include "companion/command/options.h"
 #include "companion/command/streams.h"
 #include "companion/draw/job_line.h"
+#include "companion/draw/quoted_name.h"
 #include "companion/draw/surroundings_stamp.h"
 #include "driver/standard_streams.h"
 #include "graph/limits.h"
@@ -67,10 +68,12 @@ DrawRun::DrawRun(const CommandCall &call_, const DrawRequest &request_)
 
 int DrawRun::run()
 {
+    if (request.onlyChanged)
+        claims.take(fileOfNotes(request), "the file of notes");
     if (const auto status = request.jobs ? openJobs() : planFiles())
         return *status;
-    if (const std::string fault = results.openReport(); !fault.empty())
-        return wrongUse(call, '\'' + *request.report + "' can't be written: " + fault);
+    if (const auto status = openReport())
+        return *status;
     if (const auto status = readStandardInput())
         return *status;
     if (request.onlyChanged)
@@ -108,30 +111,61 @@ std::optional<int> DrawRun::openJobs()
 {
     if (*request.jobs == "-" && !call.hasInput)
         return wrongUse(call, "standard input can't be read: it is closed");
+    const QByteArray name = QByteArray::fromStdString(*request.jobs);
     jobs.emplace(*request.jobs);
     if (!jobs->fault().empty())
-        return wrongUse(call, '\'' + *request.jobs + "' can't be read: " + jobs->fault());
+        return wrongUse(call, quotedName(name).toStdString() + " can't be read: " + jobs->fault());
+    if (const QByteArray fault = claims.take(name, "the file of jobs"); !fault.isEmpty())
+        return wrongUse(call, fault.toStdString());
     if (!jobs->isRegularFile())
         return std::nullopt;
     while (jobs->wantsMore())
         jobs->read();
-    OutputClaims tried;
     std::deque<JobSource::Line> lines;
-    while (jobs->hasLines()) {
+    while (jobs->hasLines())
         lines.push_back(jobs->next());
-        const auto job = readJobLine(lines.back().text, request);
+    const std::string fault = claimAll(lines);
+    jobs->giveBack(std::move(lines));
+    return fault.empty() ? std::nullopt : std::optional(wrongUse(call, fault));
+}
+
+// Which line asks for an output that it can't have, once all inputs are known.
+std::string DrawRun::claimAll(const std::deque<JobSource::Line> &lines)
+{
+    std::deque<Plan> plans;
+    for (const JobSource::Line &line : lines) {
+        const auto job = readJobLine(line.text, request);
         if (!std::holds_alternative<LineOfJob>(job))
             continue;
-        const Plan plan = planOfJob(std::get<LineOfJob>(job), lines.back().number, request);
+        claims.addInput(std::get<LineOfJob>(job).input);
+        plans.push_back(planOfJob(std::get<LineOfJob>(job), line.number, request));
+    }
+    for (const Plan &plan : plans) {
         for (const PlannedDrawing &drawing : plan.drawings) {
-            const QByteArray fault = tried.claim(drawing.task.output, drawing.input);
+            const QByteArray fault = claims.claim(drawing.task.output, drawing.input, drawing.job);
             if (!fault.isEmpty())
-                return wrongUse(call,
-                                "line " + std::to_string(lines.back().number) + ": "
-                                    + fault.toStdString());
+                return "line " + std::to_string(drawing.job) + ": " + fault.toStdString();
         }
     }
-    jobs->giveBack(std::move(lines));
+    return {};
+}
+
+// Jobs claim their outputs once more as they come.
+std::optional<int> DrawRun::openReport()
+{
+    if (request.report) {
+        const QByteArray name = QByteArray::fromStdString(*request.report);
+        std::string fault = claims.take(name, "the report").toStdString();
+        if (fault.empty()) {
+            fault = results.openReport();
+            if (!fault.empty())
+                fault = quotedName(name).toStdString() + " can't be written: " + fault;
+        }
+        if (!fault.empty())
+            return wrongUse(call, fault);
+    }
+    if (request.jobs)
+        claims.forgetOutputs();
     return std::nullopt;
 }
 
@@ -154,7 +188,7 @@ QByteArray DrawRun::addToPlan(const Plan &plan)
     QByteArray fault;
     for (const PlannedDrawing &drawing : plan.drawings) {
         if (drawing.task.output != "-")
-            fault = claims.claim(drawing.task.output, drawing.input);
+            fault = claims.claim(drawing.task.output, drawing.input, drawing.job);
         if (!fault.isEmpty())
             break;
         ++claimed;
@@ -186,6 +220,7 @@ void DrawRun::takeLine(const JobSource::Line &line)
         return;
     }
     const LineOfJob &job = std::get<LineOfJob>(read);
+    claims.addInput(job.input);
     if (!isInShard(job.input, request.shard))
         return;
     const Plan plan = planOfJob(job, line.number, request);

@@ -25,8 +25,10 @@ private:
     // Each gives the status of wrong use, which has been told, or nothing.
     std::optional<int> planFiles();
     std::optional<int> openJobs();
+    std::optional<int> openReport();
     std::optional<int> readStandardInput();
 
+    std::string claimAll(const std::deque<JobSource::Line> &lines);
     QByteArray addToPlan(const Plan &plan);
     void takeLine(const JobSource::Line &line);
     void drawPlan();

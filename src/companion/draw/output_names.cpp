@@ -1,7 +1,13 @@
 #include "companion/draw/output_names.h"
 
+#include "companion/draw/quoted_name.h"
+
 #include <algorithm>
+#include <climits>
 #include <filesystem>
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace ORR::Companion {
 
@@ -19,9 +25,20 @@ QByteArray nameOf(const Path &path)
     return QByteArray::fromStdString(path.native());
 }
 
-QByteArray quoted(const QByteArray &name)
+// What a symbolic link holds; empty for anything else.
+QByteArray linkAt(const QByteArray &place)
 {
-    return '\'' + name + '\'';
+    char target[PATH_MAX];
+    const ssize_t length = ::readlink(place.constData(), target, sizeof target);
+    return length > 0 ? QByteArray(target, length) : QByteArray();
+}
+
+// Whether there is something that takes whatever is written to it, by whomever.
+bool isDevice(const QByteArray &name)
+{
+    struct stat status = {};
+    return ::stat(name.constData(), &status) == 0 && !S_ISREG(status.st_mode)
+        && !S_ISDIR(status.st_mode);
 }
 
 } // namespace
@@ -56,27 +73,41 @@ void makeFoldersOf(const QByteArray &output)
 OutputClaims::OutputClaims()
 {
     std::error_code ignored;
-    workingFolder = std::filesystem::current_path(ignored).native();
+    workingFolder = nameOf(std::filesystem::current_path(ignored));
 }
 
-void OutputClaims::addInput(const QByteArray &input)
+QByteArray OutputClaims::take(const QByteArray &file, const QByteArray &use)
 {
-    inputs.insert(placeOf(input));
+    const QByteArray name = file == "-" ? QByteArray("/proc/self/fd/0") : file;
+    if (isDevice(name))
+        return {};
+    const QByteArray place = placeOf(name);
+    const auto claim = claims.constFind(place);
+    const QByteArray other =
+        claim == claims.cend() ? uses.value(place) : "the output of " + quotedName(claim->input);
+    if (other.isEmpty())
+        uses.insert(place, use);
+    return other.isEmpty() ? QByteArray() : quotedName(file) + " is both " + other + " and " + use;
 }
 
-QByteArray OutputClaims::claim(const QByteArray &output, const QByteArray &input)
+QByteArray OutputClaims::claim(const QByteArray &output, const QByteArray &input, qint64 line)
 {
     const QByteArray place = placeOf(output);
-    if (inputs.contains(place) || place == placeOf(input))
-        return quoted(output) + " is an input and would be written over";
+    const QByteArray use = place == placeOf(input) ? QByteArray("an input") : uses.value(place);
+    if (!use.isEmpty())
+        return quotedName(output) + " is " + use + " and would be written over";
     const auto found = claims.find(place);
     if (found == claims.end()) {
-        claims.insert(place, {input});
+        claims.insert(place, {input, line});
         return {};
     }
-    if (found->isHeld || found->input != input)
-        return quoted(output) + " is the output of both " + quoted(found->input) + " and "
-            + quoted(input);
+    if (found->isHeld || found->input != input) {
+        const QByteArray where =
+            found->line < 0 ? QByteArray() : " (line " + QByteArray::number(found->line) + ')';
+        return quotedName(output) + " is the output of both " + quotedName(found->input) + where
+            + " and " + quotedName(input);
+    }
+    found->line = line;
     found->isHeld = true;
     return {};
 }
@@ -88,14 +119,44 @@ void OutputClaims::release(const QByteArray &output)
         found->isHeld = false;
 }
 
-QByteArray OutputClaims::placeOf(const QByteArray &name) const
+// The file that a name leads to, whether it is there or not.
+QByteArray OutputClaims::placeOf(const QByteArray &name)
 {
-    // Nearly all names are plain ones, for which taking paths apart would be most of the work.
-    const bool isPlain = !name.startsWith('/') && !name.startsWith('.') && !name.contains("//")
-        && !name.contains("/.");
-    if (isPlain)
-        return QByteArray::fromStdString(workingFolder) + '/' + name;
-    return nameOf((Path(workingFolder) / pathOf(name)).lexically_normal());
+    constexpr int mostLinks = 40; // as the system has it
+    QByteArray place = placeInFolder(name);
+    for (int i = 0; i < mostLinks; ++i) {
+        const QByteArray target = linkAt(place);
+        if (target.isEmpty())
+            break;
+        const QByteArray folder = place.first(place.lastIndexOf('/') + 1);
+        place = placeInFolder(target.startsWith('/') ? target : folder + target);
+    }
+    return place;
+}
+
+QByteArray OutputClaims::placeInFolder(const QByteArray &name)
+{
+    const qsizetype slash = name.lastIndexOf('/');
+    const QByteArray last = name.sliced(slash + 1);
+    if (last.isEmpty() || last == "." || last == "..")
+        return folderAt(name);
+    return folderAt(name.first(slash + 1)) + '/' + last;
+}
+
+// Without a slash at its end.
+QByteArray OutputClaims::folderAt(const QByteArray &name)
+{
+    const auto known = folders.constFind(name);
+    if (known != folders.cend())
+        return *known;
+    const Path path = pathOf(workingFolder) / pathOf(name);
+    std::error_code fault;
+    const Path real = std::filesystem::weakly_canonical(path, fault);
+    QByteArray folder = nameOf(fault ? path.lexically_normal() : real);
+    while (folder.endsWith('/'))
+        folder.chop(1);
+    folders.insert(name, folder);
+    return folder;
 }
 
 } // namespace ORR::Companion

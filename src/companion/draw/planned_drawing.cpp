@@ -1,5 +1,6 @@
 #include "companion/draw/planned_drawing.h"
 
+#include "companion/draw/quoted_name.h"
 #include "drawing/format_table.h"
 
 #include <utility>
@@ -34,8 +35,8 @@ Plan planned(const LineOfJob &job, qint64 line, const DrawRequest &request)
             : std::optional(job.outputs.at(i));
         if (!output)
             return {{},
-                    '\'' + job.input
-                        + "' lies above the working folder, so that it has no "
+                    quotedName(job.input)
+                        + " lies above the working folder, so that it has no "
                           "place below that of the outputs"};
         plan.drawings.append(
             {.task = {.input = job.input, .output = *output, .options = job.kinds.at(i)},

@@ -1,6 +1,7 @@
 #include "companion/draw/results.h"
 
 #include "companion/command/streams.h"
+#include "companion/draw/quoted_name.h"
 #include "output/files/file_name.h"
 
 #include <QJsonDocument>
@@ -51,8 +52,8 @@ QByteArray lineOf(const QJsonObject &object)
 } // namespace
 
 Results::Results(const CommandCall &call_, const DrawRequest &request)
-    : call(call_), hasJobs(request.jobs.has_value()), tellsUnchanged(request.onlyChanged),
-      reportName(request.report)
+    : call(call_), hasJobs(request.jobs.has_value()), hasFormats(request.kinds.size() > 1),
+      tellsUnchanged(request.onlyChanged), reportName(request.report)
 {
 }
 
@@ -104,8 +105,8 @@ void Results::add(const PlannedDrawing &drawing, End end, const DrawingAnswer &a
     result.insert(u"input"_s, Graph::fileNameText(drawing.input));
     if (isWritable && !Graph::writeToEnd(report.number(), lineOf(result))) {
         progress.clear();
-        tell(call.name + ": '" + *reportName + "' can't be written: " + std::strerror(errno)
-             + '\n');
+        tell(call.name + ": " + quotedName(QByteArray::fromStdString(*reportName)).toStdString()
+             + " can't be written: " + std::strerror(errno) + '\n');
         isWritable = false;
     }
 }
@@ -132,9 +133,10 @@ void Results::count(End end, Counts *counts)
 void Results::tellFailure(const PlannedDrawing &drawing, const QByteArray &message)
 {
     progress.clear();
-    const std::string name =
-        drawing.input == "-" ? "standard input" : '\'' + drawing.input.toStdString() + '\'';
-    tell(call.name + ": " + name + ": " + message.toStdString() + '\n');
+    QByteArray name = drawing.input == "-" ? "standard input" : quotedName(drawing.input);
+    if (hasFormats)
+        name += ": " + quotedName(drawing.task.output);
+    tell(call.name + ": " + (name + ": " + message).toStdString() + '\n');
 }
 
 void Results::answer(const QJsonObject &line)

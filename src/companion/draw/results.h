@@ -56,6 +56,7 @@ private:
 
     const CommandCall &call;
     bool hasJobs;
+    bool hasFormats; // more than one of each input
     bool tellsUnchanged;
     std::optional<std::string> reportName;
     Graph::Descriptor report;

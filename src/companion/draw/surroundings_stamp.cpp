@@ -1,8 +1,13 @@
 #include "companion/draw/surroundings_stamp.h"
 
-#include <QCryptographicHash>
+#include "drawing/home_directory.h"
 
-#include <cstdlib>
+#include <QCryptographicHash>
+#include <QDirIterator>
+#include <QFile>
+
+#include <cerrno>
+#include <utility>
 
 #include <fontconfig/fontconfig.h>
 #include <sys/stat.h>
@@ -42,6 +47,21 @@ void addConfiguration(QCryptographicHash *hash, FcConfig *configuration)
     FcStrListDone(files);
 }
 
+// What a drawing in VSDX is made from.
+void addTemplates(QCryptographicHash *hash, const QString &home)
+{
+    const QString folder = Drawing::visioTemplateDirectory(home);
+    if (folder.isEmpty())
+        return;
+    QStringList files;
+    QDirIterator templates(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (templates.hasNext())
+        files += templates.next();
+    files.sort();
+    for (const QString &file : std::as_const(files))
+        addFile(hash, QFile::encodeName(file).constData());
+}
+
 } // namespace
 
 QByteArray surroundingsStamp()
@@ -49,8 +69,8 @@ QByteArray surroundingsStamp()
     QCryptographicHash hash(QCryptographicHash::Sha1);
     hash.addData(QByteArrayView(ORR_VERSION "\n"));
     addFile(&hash, "/proc/self/exe");
-    const char *const home = std::getenv("ORRHOME");
-    hash.addData(QByteArrayView(home ? home : ""));
+    const auto clues = Drawing::homeClues(QString::fromLocal8Bit(program_invocation_name));
+    addTemplates(&hash, Drawing::findHome(clues).directory);
     FcConfig *const configuration = FcInitLoadConfigAndFonts();
     if (configuration) {
         addConfiguration(&hash, configuration);

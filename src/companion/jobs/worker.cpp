@@ -1,12 +1,14 @@
 #include "companion/jobs/worker.h"
 
 #include "companion/command/streams.h"
+#include "companion/findings/nearest_word.h"
 #include "companion/jobs/drawing_task.h"
 #include "companion/jobs/value_bytes.h"
 #include "device/text_widths.h"
 #include "drawing/environment.h"
 #include "drawing/home_directory.h"
 #include "drawing/job.h"
+#include "drawing/layout_table.h"
 #include "drawing/sudden_end.h"
 #include "drawing/toolkit.h"
 #include "graph/message_text.h"
@@ -94,6 +96,27 @@ QByteArray folderFault(const QByteArray &output)
     return "; its folder: " + QByteArray(std::strerror(errno));
 }
 
+// What the system said last, if only writing can have failed that way.
+QByteArray writingFault(int error)
+{
+    for (const int known : {ENOSPC, EDQUOT, EFBIG, EIO, EROFS, EISDIR, ELOOP, ENAMETOOLONG}) {
+        if (error == known)
+            return "; " + QByteArray(std::strerror(error));
+    }
+    return {};
+}
+
+// Which engine there is not, and which may be meant; empty if none was named.
+QByteArray engineFault(const QString &engine)
+{
+    if (engine.isEmpty())
+        return {};
+    const QString suggestion = didYouMean(engine, Drawing::layoutNames());
+    return (u"; there is no engine '"_s + Graph::messageText(engine) + u'\''
+            + (suggestion.isEmpty() ? QString() : u"; "_s + suggestion))
+        .toUtf8();
+}
+
 DrawingAnswer drawn(const DrawingTask &task, const CommandCall &call, const QString &home)
 {
     QByteArray bytes = task.input;
@@ -122,11 +145,17 @@ DrawingAnswer drawn(const DrawingTask &task, const CommandCall &call, const QStr
     const Graph::OutputTarget target = isFile
         ? Graph::OutputTarget(Graph::fileNameText(task.output))
         : Drawing::inMemory(&answer.drawing, job.format);
+    errno = 0;
     const Drawing::Outcome outcome = Drawing::drawGraph(job, reading.graph.get(), target);
+    const int error = errno;
     answer.isDrawn = outcome.fault == Drawing::Outcome::None;
     answer.message = Graph::printableMessage(outcome.message).trimmed().toUtf8();
-    if (outcome.fault == Drawing::Outcome::Drawing && isFile)
-        answer.message += folderFault(task.output);
+    if (outcome.fault == Drawing::Outcome::Engine)
+        answer.message += engineFault(job.engine);
+    if (outcome.fault == Drawing::Outcome::Drawing && isFile) {
+        const QByteArray fault = folderFault(task.output);
+        answer.message += fault.isEmpty() ? writingFault(error) : fault;
+    }
     return answer;
 }
 

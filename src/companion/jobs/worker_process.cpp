@@ -126,7 +126,11 @@ std::vector<std::pair<qint64, DrawingTask>> WorkerProcess::takeTasks()
 
 void WorkerProcess::end()
 {
-    if (!gone)
+    if (gone)
+        return;
+    if (isReady && tasks.empty())
+        socket.close();
+    else
         ::kill(pid, SIGTERM);
 }
 

@@ -40,7 +40,7 @@ public:
 
     // Starts the process. `isStarted` is false, and `fault` says why, if that failed.
     explicit WorkerProcess(const WorkerSettings &settings);
-    // Ends it at once if it is still there.
+    // Ends it, if it is still there, and waits for that.
     ~WorkerProcess();
     WorkerProcess(const WorkerProcess &) = delete;
     WorkerProcess &operator=(const WorkerProcess &) = delete;
@@ -64,7 +64,8 @@ public:
     bool isGone() const { return gone; }
     std::vector<std::pair<qint64, DrawingTask>> takeTasks();
 
-    // Asks it to end, whatever it is at. Its unfinished file goes with it.
+    // Asks it to end, whatever it is at. Its unfinished file goes with it. One that is at nothing
+    // ends as it likes to, since there is nothing more for it to read.
     void end();
 
 private:

@@ -1,6 +1,6 @@
 #include "companion/watch/watch_messages.h"
 
-#include "companion/findings/terminal_text.h"
+#include "companion/draw/quoted_name.h"
 
 #include <QByteArrayList>
 
@@ -10,12 +10,6 @@
 namespace ORR::Companion {
 
 namespace {
-
-// A name may hold a line feed, which would begin a message of its own.
-QByteArray quoted(const QByteArray &name)
-{
-    return '\'' + terminalText(name) + '\'';
-}
 
 QByteArray inMilliseconds(qint64 microseconds)
 {
@@ -27,14 +21,14 @@ QByteArray inMilliseconds(qint64 microseconds)
 std::string waitingMessage(const std::string &program, const QByteArray &input,
                            const std::string &fault)
 {
-    return program + ": " + quoted(input).toStdString() + " can't be read: " + fault
+    return program + ": " + quotedName(input).toStdString() + " can't be read: " + fault
         + "; waiting for it\n";
 }
 
 std::string inputMessage(const std::string &program, const QByteArray &input,
                          const QByteArray &message)
 {
-    return program + ": " + (quoted(input) + ": " + message + '\n').toStdString();
+    return program + ": " + (quotedName(input) + ": " + message + '\n').toStdString();
 }
 
 std::string drawingMessages(const std::string &program, const QByteArray &input,
@@ -47,7 +41,7 @@ std::string drawingMessages(const std::string &program, const QByteArray &input,
         failed; // by messages, in the order of the drawings
     for (qsizetype i = 0; i < answers.size(); ++i) {
         const DrawingAnswer &answer = answers.at(i);
-        const QByteArray output = quoted(drawings.at(i).task.output);
+        const QByteArray output = quotedName(drawings.at(i).task.output);
         if (answer.isDrawn) {
             drawn += output;
             time += answer.microseconds;

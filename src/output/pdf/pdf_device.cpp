@@ -16,6 +16,7 @@
 #include <QTextCursor>
 #include <QTextDocument>
 
+#include <algorithm>
 #include <utility>
 
 namespace ORR::Graph {
@@ -26,6 +27,20 @@ namespace {
 
 // Readers refuse a page that has more links.
 constexpr qsizetype mostLinks = 10'000;
+
+// What has no extent is painted by round caps only (ISO 32000-1, 8.5.3.2). With any other pen the
+// toolkit's writer may end a path there that it has not begun, which readers complain about.
+bool paintsPoints(const Device::Pen *pen)
+{
+    return pen && pen->style() == Device::Pen::Dotted;
+}
+
+// Each point once that follows itself.
+QList<QPoint> withoutRepeats(QList<QPoint> points)
+{
+    points.erase(std::unique(points.begin(), points.end()), points.end());
+    return points;
+}
 
 // The toolkit's writer makes links of anchors, whatever they lead to.
 void removeAnchors(QTextDocument *document)
@@ -110,25 +125,30 @@ void Pdf::drawEllipse(QPoint centre, int rx, int ry, Pen *pen, Color *fill)
 {
     links.add(PdfLinkAreas::ShapeMark,
               QRectF(centre.x() - qreal(rx), centre.y() - qreal(ry), 2.0 * rx, 2.0 * ry));
+    if (rx == 0 && ry == 0 && !paintsPoints(pen))
+        return;
     PainterDevice::drawEllipse(centre, rx, ry, pen, fill);
 }
 
 void Pdf::drawPolyline(const QList<QPoint> &points, Pen *pen)
 {
     links.add(PdfLinkAreas::LineMark, QPolygonF(QPolygon(points)).boundingRect());
-    PainterDevice::drawPolyline(points, pen);
+    PainterDevice::drawPolyline(paintsPoints(pen) ? points : withoutRepeats(points), pen);
 }
 
 void Pdf::drawPolygon(const QList<QPoint> &points, Pen *pen, Color *fill)
 {
     links.add(PdfLinkAreas::ShapeMark, QPolygonF(QPolygon(points)).boundingRect());
-    PainterDevice::drawPolygon(points, pen, fill);
+    if (withoutRepeats(points).size() > 1 || paintsPoints(pen))
+        PainterDevice::drawPolygon(points, pen, fill);
 }
 
 void Pdf::drawRect(QPoint topLeft, QPoint bottomRight, int radius, Pen *pen, Color *fill)
 {
-    links.add(PdfLinkAreas::ShapeMark, pixelRect(topLeft, bottomRight).normalized());
-    PainterDevice::drawRect(topLeft, bottomRight, radius, pen, fill);
+    const QRectF rect = pixelRect(topLeft, bottomRight);
+    links.add(PdfLinkAreas::ShapeMark, rect.normalized());
+    if (!rect.isNull() || paintsPoints(pen))
+        PainterDevice::drawRect(topLeft, bottomRight, radius, pen, fill);
 }
 
 void Pdf::drawText(QPoint topLeft, Text *text)
@@ -162,9 +182,14 @@ void Pdf::drawRichText(QPoint topLeft, Text *text)
 
 void Pdf::drawPath(Path *path, Pen *pen, Color *fill)
 {
-    if (const auto *outline = dynamic_cast<const PainterPath *>(path))
-        links.add(PdfLinkAreas::LineMark, outline->path().controlPointRect());
-    PainterDevice::drawPath(path, pen, fill);
+    std::unique_ptr<Path> owned(path);
+    if (const auto *outline = dynamic_cast<const PainterPath *>(path)) {
+        const QRectF box = outline->path().controlPointRect();
+        links.add(PdfLinkAreas::LineMark, box);
+        if (box.isNull() && !paintsPoints(pen))
+            return;
+    }
+    PainterDevice::drawPath(owned.release(), pen, fill);
 }
 
 void Pdf::endCluster()

@@ -43,6 +43,39 @@ QByteArrayList addressesIn(const QByteArray &pdf)
     return addresses;
 }
 
+// The operators of the pages, a line each.
+QByteArrayList linesOfPages(const QByteArray &pdf)
+{
+    QByteArrayList lines;
+    qsizetype start = 0;
+    while ((start = pdf.indexOf("stream\n", start)) >= 0) {
+        start += 7;
+        const qsizetype end = pdf.indexOf("endstream", start);
+        // The toolkit wants the size, or a guess, in front.
+        lines +=
+            qUncompress(QByteArray(4, '\0') + pdf.sliced(start, end - start)).trimmed().split('\n');
+        start = end + 9;
+    }
+    return lines;
+}
+
+// How many paths are painted, or closed, that nothing has begun.
+int pathsWithoutPoint(const QByteArray &pdf)
+{
+    int count = 0;
+    bool hasPoint = false;
+    for (const QByteArray &line : linesOfPages(pdf)) {
+        const QByteArray last = line.trimmed().split(' ').last();
+        if (last == "m" || last == "re")
+            hasPoint = true;
+        else if (QByteArrayList{"h", "f", "f*", "S", "B", "B*", "s", "b", "b*"}.contains(last))
+            count += !hasPoint;
+        if (QByteArrayList{"f", "f*", "S", "B", "B*", "n"}.contains(last))
+            hasPoint = false;
+    }
+    return count;
+}
+
 const auto nothing = [](Pdf &) {};
 
 } // namespace
@@ -202,4 +235,51 @@ TEST(PdfDevice, paints_a_background_first)
     const QByteArray red = pdfOf({100, 50}, nothing, {.background = u"red"_s});
     EXPECT_NE(red, plain);
     EXPECT_NE(pdfOf({100, 50}, nothing, {.background = u"#ff000080"_s}), red);
+}
+
+TEST(PdfDevice, ends_no_path_that_has_not_begun)
+{
+    using Pen = Device::Pen;
+    const QPoint p(50, 20);
+    const auto drawPoints = [&p](Pdf &device, Pen *pen) {
+        const QList<QList<QPoint>> lists{{}, {p}, {p, p}, {p, p, p, p}, {p, p, {60, 30}, {60, 30}}};
+        for (const QList<QPoint> &points : lists) {
+            device.drawPolyline(points, pen);
+            device.drawPolygon(points, pen, nullptr);
+            device.drawPolygon(points, pen, device.color(u"red"_s));
+            device.drawBezier(points, pen, nullptr);
+            Device::Path *const path = device.createPath();
+            for (qsizetype i = 0; i < points.size(); ++i)
+                i == 0 ? path->moveTo(points.at(i)) : path->lineTo(points.at(i));
+            device.drawPath(path, pen, nullptr);
+        }
+        device.drawEllipse(p, 0, 0, pen, nullptr);
+        device.drawRect(p, p - QPoint(1, 1), 0, pen, nullptr);
+        device.drawRect(p, p - QPoint(1, 1), 4, pen, nullptr);
+    };
+    for (const QSize page : {QSize(100, 50), QSize(21600, 30)}) {
+        for (const int style : {Pen::Solid, Pen::Dashed, Pen::Dotted}) {
+            for (const int width : {0, 1, 5}) {
+                const QByteArray pdf = pdfOf(page, [&](Pdf &device) {
+                    drawPoints(device, device.pen(device.color(u"black"_s), style, width));
+                });
+                EXPECT_TRUE(linesOfPages(pdf).contains("50 20 m"));
+                EXPECT_EQ(pathsWithoutPoint(pdf), 0) << "style " << style << ", width " << width;
+            }
+        }
+    }
+}
+
+TEST(PdfDevice, leaves_out_lines_without_an_end)
+{
+    const auto linesWith = [](const QList<QPoint> &points, int style) {
+        return pdfOf({100, 50}, [&](Pdf &device) {
+            device.drawPolyline(points, device.pen(device.color(u"black"_s), style, 5));
+        });
+    };
+    EXPECT_EQ(linesWith({{9, 9}, {9, 9}, {50, 9}, {50, 9}, {9, 9}}, Device::Pen::Solid),
+              linesWith({{9, 9}, {50, 9}, {9, 9}}, Device::Pen::Solid));
+    // A round cap is a dot.
+    EXPECT_NE(linesWith({{9, 9}, {9, 9}}, Device::Pen::Dotted),
+              linesWith({{9, 9}}, Device::Pen::Dotted));
 }
