@@ -24,13 +24,15 @@ QString counted(qsizetype count, const QString &noun)
 
 } // namespace
 
-QString graphTitle(const DotGraph *graph)
+QString graphTitle(const DotGraph *graph, const QString &otherwise)
 {
     if (!graph)
-        return {};
+        return otherwise;
     static const AttributeName name(u"label"_s);
     const QString label = graph->root()->attributes.value(name);
-    return (graph->htmlLabels() ? withoutMarkup(label) : withoutLineEnds(label)).simplified();
+    const QString title =
+        (graph->htmlLabels() ? withoutMarkup(label) : withoutLineEnds(label)).simplified();
+    return title.isEmpty() ? otherwise : title;
 }
 
 QString graphCounts(const DotGraph *graph)
