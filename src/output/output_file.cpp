@@ -22,6 +22,9 @@ namespace {
 constexpr mode_t everybody = 0666; // less what the process takes away
 constexpr mode_t owner = 0600;
 
+// How often another run may put its file there, between two looks at it.
+constexpr int mostReplacements = 1000;
+
 // Opens what is there. Errors are those of the system.
 Descriptor openTarget(const QByteArray &path)
 {
@@ -79,18 +82,9 @@ bool copyBytes(const Descriptor &from, const Descriptor &to)
 OutputFile::OutputFile(const QString &fileName)
 {
     const QByteArray path = fileNameBytes(fileName);
-    target = openTarget(path);
-    if (!target && errno != ENOENT)
-        return;
-    struct stat status = {};
-    const bool isRegular =
-        target && ::fstat(target.number(), &status) == 0 && S_ISREG(status.st_mode);
-    if (target && !isRegular) {
-        file = std::move(target);
-        return;
-    }
-    replacesBytes = isRegular && status.st_size > 0;
-    const int error = makeTemporary(path);
+    int error = openBeside(path);
+    for (int i = 0; i < mostReplacements && error != 0 && isReplaced(path); ++i)
+        error = openBeside(path);
     if (error == 0)
         return;
     removeTemporary();
@@ -104,6 +98,39 @@ OutputFile::OutputFile(const QString &fileName)
 OutputFile::~OutputFile()
 {
     removeTemporary();
+}
+
+// Opens what is there, and the temporary file beside it. Gives the system's error, 0 for none and
+// for what is to be written at once.
+int OutputFile::openBeside(const QByteArray &path)
+{
+    removeTemporary();
+    file = Descriptor();
+    target = openTarget(path);
+    if (!target && errno != ENOENT)
+        return errno;
+    struct stat status = {};
+    const bool isRegular =
+        target && ::fstat(target.number(), &status) == 0 && S_ISREG(status.st_mode);
+    if (target && !isRegular) {
+        file = std::move(target);
+        return 0;
+    }
+    replacesBytes = isRegular && status.st_size > 0;
+    return makeTemporary(path);
+}
+
+// Whether somebody else has put another file in the place of the one that was opened, which nobody
+// is to see written over any more.
+bool OutputFile::isReplaced(const QByteArray &path) const
+{
+    struct stat opened = {};
+    struct stat found = {};
+    if (!target || ::fstat(target.number(), &opened) != 0)
+        return false;
+    return ::stat(path.constData(), &found) != 0
+        ? errno == ENOENT
+        : opened.st_dev != found.st_dev || opened.st_ino != found.st_ino;
 }
 
 bool OutputFile::write(QByteArrayView bytes)

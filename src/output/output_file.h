@@ -40,6 +40,8 @@ public:
     bool commit();
 
 private:
+    int openBeside(const QByteArray &path);
+    bool isReplaced(const QByteArray &path) const;
     int makeTemporary(const QByteArray &path);
     int adoptTarget();
     void removeTemporary();

@@ -7,8 +7,10 @@
 #include <QTemporaryDir>
 
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <cstring>
+#include <thread>
 
 #include <sys/stat.h>
 #include <sys/xattr.h>
@@ -194,6 +196,37 @@ TEST_F(OutputFiles, access_list_is_kept_and_none_comes_from_the_folder)
     EXPECT_TRUE(writeOutput(name, "newer"));
     EXPECT_EQ(::getxattr(path.constData(), access, &kept, sizeof kept), -1);
     EXPECT_EQ(status().st_mode & 07777, 0640U);
+}
+
+// What somebody else puts there while it is opened must not be written over in place: a reader
+// would see it empty.
+TEST_F(OutputFiles, file_that_is_replaced_meanwhile_is_never_seen_in_part)
+{
+    const QByteArray place = QFile::encodeName(name);
+    const QByteArray other = place + ".other";
+    const QByteArray drawing(3000, 'd');
+    std::atomic<bool> isDone = false;
+    std::thread replacing([&] {
+        while (!isDone) {
+            EXPECT_TRUE(writeOutput(QFile::decodeName(other), "other"));
+            EXPECT_EQ(::rename(other.constData(), place.constData()), 0);
+        }
+    });
+    std::thread reading([&] {
+        while (!isDone) {
+            const QByteArray seen = readTestFile(name);
+            if (seen != "old" && seen != "other" && seen != drawing)
+                ADD_FAILURE() << "a reader saw " << seen.size() << " bytes";
+        }
+    });
+    for (int i = 0; i < 1000; ++i) {
+        OutputFile file(name);
+        EXPECT_TRUE(file.write(drawing) && file.commit());
+    }
+    isDone = true;
+    replacing.join();
+    reading.join();
+    EXPECT_EQ(files().size(), 1);
 }
 
 TEST_F(OutputFiles, file_in_a_folder_that_takes_no_other_is_written_over)
