@@ -10,7 +10,6 @@ struct DrawingExtras
     double scale = 1.0; // pixels of an image for each point of the page, above 0
     QString background = {}; // a colour below everything; empty for that of the format
     bool embedded = false; // an SVG for a place within a page, see `EmbeddedSvg`
-    QString title = {}; // of a drawing whose graph has no label, where the format has a title
 };
 
 } // namespace ORR::Graph

@@ -51,7 +51,7 @@ QByteArray describing(const Device::Color *color)
 
 EmbeddedSvg::EmbeddedSvg(const OutputTarget &target, const DrawingExtras &drawingExtras,
                          const DotGraph *drawnGraph)
-    : SvgRichText(target, drawingExtras), graph(drawnGraph), ownTitle(drawingExtras.title)
+    : SvgRichText(target, drawingExtras), graph(drawnGraph)
 {
 }
 
@@ -63,7 +63,7 @@ void EmbeddedSvg::begin(int width, int height)
     out << "<svg width=\"" << width << "\" height=\"" << height << "\" viewBox=\"0 0 " << width
         << " " << height << "\" xmlns=\"http://www.w3.org/2000/svg\" "
         << "xmlns:xlink=\"http://www.w3.org/1999/xlink\" version=\"1.1\">\n";
-    if (const QString title = graphTitle(graph, ownTitle); !title.isEmpty())
+    if (const QString title = graphTitle(graph); !title.isEmpty())
         out << "<title>" << xmlEscaped(title, XmlForm::Text) << "</title>\n";
     if (graph)
         out << "<desc>" << xmlEscaped(graphCounts(graph), XmlForm::Text) << "</desc>\n";

@@ -62,7 +62,6 @@ private:
     void closeLink();
 
     const DotGraph *graph;
-    QString ownTitle; // if the graph has none
     QList<Group> groups;
     qsizetype deeperObjects = 0; // that are open and have no group
     QHash<QByteArray, int> ids; // of objects, and how often each was asked for

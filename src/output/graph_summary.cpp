@@ -24,15 +24,13 @@ QString counted(qsizetype count, const QString &noun)
 
 } // namespace
 
-QString graphTitle(const DotGraph *graph, const QString &otherwise)
+QString graphTitle(const DotGraph *graph)
 {
     if (!graph)
-        return otherwise;
+        return {};
     static const AttributeName name(u"label"_s);
     const QString label = graph->root()->attributes.value(name);
-    const QString title =
-        (graph->htmlLabels() ? withoutMarkup(label) : withoutLineEnds(label)).simplified();
-    return title.isEmpty() ? otherwise : title;
+    return (graph->htmlLabels() ? withoutMarkup(label) : withoutLineEnds(label)).simplified();
 }
 
 QString graphCounts(const DotGraph *graph)

@@ -82,7 +82,7 @@ TEST_F(DrawDocs, show_a_job_and_its_answer)
     const QStringList blocks =
         codeBlocks(sectionOf(docPage(u"draw.md"_s), u"## Jobs"_s), u"json"_s);
     ASSERT_EQ(blocks.size(), 2);
-    const ProgramRun run = drawMany({u"--jobs"_s, u"-"_s}, blocks[0].toUtf8());
+    const ProgramRun run = drawMany({u"--jobs"_s, u"-"_s, u"-j"_s, u"1"_s}, blocks[0].toUtf8());
     EXPECT_EQ(run.status, 0) << run.output.toStdString();
     const QJsonObject shown = QJsonDocument::fromJson(blocks[1].toUtf8()).object();
     const QList<QJsonObject> answers = jsonLines(run.output);

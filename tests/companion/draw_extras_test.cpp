@@ -97,14 +97,6 @@ TEST_F(DrawExtrasTest, an_svg_is_made_for_a_page)
     EXPECT_FALSE(drawn(u"svg"_s).contains("<g id="));
 }
 
-TEST_F(DrawExtrasTest, a_drawing_without_a_label_has_the_title_of_its_output)
-{
-    writeFile(u"calls.dot"_s, "digraph { a [area=1]; }\n");
-    const ProgramRun run = drawMany({u"-K"_s, u"treemap"_s, u"--embed"_s, u"calls.dot"_s});
-    EXPECT_EQ(run.status, 0) << run.errors.toStdString();
-    EXPECT_TRUE(fileContent(u"calls.svg"_s).contains("<title>calls</title>"));
-}
-
 TEST_F(DrawExtrasTest, says_what_is_wrong_with_their_use)
 {
     EXPECT_EQ(wrong({u"--background"_s, u"yelow"_s}),

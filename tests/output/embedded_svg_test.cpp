@@ -68,15 +68,6 @@ TEST_F(EmbeddedSvgTest, has_a_view_box_a_title_and_a_description)
               "</svg>\n");
 }
 
-TEST_F(EmbeddedSvgTest, has_the_title_that_is_asked_for_if_the_graph_has_none)
-{
-    QByteArray bytes;
-    EmbeddedSvg device(&bytes, {.title = u"calls & <b>"_s}, &graph);
-    device.begin(10, 10);
-    EXPECT_EQ(device.end(), QString());
-    EXPECT_TRUE(bytes.contains("<title>calls &amp; &lt;b&gt;</title>\n")) << bytes.toStdString();
-}
-
 TEST_F(EmbeddedSvgTest, has_a_group_for_each_object)
 {
     DotNode *a = node(u"a"_s);

@@ -18,7 +18,6 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QFileInfo>
 
 #include <cerrno>
 #include <csignal>
@@ -118,12 +117,6 @@ QByteArray engineFault(const QString &engine)
         .toUtf8();
 }
 
-// The name of the output without its folder and its suffix.
-QString titleFrom(const QByteArray &output)
-{
-    return QFileInfo(Graph::fileNameText(output)).completeBaseName();
-}
-
 DrawingAnswer drawn(const DrawingTask &task, const CommandCall &call, const QString &home)
 {
     QByteArray bytes = task.input;
@@ -140,8 +133,7 @@ DrawingAnswer drawn(const DrawingTask &task, const CommandCall &call, const QStr
                      .homeDirectory = home,
                      .extras = {.scale = task.options.scale,
                                 .background = QString::fromUtf8(task.options.background),
-                                .embedded = task.options.embedded,
-                                .title = titleFrom(task.output)}};
+                                .embedded = task.options.embedded}};
     const Drawing::Reading reading = Drawing::readGraph(job);
     if (!reading.graph)
         return failure(Graph::printableMessage(reading.outcome.message).trimmed().toUtf8());

@@ -238,7 +238,7 @@ QByteArray Pdf::finished()
     painter.reset();
     writer.reset();
     buffer.close();
-    PdfCompletion completion{.title = graphTitle(graph, extras.title), .height = page.height()};
+    PdfCompletion completion{.title = graphTitle(graph), .height = page.height()};
     // A line has an area that a pointer finds.
     constexpr double margin = 1.0;
     const QRectF whole(QPointF(0, 0), QSizeF(page));
