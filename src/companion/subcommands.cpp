@@ -2,6 +2,7 @@
 
 #include "companion/check/check_command.h"
 #include "companion/draw/draw_command.h"
+#include "companion/page/page_command.h"
 
 namespace ORR::Companion {
 
@@ -10,6 +11,7 @@ std::span<const Subcommand> subcommands()
     static constexpr Subcommand table[] = {
         {"check", "Tell what is wrong with a graph, and where", runCheck},
         {"draw", "Make many drawings, by several processes", runDraw},
+        {"page", "Draw a graph as a page to look into", runPage},
     };
     return table;
 }
