@@ -169,7 +169,8 @@ class Browser:
 
     def text(self, selector):
         """The text of an element as it is shown; empty if it is hidden."""
-        return self.run('return document.querySelector(arguments[0])?.innerText ?? "";', selector)
+        return self.run('''const element = document.querySelector(arguments[0]);
+            return element?.checkVisibility() ? element.innerText : '';''', selector)
 
     def count(self, selector):
         return self.run('return document.querySelectorAll(arguments[0]).length;', selector)

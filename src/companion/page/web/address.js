@@ -29,7 +29,8 @@ export function mirrorAddress(objects, view, state) {
             state.change(valuesOf(location.hash.slice(1), objects, view));
     };
     read();
-    state.follow(['view', 'fitted', 'chosen', 'group', 'query', 'theme', 'table'], afterPause(write, writingPause));
+    state.follow(['view', 'fitted', 'chosen', 'group', 'query', 'theme', 'table'],
+                 afterPause(write, writingPause));
     addEventListener('hashchange', read);
 }
 

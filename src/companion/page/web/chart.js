@@ -29,7 +29,9 @@ function totalOf(objects) {
  */
 export function percent(part, whole) {
     const share = 100 * part / whole;
-    return Number.isFinite(share) ? `${Number(share.toPrecision(share >= 10 ? 3 : 2)).toLocaleString('en')} %` : 'none';
+    if (!Number.isFinite(share))
+        return 'none';
+    return `${Number(share.toPrecision(share >= 10 ? 3 : 2)).toLocaleString('en')} %`;
 }
 
 /**

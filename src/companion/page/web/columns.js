@@ -13,6 +13,8 @@ import { hasShare, percent } from './chart.js';
  */
 
 const mostAttributes = 5;
+// An attribute that fewer objects have gets no column.
+const rareShare = 0.02;
 
 /**
  * @param {Objects} objects
@@ -65,8 +67,9 @@ function attributeColumns(objects) {
             count.count += count.count > 0 ? 1 : 0;
         }
     }
-    return counts.filter(({ count }) => count > 1).sort((a, b) => b.count - a.count).slice(0, mostAttributes)
-        .map(({ name, k }) => attributeColumn(objects, name, k));
+    const fewest = 1 + objects.count * rareShare;
+    return counts.filter(({ count }) => count > fewest).sort((a, b) => b.count - a.count)
+        .slice(0, mostAttributes).map(({ name, k }) => attributeColumn(objects, name, k));
 }
 
 /**

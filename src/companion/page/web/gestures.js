@@ -28,7 +28,8 @@ export function followGestures(stage, view) {
 function followWheel(stage, view) {
     stage.addEventListener('wheel', event => {
         event.preventDefault();
-        const pixels = event.deltaMode === WheelEvent.DOM_DELTA_PIXEL ? event.deltaY : event.deltaY * lineHeight;
+        const unit = event.deltaMode === WheelEvent.DOM_DELTA_PIXEL ? 1 : lineHeight;
+        const pixels = event.deltaY * unit;
         // A pinch on a touch pad comes as a wheel with Ctrl, in smaller steps.
         view.zoomAt(Math.exp(-pixels * wheelStep * (event.ctrlKey ? 5 : 1)), event.clientX, event.clientY);
     }, { passive: false });
@@ -57,17 +58,12 @@ function followPointers(stage, view) {
             return;
         drag.moved = true;
         stage.setPointerCapture(event.pointerId);
-        stage.classList.add('dragged');
         const now = { x: event.clientX, y: event.clientY };
         const other = [...fingers].find(([id]) => id !== event.pointerId)?.[1];
         fingers.set(event.pointerId, now);
         moveFinger(view, before, now, other);
     });
-    const release = (/** @type {PointerEvent} */ event) => {
-        fingers.delete(event.pointerId);
-        if (fingers.size === 0)
-            stage.classList.remove('dragged');
-    };
+    const release = (/** @type {PointerEvent} */ event) => fingers.delete(event.pointerId);
     stage.addEventListener('pointerup', release);
     stage.addEventListener('pointercancel', release);
     return drag;
@@ -89,6 +85,6 @@ function moveFinger(view, before, now, other) {
         return;
     }
     view.panBy((now.x - before.x) / 2, (now.y - before.y) / 2);
-    const distance = (/** @type {Point} */ point) => Math.max(Math.hypot(point.x - other.x, point.y - other.y), 1);
+    const distance = (/** @type {Point} */ { x, y }) => Math.max(Math.hypot(x - other.x, y - other.y), 1);
     view.zoomAt(distance(now) / distance(before), (now.x + other.x) / 2, (now.y + other.y) / 2);
 }

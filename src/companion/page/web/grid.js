@@ -50,7 +50,8 @@ export class Grid {
 
     /** @param {Box} box */
     cellsOf(box) {
-        const within = (/** @type {number} */ cell) => Math.min(Math.max(Math.floor(cell), 0), cellsAcross - 1);
+        const within = (/** @type {number} */ cell) =>
+            Math.min(Math.max(Math.floor(cell), 0), cellsAcross - 1);
         const [left, right] = [box.x, box.x + box.width].map(x => within(x / this.cellWidth));
         const [top, bottom] = [box.y, box.y + box.height].map(y => within(y / this.cellHeight));
         const cells = [];
@@ -80,7 +81,7 @@ export class Grid {
  * @param {Box | null} a
  * @param {Box} b
  */
-function overlap(a, b) {
+export function overlap(a, b) {
     return a !== null && a.x <= b.x + b.width && b.x <= a.x + a.width && a.y <= b.y + b.height
         && b.y <= a.y + a.height;
 }

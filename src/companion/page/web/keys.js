@@ -2,6 +2,10 @@
 
 import { create, part } from './elements.js';
 
+/** @import {View} from './view.js' */
+
+const panStep = 60;
+
 /**
  * @typedef {object} KeyRow
  * @property {string[]} keys as events name them
@@ -10,6 +14,30 @@ import { create, part } from './elements.js';
  * @property {() => void} action
  * @property {boolean} [inDrawing] only where no other part has the focus
  */
+
+/**
+ * @param {string} shown in the help; not there if it is empty
+ * @param {string} meaning
+ * @param {() => void} action
+ * @param {string[]} [keys] as events name them
+ * @returns {KeyRow}
+ */
+export function keyRow(shown, meaning, action, keys = [shown]) {
+    return { keys, shown, meaning, action };
+}
+
+/**
+ * The arrows move the drawing, unless another part has the focus and wants them.
+ *
+ * @param {View} view
+ * @returns {KeyRow[]}
+ */
+export function arrowRows(view) {
+    const steps = { ArrowLeft: [1, 0], ArrowRight: [-1, 0], ArrowUp: [0, 1], ArrowDown: [0, -1] };
+    const rows = Object.entries(steps).map(([key, [x, y]]) =>
+        ({ ...keyRow('', '', () => view.panBy(x * panStep, y * panStep), [key]), inDrawing: true }));
+    return [keyRow('Arrows', 'move the drawing', () => {}, []), ...rows];
+}
 
 /**
  * Whether a key belongs to the element that has the focus.

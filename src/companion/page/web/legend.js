@@ -15,8 +15,9 @@ export class Legend {
     constructor(objects, state, veil) {
         this.objects = objects;
         this.state = state;
-        this.entries = objects.data.legend < 0 ? []
-            : objects.members(objects.data.legend).filter(i => objects.kind(i) === 'node' && this.colorOf(i) !== '');
+        const { legend } = objects.data;
+        this.entries = (legend < 0 ? [] : objects.members(legend))
+            .filter(i => objects.kind(i) === 'node' && this.colorOf(i) !== '');
         for (const i of this.entries)
             this.prepare(i);
         state.follow(['color'], () => {

@@ -22,7 +22,9 @@ export function keepHeads(layer, objects, view, state) {
         return box ? [{ box, copy: createDrawn('g', { class: 'head' }), i }] : [];
     });
     for (const { box, copy, i } of heads) {
-        copy.append(rectOf(box, gap), ...objects.pieces(i).map(copyOf));
+        const ground = rectOf(box, gap);
+        ground.setAttribute('class', 'head-ground');
+        copy.append(ground, ...objects.pieces(i).map(copyOf));
         layer.append(copy);
     }
     const place = () => {

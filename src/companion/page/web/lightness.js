@@ -3,7 +3,7 @@
  * where they lie on the page and on a fill alike; on the fill of an object they stay.
  */
 
-import { Grid, holds } from './grid.js';
+import { Grid, holds, overlap } from './grid.js';
 import { shapesOf } from './marks.js';
 
 /** @import {Objects, Box} from './objects.js' */
@@ -11,6 +11,8 @@ import { shapesOf } from './marks.js';
 // Of the dark page, with which a colour has to have some contrast to stay.
 const pageLuminance = 0.009;
 const leastContrast = 4.5;
+
+const paints = ['fill', 'stroke'];
 
 /**
  * The relative luminance of a colour such as #8090a0, as WCAG 2 defines it; 1 for what is none.
@@ -32,12 +34,15 @@ function isLostOnDark(color) {
 }
 
 /**
+ * The shape whose fill an object has beneath its texts, null for none.
+ *
  * @param {Objects} objects
  * @param {number} i
  */
-function isFilled(objects, i) {
-    const fill = objects.kind(i) === 'edge' ? 'none' : shapesOf(objects.elements[i])[0]?.getAttribute('fill');
-    return (fill ?? 'none') !== 'none' && fill !== '#000000';
+function filledShape(objects, i) {
+    const shape = objects.kind(i) === 'edge' ? undefined : shapesOf(objects.elements[i])[0];
+    const fill = shape?.getAttribute('fill') ?? 'none';
+    return shape === undefined || fill === 'none' || fill === '#000000' ? null : shape;
 }
 
 /**
@@ -46,10 +51,10 @@ function isFilled(objects, i) {
  * @param {Objects} objects
  */
 export function turnLines(objects) {
-    const fills = new Grid(objects, i => isFilled(objects, i));
+    const fills = new Grid(objects, i => filledShape(objects, i) !== null);
     for (let i = 0; i < objects.count; ++i) {
         const box = objects.box(i);
-        if (box && !isFilled(objects, i))
+        if (box)
             turnObject(objects, i, box, fills);
     }
 }
@@ -61,31 +66,34 @@ export function turnLines(objects) {
  * @param {Grid} fills
  */
 function turnObject(objects, i, box, fills) {
-    const lost = [...objects.elements[i].children].filter(child => child instanceof SVGGraphicsElement
-        && child.localName !== 'g' && (isLostOnDark(child.getAttribute('fill')) || isLostOnDark(child.getAttribute('stroke'))));
+    const own = filledShape(objects, i);
+    // The line around a fill stays with it.
+    const lost = [...objects.elements[i].children].filter(child => child !== own && isLost(child));
     if (lost.length === 0)
         return;
-    const below = fills.touching(box).filter(j => j < i).map(j => objects.box(j));
-    if (below.some(fill => holds(fill, box)))
-        return;
+    const below = fills.touching(box).filter(j => j <= i)
+        .map(j => filledShape(objects, j)?.getBBox() ?? null);
     for (const child of lost)
         turn(/** @type {SVGGraphicsElement} */ (child), below);
 }
 
+/** @param {Element} child */
+function isLost(child) {
+    return child.localName !== 'g' && paints.some(paint => isLostOnDark(child.getAttribute(paint)));
+}
+
 /**
  * @param {SVGGraphicsElement} child
- * @param {(Box | null)[]} below the fills that the object may lie on
+ * @param {(Box | null)[]} below the fills that it may lie on
  */
 function turn(child, below) {
-    let name = 'turned';
-    if (below.length > 0) {
-        const box = child.getBBox();
-        if (below.some(fill => holds(fill, box)))
-            return;
-        name = child.localName === 'text' ? 'turned' : 'half-turned';
-    }
-    for (const paint of ['fill', 'stroke']) {
+    const box = child.getBBox();
+    const isText = child.localName === 'text';
+    if (below.some(fill => holds(fill, box)))
+        return;
+    const isBetween = !isText && below.some(fill => overlap(fill, box));
+    for (const paint of paints) {
         if (isLostOnDark(child.getAttribute(paint)))
-            child.classList.add(`${name}-${paint}`);
+            child.classList.add(`${isBetween ? 'half-turned' : 'turned'}-${paint}`);
     }
 }

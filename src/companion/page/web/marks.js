@@ -37,9 +37,12 @@ export class Marks {
      *
      * @param {string} layer
      * @param {SVGElement[]} marks
+     * @param {boolean} [focused] whether they are those of the focus
      */
-    show(layer, marks) {
-        this.groups.get(layer)?.replaceChildren(...marks);
+    show(layer, marks, focused = false) {
+        const group = this.groups.get(layer);
+        group?.replaceChildren(...marks);
+        group?.classList.toggle('focused', focused);
     }
 }
 

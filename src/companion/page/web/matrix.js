@@ -3,7 +3,7 @@
 import { rectOf } from './marks.js';
 
 /** @import {State} from './state.js' */
-/** @import {Objects} from './objects.js' */
+/** @import {Objects, Box} from './objects.js' */
 /** @import {Marks} from './marks.js' */
 
 /**
@@ -41,11 +41,18 @@ export function followMatrix(objects, state, marks) {
         const y = spot && lineAt(rows, spot.y);
         const bands = [];
         if (x !== null)
-            bands.push(rectOf({ x, y: 0, width: columns.size, height }, 0));
+            bands.push(bandOf({ x, y: 0, width: columns.size, height }));
         if (y !== null)
-            bands.push(rectOf({ x: 0, y, width, height: rows.size }, 0));
+            bands.push(bandOf({ x: 0, y, width, height: rows.size }));
         marks.show('bands', bands);
     });
+}
+
+/** @param {Box} box */
+function bandOf(box) {
+    const band = rectOf(box, 0);
+    band.setAttribute('class', 'band');
+    return band;
 }
 
 /**
@@ -56,7 +63,8 @@ export function followMatrix(objects, state, marks) {
 function linesOf(places, size) {
     const sorted = [...new Set(places)].sort((a, b) => a - b);
     const step = sorted.slice(1).reduce((least, place, k) => Math.min(least, place - sorted[k]), Infinity);
-    return { first: sorted[0], last: sorted[sorted.length - 1], step: Number.isFinite(step) ? step : size, size };
+    const [first, last] = [sorted[0], sorted[sorted.length - 1]];
+    return { first, last, step: Number.isFinite(step) ? step : size, size };
 }
 
 /**

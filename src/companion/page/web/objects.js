@@ -170,7 +170,8 @@ export class Objects {
     }
 
     /**
-     * The objects at the tail and the head of an edge, -1 for one that is not drawn; null for what is no edge.
+     * The objects at the tail and the head of an edge, -1 for one that is not drawn; null for what is no
+     * edge.
      *
      * @param {number} i
      */
@@ -233,10 +234,12 @@ export class Objects {
      * @param {string} key
      */
     find(key) {
-        const [place, kind] = key.split('.', 2);
+        const [place, kind = ''] = key.split('.', 2);
         const id = key.slice(place.length + kind.length + 2);
         /** @type {(i: number) => boolean} */
         const isIt = i => this.kind(i) === kind && this.id(i) === id;
+        if (kind === '')
+            return -1;
         const i = /^\d+$/.test(place) ? Number(place) : this.count;
         if (i < this.count && isIt(i))
             return this.whole(i);

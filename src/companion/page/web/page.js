@@ -7,6 +7,7 @@ import { View } from './view.js';
 import { followGestures } from './gestures.js';
 import { Pointing } from './pointing.js';
 import { Marks, Veil, outlineOf } from './marks.js';
+import { Dots } from './dots.js';
 import { Panel } from './panel.js';
 import { shareLines } from './chart.js';
 import { Legend } from './legend.js';
@@ -20,22 +21,27 @@ import { Table } from './table.js';
 import { followTheme } from './theme.js';
 import { mirrorAddress } from './address.js';
 import { Roving } from './roving.js';
-import { followKeys, prepareHelp } from './keys.js';
+import { arrowRows, followKeys, keyRow, prepareHelp } from './keys.js';
 
 /** @import {Objects} from './objects.js' */
 /** @import {KeyRow} from './keys.js' */
 
 const zoomStep = 1.25;
-const panStep = 60;
 
 /** @param {string} id */
 function drawnPart(id) {
     return /** @type {SVGSVGElement} */ (/** @type {unknown} */ (part(id)));
 }
 
-/** The size that the drawing was given, which stands in the page even if the table does not. */
-function sizeOf(/** @type {Element} */ drawing) {
-    return /** @type {[number, number]} */ (['width', 'height'].map(name => Number(drawing.getAttribute(name)) || 1));
+/**
+ * The size that the drawing was given, which stands in the page even if the table does not.
+ *
+ * @param {Element} drawing
+ * @returns {[number, number]}
+ */
+function sizeOf(drawing) {
+    const side = (/** @type {string} */ name) => Number(drawing.getAttribute(name)) || 1;
+    return [side('width'), side('height')];
 }
 
 /**
@@ -47,6 +53,20 @@ function tell(sentence) {
     const notice = part('notice');
     notice.textContent = sentence === '' ? '' : `${sentence} The drawing can be looked at, but not searched.`;
     notice.hidden = sentence === '';
+}
+
+/**
+ * @param {Objects} objects
+ * @param {State} state
+ * @param {Marks} marks
+ */
+function outlineWhatIsMeant(objects, state, marks) {
+    for (const name of /** @type {const} */ (['pointed', 'chosen'])) {
+        state.follow([name, 'focused'], () => {
+            const i = state.now[name];
+            marks.show(name, i < 0 ? [] : outlineOf(objects, i), state.now.focused);
+        });
+    }
 }
 
 /**
@@ -71,10 +91,9 @@ function prepareParts(objects, state, view) {
     followRelations(objects, state, veil, panel);
     followMatrix(objects, state, marks);
     keepHeads(drawnPart('heads'), objects, view, state);
-    markFound(objects, state, matches, marks);
-    for (const name of /** @type {const} */ (['pointed', 'chosen'])) {
-        state.follow([name], () => marks.show(name, state.now[name] < 0 ? [] : outlineOf(objects, state.now[name])));
-    }
+    const dots = new Dots(/** @type {HTMLCanvasElement} */ (part('dots')), view, state);
+    markFound(objects, state, matches, marks, dots);
+    outlineWhatIsMeant(objects, state, marks);
     const field = /** @type {HTMLInputElement} */ (part('query'));
     return {
         legend: new Legend(objects, state, veil),
@@ -136,7 +155,14 @@ function followClicks(state, view, { legend, trail, search, pointing, roving }) 
  */
 function letGo(state) {
     const { table, color, chosen } = state.now;
-    state.change(table ? { table: false } : color !== '' ? { color: '' } : chosen >= 0 ? { chosen: -1 } : { query: '' });
+    if (table)
+        state.change({ table: false });
+    else if (color !== '')
+        state.change({ color: '' });
+    else if (chosen >= 0)
+        state.change({ chosen: -1 });
+    else
+        state.change({ query: '' });
 }
 
 /**
@@ -146,27 +172,22 @@ function letGo(state) {
  * @returns {KeyRow[]}
  */
 function keyRows(state, view, { trail, roving }) {
-    const pan = (/** @type {number} */ dx, /** @type {number} */ dy) => () => view.panBy(dx * panStep, dy * panStep);
-    const arrow = { shown: '', meaning: '', inDrawing: true };
     return [
-        { keys: ['+', '='], shown: '+', meaning: 'larger', action: () => view.zoom(zoomStep) },
-        { keys: ['-', '_'], shown: '-', meaning: 'smaller', action: () => view.zoom(1 / zoomStep) },
-        { keys: ['0'], shown: '0', meaning: 'the whole drawing', action: () => trail.goTo(-1) },
-        { keys: ['1'], shown: '1', meaning: 'its own size, 100 %', action: () => view.showActualSize() },
-        { keys: ['ArrowLeft'], shown: 'Arrows', meaning: 'move the drawing', action: pan(1, 0), inDrawing: true },
-        { ...arrow, keys: ['ArrowRight'], action: pan(-1, 0) },
-        { ...arrow, keys: ['ArrowUp'], action: pan(0, 1) },
-        { ...arrow, keys: ['ArrowDown'], action: pan(0, -1) },
-        { keys: ['n'], shown: 'n', meaning: 'next object of the group', action: () => roving.toSibling(1) },
-        { keys: ['p'], shown: 'p', meaning: 'previous object of the group', action: () => roving.toSibling(-1) },
-        { keys: ['i'], shown: 'i', meaning: 'into a group, or to what a node calls', action: () => roving.into() },
-        { keys: ['o'], shown: 'o', meaning: 'out to the group, or to who calls', action: () => roving.outOf() },
-        { keys: [], shown: 'Enter', meaning: 'hold the object with the focus', action: () => {} },
-        { keys: ['z'], shown: 'z', meaning: 'zoom to the object, or into its group', action: () => trail.enter(roving.current) },
-        { keys: ['Backspace'], shown: 'Backspace', meaning: 'up to the group around', action: () => trail.leave() },
-        { keys: ['/'], shown: '/', meaning: 'search; Enter and Shift+Enter go on and back', action: () => part('query').focus() },
-        { keys: ['t'], shown: 't', meaning: 'table of all objects', action: () => state.change({ table: !state.now.table }) },
-        { keys: ['Escape'], shown: 'Escape', meaning: 'let go, close', action: () => letGo(state) },
+        keyRow('+', 'larger', () => view.zoom(zoomStep), ['+', '=']),
+        keyRow('-', 'smaller', () => view.zoom(1 / zoomStep), ['-', '_']),
+        keyRow('0', 'the whole drawing', () => trail.goTo(-1)),
+        keyRow('1', 'its own size, 100 %', () => view.showActualSize()),
+        ...arrowRows(view),
+        keyRow('n', 'next object of the group', () => roving.toSibling(1)),
+        keyRow('p', 'previous object of the group', () => roving.toSibling(-1)),
+        keyRow('i', 'into a group, or to what a node calls', () => roving.into()),
+        keyRow('o', 'out to the group, or to who calls', () => roving.outOf()),
+        keyRow('Enter', 'hold the object with the focus', () => {}, []),
+        keyRow('z', 'zoom to the object, or into its group', () => trail.enter(roving.current)),
+        keyRow('Backspace', 'up to the group around', () => trail.leave()),
+        keyRow('/', 'search; Enter and Shift+Enter go on and back', () => part('query').focus()),
+        keyRow('t', 'table of all objects', () => state.change({ table: !state.now.table })),
+        keyRow('Escape', 'let go, close', () => letGo(state)),
     ];
 }
 
@@ -184,7 +205,7 @@ function openPage() {
     followClicks(state, view, parts);
     const rows = keyRows(state, view, parts);
     const showHelp = prepareHelp(rows);
-    followKeys([...rows, { keys: ['?'], shown: '', meaning: '', action: showHelp }]);
+    followKeys([...rows, keyRow('', '', showHelp, ['?'])]);
     followTheme(part('theme'), objects, state);
     mirrorAddress(objects, view, state);
     parts.panel.update();

@@ -54,7 +54,7 @@ export class Panel {
     description(i) {
         return [
             create('h2', {}, this.objects.name(i)),
-            create('p', { class: 'soft' }, this.state.now.chosen === i ? `${this.kindOf(i)}, held` : this.kindOf(i)),
+            create('p', { class: 'soft' }, this.kindOf(i), this.state.now.chosen === i ? ', held' : ''),
             this.list(i),
             ...this.sections.flatMap(section => section(i)),
         ];
@@ -106,6 +106,8 @@ export class Panel {
         const items = list.slice(0, mostButtons).map(i => create('li', {}, this.button(i)));
         if (list.length > mostButtons)
             items.push(create('li', {}, `and ${list.length - mostButtons} more`));
-        return list.length === 0 ? [] : [create('h3', {}, `${title} (${list.length})`), create('ul', {}, ...items)];
+        if (list.length === 0)
+            return [];
+        return [create('h3', {}, `${title} (${list.length})`), create('ul', {}, ...items)];
     }
 }

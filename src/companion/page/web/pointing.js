@@ -28,7 +28,7 @@ export class Pointing {
         let last = null;
         const look = oncePerFrame(() => {
             const spot = last && view.pointAt(last.clientX, last.clientY);
-            state.change({ pointed: last ? this.objectOf(last) : -1, spot });
+            state.change({ pointed: last ? this.objectOf(last) : -1, focused: false, spot });
         });
         stage.addEventListener('pointermove', event => {
             if (event.pointerType === 'touch' || event.buttons !== 0)

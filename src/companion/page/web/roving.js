@@ -21,7 +21,7 @@ export class Roving {
         this.reveal = reveal;
         this.stop = -1;
         stage.addEventListener('focusin', event => this.focused(objects.at(event.target)));
-        stage.addEventListener('focusout', () => state.change({ pointed: -1 }));
+        stage.addEventListener('focusout', () => state.change({ pointed: -1, focused: false }));
         state.follow(['chosen'], () => this.stopAt(state.now.chosen));
         this.stopAt(objects.members(-1)[0] ?? -1);
     }
@@ -30,8 +30,10 @@ export class Roving {
     focused(i) {
         if (i < 0)
             return;
-        // The pointer lies somewhere else, and does not count while keys are used.
-        this.state.change({ pointed: i, spot: null });
+        // Who came here by the pointer sees the object already.
+        if (!this.objects.elements[i].matches(':focus-visible'))
+            return;
+        this.state.change({ pointed: i, focused: true, spot: null });
         this.reveal(i);
     }
 
@@ -99,7 +101,7 @@ export class Roving {
         this.moveTo(first);
     }
 
-    /** To the group around an object; outside of groups to the tail of an edge, the first caller of a node. */
+    /** To the group around; outside of groups to the tail of an edge, the first caller of a node. */
     outOf() {
         const { current } = this;
         if (current < 0)

@@ -1,16 +1,17 @@
 /** The search field: how many objects are found, the way from one to the next, and their marks. */
 
-import { afterPause, createDrawn } from './elements.js';
+import { afterPause } from './elements.js';
 import { anchorOf, outlineOf } from './marks.js';
 
 /** @import {State} from './state.js' */
 /** @import {Objects} from './objects.js' */
 /** @import {Marks} from './marks.js' */
+/** @import {Dots} from './dots.js' */
 /** @import {Matches} from './matches.js' */
 
 const typingPause = 150;
 // More than these get a dot but no outline.
-const mostOutlines = 2000;
+const mostOutlines = 300;
 
 export class Search {
     /**
@@ -83,17 +84,19 @@ export class Search {
  * @param {State} state
  * @param {Matches} matches
  * @param {Marks} marks
+ * @param {Dots} dots
  */
-export function markFound(objects, state, matches, marks) {
+export function markFound(objects, state, matches, marks, dots) {
     state.follow(['query'], () => {
         const { found } = matches;
         const isFew = found.length <= mostOutlines;
-        const outlines = isFew ? found.flatMap(i => outlineOf(objects, i)) : [];
-        const dots = found.flatMap(i => {
+        marks.show('found', isFew ? found.flatMap(i => outlineOf(objects, i)) : []);
+        dots.show(found.flatMap(i => {
             const point = anchorOf(objects, i, isFew);
-            return point ? [`M${point.x} ${point.y}h0`] : [];
-        }).join('');
-        const dotted = ['dot-halo', 'dot'].map(name => createDrawn('path', { class: name, d: dots }));
-        marks.show('found', dots === '' ? [] : [...outlines, ...dotted]);
+            const box = objects.box(i);
+            // Only an outline makes the dot needless.
+            const size = isFew && box ? Math.max(box.width, box.height) : 0;
+            return point ? [{ x: point.x, y: point.y, size }] : [];
+        }));
     });
 }

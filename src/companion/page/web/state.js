@@ -16,6 +16,7 @@
  * @property {boolean} fitted whether the whole drawing stays in view when the window changes
  * @property {number} chosen the object that the panel holds, -1 for none
  * @property {number} pointed the object under the pointer or with the focus, -1 for none
+ * @property {boolean} focused whether the object that is pointed at has the focus
  * @property {{x: number, y: number} | null} spot the point of the drawing under the pointer
  * @property {number} group the group that was zoomed into, -1 for the whole drawing
  * @property {string} query
@@ -30,6 +31,7 @@ const initialValues = {
     fitted: true,
     chosen: -1,
     pointed: -1,
+    focused: false,
     spot: null,
     group: -1,
     query: '',

@@ -109,7 +109,8 @@ export class Table {
                          { 'aria-disabled': page < 0 || page >= pages ? 'true' : undefined });
         return create('p', { class: 'turner' }, create('span', { role: 'status' }, told),
                       turn('First page', this.page === 0 ? -1 : 0), turn('Previous page', this.page - 1),
-                      turn('Next page', this.page + 1), turn('Last page', this.page === pages - 1 ? -1 : pages - 1));
+                      turn('Next page', this.page + 1),
+                      turn('Last page', this.page === pages - 1 ? -1 : pages - 1));
     }
 
     /**

@@ -120,9 +120,8 @@ export class View {
         const { scale } = this.state.now.view;
         const readable = Math.max(box.width, box.height) * scale >= 12;
         const [x, y] = [box.x * scale + this.left, box.y * scale + this.top];
-        const inView = x >= 0 && y >= 0 && x + Math.min(box.width * scale, this.bounds.width) <= this.bounds.width
-            && y + Math.min(box.height * scale, this.bounds.height) <= this.bounds.height;
-        if (readable && inView)
+        const { width, height } = this.bounds;
+        if (readable && isWithin(x, box.width * scale, width) && isWithin(y, box.height * scale, height))
             return;
         const centre = { x: box.x + box.width / 2, y: box.y + box.height / 2 };
         const wanted = readable ? scale : 24 / Math.max(box.width, box.height, 1);
@@ -195,12 +194,24 @@ export class View {
         const still = matchMedia('(prefers-reduced-motion: reduce)').matches;
         const step = (/** @type {number} */ now) => {
             const share = still ? 1 : Math.min((now - began) / flightTime, 1);
-            this.state.change({ view: share < 1 ? between(start, place, Math.max(share, 0)) : place, fitted });
+            const view = share < 1 ? between(start, place, Math.max(share, 0)) : place;
+            this.state.change({ view, fitted });
             if (share < 1)
                 this.flight = requestAnimationFrame(step);
         };
         step(began);
     }
+}
+
+/**
+ * Whether a length lies in a room, or fills it.
+ *
+ * @param {number} start
+ * @param {number} length
+ * @param {number} room
+ */
+function isWithin(start, length, room) {
+    return start >= 0 && start + Math.min(length, room) <= room;
 }
 
 /**
