@@ -9,9 +9,9 @@ namespace ORR::Companion {
 struct PageRequest
 {
     QByteArray input; // one graph as DOT; with `xdotversion` at its root it is replayed
-    QString engine; // by its name in any case; empty for that of the root's attribute `layout`
-    QString title; // empty for the root's label, else the graph's name, else `fallbackTitle`
-    QString fallbackTitle;
+    QString engine = {}; // by its name in any case; empty for that of the root's attribute `layout`
+    QString title = {}; // empty for the root's label, else the graph's name, else `fallbackTitle`
+    QString fallbackTitle = {};
     bool htmlLabels = false; // whether all labels are HTML, whatever the input says
 };
 
