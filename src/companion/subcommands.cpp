@@ -2,6 +2,7 @@
 
 #include "companion/check/check_command.h"
 #include "companion/draw/draw_command.h"
+#include "companion/page/page_command.h"
 #include "companion/watch/watch_command.h"
 
 namespace ORR::Companion {
@@ -12,6 +13,7 @@ std::span<const Subcommand> subcommands()
         {"check", "Tell what is wrong with a graph, and where", runCheck},
         {"draw", "Make many drawings, by several processes", runDraw},
         {"watch", "Draw again when an input changes, and tell what is wrong", runWatch},
+        {"page", "Draw a graph as a page to look into", runPage},
     };
     return table;
 }

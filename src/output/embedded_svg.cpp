@@ -51,7 +51,7 @@ QByteArray describing(const Device::Color *color)
 
 EmbeddedSvg::EmbeddedSvg(const OutputTarget &target, const DrawingExtras &drawingExtras,
                          const DotGraph *drawnGraph)
-    : SvgRichText(target, drawingExtras), graph(drawnGraph)
+    : GroupedSvg(target, drawingExtras, deepestGroups), graph(drawnGraph)
 {
 }
 
@@ -68,81 +68,6 @@ void EmbeddedSvg::begin(int width, int height)
     if (graph)
         out << "<desc>" << xmlEscaped(graphCounts(graph), XmlForm::Text) << "</desc>\n";
     writeBackground(width, height);
-}
-
-QString EmbeddedSvg::end()
-{
-    while (!groups.isEmpty())
-        endGroup();
-    return SvgRichText::end();
-}
-
-void EmbeddedSvg::drawBezier(const QList<QPoint> &points, Pen *pen, Color *fill)
-{
-    openLink();
-    SvgRichText::drawBezier(points, pen, fill);
-}
-
-void EmbeddedSvg::drawEllipse(QPoint centre, int rx, int ry, Pen *pen, Color *fill)
-{
-    openLink();
-    SvgRichText::drawEllipse(centre, rx, ry, pen, fill);
-}
-
-void EmbeddedSvg::drawPolyline(const QList<QPoint> &points, Pen *pen)
-{
-    openLink();
-    SvgRichText::drawPolyline(points, pen);
-}
-
-void EmbeddedSvg::drawPolygon(const QList<QPoint> &points, Pen *pen, Color *fill)
-{
-    openLink();
-    SvgRichText::drawPolygon(points, pen, fill);
-}
-
-void EmbeddedSvg::drawRect(QPoint topLeft, QPoint bottomRight, int radius, Pen *pen, Color *fill)
-{
-    openLink();
-    SvgRichText::drawRect(topLeft, bottomRight, radius, pen, fill);
-}
-
-void EmbeddedSvg::drawText(QPoint topLeft, Text *text)
-{
-    openLink();
-    SvgRichText::drawText(topLeft, text);
-}
-
-void EmbeddedSvg::drawRichText(QPoint topLeft, Text *text)
-{
-    openLink();
-    SvgRichText::drawRichText(topLeft, text);
-}
-
-void EmbeddedSvg::drawPath(Path *path, Pen *pen, Color *fill)
-{
-    openLink();
-    SvgRichText::drawPath(path, pen, fill);
-}
-
-void EmbeddedSvg::endCluster()
-{
-    endGroup();
-}
-
-void EmbeddedSvg::endEdge()
-{
-    endGroup();
-}
-
-void EmbeddedSvg::endNode()
-{
-    endGroup();
-}
-
-bool EmbeddedSvg::supportsObjects() const
-{
-    return true;
 }
 
 Device::Cluster *EmbeddedSvg::createCluster(DotSubgraph *subgraph)
@@ -180,20 +105,13 @@ QByteArray EmbeddedSvg::defineGradient(const Color *color)
     return id;
 }
 
-QString EmbeddedSvg::fragmentPrefix()
-{
-    return u"text-%1-"_s.arg(++richTextCount);
-}
-
 // An id that was there already, of an object that is drawn twice or has a namesake, gets a number
 // behind a dot, which no first one can have.
 void EmbeddedSvg::beginGroup(QByteArrayView kind, const QByteArray &name, const DotObject *object)
 {
     closeLink();
-    if (groups.size() >= deepestGroups) {
-        ++deeperObjects;
+    if (!beginObject())
         return;
-    }
     QByteArray id = kind.toByteArray() + '-' + name;
     const int count = ++ids[id];
     if (count > 1)
@@ -202,23 +120,16 @@ void EmbeddedSvg::beginGroup(QByteArrayView kind, const QByteArray &name, const 
     groups.append({linkAddress(object)});
 }
 
-void EmbeddedSvg::endGroup()
+void EmbeddedSvg::groupEnds()
 {
-    if (deeperObjects > 0) {
-        --deeperObjects;
-        return;
-    }
-    if (groups.isEmpty())
-        return;
     closeLink();
-    out << "</g>\n";
     groups.removeLast();
 }
 
 // What is drawn deeper than groups go is not what the last of them draws.
-void EmbeddedSvg::openLink()
+void EmbeddedSvg::primitiveComes(const std::function<CoveredBox()> & /*box*/)
 {
-    if (groups.isEmpty() || deeperObjects > 0)
+    if (groups.isEmpty() || isBelowGroups())
         return;
     Group &group = groups.last();
     if (group.address.isEmpty() || group.isLinkOpen)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "output/svg_rich_text.h"
+#include "output/grouped_svg.h"
 
 #include <QHash>
 #include <QSet>
@@ -17,7 +17,7 @@ namespace ORR::Graph {
 // none. What an object draws itself is its link (see `linkAddress`), what is in it is not.
 // Gradients are defined once, under an id that is a hash of what they are, so that several drawings
 // of a page may define the same ones.
-class EmbeddedSvg : public SvgRichText
+class EmbeddedSvg : public GroupedSvg
 {
 public:
     // graph: for the title and the description; may be null, is not owned and must live as long.
@@ -25,20 +25,6 @@ public:
                          const DotGraph *drawnGraph = nullptr);
 
     void begin(int width, int height) override;
-    QString end() override;
-    void drawBezier(const QList<QPoint> &points, Pen *pen, Color *fill) override;
-    void drawEllipse(QPoint centre, int rx, int ry, Pen *pen, Color *fill) override;
-    void drawPolyline(const QList<QPoint> &points, Pen *pen) override;
-    void drawPolygon(const QList<QPoint> &points, Pen *pen, Color *fill) override;
-    void drawRect(QPoint topLeft, QPoint bottomRight, int radius, Pen *pen, Color *fill) override;
-    void drawText(QPoint topLeft, Text *text) override;
-    void drawRichText(QPoint topLeft, Text *text) override;
-    void drawPath(Path *path, Pen *pen, Color *fill) override;
-
-    void endCluster() override;
-    void endEdge() override;
-    void endNode() override;
-    bool supportsObjects() const override;
     // They keep nothing: null.
     Cluster *createCluster(DotSubgraph *subgraph) override;
     Edge *createEdge(DotEdge *edge) override;
@@ -46,7 +32,9 @@ public:
 
 protected:
     QByteArray defineGradient(const Color *color) override;
-    QString fragmentPrefix() override;
+    // What the innermost object draws comes into its link.
+    void primitiveComes(const std::function<CoveredBox()> &box) override;
+    void groupEnds() override;
 
 private:
     struct Group
@@ -56,17 +44,12 @@ private:
     };
 
     void beginGroup(QByteArrayView kind, const QByteArray &name, const DotObject *object);
-    void endGroup();
-    // Around what the innermost object draws.
-    void openLink();
     void closeLink();
 
     const DotGraph *graph;
     QList<Group> groups;
-    qsizetype deeperObjects = 0; // that are open and have no group
     QHash<QByteArray, int> ids; // of objects, and how often each was asked for
     QSet<QByteArray> gradients; // that are defined, by their ids
-    int richTextCount = 0;
 };
 
 } // namespace ORR::Graph

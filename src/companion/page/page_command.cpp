@@ -1,0 +1,166 @@
+#include "companion/page/page_command.h"
+
+#include "companion/command/options.h"
+#include "companion/command/streams.h"
+#include "companion/findings/nearest_word.h"
+#include "companion/page/page_drawing.h"
+#include "drawing/environment.h"
+#include "drawing/layout_table.h"
+#include "drawing/sudden_end.h"
+#include "drawing/toolkit.h"
+#include "graph/message_text.h"
+#include "output/files/file_name.h"
+#include "output/output.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace ORR::Companion {
+
+namespace {
+
+namespace Files = std::filesystem;
+
+constexpr char sentence[] = "Draw a graph as a page to look into with a browser.";
+constexpr char examples[] = "The page is one file and needs no other: zoom, search, read, list.\n\n"
+                            "Examples:\n"
+                            "  orr page -K treemap areas.dot\n"
+                            "  orr page -K treemap -o - --title Sizes <areas.dot >sizes.html";
+
+struct PageOptions
+{
+    std::string engine;
+    std::string output;
+    std::string title;
+    std::string file = "-";
+};
+
+std::optional<int> readArguments(const CommandCall &call, PageOptions *options)
+{
+    const auto app = commandLine(call, sentence, examples);
+    const auto add = [&](const char *name, std::string *value, const char *text, const char *type) {
+        app->add_option(name, *value, text)->type_name(type);
+    };
+    add("-K", &options->engine, "Engine; else the root's attribute layout", "ENGINE");
+    add("-o", &options->output, "Where to write; - is standard output", "FILE");
+    add("--title", &options->title, "Else the root's label, or a name", "TITLE");
+    add("FILE", &options->file, "What to draw, written beside it; - for standard streams", "");
+    return readOptions(app.get(), call);
+}
+
+// Without -o a page goes beside its input, or where the input of a stream would go on to.
+std::string outputOf(const PageOptions &options)
+{
+    if (!options.output.empty() || options.file == "-")
+        return options.output.empty() ? "-" : options.output;
+    return Files::path(options.file).replace_extension("html").native();
+}
+
+bool isSameFile(const std::string &a, const std::string &b)
+{
+    std::error_code ignored;
+    return a != "-" && b != "-" && Files::equivalent(a, b, ignored);
+}
+
+// What is wrong; empty if nothing is.
+std::string contradiction(const PageOptions &options)
+{
+    const QString engine = QString::fromStdString(options.engine);
+    if (!engine.isEmpty() && !Drawing::chooseLayout(engine)) {
+        const QStringList engines = Drawing::layoutNames();
+        const QString meant = didYouMean(engine, engines);
+        return "there is no engine '" + options.engine + "'; "
+            + (meant.isEmpty() ? "the engines are " + engines.join(u", "_s).toStdString()
+                               : meant.toStdString());
+    }
+    const std::string output = outputOf(options);
+    if (isSameFile(options.file, output))
+        return '\'' + output + "' is the input and would be written over";
+    return {};
+}
+
+std::string shown(const std::string &file)
+{
+    return file == "-" ? "standard input" : '\'' + file + '\'';
+}
+
+// Tells and gives false if there is no font.
+bool startDrawing(const CommandCall &call)
+{
+    Drawing::startToolkit("orr");
+    Drawing::startApplication(u"orrlayout"_s);
+    const QString fault = Drawing::fontFault();
+    if (!fault.isEmpty())
+        tell(call.name + ": " + fault.trimmed().toStdString() + '\n');
+    return fault.isEmpty();
+}
+
+PageRequest requestOf(const PageOptions &options, const QByteArray &input)
+{
+    const char *const html = std::getenv("ORR_GVLAYOUT_USE_HTML");
+    const std::string stem = Files::path(options.file).stem().native();
+    return {.input = input,
+            .engine = QString::fromStdString(options.engine),
+            .title = QString::fromStdString(options.title),
+            .fallbackTitle = options.file == "-" ? u"Drawing"_s : QString::fromStdString(stem),
+            .htmlLabels = html && std::strcmp(html, "1") == 0};
+}
+
+// Why a file can't be written, as far as the system tells.
+std::string writingFault(const std::string &file)
+{
+    std::error_code ignored;
+    if (Files::is_directory(file, ignored))
+        return std::strerror(EISDIR);
+    const Files::path folder = Files::path(file).parent_path();
+    if (::access(folder.empty() ? "." : folder.c_str(), W_OK) != 0)
+        return std::strerror(errno);
+    return "not all of it arrived";
+}
+
+int write(const CommandCall &call, const std::string &output, const QByteArray &document)
+{
+    if (output == "-")
+        return print(call, document) ? AllWell : WrongUse;
+    const QString name = Graph::fileNameText(QByteArray::fromStdString(output));
+    if (Graph::writeOutput(name, document))
+        return AllWell;
+    tell(call.name + ": '" + output + "' can't be written: " + writingFault(output) + '\n');
+    return WrongUse;
+}
+
+} // namespace
+
+int runPage(const CommandCall &call)
+{
+    PageOptions options;
+    if (const std::optional<int> status = readArguments(call, &options))
+        return *status;
+    const std::string wrong = contradiction(options);
+    if (!wrong.empty())
+        return wrongUse(call, wrong);
+    Drawing::prepareForSuddenEnd();
+    Drawing::prepareToolkit();
+    const ReadInput input = readInput(call, options.file);
+    if (!input.bytes) {
+        tell(call.name + ": " + shown(options.file) + " can't be read: " + input.fault + '\n');
+        return WrongUse;
+    }
+    if (!startDrawing(call))
+        return Failed;
+    const MadePage page = makePage(requestOf(options, *input.bytes));
+    if (page.document.isEmpty()) {
+        tell(call.name + ": " + shown(options.file) + ": "
+             + Graph::printableMessage(page.fault).toStdString() + '\n');
+        return Failed;
+    }
+    return write(call, outputOf(options), page.document);
+}
+
+} // namespace ORR::Companion

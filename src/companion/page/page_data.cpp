@@ -1,0 +1,213 @@
+#include "companion/page/page_data.h"
+
+#include "attributes/paint_attributes.h"
+#include "companion/page/chart_values.h"
+#include "companion/page/drawn_table.h"
+#include "companion/page/json_text.h"
+#include "companion/page/plain_label.h"
+#include "layout/attribute_tables.h"
+#include "layout/charts/chart_legend.h"
+#include "layout/sequence/umlseq_attributes.h"
+
+#include <cmath>
+#include <utility>
+
+namespace ORR::Companion {
+
+using namespace Graph;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Digits of a value: none of them is noise of a sum.
+constexpr int valueDigits = 10;
+
+QByteArray number(double value)
+{
+    return std::isfinite(value) ? QByteArray::number(value, 'g', valueDigits) : "0";
+}
+
+// The label of an object as it is looked up for the drawing; null for none.
+const QString *labelOf(const DotGraph &graph, const DrawnTable::Row &row)
+{
+    if (row.subgraph)
+        return PaintAttributes::label.find(&graph, row.subgraph);
+    if (row.node)
+        return PaintAttributes::label.find(&graph, row.node);
+    return row.edge ? PaintAttributes::label.find(&graph, row.edge) : nullptr;
+}
+
+// Writes an object of JSON, member by member.
+class DataWriter
+{
+public:
+    DataWriter(const QString &engineName, const DotGraph &drawnGraph,
+               const GivenAttributes &givenAttributes, const PageSvg &pageDrawing)
+        : engine(engineName), graph(drawnGraph), given(givenAttributes), drawing(pageDrawing),
+          table(drawnGraph, pageDrawing)
+    {
+    }
+
+    QByteArray document()
+    {
+        add("engine", jsonText(engine));
+        add("size",
+            '[' + QByteArray::number(drawing.size().width()) + ','
+                + QByteArray::number(drawing.size().height()) + ']');
+        addColumn("box", [&](size_t i, const auto &) { return box(drawing.objects()[i].box); });
+        addColumn("parent", [](size_t, const auto &row) { return QByteArray::number(row.parent); });
+        addTexts();
+        addEnds();
+        addChart();
+        if (engine == "umlseq"_L1)
+            addHeads();
+        addPieces();
+        return json + '}';
+    }
+
+private:
+    void add(const char *name, const QByteArray &value)
+    {
+        json += (json.isEmpty() ? "{\"" : ",\n\"") + QByteArray(name) + "\":" + value;
+    }
+
+    // An entry for each object: `entry(i, row)`.
+    template <typename Entry>
+    void addColumn(const char *name, Entry entry)
+    {
+        QByteArray list;
+        for (size_t i = 0; i < table.rows().size(); ++i)
+            list += (i == 0 ? "" : ",") + entry(i, table.rows()[i]);
+        add(name, '[' + list + ']');
+    }
+
+    static QByteArray box(const CoveredBox &box)
+    {
+        if (box.isNull())
+            return "0,0,-1,-1";
+        return QByteArray::number(box.left) + ',' + QByteArray::number(box.top) + ','
+            + QByteArray::number(box.width()) + ',' + QByteArray::number(box.height());
+    }
+
+    // Labels, and attributes without a label that these tell already.
+    void addTexts()
+    {
+        addColumn("label", [&](size_t i, const auto &row) {
+            const QString label = plainLabelOf(row);
+            const bool isTold = label.isEmpty() || label == drawing.objects()[i].id;
+            return isTold ? QByteArray("0") : jsonText(label);
+        });
+        addColumn("attributes", [&](size_t, const auto &row) { return attributes(row); });
+        QByteArray list;
+        for (const QString &name : std::as_const(names))
+            list += (list.isEmpty() ? "" : ",") + jsonText(name);
+        add("names", '[' + list + ']');
+    }
+
+    QString plainLabelOf(const DrawnTable::Row &row) const
+    {
+        const QString *label = labelOf(graph, row);
+        return label ? plainLabel(*label, graph.htmlLabels()) : QString();
+    }
+
+    QByteArray attributes(const DrawnTable::Row &row)
+    {
+        QByteArray list;
+        for (const AttributeMap::Entry &entry : given.of(row.object())) {
+            if (entry.name == "label"_attribute && entry.value == plainLabelOf(row))
+                continue;
+            list += (list.isEmpty() ? "" : ",") + QByteArray::number(numberOf(entry.name)) + ','
+                + jsonText(entry.value);
+        }
+        return list.isEmpty() ? "0" : '[' + list + ']';
+    }
+
+    // The place of a name in the list of them.
+    qsizetype numberOf(const AttributeName &name)
+    {
+        const auto known = numbers.constFind(name.text());
+        if (known != numbers.cend())
+            return *known;
+        names.append(name.text());
+        return *numbers.insert(name.text(), names.size() - 1);
+    }
+
+    void addEnds()
+    {
+        QByteArray list;
+        for (size_t i = 0; i < table.rows().size(); ++i) {
+            const DotEdge *edge = table.rows()[i].edge;
+            if (!edge)
+                continue;
+            list += (list.isEmpty() ? "\"" : ",\"") + QByteArray::number(qulonglong(i)) + "\":["
+                + QByteArray::number(table.find(edge->tail)) + ','
+                + QByteArray::number(table.find(edge->head)) + ']';
+        }
+        add("ends", '{' + list + '}');
+    }
+
+    void addChart()
+    {
+        const bool isChart = Layout::hasLegends(engine);
+        const DotSubgraph *legend = isChart ? Layout::findLegend(&graph) : nullptr;
+        add("legend", QByteArray::number(legend ? table.find(legend) : -1));
+        if (!isChart)
+            return;
+        const ChartValues values(engine, graph, legend);
+        addColumn("value",
+                  [&](size_t, const auto &row) { return number(values.of(row.object())); });
+        add("total", number(values.total()));
+    }
+
+    // The uppermost object of each column.
+    void addHeads()
+    {
+        using namespace Layout::UmlseqAttributes;
+        QMap<int, int> heads; // by column
+        for (size_t i = 0; i < table.rows().size(); ++i) {
+            const DotNode *node = table.rows()[i].node;
+            if (!node || nodeKind.of(&graph, node) != Object)
+                continue;
+            const int column = col.of(&graph, node);
+            const auto head = heads.constFind(column);
+            if (head == heads.cend() || topOf(i) < topOf(size_t(*head)))
+                heads.insert(column, int(i));
+        }
+        QByteArray list;
+        for (const int head : std::as_const(heads))
+            list += (list.isEmpty() ? "" : ",") + QByteArray::number(head);
+        add("heads", '[' + list + ']');
+    }
+
+    int topOf(size_t i) const { return drawing.objects()[i].box.top; }
+
+    void addPieces()
+    {
+        if (table.pieces().isEmpty())
+            return;
+        QByteArray list;
+        for (auto piece = table.pieces().cbegin(); piece != table.pieces().cend(); ++piece)
+            list += (list.isEmpty() ? "\"" : ",\"") + QByteArray::number(piece.key())
+                + "\":" + QByteArray::number(piece.value());
+        add("same", '{' + list + '}');
+    }
+
+    QString engine;
+    const DotGraph &graph;
+    const GivenAttributes &given;
+    const PageSvg &drawing;
+    DrawnTable table;
+    QStringList names; // of attributes, as they came
+    QHash<QString, qsizetype> numbers;
+    QByteArray json;
+};
+
+} // namespace
+
+QByteArray pageData(const QString &engine, const DotGraph &graph, const GivenAttributes &given,
+                    const PageSvg &drawing)
+{
+    return DataWriter(engine, graph, given, drawing).document();
+}
+
+} // namespace ORR::Companion

@@ -1,0 +1,95 @@
+/** The columns of the table of objects: what an object has in each, and which way that sorts. */
+
+import { hasShare, percent } from './chart.js';
+
+/** @import {Objects} from './objects.js' */
+
+/**
+ * @typedef {object} Column
+ * @property {string} name
+ * @property {boolean} isNumber
+ * @property {(i: number) => string} text
+ * @property {(i: number) => number | string} key by which rows are sorted
+ */
+
+const mostAttributes = 5;
+// An attribute that fewer objects have gets no column.
+const rareShare = 0.02;
+
+/**
+ * @param {Objects} objects
+ * @returns {Column[]}
+ */
+export function columnsOf(objects) {
+    const columns = [
+        textColumn('Kind', i => objects.kindName(i)),
+        textColumn('Id', i => objects.id(i)),
+        textColumn('Group', i => objects.path(i).map(group => objects.name(group)).join(' › ')),
+    ];
+    if (objects.isChart)
+        columns.push(valueColumn(objects));
+    return [textColumn('Label', i => objects.name(i)), ...columns, ...attributeColumns(objects)];
+}
+
+/**
+ * @param {string} name
+ * @param {(i: number) => string} text
+ * @returns {Column}
+ */
+function textColumn(name, text) {
+    return { name, isNumber: false, text, key: text };
+}
+
+/**
+ * @param {Objects} objects
+ * @returns {Column}
+ */
+function valueColumn(objects) {
+    const { value = [], total = 0 } = objects.data;
+    const text = (/** @type {number} */ i) => !hasShare(objects, i) ? ''
+        : total > 0 ? `${value[i].toLocaleString('en')} (${percent(value[i], total)})`
+        : value[i].toLocaleString('en');
+    return { name: 'Value', isNumber: true, text, key: i => hasShare(objects, i) ? value[i] : -Infinity };
+}
+
+/**
+ * The attributes that most objects have, but for those that another column shows.
+ *
+ * @param {Objects} objects
+ * @returns {Column[]}
+ */
+function attributeColumns(objects) {
+    const { names, attributes } = objects.data;
+    const counts = names.map((name, k) => ({ name, k, count: name === 'label' ? 0 : 1 }));
+    for (const list of attributes) {
+        for (let k = 0; list && k + 1 < list.length; k += 2) {
+            const count = counts[Number(list[k])];
+            count.count += count.count > 0 ? 1 : 0;
+        }
+    }
+    const fewest = 1 + objects.count * rareShare;
+    return counts.filter(({ count }) => count > fewest).sort((a, b) => b.count - a.count)
+        .slice(0, mostAttributes).map(({ name, k }) => attributeColumn(objects, name, k));
+}
+
+/**
+ * @param {Objects} objects
+ * @param {string} name
+ * @param {number} k index of the name
+ * @returns {Column}
+ */
+function attributeColumn(objects, name, k) {
+    const text = (/** @type {number} */ i) => {
+        const list = objects.data.attributes[i] || [];
+        for (let at = 0; at + 1 < list.length; at += 2) {
+            if (list[at] === k)
+                return String(list[at + 1]);
+        }
+        return '';
+    };
+    const number = (/** @type {number} */ i) => text(i).trim() === '' ? -Infinity : Number(text(i));
+    let isNumber = true;
+    for (let i = 0; isNumber && i < objects.count; ++i)
+        isNumber = !Number.isNaN(number(i));
+    return { name, isNumber, text, key: isNumber ? number : text };
+}

@@ -1,0 +1,290 @@
+/**
+ * The objects of the drawing: the table that came with it and the elements that it was drawn as. An
+ * object is a number, its place in the document.
+ */
+
+/**
+ * The table as it stands in the page. All lists but `names` have an entry for each object.
+ *
+ * @typedef {object} PageData
+ * @property {string} engine empty for a replayed text
+ * @property {[number, number]} size
+ * @property {number[]} box four numbers an object; a width below zero where nothing was drawn
+ * @property {number[]} parent
+ * @property {(string | 0)[]} label 0 where there is none, or where it is the id
+ * @property {string[]} names of attributes
+ * @property {((number | string)[] | 0)[]} attributes an index into the names, a value, and so on
+ * @property {Record<string, [number, number]>} ends
+ * @property {number[]} [value] of charts
+ * @property {number} [total] the sum of all values of a chart, also of what was not drawn
+ * @property {number} legend
+ * @property {number[]} [heads]
+ * @property {Record<string, number>} [same]
+ */
+
+/** @typedef {{x: number, y: number, width: number, height: number}} Box */
+
+const empty = /** @type {PageData} */ ({
+    engine: '', size: [0, 0], box: [], parent: [], label: [], names: [], attributes: [], ends: {}, legend: -1,
+});
+
+export class Objects {
+    /**
+     * @param {ArrayLike<Element> & Iterable<Element>} elements one for each object
+     * @param {PageData} data
+     */
+    constructor(elements, data) {
+        this.elements = elements;
+        this.data = data;
+        this.count = data.parent.length;
+        /** @type {Map<Element, number>} */
+        this.places = new Map();
+        for (let i = 0; i < this.count; ++i)
+            this.places.set(elements[i], i);
+        /** @type {Map<number, number[]> | null} */
+        this.membersOf = null;
+        /** @type {Map<number, number[]> | null} */
+        this.edgesOf = null;
+    }
+
+    get engine() {
+        return this.data.engine;
+    }
+
+    /** Whether areas stand for values. */
+    get isChart() {
+        return this.data.value !== undefined;
+    }
+
+    /**
+     * The object that an element of the drawing belongs to, -1 for none.
+     *
+     * @param {EventTarget | null} target
+     */
+    at(target) {
+        const element = target instanceof Element ? target.closest('g[data-kind]') : null;
+        const place = element ? this.places.get(element) : undefined;
+        return place === undefined ? -1 : this.whole(place);
+    }
+
+    /**
+     * An object that was drawn in several pieces is known by one of them.
+     *
+     * @param {number} i
+     */
+    whole(i) {
+        return this.data.same?.[i] ?? i;
+    }
+
+    /** @param {number} i */
+    isPiece(i) {
+        return this.whole(i) !== i;
+    }
+
+    /**
+     * The elements that an object was drawn as.
+     *
+     * @param {number} i
+     */
+    pieces(i) {
+        const others = Object.entries(this.data.same ?? {}).filter(([, whole]) => whole === i);
+        return [i, ...others.map(([piece]) => Number(piece))].map(piece => this.elements[piece]);
+    }
+
+    /** @param {number} i */
+    kind(i) {
+        return this.elements[i].getAttribute('data-kind') ?? '';
+    }
+
+    /**
+     * What a reader calls the kind.
+     *
+     * @param {number} i
+     */
+    kindName(i) {
+        return this.kind(i) === 'cluster' ? 'group' : this.kind(i);
+    }
+
+    /** @param {number} i */
+    id(i) {
+        return this.elements[i].getAttribute('data-id') ?? '';
+    }
+
+    /**
+     * The label in one line, or what else an object is known by: the ends of an edge, the id.
+     *
+     * @param {number} i
+     * @returns {string}
+     */
+    name(i) {
+        const label = this.data.label[i];
+        if (typeof label === 'string' && label.trim() !== '')
+            return label.trim().replace(/\s+/g, ' ');
+        const ends = this.ends(i);
+        if (!ends)
+            return this.id(i);
+        return ends.map(end => end < 0 ? '…' : this.name(end)).join(' → ');
+    }
+
+    /**
+     * Null where nothing was drawn.
+     *
+     * @param {number} i
+     * @returns {Box | null}
+     */
+    box(i) {
+        const [x, y, width, height] = this.data.box.slice(4 * i, 4 * i + 4);
+        return width < 0 ? null : { x, y, width, height };
+    }
+
+    /** @param {number} i */
+    parent(i) {
+        return this.data.parent[i];
+    }
+
+    /**
+     * The groups around an object, the outermost one first.
+     *
+     * @param {number} i
+     */
+    path(i) {
+        const groups = [];
+        for (let group = this.parent(i); group >= 0 && groups.length < this.count; group = this.parent(group))
+            groups.unshift(group);
+        return groups;
+    }
+
+    /**
+     * Names and values, in the order of the input.
+     *
+     * @param {number} i
+     * @returns {[string, string][]}
+     */
+    attributes(i) {
+        const list = this.data.attributes[i] || [];
+        /** @type {[string, string][]} */
+        const pairs = [];
+        for (let k = 0; k + 1 < list.length; k += 2)
+            pairs.push([this.data.names[Number(list[k])], String(list[k + 1])]);
+        return pairs;
+    }
+
+    /**
+     * The objects at the tail and the head of an edge, -1 for one that is not drawn; null for what is no
+     * edge.
+     *
+     * @param {number} i
+     */
+    ends(i) {
+        return this.data.ends[i] ?? null;
+    }
+
+    /**
+     * The objects directly in a group, or in none for -1, in the order of the drawing.
+     *
+     * @param {number} group
+     */
+    members(group) {
+        this.membersOf ??= this.gathered(i => [this.parent(i)]);
+        return this.membersOf.get(group) ?? [];
+    }
+
+    /**
+     * The edges at a node.
+     *
+     * @param {number} node
+     */
+    edges(node) {
+        this.edgesOf ??= this.gathered(i => [...new Set(this.ends(i) ?? [])]);
+        return this.edgesOf.get(node) ?? [];
+    }
+
+    /**
+     * All objects by the keys of each.
+     *
+     * @param {(i: number) => number[]} keysOf
+     */
+    gathered(keysOf) {
+        /** @type {Map<number, number[]>} */
+        const lists = new Map();
+        for (let i = 0; i < this.count; ++i) {
+            for (const key of this.isPiece(i) ? [] : keysOf(i)) {
+                const list = lists.get(key);
+                if (list)
+                    list.push(i);
+                else
+                    lists.set(key, [i]);
+            }
+        }
+        return lists;
+    }
+
+    /**
+     * A text by which an object is found again, also in a later drawing of the same graph.
+     *
+     * @param {number} i
+     */
+    key(i) {
+        return `${i}.${this.kind(i)}.${this.id(i)}`;
+    }
+
+    /**
+     * The object of a key, or the first one with its kind and id; -1 if there is none any more.
+     *
+     * @param {string} key
+     */
+    find(key) {
+        const [place, kind = ''] = key.split('.', 2);
+        const id = key.slice(place.length + kind.length + 2);
+        /** @type {(i: number) => boolean} */
+        const isIt = i => this.kind(i) === kind && this.id(i) === id;
+        if (kind === '')
+            return -1;
+        const i = /^\d+$/.test(place) ? Number(place) : this.count;
+        if (i < this.count && isIt(i))
+            return this.whole(i);
+        for (let other = 0; other < this.count; ++other) {
+            if (isIt(other))
+                return this.whole(other);
+        }
+        return -1;
+    }
+}
+
+/**
+ * What is wrong with a table, in a sentence; empty if it fits the drawing.
+ *
+ * @param {any} data
+ * @param {number} count of elements
+ */
+function faultOf(data, count) {
+    const lists = [data?.box, data?.parent, data?.label, data?.names, data?.attributes];
+    if (!lists.every(Array.isArray) || typeof data.ends !== 'object' || data.ends === null)
+        return 'The table of objects is incomplete.';
+    const sizes = [data.box.length / 4, data.parent.length, data.label.length, data.attributes.length];
+    if (sizes.some(size => size !== count))
+        return `The table of objects does not fit the drawing, which has ${count} objects.`;
+    return '';
+}
+
+/**
+ * The table and the drawing together. If the table can't be read there is a sentence that says so, and
+ * the drawing has no objects.
+ *
+ * @param {Element} drawing
+ * @param {string} text of the table; empty if there is none
+ * @returns {{objects: Objects, fault: string}}
+ */
+export function readObjects(drawing, text) {
+    const elements = drawing.querySelectorAll('g[data-kind]');
+    let fault = '';
+    try {
+        const data = JSON.parse(text);
+        fault = faultOf(data, elements.length);
+        if (fault === '')
+            return { objects: new Objects(elements, data), fault };
+    } catch {
+        fault = text === '' ? 'The table of objects is missing.' : 'The table of objects is damaged.';
+    }
+    return { objects: new Objects([], empty), fault };
+}

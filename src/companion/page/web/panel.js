@@ -1,0 +1,113 @@
+/** Tells of one object: the one that was chosen, or else the one under the pointer. */
+
+import { create, createButton } from './elements.js';
+import { valueNode } from './links.js';
+
+/** @import {State} from './state.js' */
+/** @import {Objects} from './objects.js' */
+
+/** @typedef {(i: number) => Node[]} Section what an engine adds for an object */
+
+const mostButtons = 40;
+
+export class Panel {
+    /**
+     * @param {HTMLElement} panel
+     * @param {Objects} objects
+     * @param {State} state
+     * @param {(i: number) => void} choose
+     */
+    constructor(panel, objects, state, choose) {
+        this.panel = panel;
+        this.objects = objects;
+        this.state = state;
+        this.choose = choose;
+        /** @type {Section[]} */
+        this.sections = [];
+        state.follow(['chosen', 'pointed'], () => this.update());
+    }
+
+    update() {
+        const { chosen, pointed } = this.state.now;
+        const shown = chosen >= 0 ? chosen : pointed;
+        this.panel.classList.toggle('held', chosen >= 0);
+        this.panel.classList.toggle('idle', shown < 0);
+        // Only the chosen one is read out: a pointer passes over many.
+        this.panel.setAttribute('aria-live', chosen >= 0 ? 'polite' : 'off');
+        this.panel.replaceChildren(...shown < 0 ? this.summary() : this.description(shown));
+    }
+
+    summary() {
+        const counts = [['node', 'nodes'], ['edge', 'edges'], ['cluster', 'groups']].map(([kind, name]) => {
+            const list = [...this.objects.elements].filter(one => one.getAttribute('data-kind') === kind);
+            return list.length === 0 ? '' : `${list.length.toLocaleString('en')} ${name}`;
+        }).filter(text => text !== '');
+        return [
+            create('h2', {}, 'Drawing'),
+            create('p', {}, this.objects.engine === '' ? '' : `${this.objects.engine}: `, counts.join(', ')),
+            create('p', { class: 'soft' }, 'Point at an object to read about it, and click to hold it. ',
+                   'Press ? for the keys.'),
+        ];
+    }
+
+    /** @param {number} i */
+    description(i) {
+        return [
+            create('h2', {}, this.objects.name(i)),
+            create('p', { class: 'soft' }, this.kindOf(i), this.state.now.chosen === i ? ', held' : ''),
+            this.list(i),
+            ...this.sections.flatMap(section => section(i)),
+        ];
+    }
+
+    /** @param {number} i */
+    kindOf(i) {
+        const kind = this.objects.kindName(i);
+        return kind[0].toUpperCase() + kind.slice(1);
+    }
+
+    /** @param {number} i */
+    list(i) {
+        const list = create('dl');
+        const add = (/** @type {string} */ name, /** @type {Node[]} */ ...nodes) =>
+            list.append(create('dt', {}, name), create('dd', {}, ...nodes));
+        if (this.objects.id(i) !== '')
+            add('id', document.createTextNode(this.objects.id(i)));
+        const path = this.objects.path(i);
+        if (path.length > 0)
+            add('in', ...path.map(group => this.button(group)));
+        const ends = this.objects.ends(i);
+        ends?.forEach((end, k) => {
+            if (end >= 0)
+                add(k === 0 ? 'from' : 'to', this.button(end));
+        });
+        for (const [name, value] of this.objects.attributes(i))
+            add(name, valueNode(name, value));
+        return list;
+    }
+
+    /**
+     * A button that chooses an object.
+     *
+     * @param {number} i
+     */
+    button(i) {
+        return createButton(this.objects.name(i), () => this.choose(i), { class: 'object' });
+    }
+
+    /**
+     * A titled list of objects; of many, only some.
+     *
+     * @param {string} title
+     * @param {number[]} list
+     * @returns {Node[]}
+     */
+    titled(title, list) {
+        const items = list.slice(0, mostButtons).map(i => create('li', {}, this.button(i)));
+        if (list.length > mostButtons)
+            items.push(create('li', {}, `and ${list.length - mostButtons} more`));
+        if (list.length === 0)
+            return [];
+        return [create('h3', {}, `${title} (${list.length})`), create('ul', {}, ...items)];
+    }
+}

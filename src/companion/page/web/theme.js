@@ -1,0 +1,39 @@
+/** Light and dark: as the reader's system has it, until the reader says otherwise. */
+
+import { turnLines } from './lightness.js';
+
+/** @import {State} from './state.js' */
+/** @import {Objects} from './objects.js' */
+
+const themes = ['auto', 'light', 'dark'];
+
+/**
+ * @param {HTMLElement} button switches from one theme to the next
+ * @param {Objects} objects
+ * @param {State} state
+ */
+export function followTheme(button, objects, state) {
+    const system = matchMedia('(prefers-color-scheme: dark)');
+    let areTurned = false;
+    const apply = () => {
+        const { theme } = state.now;
+        const isDark = theme === 'dark' || (theme === 'auto' && system.matches);
+        document.documentElement.dataset.theme = isDark ? 'dark' : 'light';
+        button.textContent = `Theme: ${theme}`;
+        if (isDark && !areTurned) {
+            areTurned = true;
+            turnLines(objects);
+        }
+    };
+    button.addEventListener('click', () => {
+        state.change({ theme: themes[(themes.indexOf(state.now.theme) + 1) % themes.length] });
+    });
+    system.addEventListener('change', apply);
+    state.follow(['theme'], apply);
+    apply();
+}
+
+/** @param {string | null} name */
+export function isTheme(name) {
+    return name !== null && themes.includes(name);
+}

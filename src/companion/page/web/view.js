@@ -1,0 +1,232 @@
+/**
+ * What part of the drawing is to be seen. The drawing is moved as a whole by one transformation, which
+ * the browser does without painting anything anew: nothing here looks at the objects.
+ */
+
+import { oncePerFrame } from './elements.js';
+
+/** @import {State, Place} from './state.js' */
+/** @import {Box} from './objects.js' */
+
+const border = 12;
+const smallestScale = 1 / 64;
+const largestScale = 64;
+const flightTime = 220;
+
+export class View {
+    /**
+     * @param {HTMLElement} stage shows a part
+     * @param {HTMLElement} paper holds the drawing
+     * @param {State} state
+     * @param {[number, number]} size of the drawing
+     */
+    constructor(stage, paper, state, size) {
+        this.stage = stage;
+        this.state = state;
+        this.size = size;
+        this.bounds = stage.getBoundingClientRect();
+        this.flight = 0;
+        const place = () => {
+            const { scale } = state.now.view;
+            paper.style.transform = `translate3d(${this.left}px, ${this.top}px, 0) scale(${scale})`;
+        };
+        state.follow(['view'], oncePerFrame(place));
+        new ResizeObserver(() => this.resized()).observe(stage);
+        addEventListener('scroll', () => this.resized(), { passive: true });
+        state.change({ view: this.whole() });
+        place();
+    }
+
+    /** Where the left side of the drawing lies on the stage, in pixels. */
+    get left() {
+        const { x, scale } = this.state.now.view;
+        return this.bounds.width / 2 - x * scale;
+    }
+
+    get top() {
+        const { y, scale } = this.state.now.view;
+        return this.bounds.height / 2 - y * scale;
+    }
+
+    resized() {
+        this.bounds = this.stage.getBoundingClientRect();
+        const { fitted, view } = this.state.now;
+        this.state.change({ view: fitted ? this.whole() : { ...view } });
+    }
+
+    /**
+     * The point of the drawing that is seen at a point of the window.
+     *
+     * @param {number} clientX
+     * @param {number} clientY
+     */
+    pointAt(clientX, clientY) {
+        const { scale } = this.state.now.view;
+        return {
+            x: (clientX - this.bounds.left - this.left) / scale,
+            y: (clientY - this.bounds.top - this.top) / scale,
+        };
+    }
+
+    /**
+     * The place that shows all of a box, and the scale no larger than given.
+     *
+     * @param {Box} box
+     * @param {number} most
+     * @returns {Place}
+     */
+    placeOf(box, most) {
+        const across = (this.bounds.width - 2 * border) / Math.max(box.width, 1);
+        const down = (this.bounds.height - 2 * border) / Math.max(box.height, 1);
+        const scale = this.allowed(Math.min(across, down, most));
+        return { x: box.x + box.width / 2, y: box.y + box.height / 2, scale };
+    }
+
+    /** @param {number} scale */
+    allowed(scale) {
+        return Math.min(Math.max(scale, smallestScale / 16), largestScale);
+    }
+
+    /** The place of the whole drawing, a small one in its own size. */
+    whole() {
+        const [width, height] = this.size;
+        return this.placeOf({ x: 0, y: 0, width, height }, 1);
+    }
+
+    fit() {
+        this.flyTo(this.whole(), true);
+    }
+
+    /** Shows the drawing in its own size, around the same middle. */
+    showActualSize() {
+        this.flyTo({ ...this.state.now.view, scale: 1 });
+    }
+
+    /**
+     * Zooms to a box.
+     *
+     * @param {Box} box
+     */
+    show(box) {
+        this.flyTo(this.placeOf(box, 8));
+    }
+
+    /**
+     * Brings a box into view: nothing moves if it is to be seen, and a tiny one is made larger.
+     *
+     * @param {Box} box
+     */
+    reveal(box) {
+        const { scale } = this.state.now.view;
+        const readable = Math.max(box.width, box.height) * scale >= 12;
+        const [x, y] = [box.x * scale + this.left, box.y * scale + this.top];
+        const { width, height } = this.bounds;
+        if (readable && isWithin(x, box.width * scale, width) && isWithin(y, box.height * scale, height))
+            return;
+        const centre = { x: box.x + box.width / 2, y: box.y + box.height / 2 };
+        const wanted = readable ? scale : 24 / Math.max(box.width, box.height, 1);
+        this.flyTo({ ...centre, scale: this.allowed(wanted) });
+    }
+
+    /**
+     * Moves by pixels.
+     *
+     * @param {number} dx
+     * @param {number} dy
+     */
+    panBy(dx, dy) {
+        const { x, y, scale } = this.state.now.view;
+        this.moveTo({ x: x - dx / scale, y: y - dy / scale, scale });
+    }
+
+    /**
+     * Zooms so that what lies under a point of the window stays there.
+     *
+     * @param {number} factor
+     * @param {number} clientX
+     * @param {number} clientY
+     */
+    zoomAt(factor, clientX, clientY) {
+        const still = this.pointAt(clientX, clientY);
+        const { x, y, scale } = this.state.now.view;
+        const changed = this.allowed(scale * factor);
+        const kept = scale / changed;
+        this.moveTo({ x: still.x + (x - still.x) * kept, y: still.y + (y - still.y) * kept, scale: changed });
+    }
+
+    /**
+     * Zooms around the middle of the stage.
+     *
+     * @param {number} factor
+     */
+    zoom(factor) {
+        const { left, top, width, height } = this.bounds;
+        this.zoomAt(factor, left + width / 2, top + height / 2);
+    }
+
+    /** @param {Place} place */
+    moveTo(place) {
+        cancelAnimationFrame(this.flight);
+        this.state.change({ view: this.kept(place), fitted: false });
+    }
+
+    /**
+     * The place with its middle on the drawing, so that nobody loses it.
+     *
+     * @param {Place} place
+     * @returns {Place}
+     */
+    kept({ x, y, scale }) {
+        const [width, height] = this.size;
+        return { x: Math.min(Math.max(x, 0), width), y: Math.min(Math.max(y, 0), height), scale };
+    }
+
+    /**
+     * Goes to a place in some frames, or at once where motion is not wanted.
+     *
+     * @param {Place} place
+     * @param {boolean} [fitted]
+     */
+    flyTo(place, fitted = false) {
+        cancelAnimationFrame(this.flight);
+        const start = this.state.now.view;
+        const began = performance.now();
+        const still = matchMedia('(prefers-reduced-motion: reduce)').matches;
+        const step = (/** @type {number} */ now) => {
+            const share = still ? 1 : Math.min((now - began) / flightTime, 1);
+            const view = share < 1 ? between(start, place, Math.max(share, 0)) : place;
+            this.state.change({ view, fitted });
+            if (share < 1)
+                this.flight = requestAnimationFrame(step);
+        };
+        step(began);
+    }
+}
+
+/**
+ * Whether a length lies in a room, or fills it.
+ *
+ * @param {number} start
+ * @param {number} length
+ * @param {number} room
+ */
+function isWithin(start, length, room) {
+    return start >= 0 && start + Math.min(length, room) <= room;
+}
+
+/**
+ * A place on the way from one to another, evenly in the logarithm of the scale.
+ *
+ * @param {Place} from
+ * @param {Place} to
+ * @param {number} share
+ * @returns {Place}
+ */
+function between(from, to, share) {
+    const eased = share * (2 - share);
+    const scale = from.scale * (to.scale / from.scale) ** eased;
+    // The middle moves with the size on the screen, so that the way looks straight.
+    const moved = from.scale === to.scale ? eased
+        : (1 / from.scale - 1 / scale) / (1 / from.scale - 1 / to.scale);
+    return { x: from.x + (to.x - from.x) * moved, y: from.y + (to.y - from.y) * moved, scale };
+}

@@ -1,0 +1,139 @@
+// The pages of all inputs of the project, as they are and with hostile texts everywhere.
+#include "companion/page/page_drawing.h"
+#include "companion/read_page.h"
+#include "drawing/job.h"
+#include "support/breaking_texts.h"
+#include "support/corpus.h"
+
+#include <QJsonArray>
+#include <QSet>
+
+using namespace ORR;
+using namespace ORR::Companion;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QByteArray pageOf(const QByteArray &input, const QString &engine)
+{
+    const MadePage page = makePage({.input = input, .engine = engine, .fallbackTitle = u"t"_s});
+    EXPECT_EQ(page.fault, QString());
+    return page.document;
+}
+
+// The lines within the drawing without groups of objects. The end tags of groups are all alike, so
+// those of rich texts go, too.
+QByteArrayList primitivesOf(const QByteArray &document)
+{
+    qsizetype start = document.indexOf("<svg id=\"drawing\"");
+    start = start < 0 ? document.indexOf("<svg") : start;
+    const qsizetype end = document.indexOf("</svg>", start);
+    QByteArrayList lines = document.mid(start, end - start).split('\n');
+    lines.removeFirst();
+    lines.removeIf(
+        [](const QByteArray &line) { return line.startsWith("<g data-kind=") || line == "</g>"; });
+    return lines;
+}
+
+QByteArray svgOf(const QByteArray &input, const QString &engine)
+{
+    QByteArray svg;
+    const Drawing::Outcome outcome = Drawing::draw({.input = input, .engine = engine},
+                                                   Drawing::inMemory(&svg, Drawing::Format::Svg));
+    EXPECT_EQ(outcome.message, QString());
+    return svg;
+}
+
+QByteArray xdotOf(const QByteArray &input, const QString &engine)
+{
+    QByteArray xdot;
+    (void)Drawing::draw({.input = input, .engine = engine, .format = Drawing::Format::XDot},
+                        Drawing::inMemory(&xdot, Drawing::Format::XDot));
+    return xdot;
+}
+
+// All elements of the page, with the names of their attributes. A label that does not fit is left
+// out, so that their number may differ.
+QSet<QString> kindsOf(const QJsonObject &page)
+{
+    QSet<QString> kinds;
+    for (const QJsonValue &element : page[u"elements"_s].toArray())
+        kinds.insert(element.toString());
+    return kinds;
+}
+
+class PageCorpus : public testing::TestWithParam<CorpusInput>
+{
+};
+
+class HostilePage : public testing::TestWithParam<Drawing::LayoutIndex>
+{
+};
+
+} // namespace
+
+TEST_P(PageCorpus, has_the_primitives_of_svg_and_an_entry_for_each_group)
+{
+    const QByteArray input = GetParam().text();
+    const QString engine = GetParam().engine();
+    const QByteArray page = pageOf(input, engine);
+    EXPECT_EQ(primitivesOf(page), primitivesOf(svgOf(input, engine)));
+    EXPECT_EQ(pageOf(input, engine), page);
+    const QJsonObject read = readPage(page);
+    const QJsonObject data = read[u"data"_s].toObject();
+    const qsizetype count = read[u"ids"_s].toArray().size();
+    EXPECT_GT(count, 0);
+    for (const auto name : {"parent"_L1, "label"_L1, "attributes"_L1})
+        EXPECT_EQ(data[name].toArray().size(), count) << name.data();
+    EXPECT_EQ(data[u"box"_s].toArray().size(), 4 * count);
+}
+
+// The same drawing, when an xdot text brings it.
+TEST_P(PageCorpus, is_drawn_from_a_finished_drawing)
+{
+    const QByteArray xdot = xdotOf(GetParam().text(), GetParam().engine());
+    const QByteArray page = pageOf(xdot, {});
+    EXPECT_EQ(primitivesOf(page), primitivesOf(svgOf(xdot, {})));
+    EXPECT_EQ(readPage(page)[u"data"_s].toObject()[u"engine"_s], u""_s);
+}
+
+INSTANTIATE_TEST_SUITE_P(Inputs, PageCorpus, testing::ValuesIn(corpusInputs()), nameOfInput);
+
+// Texts that mean something to a reader of HTML, as values of what is drawn and of what is only
+// read, as names, as ids and as the title: the reader sees the elements, attributes, scripts and
+// styles of the same page with harmless texts, and the data give the very texts back.
+TEST_P(HostilePage, has_no_element_of_its_input)
+{
+    using enum GraphElement;
+    const std::vector<CorpusInput> inputs = inputsOf(GetParam(), drawingInputs());
+    ASSERT_FALSE(inputs.empty());
+    const auto pageWith = [&](const QByteArray &text) {
+        QByteArray graph = inputs.front().text();
+        const QByteArrayList names{"label", "url",       "href",      "tooltip", "fontname",
+                                   "color", "fillcolor", "fontcolor", text};
+        for (const QByteArray &name : names) {
+            for (const GraphElement element : {Root, Cluster, Node, Edge})
+                graph = withAttribute(graph, element, quotedInGraph(name), text);
+        }
+        graph.replace(0, graph.indexOf('{'), "digraph " + quotedInGraph(text) + ' ');
+        return readPage(pageOf(graph, inputs.front().engine()));
+    };
+    for (const QByteArray &text : breakingTexts()) {
+        const QJsonObject hostile = pageWith(text);
+        const QJsonObject harmless = pageWith(harmlessText(text));
+        EXPECT_GT(hostile[u"elements"_s].toArray().size(), 50);
+        EXPECT_EQ(kindsOf(hostile) - kindsOf(harmless), QSet<QString>()) << text.data();
+        EXPECT_EQ(hostile[u"script"_s], harmless[u"script"_s]) << text.data();
+        EXPECT_EQ(hostile[u"style"_s], harmless[u"style"_s]) << text.data();
+        EXPECT_EQ(hostile[u"policy"_s], harmless[u"policy"_s]) << text.data();
+        const QJsonObject data = hostile[u"data"_s].toObject();
+        const QString very = QString::fromUtf8(text);
+        EXPECT_TRUE(data[u"names"_s].toArray().contains(very)) << text.data();
+        bool isThere = false;
+        for (const QJsonValue &list : data[u"attributes"_s].toArray())
+            isThere = isThere || list.toArray().contains(very);
+        EXPECT_TRUE(isThere) << text.data();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Engines, HostilePage, testing::ValuesIn(allLayouts()), nameOfLayout);

@@ -1,0 +1,807 @@
+#!/usr/bin/env python3
+"""Looks at pages in a real browser.
+
+    page_tests.py FOLDER [--axe axe.min.js] [--pictures FOLDER] [unittest's own arguments]
+
+FOLDER has a page of each engine's example, named for the engine (treemap.html), and may have hostile.html,
+whose input has hostile texts everywhere. Without a browser all tests are skipped.
+"""
+
+import argparse
+import functools
+import json
+import pathlib
+import re
+import sys
+import tempfile
+import unittest
+
+from browser import Browser, missing_programs
+
+ENGINES = ['treemap', 'sunburst', 'flatbubble', 'bar', 'matrix', 'umlseq', 'gftree', 'gfdecl']
+CHARTS = ENGINES[:4]
+SETTINGS = argparse.Namespace(pages=None, axe=None, pictures=None)
+
+# Reads the view as the page has it: the transformation of the paper.
+VIEW = '''const m = new DOMMatrix(getComputedStyle(document.getElementById('paper')).transform);
+    const stage = document.getElementById('stage').getBoundingClientRect();
+    return {scale: m.a, x: m.e + stage.left, y: m.f + stage.top, width: stage.width, height: stage.height};'''
+
+
+class PageCase(unittest.TestCase):
+    """Tests that share one browser."""
+
+    @classmethod
+    def setUpClass(cls):
+        missing = missing_programs()
+        if missing:
+            raise unittest.SkipTest('no browser: there is no ' + ' and no '.join(missing))
+        cls.browser = cls.enterClassContext(Browser()) if hasattr(cls, 'enterClassContext') else None
+        if cls.browser is None:
+            session = Browser()
+            cls.browser = session.__enter__()
+            cls.addClassCleanup(session.__exit__, None, None, None)
+
+    def setUp(self):
+        self.browser.resize(1280, 800)
+        self.browser.prefer(prefers_color_scheme='light', prefers_reduced_motion='reduce')
+
+    def path(self, name):
+        path = pathlib.Path(SETTINGS.pages) / f'{name}.html'
+        if not path.exists():
+            self.skipTest(f'there is no page {path}')
+        return path
+
+    def open(self, name, fragment=''):
+        path = self.path(name)
+        self.browser.open(path, fragment)
+        self.text_of_page = path.read_text('utf-8')
+        self.data = json.loads(re.search(r'id="page-data">(.*?)</script>', self.text_of_page, re.S).group(1))
+
+    def frames(self):
+        """Waits until what was asked for is on the screen."""
+        self.browser.run('''return new Promise(done =>
+            requestAnimationFrame(() => requestAnimationFrame(() => setTimeout(done, 30))));''')
+
+    def view(self):
+        self.frames()
+        return self.browser.run(VIEW)
+
+    def object(self, kind, wanted=lambda i: True):
+        """The first object of a kind that is drawn and wanted."""
+        kinds = self.browser.run(
+            "return [...document.querySelectorAll('#drawing g[data-kind]')].map(g => g.dataset.kind);")
+        for i, its in enumerate(kinds):
+            if its == kind and self.data['box'][4 * i + 2] > 0 and wanted(i):
+                return i
+        self.fail(f'the page has no such {kind}')
+
+    def in_legend(self, i):
+        return self.data['legend'] >= 0 and self.data['legend'] in (i, self.data['parent'][i])
+
+    def on_screen(self, i):
+        """The middle of an object in the window."""
+        x, y, width, height = self.data['box'][4 * i:4 * i + 4]
+        view = self.view()
+        return (view['x'] + (x + width / 2) * view['scale'], view['y'] + (y + height / 2) * view['scale'])
+
+    def attributes(self, i):
+        listed = self.data['attributes'][i] or []
+        return {self.data['names'][k]: value for k, value in zip(listed[::2], listed[1::2])}
+
+    def identity(self, i):
+        return self.browser.run(
+            "return document.querySelectorAll('#drawing g[data-kind]')[arguments[0]].dataset.id;", i)
+
+    def point_at(self, i):
+        self.browser.point(*self.on_screen(i))
+        self.frames()
+
+    def click(self, selector):
+        self.browser.run('document.querySelector(arguments[0]).click();', selector)
+        self.frames()
+
+    def press(self, *keys):
+        self.browser.press(*keys)
+        self.frames()
+
+
+def of_each_engine(test):
+    """Runs a test on the page of each engine."""
+    @functools.wraps(test)
+    def run(self):
+        for engine in ENGINES:
+            with self.subTest(engine):
+                self.open(engine)
+                test(self, engine)
+    return run
+
+
+class EveryPage(PageCase):
+
+    @of_each_engine
+    def test_opens_with_an_empty_console(self, engine):
+        self.frames()
+        self.assertEqual(self.browser.console(), [])
+
+    @of_each_engine
+    def test_has_an_entry_for_each_object(self, engine):
+        self.assertGreater(self.browser.objects(), 0)
+        self.assertEqual(self.browser.objects(), len(self.data['parent']))
+        self.assertEqual(4 * self.browser.objects(), len(self.data['box']))
+
+    @of_each_engine
+    def test_shows_the_whole_drawing_at_first(self, engine):
+        view = self.view()
+        left, top, right, bottom = self.browser.box('#stage')
+        drawn = self.browser.box('#drawing')
+        self.assertGreaterEqual(drawn[0], left)
+        self.assertGreaterEqual(drawn[1], top)
+        self.assertLessEqual(drawn[2], right + 0.5)
+        self.assertLessEqual(drawn[3], bottom + 0.5)
+        self.assertLessEqual(view['scale'], 1)
+
+    @of_each_engine
+    def test_needs_nothing_else(self, engine):
+        self.assertNotRegex(self.text_of_page, r'<(?:script|link|img|iframe|object|embed)[^>]*(?:src|href)=')
+        self.assertIn("default-src 'none'", self.text_of_page)
+        loaded = self.browser.run("return performance.getEntriesByType('resource').map(e => e.name);")
+        self.assertEqual(loaded, [])
+
+    @of_each_engine
+    def test_panel_shows_what_is_pointed_at(self, engine):
+        i = self.browser.run('''const [view, boxes, filled] = arguments;
+            const all = [...document.querySelectorAll('#drawing g[data-kind]')];
+            return all.findIndex((one, i) => filled[i] && document.elementFromPoint(
+                view.x + (boxes[4 * i] + boxes[4 * i + 2] / 2) * view.scale,
+                view.y + (boxes[4 * i + 1] + boxes[4 * i + 3] / 2) * view.scale)?.closest('g[data-kind]') === one);''',
+                             self.view(), self.data['box'], [bool(one) for one in self.data['attributes']])
+        self.assertGreaterEqual(i, 0, 'nothing can be pointed at')
+        self.point_at(i)
+        panel = self.browser.panel()
+        for name, value in self.attributes(i).items():
+            self.assertIn(name, panel)
+            self.assertIn(re.sub(r'[ \t]+', ' ', value).strip(), panel)
+
+    @of_each_engine
+    def test_axe_has_no_violation(self, engine):
+        if not SETTINGS.axe:
+            self.skipTest('no axe-core was given')
+        for theme in ('light', 'dark'):
+            self.browser.open(self.path(engine), f'#theme={theme}')
+            self.frames()
+            self.assertEqual(self.browser.audit(SETTINGS.axe), [], theme)
+        self.press('n', 'Enter')
+        self.assertEqual(self.browser.audit(SETTINGS.axe), [], 'with an object chosen')
+        self.press('t')
+        self.assertEqual(self.browser.audit(SETTINGS.axe), [], 'with the table')
+        self.press('t', '?')
+        self.assertEqual(self.browser.audit(SETTINGS.axe), [], 'with the dialog of keys')
+
+    @of_each_engine
+    def test_prints_on_one_page(self, engine):
+        self.assertEqual(self.browser.pages_when_printed(), 1)
+
+    @of_each_engine
+    def test_parts_do_not_overlap(self, engine):
+        for width, height in ((1280, 800), (390, 844)):
+            self.browser.resize(width, height)
+            self.press('n')
+            bar, main, panel = map(self.browser.box, ('#bar', 'main', '#panel'))
+            self.assertLessEqual(bar[3], main[1] + 0.5)
+            self.assertTrue(panel[0] >= main[2] - 0.5 or panel[1] >= main[3] - 0.5, (width, main, panel))
+            self.assertGreater((main[2] - main[0]) * (main[3] - main[1]), 0.4 * width * height)
+            outside = self.browser.run('''return [...document.querySelectorAll('#bar button, #bar input')]
+                .filter(one => { const box = one.getBoundingClientRect();
+                    return box.left < 0 || box.right > innerWidth; }).map(one => one.id);''')
+            self.assertEqual(outside, [])
+
+    @of_each_engine
+    def test_pictures(self, engine):
+        if not SETTINGS.pictures:
+            self.skipTest('no pictures were asked for')
+        for theme in ('light', 'dark'):
+            self.browser.open(self.path(engine), f'#theme={theme}')
+            self.press('n', 'Enter')
+            picture = pathlib.Path(SETTINGS.pictures) / f'{engine}-{theme}.png'
+            self.browser.screenshot(picture)
+            self.assertGreater(picture.stat().st_size, 1000)
+
+
+class Moving(PageCase):
+
+    def setUp(self):
+        super().setUp()
+        self.open('treemap')
+
+    def test_wheel_zooms_to_the_pointer(self):
+        before = self.view()
+        self.browser.wheel(400, 300, -200)
+        after = self.view()
+        self.assertGreater(after['scale'], before['scale'] * 1.1)
+        for axis, place in (('x', 400), ('y', 300)):
+            at_first = (place - before[axis]) / before['scale']
+            self.assertAlmostEqual((place - after[axis]) / after['scale'], at_first, delta=0.5)
+        self.browser.wheel(400, 300, 200)
+        self.assertAlmostEqual(self.view()['scale'], before['scale'], delta=0.001)
+
+    def test_drag_moves_by_as_much(self):
+        self.browser.wheel(400, 300, -300)
+        before = self.view()
+        self.browser.drag((400, 300), (470, 260))
+        after = self.view()
+        self.assertAlmostEqual(after['x'] - before['x'], 70, delta=1)
+        self.assertAlmostEqual(after['y'] - before['y'], -40, delta=1)
+        self.assertEqual(after['scale'], before['scale'])
+        self.assertNotIn('held', self.browser.panel(), 'a drag is no click')
+
+    def test_pinch_zooms_between_the_fingers(self):
+        before = self.view()
+        self.browser.pinch((500, 400), 100, 200)
+        after = self.view()
+        self.assertAlmostEqual(after['scale'] / before['scale'], 2, delta=0.2)
+        self.assertAlmostEqual((500 - after['x']) / after['scale'], (500 - before['x']) / before['scale'], delta=15)
+
+    def test_keys_zoom_move_and_fit(self):
+        fitted = self.view()
+        self.press('+')
+        larger = self.view()
+        self.assertAlmostEqual(larger['scale'] / fitted['scale'], 1.25, delta=0.01)
+        self.press('ArrowLeft', 'ArrowUp')
+        moved = self.view()
+        self.assertAlmostEqual(moved['x'] - larger['x'], 60, delta=0.5)
+        self.assertAlmostEqual(moved['y'] - larger['y'], 60, delta=0.5)
+        self.press('-')
+        self.assertAlmostEqual(self.view()['scale'], fitted['scale'], delta=0.001)
+        self.press('1')
+        self.assertEqual(self.view()['scale'], 1)
+        self.press('0')
+        self.assertEqual(self.view(), fitted)
+
+    def test_buttons_do_what_the_keys_do(self):
+        fitted = self.view()
+        self.click('#zoom-in')
+        self.assertAlmostEqual(self.view()['scale'] / fitted['scale'], 1.25, delta=0.01)
+        self.click('#actual-size')
+        self.assertEqual(self.view()['scale'], 1)
+        self.click('#fit')
+        self.assertEqual(self.view(), fitted)
+
+    def test_fitted_drawing_follows_the_window(self):
+        self.browser.resize(800, 600)
+        self.frames()
+        left, _, right, bottom = self.browser.box('#stage')
+        drawn = self.browser.box('#drawing')
+        self.assertGreaterEqual(drawn[0], left)
+        self.assertLessEqual(drawn[2], right + 0.5)
+        self.assertLessEqual(drawn[3], bottom + 0.5)
+
+    def test_motion_takes_time_unless_it_is_not_wanted(self):
+        places = '''return new Promise(done => {
+            const seen = new Set(), paper = document.getElementById('paper');
+            document.getElementById('actual-size').click();
+            let frames = 0;
+            const look = () => { seen.add(paper.style.transform);
+                ++frames < 40 ? requestAnimationFrame(look) : done(seen.size); };
+            look();
+        });'''
+        self.assertLessEqual(self.browser.run(places), 2)
+        self.press('0')
+        self.browser.prefer(prefers_reduced_motion='no-preference')
+        self.assertGreater(self.browser.run(places), 2)
+
+    def test_double_click_goes_into_groups_and_the_trail_leads_back(self):
+        fitted = self.view()
+        inner = self.object('node', lambda i: not self.in_legend(i) and self.data['parent'][i] >= 0
+                            and self.data['parent'][self.data['parent'][i]] >= 0)
+        outer = inner
+        while self.data['parent'][outer] >= 0:
+            outer = self.data['parent'][outer]
+        self.browser.click(*self.on_screen(inner), times=2)
+        self.frames()
+        self.assertIn('Whole drawing', self.browser.text('#trail'))
+        self.assertGreater(self.view()['scale'], fitted['scale'])
+        self.assertEqual(self.browser.count('#trail li'), 2)
+        self.browser.click(*self.on_screen(inner), times=2)
+        self.frames()
+        self.assertEqual(self.browser.count('#trail li'), 3)
+        self.click('#trail li:nth-child(2) button')
+        self.assertEqual(self.browser.count('#trail li'), 2)
+        self.press('Backspace')
+        self.assertEqual(self.browser.text('#trail'), '')
+        self.assertEqual(self.view(), fitted)
+
+
+class Address(PageCase):
+
+    def test_link_opens_the_same_place(self):
+        self.open('treemap')
+        i = self.object('node', lambda i: not self.in_legend(i))
+        self.browser.wheel(400, 300, -400)
+        self.browser.click(*self.on_screen(i))
+        self.frames()
+        panel, view = self.browser.panel(), self.view()
+        self.assertIn('held', panel)
+        self.assertTrue(self.browser.wait("return /view=/.test(location.hash) && /chosen=/.test(location.hash);"))
+        fragment = self.browser.run('return location.hash;')
+        self.open('treemap', fragment)
+        again = self.view()
+        self.assertEqual(self.browser.panel(), panel)
+        for name in ('x', 'y'):
+            self.assertAlmostEqual(again[name], view[name], delta=2)
+        self.assertAlmostEqual(again['scale'], view['scale'], delta=0.001)
+
+    def test_query_and_theme_stand_in_it(self):
+        self.open('treemap', '#query=a&theme=dark&table=1')
+        self.frames()
+        self.assertRegex(self.browser.text('#count'), r'\d+ found')
+        self.assertEqual(self.browser.run('return document.documentElement.dataset.theme;'), 'dark')
+        self.assertGreater(self.browser.count('#table tbody tr'), 0)
+
+    def test_nonsense_is_passed_over(self):
+        self.open('treemap', '#view=a,b,c&chosen=99999.node.nobody&group=x&theme=pink&%E0%A4%A=%')
+        self.assertEqual(self.browser.console(), [])
+        self.assertIn('Drawing', self.browser.panel())
+        self.assertEqual(self.browser.run('return document.documentElement.dataset.theme;'), 'light')
+
+
+class PanelAndSearch(PageCase):
+
+    def dots(self):
+        """The number of pixels that the marks of what is found cover."""
+        return self.browser.run('''const dots = document.getElementById('dots');
+            const pixels = dots.getContext('2d').getImageData(0, 0, dots.width, dots.height).data;
+            return pixels.filter((value, k) => k % 4 === 3 && value > 128).length;''')
+
+    def setUp(self):
+        super().setUp()
+        self.open('treemap')
+        self.node = self.object('node', lambda i: not self.in_legend(i))
+
+    def test_click_holds_and_escape_lets_go(self):
+        other = self.object('node', lambda i: i > self.node and not self.in_legend(i))
+        self.browser.click(*self.on_screen(self.node))
+        self.frames()
+        held = self.browser.panel()
+        self.assertIn(self.identity(self.node), held)
+        self.point_at(other)
+        self.assertEqual(self.browser.panel(), held)
+        self.press('Escape')
+        self.assertNotIn('held', self.browser.panel())
+
+    def test_panel_has_the_path_of_groups(self):
+        self.point_at(self.node)
+        group = self.data['parent'][self.node]
+        name = self.data['label'][group] or self.identity(group)
+        self.assertIn(name, self.browser.panel())
+
+    def test_search_counts_marks_and_steps(self):
+        label = next(text for text in self.data['label'] if isinstance(text, str) and len(text) > 3)
+        word = label.split()[0]
+        self.press('/')
+        self.browser.type(word)
+        self.assertTrue(self.browser.wait("return /found/.test(document.getElementById('count').textContent);"))
+        count = int(self.browser.text('#count').split()[0].replace(',', ''))
+        self.assertGreater(count, 0)
+        outlines = self.browser.count('#marks .found .line')
+        self.assertEqual(outlines, count)
+        self.press('Enter')
+        self.assertEqual(self.browser.text('#count'), f'1 of {count}')
+        self.press('Shift+Enter')
+        self.assertEqual(self.browser.text('#count'), f'{count} of {count}')
+        self.assertIn('held', self.browser.panel())
+        self.press('Escape')
+        self.assertEqual(self.browser.text('#count'), '')
+        self.assertEqual(self.dots(), 0)
+
+    def test_search_reads_ids_and_values(self):
+        for text in (self.identity(self.node), list(self.attributes(self.node).values())[-1]):
+            self.browser.run('''const field = document.getElementById('query'); field.value = arguments[0];
+                field.dispatchEvent(new Event('input'));''', text)
+            self.assertTrue(self.browser.wait(
+                "return /^[1-9]/.test(document.getElementById('count').textContent);"), text)
+
+    def test_nothing_found_is_told(self):
+        self.press('/')
+        self.browser.type('zzqqxx')
+        self.assertTrue(self.browser.wait("return document.getElementById('count').textContent === '0 found';"))
+
+    def test_current_hit_comes_into_view(self):
+        self.browser.wheel(300, 200, -3000)
+        self.press('/')
+        self.browser.type(self.identity(self.data['legend']) if self.data['legend'] >= 0 else 'a')
+        self.press('Enter')
+        chosen = self.browser.box('#marks .chosen')
+        stage = self.browser.box('#stage')
+        self.assertLess(chosen[0], stage[2])
+        self.assertGreater(chosen[2], stage[0])
+        self.assertLess(chosen[1], stage[3])
+        self.assertGreater(chosen[3], stage[1])
+
+    def test_a_mark_keeps_its_size_when_the_drawing_is_small(self):
+        self.open('treemap', '#query=test&view=10,10,0.02')
+        self.frames()
+        # All in one place, which one dot of constant size is enough for.
+        self.assertGreater(self.dots(), 40)
+        self.assertLess(self.dots(), 400)
+
+
+class ObjectTable(PageCase):
+
+    def setUp(self):
+        super().setUp()
+        self.open('treemap')
+        self.press('t')
+
+    def column(self, name):
+        heads = self.browser.run("return [...document.querySelectorAll('#table thead th')].map(th => th.innerText.split(' ')[0]);")
+        place = heads.index(name) + 1
+        return place, self.browser.run(f'''return [...document.querySelectorAll(
+            '#table tbody tr > :nth-child({place})')].map(cell => cell.innerText);''')
+
+    def test_has_all_objects_in_pages(self):
+        count = len(self.data['parent'])
+        self.assertEqual(self.browser.count('#table tbody tr'), min(count, 200))
+        self.assertIn(f'of {count:,}', self.browser.text('.turner'))
+        if count > 200:
+            self.click('.turner button:nth-of-type(3)')
+            self.assertIn('Objects 201', self.browser.text('.turner'))
+
+    def test_sorts_by_a_column_and_back(self):
+        place, _ = self.column('Value')
+        sort = f'#table thead th:nth-child({place})'
+        def values():
+            return [float(text.split(' (')[0].replace(',', '')) for text in self.column('Value')[1] if text]
+        self.click(sort + ' button')
+        self.assertEqual(values(), sorted(values()))
+        self.assertEqual(self.browser.run(f"return document.querySelector('{sort}').ariaSort;"), 'ascending')
+        self.click(sort + ' button')
+        self.assertEqual(values(), sorted(values(), reverse=True))
+        self.assertGreater(len(set(values())), 1)
+        self.assertEqual(self.browser.run(f"return document.querySelector('{sort}').ariaSort;"), 'descending')
+
+    def test_row_chooses_its_object(self):
+        name = self.browser.text('#table tbody tr:nth-child(3) button')
+        self.click('#table tbody tr:nth-child(3) button')
+        self.assertTrue(self.browser.panel().startswith(name))
+        self.assertIn('held', self.browser.panel())
+
+    def test_search_filters_the_rows(self):
+        self.press('/')
+        self.browser.type('test')
+        self.assertTrue(self.browser.wait("return /found/.test(document.getElementById('count').textContent);"))
+        self.frames()
+        count = int(self.browser.text('#count').split()[0])
+        self.assertIn(f'of {count:,}', self.browser.text('.turner'))
+
+    def test_escape_and_t_close_it(self):
+        self.press('Escape')
+        self.assertFalse(self.browser.run("return document.getElementById('table').checkVisibility();"))
+        self.press('t')
+        self.assertTrue(self.browser.run("return document.getElementById('table').checkVisibility();"))
+
+
+class Keyboard(PageCase):
+
+    FOCUS = "return document.activeElement.dataset?.id ?? '';"
+
+    def test_tab_reaches_the_drawing_and_keys_go_through_it(self):
+        self.open('treemap')
+        for _ in range(40):
+            self.press('Tab')
+            if self.browser.run("return document.activeElement.matches('#drawing g[data-kind]');"):
+                break
+        first = self.browser.run(self.FOCUS)
+        self.assertNotEqual(first, '')
+        self.assertIn(first, self.browser.panel())
+        self.press('i')
+        inner = self.browser.run(self.FOCUS)
+        self.assertNotEqual(inner, first)
+        self.press('n')
+        self.assertNotEqual(self.browser.run(self.FOCUS), inner)
+        self.press('p')
+        self.assertEqual(self.browser.run(self.FOCUS), inner)
+        self.press('o')
+        self.assertEqual(self.browser.run(self.FOCUS), first)
+        self.press('Enter')
+        self.assertIn('held', self.browser.panel())
+        self.assertEqual(self.browser.count('#drawing g[data-kind][role=img][tabindex], '
+                                            '#drawing g[data-kind][role=group][tabindex]'), 1)
+
+    def test_every_object_can_be_reached(self):
+        for engine in ('gfdecl', 'umlseq', 'matrix', 'gftree'):
+            with self.subTest(engine):
+                self.open(engine)
+                seen = self.browser.run('''
+                    const all = [...document.querySelectorAll('#drawing g[data-kind]')];
+                    const seen = new Set();
+                    const key = key => { const at = document.activeElement;
+                        at.dispatchEvent(new KeyboardEvent('keydown', {key, bubbles: true, cancelable: true}));
+                        return document.activeElement; };
+                    const focus = one => { one.setAttribute('tabindex', '0'); one.focus(); };
+                    const siblings = start => { const list = [];
+                        for (let at = start; !list.includes(at); at = key('n')) list.push(at);
+                        return list; };
+                    const todo = [key('n')];
+                    while (todo.length > 0) {
+                        focus(todo.shift());
+                        const list = siblings(document.activeElement);
+                        for (const one of list) {
+                            if (seen.has(one)) continue;
+                            seen.add(one);
+                            focus(one);
+                            const inner = one.dataset.kind === 'cluster' ? key('i') : one;
+                            if (inner !== one && !seen.has(inner)) todo.push(inner);
+                            focus(one);
+                        }
+                    }
+                    return all.filter(one => !seen.has(one)).map(one => one.dataset.id);''')
+                self.assertEqual(seen, [])
+
+    def test_focus_is_seen(self):
+        self.open('treemap')
+        self.press('n')
+        width = self.browser.run('''const line = document.querySelector('#marks .pointed .line');
+            return line ? parseFloat(getComputedStyle(line).strokeWidth) : 0;''')
+        self.assertGreaterEqual(width, 2)
+
+    def test_help_lists_the_keys_and_closes(self):
+        self.open('treemap')
+        self.press('?')
+        self.assertTrue(self.browser.run("return document.getElementById('help').open;"))
+        text = self.browser.text('#help')
+        for key in ('Arrows', 'Enter', 'Escape', 'Backspace', '/', 'search', 'table'):
+            self.assertIn(key, text)
+        self.press('Escape')
+        self.assertFalse(self.browser.run("return document.getElementById('help').open;"))
+
+
+class Themes(PageCase):
+
+    THEME = 'return document.documentElement.dataset.theme;'
+
+    def test_system_decides_until_the_switch_does(self):
+        self.browser.prefer(prefers_color_scheme='dark')
+        self.open('gftree')
+        self.assertEqual(self.browser.run(self.THEME), 'dark')
+        self.click('#theme')
+        self.assertEqual(self.browser.run(self.THEME), 'light')
+        self.assertIn('light', self.browser.text('#theme'))
+        self.click('#theme')
+        self.assertEqual(self.browser.run(self.THEME), 'dark')
+        self.browser.prefer(prefers_color_scheme='light')
+        self.click('#theme')
+        self.assertEqual(self.browser.run(self.THEME), 'light')
+
+    def contrasts(self):
+        """Of each text on the page itself, with the page."""
+        return self.browser.run('''
+            const light = color => { const [r, g, b] = color.match(/[\\d.]+/g).slice(0, 3).map(v => v / 255)
+                .map(v => v <= 0.04045 ? v / 12.92 : ((v + 0.055) / 1.055) ** 2.4);
+                return 0.2126 * r + 0.7152 * g + 0.0722 * b + 0.05; };
+            const page = light(getComputedStyle(document.body).backgroundColor);
+            const filled = [...document.querySelectorAll('#drawing [data-kind] > :not(text, g)')].filter(shape =>
+                (shape.getAttribute('fill') ?? 'none') !== 'none').map(shape => shape.getBoundingClientRect());
+            const lies = box => filled.some(f => f.left <= box.right && box.left <= f.right && f.top <= box.bottom
+                && box.top <= f.bottom);
+            return [...document.querySelectorAll('#drawing text')].filter(text => !lies(text.getBoundingClientRect()))
+                .map(text => light(getComputedStyle(text).fill)).map(t => Math.max(t, page) / Math.min(t, page));''')
+
+    def test_texts_on_a_dark_page_are_read(self):
+        seen = 0
+        for engine in ENGINES:
+            with self.subTest(engine):
+                self.open(engine, '#theme=dark')
+                found = self.contrasts()
+                seen += len(found)
+                self.assertGreaterEqual(min(found, default=21), 4.5)
+        self.assertGreater(seen, 0)
+
+    def test_fills_stay(self):
+        fills = '''return [...document.querySelectorAll('#drawing rect[fill]')]
+            .filter(one => one.getAttribute('fill') !== 'none').map(one => getComputedStyle(one).fill);'''
+        self.open('treemap', '#theme=light')
+        light = self.browser.run(fills)
+        self.open('treemap', '#theme=dark')
+        self.assertEqual(self.browser.run(fills), light)
+        self.assertGreater(len(light), 0)
+
+    def test_print_is_light_and_has_no_chrome(self):
+        self.open('treemap', '#theme=dark&view=100,100,4')
+        self.browser.prefer(media='print')
+        self.assertEqual(self.browser.run('return getComputedStyle(document.body).backgroundColor;'),
+                         'rgb(255, 255, 255)')
+        for part in ('#bar', '#panel', '#table', '#marks'):
+            self.assertEqual(self.browser.text(part), '')
+        self.assertEqual(self.browser.run(VIEW)['scale'], 1)
+
+
+class Charts(PageCase):
+
+    def test_shares_of_the_parent_and_the_whole(self):
+        for engine in CHARTS:
+            with self.subTest(engine):
+                self.open(engine)
+                i = self.object('node', lambda i: not self.in_legend(i) and self.data['parent'][i] >= 0)
+                self.press('n')
+                self.browser.run('location.hash = arguments[0];', f'#chosen={i}.node.{self.identity(i)}')
+                self.assertTrue(self.browser.wait("return document.querySelector('#panel .shares') !== null;"))
+                value, parent = self.data['value'][i], self.data['value'][self.data['parent'][i]]
+                shares = [float(text) for text in re.findall(r'([\d.]+) %', self.browser.text('#panel .shares'))]
+                self.assertEqual(len(shares), 2)
+                self.assertAlmostEqual(shares[0], 100 * value / parent, delta=0.06 * 100 * value / parent)
+                self.assertAlmostEqual(shares[1], 100 * value / self.data['total'],
+                                       delta=0.06 * 100 * value / self.data['total'])
+
+    def test_legend_lights_its_colour_by_click_and_key(self):
+        self.open('treemap')
+        if self.data['legend'] < 0:
+            self.skipTest('the example has no legend')
+        entry = self.object('node', self.in_legend)
+        color = self.browser.run('''return document.querySelectorAll('#drawing g[data-kind]')[arguments[0]]
+            .querySelector('rect, polygon').getAttribute('fill');''', entry)
+        same = self.browser.run('''return [...document.querySelectorAll('#drawing g[data-kind=node]')].filter(g =>
+            [...g.children].find(c => c.localName !== 'text')?.getAttribute('fill') === arguments[0]).length;''', color)
+        pressed = f'#drawing g[data-id="{self.identity(entry)}"][aria-pressed=true]'
+        self.browser.click(*self.on_screen(entry))
+        self.frames()
+        self.assertEqual(self.browser.count('#lit g'), same)
+        self.assertEqual(self.browser.count('#drawing.dimmed'), 1)
+        self.assertEqual(self.browser.count(pressed), 1)
+        self.press('Escape')
+        self.assertEqual(self.browser.count('#lit g'), 0)
+        self.browser.run('document.querySelectorAll("#drawing g[data-kind]")[arguments[0]].focus();', entry)
+        self.press('Enter')
+        self.assertEqual(self.browser.count(pressed), 1)
+        self.press(' ')
+        self.assertEqual(self.browser.count(pressed), 0)
+
+
+class Readers(PageCase):
+
+    def test_tree_lights_callers_and_callees(self):
+        self.open('gftree')
+        tail, head = next(iter(self.data['ends'].values()))
+        self.browser.click(*self.on_screen(head))
+        self.frames()
+        lit = self.browser.run("return [...document.querySelectorAll('#lit g')].map(g => g.dataset.id);")
+        wanted = {head} | {int(e) for e, ends in self.data['ends'].items() if head in ends}
+        wanted |= {end for ends in self.data['ends'].values() if head in ends for end in ends}
+        self.assertEqual(sorted(lit), sorted(self.identity(i) for i in wanted))
+        self.assertLess(len(lit), self.browser.objects())
+        self.assertIn('Callers', self.browser.panel())
+        self.assertEqual(self.browser.count('#drawing.dimmed'), 1)
+        self.press('Escape')
+        self.assertEqual(self.browser.count('#drawing.dimmed'), 0)
+
+    def test_ends_of_an_edge_are_buttons(self):
+        self.open('gftree')
+        edge, (tail, _) = next(iter(self.data['ends'].items()))
+        self.browser.run('location.hash = arguments[0];', f'#chosen={edge}.edge.{self.identity(int(edge))}')
+        self.assertTrue(self.browser.wait("return document.querySelectorAll('#panel dd button').length === 2;"))
+        self.click('#panel dd button')
+        self.assertIn(self.identity(tail), self.browser.panel())
+
+    def test_matrix_lights_row_and_column(self):
+        self.open('matrix')
+        edge = self.object('edge')
+        self.point_at(edge)
+        bands = self.browser.run('''return [...document.querySelectorAll('#marks .bands rect')].map(rect =>
+            ['x', 'y', 'width', 'height'].map(name => Number(rect.getAttribute(name))));''')
+        x, y, width, height = self.data['box'][4 * edge:4 * edge + 4]
+        self.assertEqual(bands, [[x, 0, width, self.data['size'][1]], [0, y, self.data['size'][0], height]])
+        self.browser.point(5, 5)
+        self.frames()
+        self.assertEqual(self.browser.count('#marks .bands rect'), 0)
+
+    def test_heads_of_lifelines_stay_in_view(self):
+        self.open('umlseq')
+        self.assertEqual(self.browser.count('#heads .head:not(.away)'), 0)
+        self.browser.wheel(500, 400, -500)
+        self.browser.drag((500, 700), (500, 100))
+        self.frames()
+        heads = self.browser.count('#heads .head:not(.away)')
+        self.assertEqual(heads, len(self.data['heads']))
+        view = self.view()
+        for k, i in enumerate(self.data['heads']):
+            left, top, right, bottom = self.browser.box(f'#heads .head:nth-child({k + 1})')
+            self.assertGreaterEqual(top, self.browser.box('#stage')[1] - 1)
+            self.assertLess(bottom, self.browser.box('#stage')[1] + 100)
+            x, _, width, _ = self.data['box'][4 * i:4 * i + 4]
+            self.assertAlmostEqual((left + right) / 2, view['x'] + (x + width / 2) * view['scale'], delta=2)
+
+
+class Trouble(PageCase):
+
+    def changed(self, change):
+        text = self.path('gftree').read_text('utf-8')
+        folder = self.enterContext(tempfile.TemporaryDirectory()) if hasattr(self, 'enterContext') else None
+        if folder is None:
+            kept = tempfile.TemporaryDirectory()
+            self.addCleanup(kept.cleanup)
+            folder = kept.name
+        page = pathlib.Path(folder) / 'changed.html'
+        page.write_text(change(text), 'utf-8')
+        self.assertNotEqual(page.read_text('utf-8'), text)
+        return page
+
+    def test_damaged_table_is_told_and_the_drawing_shows(self):
+        places = {
+            'damaged': lambda t: re.sub(r'(id="page-data">).*?(</script>)', r'\1{"engine":\2', t, flags=re.S),
+            'missing': lambda t: re.sub(r'<script type="application/json".*?</script>', '', t, flags=re.S),
+            'does not fit': lambda t: re.sub(r'<g data-kind="node"', '<g data-kind="node"></g><g data-kind="node"', t, count=1),
+            'incomplete': lambda t: t.replace('"parent":', '"parents":'),
+        }
+        for word, change in places.items():
+            with self.subTest(word):
+                self.browser.open(self.changed(change))
+                self.frames()
+                self.assertIn(word, self.browser.text('#notice'))
+                self.assertGreater(self.browser.run(VIEW)['scale'], 0)
+                before = self.view()
+                self.press('+')
+                self.assertGreater(self.view()['scale'], before['scale'])
+                self.assertEqual(self.browser.console(), [])
+
+    def test_drawing_shows_without_script(self):
+        self.browser.command('Emulation.setScriptExecutionDisabled', value=True)
+        self.addCleanup(self.browser.command, 'Emulation.setScriptExecutionDisabled', value=False)
+        self.browser.open(self.path('gftree'))
+        text = self.browser.command('DOM.getDocument', depth=0)
+        self.assertEqual(text['root']['nodeName'], '#document')
+        shown = self.browser.command('Page.captureScreenshot')
+        self.assertGreater(len(shown['data']), 10000)
+
+    def test_hostile_texts_stay_texts(self):
+        self.open('hostile')
+        self.frames()
+        for _ in range(3):
+            self.press('n', 'Enter')
+        self.press('t')
+        self.assertEqual(self.browser.console(), [])
+        self.assertEqual(self.browser.count('img, iframe, object, embed, link, base, video, form'), 0)
+        self.assertEqual(self.browser.count('script'), 2)
+        self.assertEqual(self.browser.count('style'), 1)
+        self.assertEqual(self.browser.run('''return [...document.querySelectorAll('*')].flatMap(element =>
+            element.getAttributeNames().filter(name => /^on|^style$/.test(name) && element.id !== 'paper'));'''), [])
+        self.assertEqual(self.browser.run('return window.hurt ?? null;'), None)
+        links = self.browser.run("return [...document.querySelectorAll('a')].map(a => a.href);")
+        for link in links:
+            self.assertRegex(link, r'^(https?|file):')
+
+    def test_schemes_other_than_http_are_no_links(self):
+        values = {
+            'https://a.example/x?y=1': 'https://a.example/x?y=1', 'HTTP://a.example/': 'HTTP://a.example/',
+            'src/a.cpp#L3': 'src/a.cpp#L3', '../b.html': '../b.html', '//a.example/x': 'https://a.example/x',
+            'javascript:alert(1)': None, ' java\nscript:alert(1)': None, '\x01javascript:alert(1)': None,
+            'data:text/html,x': None, 'file:///etc/passwd': None, 'vbscript:x': None, 'blob:x': None,
+            'java\tscript&colon;alert(1)': 'javascript&colon;alert(1)', 'mailto:a@b': None, '': None,
+            'jAvAsCrIpT:alert(1)': None, 'java\u00a0script:x': None, 'https:\\\\a': None, '/x:y': '/x:y',
+        }
+        def change(text):
+            data = json.loads(re.search(r'id="page-data">(.*?)</script>', text, re.S).group(1))
+            data['names'] += ['url']
+            data['attributes'][0] = [part for value in values for part in (len(data['names']) - 1, value)]
+            written = json.dumps(data).replace('<', '\\u003c')
+            return re.sub(r'(id="page-data">).*?(</script>)', lambda m: m.group(1) + written + m.group(2), text, flags=re.S)
+        self.browser.open(self.changed(change))
+        first = self.browser.run("const g = document.querySelector('#drawing g[data-kind]'); return `0.${g.dataset.kind}.${g.dataset.id}`;")
+        self.browser.run('location.hash = `#chosen=${encodeURIComponent(arguments[0])}`;', first)
+        self.assertTrue(self.browser.wait("return document.querySelector('#panel.held') !== null;"))
+        links = self.browser.run('''return [...document.querySelectorAll('#panel dl:first-of-type dd')].slice(-arguments[0])
+            .map(dd => dd.querySelector('a')?.getAttribute('href') ?? null);''', len(values))
+        self.assertEqual(dict(zip(values, links)), values)
+        self.assertEqual(self.browser.count('#panel a:not([rel~=noopener])'), 0)
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument('pages', help='folder of the pages')
+    parser.add_argument('--axe', help='axe.min.js of axe-core')
+    parser.add_argument('--pictures', help='folder that gets a screenshot of each page, light and dark')
+    _, rest = parser.parse_known_args(namespace=SETTINGS)
+    unittest.main(argv=[sys.argv[0], *rest])
+
+
+if __name__ == '__main__':
+    main()
