@@ -142,12 +142,12 @@ class Browser:
         self._point('mouse', 'mouse', self._move(*start), {'type': 'pointerDown', 'button': 0},
                     self._move(*end, duration=100), {'type': 'pointerUp', 'button': 0})
 
-    def pinch(self, centre, before, after):
-        """Two fingers side by side whose distance changes."""
+    def pinch(self, centre, before, after, moved=(0, 0)):
+        """Two fingers side by side whose distance changes, and their middle if it is moved."""
         x, y = centre
         fingers = [{'type': 'pointer', 'id': f'finger{side}', 'parameters': {'pointerType': 'touch'},
                     'actions': [self._move(x + side * before / 2, y), {'type': 'pointerDown', 'button': 0},
-                                self._move(x + side * after / 2, y, 100),
+                                self._move(x + moved[0] + side * after / 2, y + moved[1], 100),
                                 {'type': 'pointerUp', 'button': 0}]} for side in (-1, 1)]
         self._send('POST', '/actions', {'actions': fingers})
 
