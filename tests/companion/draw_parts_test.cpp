@@ -170,6 +170,25 @@ TEST(DrawingTask, travels_as_bytes)
     EXPECT_FALSE(valueOf<DrawingTask>("rubbish"));
 }
 
+TEST(WorkerTask, travels_by_its_kind)
+{
+    const PageTask page{.input = "x", .engine = "bar", .fallbackTitle = "t", .mostBytes = 7};
+    const FindingsTask check{.input = "y", .engine = "matrix"};
+    for (const WorkerTask &task : {WorkerTask(DrawingTask{.input = "z"}), WorkerTask(page),
+                                   WorkerTask(check)}) {
+        const auto read = taskOf(task.index(), bytesOfTask(task));
+        ASSERT_TRUE(read);
+        EXPECT_EQ(read->index(), task.index());
+        EXPECT_EQ(bytesOfTask(*read), bytesOfTask(task));
+    }
+    const auto read = taskOf(1, bytesOfTask(page));
+    ASSERT_TRUE(read && std::holds_alternative<PageTask>(*read));
+    EXPECT_EQ(std::get<PageTask>(*read).engine, "bar");
+    EXPECT_EQ(std::get<PageTask>(*read).mostBytes, 7);
+    EXPECT_FALSE(taskOf(1, "rubbish"));
+    EXPECT_FALSE(taskOf(3, bytesOfTask(page)));
+}
+
 TEST(ChangeNotes, know_any_name)
 {
     const QByteArray file = QByteArray(ORR_TEST_SCRATCH) + "/notes";

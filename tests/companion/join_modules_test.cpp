@@ -21,10 +21,12 @@ protected:
         writeFile(u"two.js"_s, "import { one } from './one.js';\nconsole.log(one);\n");
     }
 
-    ProgramRun join() const
+    ProgramRun join(const QStringList &places = {u"title"_s, u"policy"_s}) const
     {
-        return run({.arguments = {path(u"."_s), path(u"parts.cpp"_s)},
-                    .command = QStringLiteral(ORR_JOIN_MODULES)});
+        return run(
+            {.arguments = QStringList{path(u"."_s), path(u"parts.cpp"_s), u"a/parts.h"_s, u"page"_s}
+                 + places,
+             .command = QStringLiteral(ORR_JOIN_MODULES)});
     }
 
     // The text of a constant, as it stands between quotes.
@@ -65,6 +67,15 @@ TEST_F(JoinModulesTest, joins_without_comments_and_imports)
               "pageTheme(\n    \"a {\\012\"\n    \"b: c;\\012\"\n    \"}\\012\",\n    12");
 }
 
+TEST_F(JoinModulesTest, takes_the_header_and_the_places_of_its_page)
+{
+    EXPECT_TRUE(succeeded(join({u"code"_s, u"drawing"_s})));
+    EXPECT_TRUE(fileContent(u"parts.cpp"_s).startsWith("#include \"a/parts.h\"\n"));
+    const ProgramRun run = join({u"code"_s, u"other"_s});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.errors, "join_modules: page.html: has no place {{other}}\n");
+}
+
 TEST_F(JoinModulesTest, refuses_what_does_not_work_joined)
 {
     EXPECT_TRUE(succeeded(join()));
@@ -97,7 +108,8 @@ TEST_F(JoinModulesTest, refuses_what_does_not_work_joined)
 TEST_F(JoinModulesTest, joins_those_of_the_page)
 {
     const ProgramRun joined =
-        run({.arguments = {QStringLiteral(ORR_PAGE_FOLDER), path(u"parts.cpp"_s)},
+        run({.arguments = {QStringLiteral(ORR_PAGE_FOLDER), path(u"parts.cpp"_s), u"parts.h"_s,
+                           u"page"_s, u"drawing"_s, u"data"_s},
              .command = QStringLiteral(ORR_JOIN_MODULES)});
     EXPECT_TRUE(succeeded(joined)) << joined.errors.toStdString();
 }

@@ -14,6 +14,7 @@
 #include "companion/findings/quoted_text.h"
 #include "companion/syntax/misreadings.h"
 #include "companion/syntax/rejections.h"
+#include "drawing/job.h"
 #include "drawing/layout_table.h"
 #include "graph/dot_parser.h"
 
@@ -82,6 +83,13 @@ QList<Finding> checkText(const QByteArray &bytes, const CheckOptions &options)
         }
     }
     return located(findings.take(), &source);
+}
+
+QString engineNamedBy(const QByteArray &bytes)
+{
+    prepareDrawingToolkit();
+    const Drawing::Reading reading = Drawing::readGraph({.input = bytes});
+    return reading.graph ? reading.graph->root()->attributes.value(u"layout"_s) : QString();
 }
 
 } // namespace ORR::Companion

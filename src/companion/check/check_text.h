@@ -23,4 +23,7 @@ struct CheckOptions
 // answer: an unreadable text is a finding.
 QList<Finding> checkText(const QByteArray &bytes, const CheckOptions &options);
 
+// The engine that a text names at its root, as it names it; empty if there is none.
+QString engineNamedBy(const QByteArray &bytes);
+
 } // namespace ORR::Companion

@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 
+#include <sys/signalfd.h>
+
 namespace ORR::Companion {
 
 namespace {
@@ -20,7 +22,6 @@ void note(int signal)
 EndingSignals::EndingSignals()
 {
     caughtSignal = 0;
-    sigset_t held;
     ::sigemptyset(&held);
     for (const int signal : endingSignals) {
         struct sigaction action = {};
@@ -44,6 +45,11 @@ void EndingSignals::poll(std::vector<pollfd> *polled, int time) const
 {
     const timespec limit{time / 1000, time % 1000 * 1'000'000L};
     ::ppoll(polled->data(), polled->size(), time < 0 ? nullptr : &limit, &former);
+}
+
+Graph::Descriptor EndingSignals::descriptor() const
+{
+    return Graph::Descriptor(::signalfd(-1, &held, SFD_CLOEXEC | SFD_NONBLOCK));
 }
 
 int EndingSignals::caught()

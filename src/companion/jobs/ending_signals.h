@@ -1,5 +1,7 @@
 #pragma once
 
+#include "output/files/descriptor.h"
+
 #include <csignal>
 #include <vector>
 
@@ -21,10 +23,15 @@ public:
     // passed, in milliseconds; -1 for any time.
     void poll(std::vector<pollfd> *polled, int time) const;
 
+    // A file that can be read from once one of those signals has come, for whoever waits by other
+    // means; `poll` takes it then.
+    Graph::Descriptor descriptor() const;
+
     // The signal that came, or 0.
     static int caught();
 
 private:
+    sigset_t held = {};
     sigset_t former = {};
 };
 

@@ -7,8 +7,8 @@ namespace ORR::Companion {
 // How a worker is told apart from what users call: the first argument of `orr draw`.
 inline constexpr char workerArgument[] = "--as-worker";
 
-// A worker, see `Workers::startWorker`: makes one `DrawingTask` after the other and answers each
-// with a `DrawingAnswer`, in the same order, until there are no more. Before that it greets with
+// A worker, see `Workers::startWorker`: does one `WorkerTask` after the other and answers each with
+// a `DrawingAnswer`, in the same order, until there are no more. Before that it greets with
 // the message of a failed start, empty for none; with one it ends.
 //
 // Its arguments: how many megabytes a drawing may take beyond what the worker has after its start,

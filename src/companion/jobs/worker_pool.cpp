@@ -10,7 +10,7 @@ WorkerPool::WorkerPool(int mostWorkers_, const WorkerSettings &settings_)
 {
 }
 
-void WorkerPool::add(qint64 number, DrawingTask task)
+void WorkerPool::add(qint64 number, WorkerTask task)
 {
     queue.emplace_back(number, std::move(task));
 }
@@ -81,7 +81,7 @@ void WorkerPool::replaceGone(std::vector<FinishedTask> *finished)
     for (const auto &worker : workers) {
         if (!worker->isGone())
             continue;
-        std::vector<std::pair<qint64, DrawingTask>> tasks = worker->takeTasks();
+        std::vector<std::pair<qint64, WorkerTask>> tasks = worker->takeTasks();
         for (auto task = tasks.rbegin(); task != tasks.rend(); ++task)
             queue.push_front(std::move(*task));
         if (!worker->fault().isEmpty())

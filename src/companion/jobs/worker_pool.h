@@ -20,7 +20,7 @@ public:
     WorkerPool(int mostWorkers, const WorkerSettings &settings);
 
     // Takes a task. The number is what its end is told by.
-    void add(qint64 number, DrawingTask task);
+    void add(qint64 number, WorkerTask task);
 
     // Tasks that no worker has been given yet.
     qsizetype waiting() const { return qsizetype(queue.size()); }
@@ -43,7 +43,7 @@ private:
     int mostWorkers;
     WorkerSettings settings;
     std::vector<std::unique_ptr<WorkerProcess>> workers;
-    std::deque<std::pair<qint64, DrawingTask>> queue;
+    std::deque<std::pair<qint64, WorkerTask>> queue;
 };
 
 } // namespace ORR::Companion

@@ -41,8 +41,9 @@ QByteArray seconds(std::chrono::milliseconds time)
 
 } // namespace
 
-WorkerProcess::Outgoing::Outgoing(const QByteArray &sent)
-    : bytes(sent), message({0, {{bytes.constData(), size_t(bytes.size())}}})
+WorkerProcess::Outgoing::Outgoing(const WorkerTask &task)
+    : bytes(bytesOfTask(task)),
+      message({std::uint32_t(task.index()), {{bytes.constData(), size_t(bytes.size())}}})
 {
 }
 
@@ -82,12 +83,12 @@ bool WorkerProcess::wantsTask() const
     return !gone && !condemned && tasks.size() < mostTasks;
 }
 
-void WorkerProcess::give(qint64 number, const DrawingTask &task)
+void WorkerProcess::give(qint64 number, const WorkerTask &task)
 {
     tasks.push_back({number, task});
     if (tasks.size() == 1)
         startNext();
-    unsent.emplace_back(bytesOf(task));
+    unsent.emplace_back(task);
     sendMore();
 }
 
@@ -115,9 +116,9 @@ void WorkerProcess::advance(std::vector<FinishedTask> *finished)
         keepTime();
 }
 
-std::vector<std::pair<qint64, DrawingTask>> WorkerProcess::takeTasks()
+std::vector<std::pair<qint64, WorkerTask>> WorkerProcess::takeTasks()
 {
-    std::vector<std::pair<qint64, DrawingTask>> left;
+    std::vector<std::pair<qint64, WorkerTask>> left;
     for (Task &task : tasks)
         left.emplace_back(task.number, std::move(task.task));
     tasks.clear();
@@ -220,8 +221,9 @@ void WorkerProcess::bury(std::vector<FinishedTask> *finished)
     const auto time = Clock::now() - started;
     lost.answer.microseconds = std::chrono::duration_cast<std::chrono::microseconds>(time).count();
     lost.answer.peakMemory = settings.measuresMemory ? usage.ru_maxrss : 0;
-    if (WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL)
-        removeAbandonedFiles(tasks.front().task.output);
+    const auto *const drawing = std::get_if<DrawingTask>(&tasks.front().task);
+    if (drawing && WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL)
+        removeAbandonedFiles(drawing->output);
     finished->push_back(std::move(lost));
     tasks.pop_front();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "companion/jobs/drawing_task.h"
+#include "companion/jobs/worker_task.h"
 #include "output/files/descriptor.h"
 #include "workers/message.h"
 
@@ -19,8 +19,8 @@ namespace ORR::Companion {
 // What every worker is started with, and held to.
 struct WorkerSettings
 {
-    std::chrono::milliseconds timeLimit{0}; // for one drawing; 0 for none
-    qint64 memoryLimit = 0; // megabytes for one drawing, see `runWorker`; 0 for none
+    std::chrono::milliseconds timeLimit{0}; // for one task; 0 for none
+    qint64 memoryLimit = 0; // megabytes for one task, see `runWorker`; 0 for none
     bool measuresMemory = false;
 };
 
@@ -51,7 +51,7 @@ public:
     bool isIdle() const { return tasks.empty(); }
     // Whether it can be given one more task: it has none ahead.
     bool wantsTask() const;
-    void give(qint64 number, const DrawingTask &task);
+    void give(qint64 number, const WorkerTask &task);
 
     // Adds what is to be waited for, and until when at most.
     void watch(std::vector<pollfd> *polled, Clock::time_point *deadline) const;
@@ -62,7 +62,7 @@ public:
     // Once it is gone: the task that it was at fails, unless it could not even start, which `fault`
     // tells then, and those ahead are still to be done.
     bool isGone() const { return gone; }
-    std::vector<std::pair<qint64, DrawingTask>> takeTasks();
+    std::vector<std::pair<qint64, WorkerTask>> takeTasks();
 
     // Asks it to end, whatever it is at. Its unfinished file goes with it. One that is at nothing
     // ends as it likes to, since there is nothing more for it to read.
@@ -72,13 +72,13 @@ private:
     struct Task
     {
         qint64 number;
-        DrawingTask task;
+        WorkerTask task;
     };
 
     // A message, and the bytes that it sends.
     struct Outgoing
     {
-        explicit Outgoing(const QByteArray &sent);
+        explicit Outgoing(const WorkerTask &task);
 
         QByteArray bytes;
         Workers::OutgoingMessage message;

@@ -1,11 +1,16 @@
 // Makes C++ of what a page is put together from: the template, the theme and the modules behind
 // each other as one script. Part of the build.
 //
-//   join_modules FOLDER OUTPUT
+//   join_modules FOLDER OUTPUT HEADER PREFIX PLACE...
+//
+// The header declares the constants PREFIXTemplate, PREFIXTheme and PREFIXCode; the places are
+// those that the template must have, as {{PLACE}}.
 //
 // The modules stand in the order of order.txt, each behind those that it imports. Import lines go,
 // and so do the word "export" and comments: those that begin a line, and `/** */` anywhere. What
 // would not work joined is a fault: see `Module`.
+#include "companion/page/text_constant.h"
+
 #include <cctype>
 #include <cstdio>
 #include <exception>
@@ -257,57 +262,48 @@ const std::string &checked(const std::string &text, const std::string &what)
     return text;
 }
 
-const std::string &checkedTemplate(const std::string &text)
+// What is asked for.
+struct Call
 {
-    for (const char *const place :
-         {"{{title}}", "{{policy}}", "{{theme}}", "{{drawing}}", "{{data}}", "{{code}}"}) {
-        if (text.find(place) == std::string::npos)
-            refuse("page.html", std::string("has no place ") + place);
+    std::filesystem::path folder;
+    std::filesystem::path output;
+    std::string header;
+    std::string prefix;
+    std::vector<std::string> places;
+};
+
+const std::string &checkedTemplate(const std::string &text, const std::vector<std::string> &places)
+{
+    for (const std::string &place : places) {
+        if (text.find("{{" + place + "}}") == std::string::npos)
+            refuse("page.html", "has no place {{" + place + "}}");
     }
     return text;
 }
 
-// A constant that holds the text, a literal for each line.
-std::string constantOf(const char *name, const std::string &text)
+void write(const Call &call)
 {
-    std::string result = std::string("const std::string_view ") + name + "(";
-    size_t length = 0;
-    for (const std::string &line : linesOf(text)) {
-        result += "\n    \"";
-        for (const char c : line + '\n') {
-            char written[8];
-            const bool isPlain =
-                c >= ' ' && c <= '~' && c != '"' && c != '\\' && c != '?'; // no trigraphs
-            std::snprintf(written, sizeof written, isPlain ? "%c" : "\\%03o",
-                          static_cast<unsigned char>(c));
-            result += written;
-        }
-        result += '"';
-        length += line.size() + 1;
-    }
-    return result + ",\n    " + std::to_string(length) + ");\n\n";
-}
-
-void write(const std::filesystem::path &folder, const std::filesystem::path &output)
-{
-    std::ofstream file(output, std::ios::binary | std::ios::trunc);
-    file << "#include \"companion/page/page_parts.h\"\n\nnamespace ORR::Companion {\n\n"
-         << constantOf("pageTemplate", checkedTemplate(contentOf(folder / "page.html")))
-         << constantOf("pageTheme", checked(themeOf(folder / "theme.css"), "theme.css"))
-         << constantOf("pageCode", checked(joined(folder), "the joined modules"))
+    using ORR::Companion::textConstant;
+    const std::string page = contentOf(call.folder / "page.html");
+    std::ofstream file(call.output, std::ios::binary | std::ios::trunc);
+    file << "#include \"" << call.header << "\"\n\nnamespace ORR::Companion {\n\n"
+         << textConstant(call.prefix + "Template", checkedTemplate(page, call.places))
+         << textConstant(call.prefix + "Theme",
+                         checked(themeOf(call.folder / "theme.css"), "theme.css"))
+         << textConstant(call.prefix + "Code", checked(joined(call.folder), "the joined modules"))
          << "} // namespace ORR::Companion\n";
     file.close();
     if (!file)
-        refuse(output.string(), "can't be written");
+        refuse(call.output.string(), "can't be written");
 }
 
 } // namespace
 
 int main(int argc, char **argv)
 try {
-    if (argc != 3)
-        throw std::runtime_error("a folder and an output are needed");
-    write(argv[1], argv[2]);
+    if (argc < 5)
+        throw std::runtime_error("a folder, an output, a header and a prefix are needed");
+    write({argv[1], argv[2], argv[3], argv[4], {argv + 5, argv + argc}});
     return 0;
 } catch (const std::exception &fault) {
     std::fprintf(stderr, "join_modules: %s\n", fault.what());

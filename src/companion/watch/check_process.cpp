@@ -1,8 +1,6 @@
 #include "companion/watch/check_process.h"
 
 #include "companion/check/check_text.h"
-#include "companion/check/drawing_toolkit.h"
-#include "drawing/job.h"
 
 #include <array>
 #include <cerrno>
@@ -14,8 +12,6 @@
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-using namespace Qt::StringLiterals;
 
 namespace ORR::Companion {
 
@@ -37,19 +33,11 @@ void settleChild(int answers, pid_t parent)
     ::close_range(STDERR_FILENO + 1, ~0U, 0);
 }
 
-QString engineOf(const CheckTask &task)
-{
-    if (!task.engine.isEmpty())
-        return task.engine;
-    prepareDrawingToolkit();
-    const Drawing::Reading reading = Drawing::readGraph({.input = task.bytes});
-    return reading.graph ? reading.graph->root()->attributes.value(u"layout"_s) : QString();
-}
-
 bool printFindings(const CheckTask &task)
 {
     try {
-        const QList<Finding> findings = checkText(task.bytes, {engineOf(task)});
+        const QString engine = task.engine.isEmpty() ? engineNamedBy(task.bytes) : task.engine;
+        const QList<Finding> findings = checkText(task.bytes, {engine});
         return Graph::writeToEnd(STDOUT_FILENO, findingsAsText({task.file, findings}, task.form));
     } catch (const std::exception &) {
         return false;

@@ -17,14 +17,6 @@ namespace {
 using Clock = WorkerPool::Clock;
 using std::chrono::milliseconds;
 
-// An input is read when nothing has happened to it for so long: if it looks whole, and if it is
-// being written, or was taken away and may come again.
-constexpr milliseconds quiet{40};
-constexpr milliseconds longQuiet{500};
-
-// One that is saved without a pause is read nevertheless.
-constexpr milliseconds longestUnrest{1000};
-
 // What is at work on an input that has changed may still be finished.
 constexpr milliseconds graceOfRound{100};
 
@@ -97,13 +89,8 @@ std::string WatchRun::addInput(const QByteArray &name, OutputClaims *claims)
 void WatchRun::noteEvents()
 {
     const auto now = Clock::now();
-    for (const FileEvent &event : watcher.take()) {
-        Input &input = inputs[size_t(event.file)];
-        if (!input.firstEvent)
-            input.firstEvent = now;
-        input.settles = event.isWhole ? std::min(now + quiet, *input.firstEvent + longestUnrest)
-                                      : now + longQuiet;
-    }
+    for (const FileEvent &event : watcher.take())
+        inputs[size_t(event.file)].settling.note(event.isWhole, now);
     if (watcher.fault().isEmpty() || hasToldWatcher)
         return;
     tell(call.name + ": " + watcher.fault().toStdString()
@@ -116,11 +103,7 @@ void WatchRun::begin()
     const auto now = Clock::now();
     for (size_t i = 0; i < inputs.size(); ++i) {
         Input &input = inputs[i];
-        if (input.settles && *input.settles <= now) {
-            input.settles.reset();
-            input.firstEvent.reset();
-            input.isDue = true;
-        }
+        input.isDue = input.settling.takeIfOver(now) || input.isDue;
         if (input.overdue && *input.overdue <= now)
             cancel(qsizetype(i));
         if (input.isDue && (input.round || hasRoom()))
@@ -135,7 +118,7 @@ void WatchRun::read(qsizetype index)
     watcher.follow(index, input.name);
     const WholeFile file = readWholeFile(input.name);
     if (!file.isSteady) {
-        input.settles = Clock::now() + quiet;
+        input.settling.beginAgain(Clock::now());
         return;
     }
     if (!file.bytes) {
@@ -277,7 +260,7 @@ void WatchRun::wait(const EndingSignals &signals)
         if (input.isDue && hasRoom())
             deadline = now;
         deadline = std::min(
-            {deadline, input.settles.value_or(deadline), input.overdue.value_or(deadline)});
+            {deadline, input.settling.end().value_or(deadline), input.overdue.value_or(deadline)});
         if (!input.round || !input.round->check)
             continue;
         polled.push_back({input.round->check->descriptor(), POLLIN, 0});

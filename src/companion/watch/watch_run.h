@@ -8,6 +8,7 @@
 #include "companion/jobs/worker_pool.h"
 #include "companion/watch/check_process.h"
 #include "companion/watch/file_watcher.h"
+#include "companion/watch/settling.h"
 
 #include <map>
 #include <vector>
@@ -50,8 +51,7 @@ private:
         QByteArray name;
         QList<PlannedDrawing> drawings;
         bool isDue = true; // to be read
-        std::optional<Clock::time_point> firstEvent; // since it was read
-        std::optional<Clock::time_point> settles; // it is due then, unless something happens to it
+        Settling settling; // it is due at the end
         std::optional<Clock::time_point> overdue; // when the round has to make way for the next one
         QByteArray stamp; // of the last round
         bool hasFailed = false; // that has
