@@ -1,0 +1,39 @@
+/** Puts the modules together when the shell opens. */
+
+import { part } from './../../page/web/elements.js';
+import { Session } from './session.js';
+import { Editor } from './editor.js';
+import { Numbers } from './numbers.js';
+import { followNotices } from './notices.js';
+import { Sender } from './sender.js';
+import { Findings } from './findings.js';
+import { Drawing } from './drawing.js';
+import { prepareSplitter } from './splitter.js';
+import { followTheme } from './theme.js';
+import { fillDownloads, fillExamples, followEngine } from './menus.js';
+import { Saving } from './saving.js';
+
+function openShell() {
+    const session = new Session();
+    const editor = new Editor(/** @type {HTMLTextAreaElement} */ (part('text')));
+    const sender = new Sender(editor, session);
+    const saving = new Saving(session, sender, editor);
+    const pressed = (/** @type {KeyboardEvent} */ event) => {
+        if (event.key.toLowerCase() !== 's' || !(event.ctrlKey || event.metaKey) || event.altKey)
+            return;
+        event.preventDefault();
+        saving.save();
+    };
+    addEventListener('keydown', pressed);
+    new Findings(session, editor, new Numbers(part('numbers'), editor));
+    const drawing = new Drawing(part('stage'), session, pressed);
+    followNotices(session);
+    prepareSplitter(part('splitter'), part('panes'));
+    followTheme(part('theme'), theme => drawing.follow(theme));
+    followEngine(session, sender);
+    fillDownloads(session, sender);
+    fillExamples(editor, sender);
+    session.run();
+}
+
+openShell();
