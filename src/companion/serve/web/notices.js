@@ -58,5 +58,6 @@ export function followNotices(session) {
         show('fault', state.fault, create('small', {}, state.page
             ? 'The drawing is that of the last text that could be drawn.' : ''));
         part('busy').hidden = !state.busy || session.isLost;
+        part('stage').setAttribute('aria-busy', String(state.busy));
     });
 }

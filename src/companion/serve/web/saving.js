@@ -34,8 +34,8 @@ export class Saving {
 
     isUnsaved() {
         const { file = '', text } = this.session.state ?? {};
-        if (!text || this.sender.isTextPending)
-            return this.sender.isTextPending;
+        if (!text || this.sender.isAhead)
+            return this.sender.isAhead;
         // The server may have a text already, and its state not yet tell so.
         return file === '' ? this.isWritten : !text.saved || text.version < this.sender.version;
     }
@@ -74,7 +74,9 @@ export class Saving {
     take() {
         return this.sender.enqueue(async () => {
             const answer = await post('take', {});
-            if (!answer.ok)
+            if (answer.ok)
+                this.sender.giveIn();
+            else
                 tell(await refusalOf(answer));
         });
     }
@@ -89,7 +91,7 @@ export class Saving {
 
     /** @param {boolean} isForced */
     async write(isForced) {
-        if (this.sender.isTextPending) {
+        if (this.sender.isAhead) {
             tell('The text is not saved: the server does not have it.');
             return;
         }

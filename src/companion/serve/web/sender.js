@@ -27,6 +27,7 @@ export class Sender {
         this.version = -1;
         this.edits = 0;
         this.sentEdits = 0;
+        this.isRefused = false;
         /** @type {string | null} the engine, if it is not sent yet */
         this.engine = null;
         this.wasLost = false;
@@ -46,8 +47,15 @@ export class Sender {
         return this.edits > this.sentEdits;
     }
 
-    get isPending() {
-        return this.isTextPending || this.engine !== null;
+    /** Whether the editor has a text that the server does not have, or would not take. */
+    get isAhead() {
+        return this.isTextPending || this.isRefused;
+    }
+
+    /** Lets the text of the server come, whatever was typed. */
+    giveIn() {
+        this.sentEdits = this.edits;
+        this.isRefused = false;
     }
 
     /** @param {string} engine */
@@ -72,13 +80,15 @@ export class Sender {
     }
 
     async sendPending() {
-        if (!this.isPending)
+        const { edits, engine, isTextPending } = this;
+        if (!isTextPending && engine === null)
             return;
-        const { edits, engine } = this;
-        const answer = this.isTextPending ? await this.postText() : await post('engine', { engine: engine ?? '' });
+        const answer = isTextPending ? await this.postText() : await post('engine', { engine: engine ?? '' });
         if (this.engine === engine)
             this.engine = null;
-        this.sentEdits = edits;
+        this.sentEdits = Math.max(this.sentEdits, edits);
+        if (isTextPending)
+            this.isRefused = !answer?.ok;
         this.retry.pause = firstRetry;
         if (answer && !answer.ok)
             tell(await refusalOf(answer));
@@ -120,7 +130,7 @@ export class Sender {
     /** Takes the text of the server if it is none of this editor, unless there is more typed here. */
     async takeNewer() {
         const version = this.session.state?.text.version ?? -1;
-        if (version <= this.version || this.isPending || this.session.isLost)
+        if (version <= this.version || this.isAhead || this.session.isLost)
             return;
         const { edits } = this;
         const answer = await ask('text');
