@@ -96,9 +96,13 @@ class Browser:
 
     def open(self, page, fragment=''):
         """Opens a file as a new document, also if it differs from the present one by its fragment only."""
+        self.visit(pathlib.Path(page).resolve().as_uri() + fragment)
+
+    def visit(self, address):
+        """Opens an address as a new document, with nothing in the console yet."""
         self._send('POST', '/url', {'url': 'about:blank'})
         self.console()
-        self._send('POST', '/url', {'url': pathlib.Path(page).resolve().as_uri() + fragment})
+        self._send('POST', '/url', {'url': address})
 
     def run(self, script, *arguments):
         """The value that a function body returns; a promise is waited for."""
