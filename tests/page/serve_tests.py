@@ -197,7 +197,7 @@ class Editing(ServeCase):
             window.fetch = (path, options) => {
                 if (options?.method !== 'POST') return given(path, options);
                 posts.most = Math.max(posts.most, ++posts.now); ++posts.all;
-                return new Promise(done => setTimeout(done, 300)).then(() => given(path, options))
+                return new Promise(done => setTimeout(done, 1000)).then(() => given(path, options))
                     .finally(() => --posts.now);
             };''')
         for i in range(12):

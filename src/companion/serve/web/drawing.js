@@ -85,6 +85,8 @@ export class Drawing {
         else
             goTo(coming, withTheme(fragmentOf(coming), this.theme));
         coming.contentWindow?.addEventListener('keydown', this.pressed);
+        // The switch of the shell is that of the drawing, too.
+        coming.contentDocument?.getElementById('theme')?.setAttribute('hidden', '');
         coming.classList.remove('coming');
         if (shown && shown === document.activeElement)
             focusLike(coming, shown);
