@@ -17,7 +17,7 @@ import urllib.request
 KEYS = {
     'Enter': '\ue007', 'Escape': '\ue00c', 'Tab': '\ue004', 'Backspace': '\ue003', 'Shift': '\ue008',
     'ArrowLeft': '\ue012', 'ArrowUp': '\ue013', 'ArrowRight': '\ue014', 'ArrowDown': '\ue015',
-    'Home': '\ue011', 'End': '\ue010', 'PageDown': '\ue00f', 'PageUp': '\ue00e', ' ': ' ',
+    'Home': '\ue011', 'F6': '\ue036', 'End': '\ue010', 'PageDown': '\ue00f', 'PageUp': '\ue00e', ' ': ' ',
 }
 
 

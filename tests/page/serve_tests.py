@@ -325,6 +325,13 @@ class Redrawing(ServeCase):
         self.assertGreater(seen['frames'], 3)
         self.assertEqual(seen['without'], 0)
 
+    def test_a_shell_that_is_loaded_again_shows_the_same_place(self):
+        self.serve(graph('alpha'))
+        self.browser.run(PAGE + "page.defaultView.location.hash = '#view=10.0,10.0,3.500';")
+        self.browser.run('location.reload();')
+        self.assertTrue(self.shows('alpha'))
+        self.assertEqual(self.browser.run(self.PLACE), '#view=10.0%2C10.0%2C3.500')
+
     def test_leaves_no_trace_in_the_history(self):
         self.serve(graph('alpha'))
         length = self.browser.run('return history.length;')
@@ -396,6 +403,20 @@ class Files(ServeCase):
         self.hold_control_and('s')
         self.assertTrue(self.says('#told', 'Saved'))
         self.assertEqual(self.file_text(), graph('beta'))
+
+    def test_a_text_that_is_refused_is_never_taken_for_saved(self):
+        self.serve(graph('alpha'))
+        self.browser.run('''const area = document.getElementById('text');
+            area.value = `${'/'.repeat(98)}\\n`.repeat(175_000) + area.value; area.dispatchEvent(new Event('input'));''')
+        self.assertTrue(self.says('#told', 'too large'))
+        self.hold_control_and('s')
+        self.assertTrue(self.says('#told', 'not saved'))
+        self.assertTrue(self.says('#unsaved', 'not saved'))
+        self.assertEqual(self.file_text(), graph('alpha'))
+        self.fill(graph('beta'))
+        self.assertTrue(self.shows('beta'))
+        self.hold_control_and('s')
+        self.assertTrue(self.says('#told', 'Saved'))
 
     def test_downloads_all_formats(self):
         self.serve(graph('alpha'))
@@ -555,6 +576,15 @@ class Looks(ServeCase):
             self.browser.press('Tab')
         self.assertLessEqual({'engine', 'examples-button', 'downloads-button', 'theme', 'text', 'button', 'splitter', 'iframe'},
                              reached)
+
+    def test_one_key_leads_from_pane_to_pane(self):
+        self.serve(self.TEXT)
+        self.assertTrue(self.says('#finding-list', 'did you mean'))
+        reached = []
+        for key in ('F6', 'F6', 'F6', 'F6', 'Shift+F6'):
+            self.browser.press(key)
+            reached.append(self.browser.run("const {id, localName} = document.activeElement; return id || localName;"))
+        self.assertEqual(reached, ['text', 'button', 'iframe', 'engine', 'iframe'])
 
     def test_pictures(self):
         if not SETTINGS.pictures:

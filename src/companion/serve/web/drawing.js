@@ -80,10 +80,7 @@ export class Drawing {
         if (!coming)
             return;
         // The view may have moved since the other one began to load.
-        if (shown)
-            goTo(coming, this.fragment());
-        else
-            goTo(coming, withTheme(fragmentOf(coming), this.theme));
+        goTo(coming, shown ? this.fragment() : withTheme(fragmentOf(coming), this.theme));
         coming.contentWindow?.addEventListener('keydown', this.pressed);
         // The switch of the shell is that of the drawing, too.
         coming.contentDocument?.getElementById('theme')?.setAttribute('hidden', '');

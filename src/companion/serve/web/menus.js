@@ -61,7 +61,6 @@ export async function fillExamples(editor, sender) {
             return;
         }
         sender.engine = engine;
-        /** @type {HTMLSelectElement} */ (part('engine')).value = engine;
         editor.startFrom(await answer.text());
         await sender.send();
     };

@@ -101,6 +101,8 @@ export class Saving {
             return;
         }
         const { fault, conflict } = await answer?.json() ?? { fault: 'the server does not answer.' };
+        // The state tells of it too, but offers less.
+        this.isConflict ||= conflict === true;
         if (conflict)
             this.ask('The file has changed outside since.', 'Save over it', () => this.save(true));
         else
