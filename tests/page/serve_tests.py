@@ -141,7 +141,7 @@ class Opening(ServeCase):
         self.assertTrue(self.shows('alpha'))
         self.assertEqual(self.browser.text('#file'), 'tree.dot')
         self.assertEqual(self.browser.run("return document.getElementById('engine').value;"), 'gftree')
-        self.assertEqual(self.browser.text('#finding-count'), 'No findings')
+        self.assertEqual(self.browser.text('#finding-count'), 'none')
         self.assertEqual(self.console(), [])
 
     def test_without_a_file_one_begins_with_an_example(self):
@@ -209,14 +209,24 @@ class Editing(ServeCase):
         self.assertLess(posts['all'], 12)
 
     def test_undo_leads_back_over_what_came_from_outside(self):
+        self.serve(graph('alpha', 'beta'))
+        self.file.write_text(graph('alpha', 'gamma', 'delta'), 'utf-8')
+        self.assertTrue(self.shows('delta'))
+        self.browser.run("document.getElementById('text').focus(); document.execCommand('undo');")
+        self.assertEqual(self.text(), graph('alpha', 'beta'))
+        self.assertTrue(self.shows('beta'))
+        self.browser.run("document.execCommand('redo');")
+        self.assertEqual(self.text(), graph('alpha', 'gamma', 'delta'))
+
+    def test_a_text_comes_back_from_behind_an_example(self):
         self.serve(graph('alpha'))
         self.choose('examples', 'treemap')
         self.assertTrue(self.drawn_as('treemap'))
-        self.browser.run("document.getElementById('text').focus();")
-        self.browser.run("document.execCommand('undo');")
+        self.press_button('#told', 'Bring the text back')
+        self.assertTrue(self.shows('alpha'))
         self.assertEqual(self.text(), graph('alpha'))
-        self.browser.run("document.execCommand('redo');")
-        self.assertNotEqual(self.text(), graph('alpha'))
+        self.assertEqual(self.browser.run("return document.getElementById('engine').value;"), 'gftree')
+        self.assertTrue(self.is_gone('#told'))
 
     def test_the_first_text_is_not_undone(self):
         self.serve(graph('alpha'))
@@ -260,7 +270,7 @@ class Findings(ServeCase):
         self.fill(graph('gamma'))
         self.assertTrue(self.shows('gamma'))
         self.assertTrue(self.is_gone('#fault'))
-        self.assertTrue(self.says('#finding-count', 'No findings'))
+        self.assertTrue(self.says('#finding-count', 'none'))
 
     def test_a_click_or_enter_selects_the_line(self):
         self.serve(graph('alpha'))
@@ -593,7 +603,7 @@ class Looks(ServeCase):
         folder.mkdir(exist_ok=True)
         text = (pathlib.Path(SETTINGS.examples) / 'gftree/lr_compact.dot').read_text('utf-8')
         self.file = self.folder / 'calls.dot'
-        sizes = {'light': (1080, 640), 'dark': (1080, 640), 'narrow': (390, 844)}
+        sizes = {'light': (1280, 720), 'dark': (1280, 720), 'narrow': (390, 844)}
         self.serve(text.replace('label=', 'lable=', 1))
         self.assertTrue(self.says('#finding-list', 'did you mean'))
         self.browser.run("document.querySelector('#finding-list button').click();")

@@ -73,7 +73,7 @@ function summaryOf(findings) {
         const count = findings.filter(one => one.severity === severity).length;
         return count === 0 ? '' : `${count.toLocaleString('en')} ${severity}${count === 1 ? '' : 's'}`;
     });
-    return counts.filter(text => text !== '').join(', ') || 'No findings';
+    return counts.filter(text => text !== '').join(', ') || 'none';
 }
 
 /**

@@ -43,26 +43,37 @@ export function followEngine(session, sender) {
         const { engine, engines } = session.state ?? { engine: '', engines: [] };
         if (menu.options.length !== engines.length + 1) {
             const options = engines.map(name => create('option', { value: name }, name));
-            menu.replaceChildren(create('option', { value: '' }, 'of the text'), ...options);
+            menu.replaceChildren(create('option', { value: '' }, 'as in the text'), ...options);
         }
         menu.value = sender.engine ?? engine;
     });
 }
 
 /**
+ * @param {Session} session
  * @param {Editor} editor
  * @param {Sender} sender
  */
-export async function fillExamples(editor, sender) {
+export async function fillExamples(session, editor, sender) {
+    const begin = (/** @type {string} */ engine, /** @type {string} */ text) => {
+        sender.engine = engine;
+        editor.startFrom(text);
+        sender.send();
+    };
     const open = async (/** @type {string} */ engine) => {
         const answer = await ask(`examples/${engine}`).catch(() => null);
         if (!answer?.ok) {
-            tell('The example could not be fetched.');
+            tell('The example was not fetched.');
             return;
         }
-        sender.engine = engine;
-        editor.startFrom(await answer.text());
-        await sender.send();
+        const before = [sender.engine ?? session.state?.engine ?? '', editor.text];
+        begin(engine, await answer.text());
+        // A long text is nothing that undo leads back from.
+        if (before[1].trim() !== '')
+            tell('The example stands in the place of the text.', { 'Bring the text back': () => {
+                begin(before[0], before[1]);
+                tell('');
+            } });
     };
     const answer = await ask('examples').catch(() => null);
     /** @type {{engine: string, name: string, title: string}[]} */
@@ -75,17 +86,16 @@ export async function fillExamples(editor, sender) {
  * @param {Sender} sender
  */
 export function fillDownloads(session, sender) {
-    const stem = () => (session.state?.file ?? '').replace(/^.*\//, '').replace(/\.[^.]*$/, '') || 'drawing';
-    const entry = (/** @type {string} */ name, /** @type {() => string} */ path, /** @type {string} */ ending) =>
-        /** @type {[string, () => void]} */ ([name, async () => {
-            await sender.send();
-            await download(path(), `${stem()}.${ending}`);
-        }]);
+    const fetchAs = async (/** @type {string} */ path, /** @type {string} */ ending) => {
+        await sender.send();
+        const stem = session.state?.file.replace(/^.*\//, '').replace(/\.[^.]*$/, '') || 'drawing';
+        await download(path, `${stem}.${ending}`);
+    };
     fillMenu('downloads', [
-        ...formats.map(format => entry(format.toUpperCase(), () => `download/${format}`,
-                                       format === 'xdot1.2' ? 'xdot' : format)),
-        entry('Page (HTML)', () => `page/${session.state?.page?.version ?? 0}`, 'html'),
-        entry('Text (DOT)', () => 'text', 'dot'),
+        ...formats.map(format => /** @type {[string, () => void]} */ ([format.toUpperCase(),
+            () => fetchAs(`download/${format}`, format === 'xdot1.2' ? 'xdot' : format)])),
+        ['Page (HTML)', () => fetchAs(`page/${session.state?.page?.version ?? 0}`, 'html')],
+        ['Text (DOT)', () => fetchAs('text', 'dot')],
     ]);
 }
 
@@ -98,7 +108,7 @@ export function fillDownloads(session, sender) {
 async function download(path, name) {
     const answer = await ask(path, { signal: undefined }).catch(() => null);
     if (!answer?.ok) {
-        tell(answer ? await refusalOf(answer) : 'There is nothing drawn yet, or the server has ended.');
+        tell(answer ? await refusalOf(answer) : 'Nothing is drawn yet, or the server has ended.');
         return;
     }
     const address = URL.createObjectURL(await answer.blob());

@@ -97,7 +97,7 @@ export class Saving {
         }
         const answer = await post('save', { base: this.sender.version, ...isForced ? { force: 1 } : {} }).catch(() => null);
         if (answer?.ok) {
-            tell('Saved.', false);
+            tell('Saved.', {}, true);
             return;
         }
         const { fault, conflict } = await answer?.json() ?? { fault: 'the server does not answer.' };

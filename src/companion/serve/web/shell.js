@@ -48,7 +48,7 @@ function openShell() {
     followTheme(part('theme'), theme => drawing.follow(theme));
     followEngine(session, sender);
     fillDownloads(session, sender);
-    fillExamples(editor, sender);
+    fillExamples(session, editor, sender);
     session.run();
 }
 

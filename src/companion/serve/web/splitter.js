@@ -27,26 +27,17 @@ export function prepareSplitter(separator, panes) {
         set(share + by);
     });
     separator.addEventListener('dblclick', () => set(usual));
-    followDrag(separator, event => {
+    separator.addEventListener('pointerdown', event => {
+        if (event.button === 0)
+            separator.setPointerCapture(event.pointerId);
+    });
+    separator.addEventListener('pointermove', event => {
+        if (!separator.hasPointerCapture(event.pointerId))
+            return;
         const { left, top, width, height } = panes.getBoundingClientRect();
         set(100 * (stacked.matches ? (event.clientY - top) / height : (event.clientX - left) / width));
     });
     stacked.addEventListener('change', turn);
     turn();
     set(usual);
-}
-
-/**
- * @param {HTMLElement} element
- * @param {(event: PointerEvent) => void} drag
- */
-function followDrag(element, drag) {
-    element.addEventListener('pointerdown', event => {
-        if (event.button === 0)
-            element.setPointerCapture(event.pointerId);
-    });
-    element.addEventListener('pointermove', event => {
-        if (element.hasPointerCapture(event.pointerId))
-            drag(event);
-    });
 }
