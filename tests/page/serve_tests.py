@@ -601,10 +601,10 @@ class Looks(ServeCase):
             self.skipTest('no pictures were asked for')
         folder = pathlib.Path(SETTINGS.pictures)
         folder.mkdir(exist_ok=True)
-        text = (pathlib.Path(SETTINGS.examples) / 'gftree/lr_compact.dot').read_text('utf-8')
-        self.file = self.folder / 'calls.dot'
-        sizes = {'light': (1280, 720), 'dark': (1280, 720), 'narrow': (390, 844)}
-        self.serve(text.replace('label=', 'lable=', 1))
+        text = (pathlib.Path(SETTINGS.examples) / 'treemap/own_source.dot').read_text('utf-8')
+        self.file = self.folder / 'source.dot'
+        sizes = {'light': (1200, 680), 'dark': (1200, 680), 'narrow': (390, 844)}
+        self.serve(text.replace('n1 [label=', 'n1 [lable='), 'treemap')
         self.assertTrue(self.says('#finding-list', 'did you mean'))
         self.browser.run("document.querySelector('#finding-list button').click();")
         for name, size in sizes.items():
