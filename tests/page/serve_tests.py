@@ -467,9 +467,13 @@ class Examples(ServeCase):
 class Trouble(ServeCase):
 
     def workers(self):
-        """The processes that the server has started."""
-        listed = subprocess.run(['ps', '--ppid', str(self.server.pid), '-o', 'pid='], capture_output=True, text=True)
-        return [int(pid) for pid in listed.stdout.split()]
+        """The processes that draw and check for the server."""
+        listed = subprocess.run(['ps', '-eo', 'pid=,ppid=,args='], capture_output=True, text=True).stdout
+        processes = [(int(pid), int(parent), args) for pid, parent, args in
+                     (line.split(None, 2) for line in listed.splitlines())]
+        ours = {self.server.pid}
+        ours |= {pid for pid, parent, _ in processes if parent in ours}
+        return [pid for pid, parent, args in processes if parent in ours and '--as-worker' in args]
 
     def test_a_killed_worker_costs_a_message(self):
         self.serve(graph('alpha'))
