@@ -17,7 +17,7 @@ import urllib.request
 KEYS = {
     'Enter': '\ue007', 'Escape': '\ue00c', 'Tab': '\ue004', 'Backspace': '\ue003', 'Shift': '\ue008',
     'ArrowLeft': '\ue012', 'ArrowUp': '\ue013', 'ArrowRight': '\ue014', 'ArrowDown': '\ue015',
-    'Home': '\ue011', 'End': '\ue010', 'PageDown': '\ue00f', 'PageUp': '\ue00e', ' ': ' ',
+    'Home': '\ue011', 'F6': '\ue036', 'End': '\ue010', 'PageDown': '\ue00f', 'PageUp': '\ue00e', ' ': ' ',
 }
 
 
@@ -96,9 +96,13 @@ class Browser:
 
     def open(self, page, fragment=''):
         """Opens a file as a new document, also if it differs from the present one by its fragment only."""
+        self.visit(pathlib.Path(page).resolve().as_uri() + fragment)
+
+    def visit(self, address):
+        """Opens an address as a new document, with nothing in the console yet."""
         self._send('POST', '/url', {'url': 'about:blank'})
         self.console()
-        self._send('POST', '/url', {'url': pathlib.Path(page).resolve().as_uri() + fragment})
+        self._send('POST', '/url', {'url': address})
 
     def run(self, script, *arguments):
         """The value that a function body returns; a promise is waited for."""

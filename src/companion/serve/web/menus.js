@@ -1,0 +1,117 @@
+/** The menus of the bar: engines, examples, and the drawing as a file. */
+
+import { create, createButton, part } from './../../page/web/elements.js';
+import { ask, refusalOf } from './server.js';
+import { tell } from './notices.js';
+
+/** @import {Session} from './session.js' */
+/** @import {Sender} from './sender.js' */
+/** @import {Editor} from './editor.js' */
+
+const formats = ['svg', 'png', 'jpg', 'xdot1.2', 'vsdx', 'vdx'];
+const menuWidth = 260;
+const edge = 8;
+
+/**
+ * A button below which a list of buttons opens.
+ *
+ * @param {string} id of the list
+ * @param {[string, () => void][]} entries
+ */
+function fillMenu(id, entries) {
+    const menu = part(id);
+    const opener = part(`${id}-button`);
+    menu.addEventListener('beforetoggle', () => {
+        const { left, bottom } = opener.getBoundingClientRect();
+        menu.style.left = `${Math.max(edge, Math.min(left, innerWidth - menuWidth - edge))}px`;
+        menu.style.top = `${bottom + 4}px`;
+    });
+    menu.replaceChildren(create('ul', {}, ...entries.map(([name, action]) => create('li', {}, createButton(name, () => {
+        menu.hidePopover();
+        action();
+    })))));
+}
+
+/**
+ * @param {Session} session
+ * @param {Sender} sender
+ */
+export function followEngine(session, sender) {
+    const menu = /** @type {HTMLSelectElement} */ (part('engine'));
+    menu.addEventListener('change', () => sender.choose(menu.value));
+    session.follow(() => {
+        const { engine, engines } = session.state ?? { engine: '', engines: [] };
+        if (menu.options.length !== engines.length + 1) {
+            const options = engines.map(name => create('option', { value: name }, name));
+            menu.replaceChildren(create('option', { value: '' }, 'as in the text'), ...options);
+        }
+        menu.value = sender.engine ?? engine;
+    });
+}
+
+/**
+ * @param {Session} session
+ * @param {Editor} editor
+ * @param {Sender} sender
+ */
+export async function fillExamples(session, editor, sender) {
+    const begin = (/** @type {string} */ engine, /** @type {string} */ text) => {
+        sender.engine = engine;
+        editor.startFrom(text);
+        sender.send();
+    };
+    const open = async (/** @type {string} */ engine) => {
+        const answer = await ask(`examples/${engine}`).catch(() => null);
+        if (!answer?.ok) {
+            tell('The example was not fetched.');
+            return;
+        }
+        const before = [sender.engine ?? session.state?.engine ?? '', editor.text];
+        begin(engine, await answer.text());
+        // A long text is nothing that undo leads back from.
+        if (before[1].trim() !== '')
+            tell('The example stands in the place of the text.', { 'Bring the text back': () => {
+                begin(before[0], before[1]);
+                tell('');
+            } });
+    };
+    const answer = await ask('examples').catch(() => null);
+    /** @type {{engine: string, name: string, title: string}[]} */
+    const examples = answer?.ok ? await answer.json() : [];
+    fillMenu('examples', examples.map(({ engine, title }) => [`${engine}: ${title}`, () => open(engine)]));
+}
+
+/**
+ * @param {Session} session
+ * @param {Sender} sender
+ */
+export function fillDownloads(session, sender) {
+    const fetchAs = async (/** @type {string} */ path, /** @type {string} */ ending) => {
+        await sender.send();
+        const stem = session.state?.file.replace(/^.*\//, '').replace(/\.[^.]*$/, '') || 'drawing';
+        await download(path, `${stem}.${ending}`);
+    };
+    fillMenu('downloads', [
+        ...formats.map(format => /** @type {[string, () => void]} */ ([format.toUpperCase(),
+            () => fetchAs(`download/${format}`, format === 'xdot1.2' ? 'xdot' : format)])),
+        ['Page (HTML)', () => fetchAs(`page/${session.state?.page?.version ?? 0}`, 'html')],
+        ['Text (DOT)', () => fetchAs('text', 'dot')],
+    ]);
+}
+
+/**
+ * Asked for by the shell and not by the browser, so that a refusal is read and not saved.
+ *
+ * @param {string} path
+ * @param {string} name of the file
+ */
+async function download(path, name) {
+    const answer = await ask(path, { signal: undefined }).catch(() => null);
+    if (!answer?.ok) {
+        tell(answer ? await refusalOf(answer) : 'Nothing is drawn yet, or the server has ended.');
+        return;
+    }
+    const address = URL.createObjectURL(await answer.blob());
+    create('a', { href: address, download: name }).click();
+    URL.revokeObjectURL(address);
+}

@@ -1,0 +1,111 @@
+/** Saves the text to its file, and minds that the file may have changed outside. */
+
+import { part } from './../../page/web/elements.js';
+import { post, refusalOf } from './server.js';
+import { offer, tell } from './notices.js';
+
+/** @import {Session} from './session.js' */
+/** @import {Sender} from './sender.js' */
+/** @import {Editor} from './editor.js' */
+
+export class Saving {
+    /**
+     * @param {Session} session
+     * @param {Sender} sender
+     * @param {Editor} editor
+     */
+    constructor(session, sender, editor) {
+        this.session = session;
+        this.sender = sender;
+        /** Whether there is a text without a file that the user has written. */
+        this.isWritten = false;
+        this.isConflict = false;
+        part('save').addEventListener('click', () => this.save());
+        session.follow(() => this.update());
+        editor.follow(isTyped => {
+            this.isWritten ||= isTyped;
+            this.update();
+        });
+        addEventListener('beforeunload', event => {
+            if (this.isUnsaved())
+                event.preventDefault();
+        });
+    }
+
+    isUnsaved() {
+        const { file = '', text } = this.session.state ?? {};
+        if (!text || this.sender.isAhead)
+            return this.sender.isAhead;
+        // The server may have a text already, and its state not yet tell so.
+        return file === '' ? this.isWritten : !text.saved || text.version < this.sender.version;
+    }
+
+    update() {
+        const { file = '', text } = this.session.state ?? {};
+        const isUnsaved = this.isUnsaved();
+        part('save').hidden = file === '';
+        part('save').setAttribute('aria-disabled', String(!isUnsaved));
+        part('unsaved').hidden = file === '' || !isUnsaved;
+        part('file').textContent = file || 'No file';
+        document.title = `${isUnsaved && file !== '' ? '• ' : ''}${file || 'orr serve'}`;
+        const isConflict = text?.conflict ?? false;
+        if (isConflict !== this.isConflict) {
+            this.isConflict = isConflict;
+            if (isConflict)
+                this.ask(`${file} has changed outside.`, 'Keep mine', () => {});
+            else
+                offer('', {});
+        }
+    }
+
+    /**
+     * @param {string} sentence
+     * @param {string} name of the choice that keeps the text of the editor
+     * @param {() => void} keep
+     */
+    ask(sentence, name, keep) {
+        const close = (/** @type {() => void} */ action) => () => {
+            offer('', {});
+            action();
+        };
+        offer(sentence, { 'Take the file’s text': close(() => this.take()), [name]: close(keep) });
+    }
+
+    take() {
+        return this.sender.enqueue(async () => {
+            const answer = await post('take', {});
+            if (answer.ok)
+                this.sender.giveIn();
+            else
+                tell(await refusalOf(answer));
+        });
+    }
+
+    /** @param {boolean} [isForced] also over what has changed outside */
+    async save(isForced = false) {
+        if (!this.isUnsaved() || part('save').hidden)
+            return;
+        await this.sender.send();
+        await this.sender.enqueue(() => this.write(isForced));
+    }
+
+    /** @param {boolean} isForced */
+    async write(isForced) {
+        if (this.sender.isAhead) {
+            tell('The text is not saved: the server does not have it.');
+            return;
+        }
+        const answer = await post('save', { base: this.sender.version, ...isForced ? { force: 1 } : {} }).catch(() => null);
+        if (answer?.ok) {
+            tell('Saved.', {}, true);
+            return;
+        }
+        const { fault, conflict } = await answer?.json() ?? { fault: 'the server does not answer.' };
+        // The state tells of it too, but offers less.
+        this.isConflict ||= conflict === true;
+        if (conflict)
+            this.ask('The file has changed outside since.', 'Save over it', () => this.save(true));
+        else
+            tell(`Not saved: ${fault}`);
+    }
+}
