@@ -3,6 +3,7 @@
 #include "companion/check/check_command.h"
 #include "companion/draw/draw_command.h"
 #include "companion/page/page_command.h"
+#include "companion/serve/serve_command.h"
 #include "companion/watch/watch_command.h"
 
 namespace ORR::Companion {
@@ -14,6 +15,7 @@ std::span<const Subcommand> subcommands()
         {"draw", "Make many drawings, by several processes", runDraw},
         {"watch", "Draw again when an input changes, and tell what is wrong", runWatch},
         {"page", "Draw a graph as a page to look into", runPage},
+        {"serve", "Show a graph in a browser, and draw it again as it is written", runServe},
     };
     return table;
 }

@@ -1,0 +1,90 @@
+#include "companion/serve/serve_command.h"
+
+#include "companion/command/option_faults.h"
+#include "companion/command/options.h"
+#include "companion/findings/nearest_word.h"
+#include "companion/serve/serve_run.h"
+#include "drawing/layout_table.h"
+
+#include <cstdlib>
+#include <cstring>
+
+using namespace Qt::StringLiterals;
+
+namespace ORR::Companion {
+
+namespace {
+
+constexpr char sentence[] = "Show a graph in a browser, and draw it again as it is written.";
+constexpr char examples[] =
+    "What is printed is the address, for this user alone. Ctrl-C ends it.\n\n"
+    "Examples:\n"
+    "  orr serve -K treemap areas.dot\n"
+    "  orr serve --open --port 9000 calls.dot";
+
+struct ServeOptions
+{
+    std::string engine;
+    std::string port;
+    bool opens = false;
+    bool polls = false;
+    std::string file;
+};
+
+std::optional<int> readArguments(const CommandCall &call, ServeOptions *options)
+{
+    const auto app = commandLine(call, sentence, examples);
+    app->add_option("-K", options->engine, "Engine; else the root's attribute layout")
+        ->type_name("ENGINE");
+    app->add_option("--port", options->port, "Where to listen; 0 for any port that is free")
+        ->type_name("N")
+        ->check(isWholeNumber(0, 65'535));
+    app->add_flag("--open", options->opens, "Open it in a browser, by xdg-open");
+    app->add_flag("--poll", options->polls, "Look for changes; on network file systems");
+    app->add_option("FILE", options->file, "What to draw and edit; it need not be there yet")
+        ->type_name("");
+    return readOptions(app.get(), call);
+}
+
+// What is wrong; empty if nothing is.
+std::string contradiction(const ServeOptions &options)
+{
+    if (options.file == "-")
+        return "standard input can't be edited; name a file, or none";
+    const QString engine = QString::fromStdString(options.engine);
+    if (engine.isEmpty() || Drawing::chooseLayout(engine))
+        return {};
+    const QStringList engines = Drawing::layoutNames();
+    const QString meant = didYouMean(engine, engines);
+    return "there is no engine '" + options.engine + "'; "
+        + (meant.isEmpty() ? "the engines are " + engines.join(u", "_s).toStdString()
+                           : meant.toStdString());
+}
+
+ServeUse useOf(const ServeOptions &options)
+{
+    const char *const html = std::getenv("ORR_GVLAYOUT_USE_HTML");
+    ServeUse use;
+    if (!options.file.empty())
+        use.request.file = QByteArray::fromStdString(options.file);
+    use.request.engine = QByteArray::fromStdString(options.engine).toLower();
+    use.request.htmlLabels = html && std::strcmp(html, "1") == 0;
+    use.request.polls = options.polls;
+    if (!options.port.empty())
+        use.port = quint16(std::stoul(options.port));
+    use.opens = options.opens;
+    return use;
+}
+
+} // namespace
+
+int runServe(const CommandCall &call)
+{
+    ServeOptions options;
+    if (const std::optional<int> status = readArguments(call, &options))
+        return *status;
+    const std::string wrong = contradiction(options);
+    return wrong.empty() ? serve(call, useOf(options)) : wrongUse(call, wrong);
+}
+
+} // namespace ORR::Companion
