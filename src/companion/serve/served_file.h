@@ -30,8 +30,8 @@ public:
     // Whether something has happened to it, and no more is to come.
     bool hasSettled();
 
-    // Reads it. One that is longer than a text may be is not read; one that is being written stays as
-    // it was, and settles again.
+    // Reads it. One that is longer than a text may be is not read; one that is being written stays
+    // as it was, and settles again.
     void read();
     // Writes it as a whole: if that fails, what stood there stays. Gives why, empty for success.
     QByteArray write(const QByteArray &bytes);
