@@ -146,11 +146,11 @@ class Opening(ServeCase):
 
     def test_without_a_file_one_begins_with_an_example(self):
         self.start()
-        self.assertTrue(self.says('#empty', 'example'))
+        self.assertTrue(self.says('#fault', 'example'))
         self.assertEqual(self.browser.text('#save'), '')
         self.choose('examples', 'umlseq')
         self.assertTrue(self.drawn_as('umlseq'))
-        self.assertTrue(self.is_gone('#empty'))
+        self.assertTrue(self.is_gone('#fault'))
         self.assertEqual(self.console(), [])
 
     def test_texts_of_the_input_stay_texts(self):
@@ -207,6 +207,15 @@ class Editing(ServeCase):
         posts = self.browser.run('return window.posts;')
         self.assertEqual(posts['most'], 1)
         self.assertLess(posts['all'], 12)
+
+    def test_an_empty_text_leaves_the_drawing_and_is_told(self):
+        self.serve(graph('alpha'))
+        self.fill('\n')
+        self.assertTrue(self.says('#fault', 'nothing to draw'))
+        self.assertTrue(self.shows('alpha'))
+        self.fill(graph('beta'))
+        self.assertTrue(self.shows('beta'))
+        self.assertTrue(self.is_gone('#fault'))
 
     def test_undo_leads_back_over_what_came_from_outside(self):
         self.serve(graph('alpha', 'beta'))
@@ -420,7 +429,7 @@ class Files(ServeCase):
             area.value = `${'/'.repeat(98)}\\n`.repeat(175_000) + area.value; area.dispatchEvent(new Event('input'));''')
         self.assertTrue(self.says('#told', 'too large'))
         self.hold_control_and('s')
-        self.assertTrue(self.says('#told', 'not saved'))
+        self.assertTrue(self.says('#told', 'Not saved'))
         self.assertTrue(self.says('#unsaved', 'not saved'))
         self.assertEqual(self.file_text(), graph('alpha'))
         self.fill(graph('beta'))

@@ -26,10 +26,11 @@ function fillMenu(id, entries) {
         menu.style.left = `${Math.max(edge, Math.min(left, innerWidth - menuWidth - edge))}px`;
         menu.style.top = `${bottom + 4}px`;
     });
-    menu.replaceChildren(create('ul', {}, ...entries.map(([name, action]) => create('li', {}, createButton(name, () => {
+    const items = entries.map(([name, action]) => create('li', {}, createButton(name, () => {
         menu.hidePopover();
         action();
-    })))));
+    })));
+    menu.replaceChildren(create('ul', {}, ...items));
 }
 
 /**
@@ -70,7 +71,7 @@ export async function fillExamples(session, editor, sender) {
         begin(engine, await answer.text());
         // A long text is nothing that undo leads back from.
         if (before[1].trim() !== '')
-            tell('The example stands in the place of the text.', { 'Bring the text back': () => {
+            tell('The example has replaced the text.', { 'Bring the text back': () => {
                 begin(before[0], before[1]);
                 tell('');
             } });

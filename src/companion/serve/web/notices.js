@@ -58,15 +58,16 @@ export function followNotices(session) {
             show(id, shown[id] = sentence, more);
     };
     session.follow(() => {
-        showOnce('lost', session.isLost ? 'The server has ended. The text stays here; the connection is tried'
-            + ' again from time to time.' : '', retry);
+        showOnce('lost', session.isLost ? 'The server has ended; it is looked for again now and then.'
+            + ' The text stays here.' : '', retry);
         const { state } = session;
         if (!state)
             return;
-        const isEmpty = !state.page && state.fault === '' && !state.busy;
-        part('empty').hidden = !isEmpty;
-        showOnce('fault', state.fault, create('small', {}, state.page
-            ? 'The drawing is that of the last text that could be drawn.' : ''));
+        const isDrawn = state.busy || state.page?.text === state.text.version;
+        // Only a text with nothing in it is neither drawn nor at fault.
+        const fault = state.fault || (isDrawn ? '' : 'There is nothing to draw. Write a graph, or begin with an example.');
+        showOnce('fault', fault, create('small', {}, state.page
+            ? 'This is the last text that could be drawn.' : ''));
         part('busy').hidden = !state.busy || session.isLost;
         part('stage').setAttribute('aria-busy', String(state.busy));
     });

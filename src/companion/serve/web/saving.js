@@ -92,10 +92,11 @@ export class Saving {
     /** @param {boolean} isForced */
     async write(isForced) {
         if (this.sender.isAhead) {
-            tell('The text is not saved: the server does not have it.');
+            tell('Not saved: the server does not have the text.');
             return;
         }
-        const answer = await post('save', { base: this.sender.version, ...isForced ? { force: 1 } : {} }).catch(() => null);
+        const wanted = { base: this.sender.version, force: Number(isForced) };
+        const answer = await post('save', wanted).catch(() => null);
         if (answer?.ok) {
             tell('Saved.', {}, true);
             return;

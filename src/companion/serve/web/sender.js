@@ -98,7 +98,7 @@ export class Sender {
     async postText() {
         const { text } = this.editor;
         if (text.length > longestText / 3 && new Blob([text]).size > longestText) {
-            tell('The text is too large to be drawn here: more than 16 MB.');
+            tell('The text is too large: more than 16 MB.');
             return null;
         }
         const engine = this.engine ?? this.session.state?.engine ?? '';

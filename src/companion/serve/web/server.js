@@ -37,7 +37,7 @@ const longestAnswer = 30_000;
 export async function ask(path, options = {}) {
     const answer = await fetch(path, { signal: AbortSignal.timeout(longestAnswer), ...options });
     if (answer.status === 403 || answer.status === 404)
-        throw new Error(`The server does not know ${path}.`);
+        throw new Error(`There is no ${path}.`);
     return answer;
 }
 
@@ -58,5 +58,7 @@ export function post(path, values, body = '') {
  */
 export async function refusalOf(answer) {
     const text = (await answer.text()).trim();
-    return text === '' ? `The server answered with status ${answer.status}.` : text;
+    if (text.startsWith('{'))
+        return String(JSON.parse(text).fault);
+    return text || `The server answered with status ${answer.status}.`;
 }

@@ -50,7 +50,7 @@ export class Session {
         // A server that is back is asked for what it has, so that it answers at once.
         const answer = await ask(`state?after=${this.isLost ? -1 : this.state?.version ?? -1}`);
         if (!answer.ok)
-            throw new Error(`There is no state: ${answer.status}.`);
+            throw new Error(`No state: ${answer.status}.`);
         return answer.json();
     }
 
