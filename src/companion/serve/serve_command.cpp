@@ -16,7 +16,7 @@ namespace ORR::Companion {
 namespace {
 
 constexpr char sentence[] = "Show a graph in a browser, and draw it again as it is written.";
-constexpr char examples[] =
+constexpr char callsThatWork[] =
     "What is printed is the address, for this user alone. Ctrl-C ends it.\n\n"
     "Examples:\n"
     "  orr serve -K treemap areas.dot\n"
@@ -33,7 +33,7 @@ struct ServeOptions
 
 std::optional<int> readArguments(const CommandCall &call, ServeOptions *options)
 {
-    const auto app = commandLine(call, sentence, examples);
+    const auto app = commandLine(call, sentence, callsThatWork);
     app->add_option("-K", options->engine, "Engine; else the root's attribute layout")
         ->type_name("ENGINE");
     app->add_option("--port", options->port, "Where to listen; 0 for any port that is free")
