@@ -2,7 +2,7 @@
 #
 #   make demo    builds the program and draws the examples into out/
 #   make check   builds it twice, optimised and with the sanitizers, and runs the tests of both
-#   make form    tells whether the code has its form
+#   make form    tells whether the code has its form, and that of pages its types
 #   make lint    the same, and what an analyser finds in src/
 #
 # All install the Debian packages that are missing. With CI=true warnings are errors, and there is
@@ -15,6 +15,10 @@ PACKAGES := cmake ninja-build g++ pkg-config \
             libcli11-dev fonts-liberation python3 \
             libgtest-dev libvisio-tools libxml2-utils librsvg2-bin poppler-utils qpdf locales strace \
             python3-jsonschema pre-commit git
+
+# To test pages where they are read. An npm that is there already may not be Debian's.
+BROWSER_PACKAGES := chromium chromium-driver
+NPM_PACKAGES := $(if $(shell command -v npm),,npm)
 
 # Of the versions that Debian 12 has: another one formats otherwise.
 FORM_PACKAGES := clang-format-14
@@ -39,6 +43,7 @@ release: packages
 	cmake --build --preset release --target orrlayout orr
 
 # With CI=true the slow tests run in the release build only.
+release-tests asan-tests: PACKAGES += $(BROWSER_PACKAGES) $(NPM_PACKAGES)
 release-tests asan-tests: %-tests: packages
 	cmake --preset $* $(SETTINGS)
 	cmake --build --preset $*
@@ -47,8 +52,9 @@ release-tests asan-tests: %-tests: packages
 # One after the other: each build takes the whole machine.
 asan-tests: release-tests
 
-form: PACKAGES += $(FORM_PACKAGES)
+form: PACKAGES += $(FORM_PACKAGES) $(NPM_PACKAGES)
 form: packages
+	tests/page/check_types build/page-tools $(wildcard src/companion/*/web)
 	find src include examples tests fuzz bench tools cmake -name '*.h' -o -name '*.hpp' -o -name '*.cpp' \
 	    | xargs clang-format-14 --dry-run -Werror
 

@@ -60,9 +60,9 @@ TEST_F(JoinModulesTest, joins_without_comments_and_imports)
     EXPECT_TRUE(succeeded(join()));
     EXPECT_EQ(constant("pageCode"),
               "pageCode(\n    \"(() => {\\012\"\n    \"'use strict';\\012\"\n"
-              "    \"function one(a) {\\012\"\n"
+              "    \"function one(a){\\012\"\n"
               "    \"return `${a}\\134n` \\077\\077 '// x'; \\012\"\n    \"}\\012\"\n"
-              "    \"console.log(one);\\012\"\n    \"})();\\012\",\n    95");
+              "    \"console.log(one);\\012\"\n    \"})();\\012\",\n    94");
     EXPECT_EQ(constant("pageTheme"),
               "pageTheme(\n    \"a {\\012\"\n    \"b: c;\\012\"\n    \"}\\012\",\n    12");
 }
@@ -74,6 +74,22 @@ TEST_F(JoinModulesTest, takes_the_header_and_the_places_of_its_page)
     const ProgramRun run = join({u"code"_s, u"other"_s});
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.errors, "join_modules: page.html: has no place {{other}}\n");
+}
+
+TEST_F(JoinModulesTest, leaves_out_blanks_that_say_nothing)
+{
+    writeFile(
+        u"one.js"_s,
+        "const one = (a, b) => a === b ? [a - -b] : { a, b };\nconst two = of in typeof one;\n"
+        "const three = ' = ';\nconst four = / = /;\nconst five = ` = `;\nconst six = \" = \";\n");
+    writeFile(u"two.js"_s, "one();\n");
+    EXPECT_TRUE(succeeded(join()));
+    const QByteArray code = constant("pageCode");
+    for (const char *const line :
+         {"const one=(a,b)=>a===b\\077[a - -b]:{a,b};", "const two=of in typeof one;",
+          "const three = ' = ';", "const four = / = /;", "const five = ` = `;",
+          "const six = \\042 = \\042;"})
+        EXPECT_TRUE(code.contains(line)) << line;
 }
 
 TEST_F(JoinModulesTest, refuses_what_does_not_work_joined)

@@ -88,6 +88,19 @@ TEST_P(PageCorpus, has_the_primitives_of_svg_and_an_entry_for_each_group)
     EXPECT_EQ(data[u"box"_s].toArray().size(), 4 * count);
 }
 
+// The limit is what was promised to whoever loads pages. What people are shown keeps it by far.
+TEST(PageSize, of_the_table_is_at_most_one_and_a_half_of_the_svg)
+{
+    for (const CorpusInput &input : exampleInputs()) {
+        const QByteArray page = pageOf(input.text(), input.engine());
+        const qsizetype start = page.indexOf("id=\"page-data\">");
+        const qsizetype table = page.indexOf("</script>", start) - start;
+        EXPECT_GT(table, 200) << input.file.toStdString();
+        EXPECT_LE(2 * table, 3 * svgOf(input.text(), input.engine()).size())
+            << input.file.toStdString();
+    }
+}
+
 // The same drawing, when an xdot text brings it.
 TEST_P(PageCorpus, is_drawn_from_a_finished_drawing)
 {

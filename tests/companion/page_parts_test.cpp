@@ -153,7 +153,7 @@ TEST(PageData, is_that_of_a_text_that_brings_its_drawing)
                                 "a [_draw_=\"c 5 -black P 3 1 1 9 1 9 20 \"]; }";
     const QJsonObject data = dataOf(finished, {});
     EXPECT_EQ(data[u"engine"_s], u""_s);
-    EXPECT_EQ(data[u"size"_s], array("[50,50]"));
+    EXPECT_EQ(data[u"size"_s], array("[58,58]"));
     EXPECT_EQ(data[u"label"_s], array("[\"x\",\"x\"]"));
     EXPECT_EQ(data[u"same"_s], QJsonObject({{u"1"_s, 0}}));
     EXPECT_EQ(data[u"attributes"_s], array("[[0,\"u\"],[0,\"u\"]]"));

@@ -50,5 +50,5 @@ page.feed(sys.stdin.buffer.read().decode('utf-8'))
 page.close()
 print(json.dumps({
     'elements': page.elements, 'ids': page.ids, 'policy': page.policy, 'name': page.name,
-    'title': page.kept['title'], 'script': page.kept['script'], 'style': page.kept['style'],
+    'title': page.kept.get('title', ''), 'script': page.kept['script'], 'style': page.kept['style'],
     'data': json.loads(page.kept['data'])}))

@@ -7,8 +7,8 @@
 // those that the template must have, as {{PLACE}}.
 //
 // The modules stand in the order of order.txt, each behind those that it imports. Import lines go,
-// and so do the word "export" and comments: those that begin a line, and `/** */` anywhere. What
-// would not work joined is a fault: see `Module`.
+// and so do the word "export", blanks that say nothing and comments: those that begin a line, and
+// `/** */` anywhere. What would not work joined is a fault: see `Module`.
 #include "companion/page/text_constant.h"
 
 #include <cctype>
@@ -136,6 +136,23 @@ std::string declaredIn(const std::string &line)
     return {};
 }
 
+// The line without blanks beside signs, where none counts. One with a text or a regular expression
+// is left as it is.
+std::string withoutBlanks(const std::string &line)
+{
+    constexpr std::string_view signs = "=>?:,;{}()[]&|*";
+    if (line.find_first_of("'\"`/") != std::string::npos)
+        return line;
+    std::string kept;
+    for (size_t i = 0; i < line.size(); ++i) {
+        const bool isBeside = line[i] == ' ' && i > 0 && i + 1 < line.size()
+            && (signs.find(line[i - 1]) != signs.npos || signs.find(line[i + 1]) != signs.npos);
+        if (!isBeside)
+            kept += line[i];
+    }
+    return kept;
+}
+
 // One module as it is joined.
 class Module
 {
@@ -184,7 +201,7 @@ private:
         const bool isPattern = line.starts_with("const {") || line.starts_with("const [");
         if (isTopLevel && isPattern)
             refuse(file, "declares several names at once: " + line);
-        text += line + '\n';
+        text += withoutBlanks(line) + '\n';
     }
 
     // import { a, b } from './x.js';

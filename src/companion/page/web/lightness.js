@@ -40,9 +40,12 @@ function isLostOnDark(color) {
  * @param {number} i
  */
 function filledShape(objects, i) {
-    const shape = objects.kind(i) === 'edge' ? undefined : shapesOf(objects.elements[i])[0];
-    const fill = shape?.getAttribute('fill') ?? 'none';
-    return shape === undefined || fill === 'none' || fill === '#000000' ? null : shape;
+    const shape = shapesOf(objects.elements[i])[0];
+    // What an edge has first is a line or the head of one, unless it is a square of a matrix.
+    if (shape === undefined || (objects.kind(i) === 'edge' && !(shape instanceof SVGRectElement)))
+        return null;
+    const fill = shape.getAttribute('fill') ?? 'none';
+    return fill === 'none' || fill === '#000000' ? null : shape;
 }
 
 /**

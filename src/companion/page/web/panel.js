@@ -24,6 +24,8 @@ export class Panel {
         this.choose = choose;
         /** @type {Section[]} */
         this.sections = [];
+        /** @type {string | undefined} */
+        this.counts = undefined;
         state.follow(['chosen', 'pointed'], () => this.update());
     }
 
@@ -38,16 +40,24 @@ export class Panel {
     }
 
     summary() {
-        const counts = [['node', 'nodes'], ['edge', 'edges'], ['cluster', 'groups']].map(([kind, name]) => {
-            const list = [...this.objects.elements].filter(one => one.getAttribute('data-kind') === kind);
-            return list.length === 0 ? '' : `${list.length.toLocaleString('en')} ${name}`;
-        }).filter(text => text !== '');
+        this.counts ??= this.counted();
         return [
             create('h2', {}, 'Drawing'),
-            create('p', {}, this.objects.engine === '' ? '' : `${this.objects.engine}: `, counts.join(', ')),
+            create('p', {}, this.objects.engine === '' ? '' : `${this.objects.engine}: `, this.counts),
             create('p', { class: 'soft' }, 'Point at an object to read about it, and click to hold it. ',
                    'Press ? for the keys.'),
         ];
+    }
+
+    /** How many objects there are of each kind. */
+    counted() {
+        const counts = new Map([['node', 0], ['edge', 0], ['group', 0]]);
+        for (let i = 0; i < this.objects.count; ++i) {
+            const kind = this.objects.kindName(i);
+            counts.set(kind, (counts.get(kind) ?? 0) + (this.objects.isPiece(i) ? 0 : 1));
+        }
+        return [...counts].filter(([, count]) => count > 0)
+            .map(([kind, count]) => `${count.toLocaleString('en')} ${kind}${count === 1 ? '' : 's'}`).join(', ');
     }
 
     /** @param {number} i */
