@@ -92,7 +92,7 @@ export class Saving {
     /** @param {boolean} isForced */
     async write(isForced) {
         if (this.sender.isAhead) {
-            tell('Not saved: the server does not have the text.');
+            tell('Not saved: the server lacks the text.');
             return;
         }
         const wanted = { base: this.sender.version, force: Number(isForced) };
@@ -105,7 +105,7 @@ export class Saving {
         // The state tells of it too, but offers less.
         this.isConflict ||= conflict === true;
         if (conflict)
-            this.ask('The file has changed outside since.', 'Save over it', () => this.save(true));
+            this.ask('The file has changed outside.', 'Save over it', () => this.save(true));
         else
             tell(`Not saved: ${fault}`);
     }
