@@ -41,8 +41,9 @@ protected:
     void standStill()
     {
         start({});
-        edit(labelled("v1"));
+        edit("digraph { a [area=1 lable=x label=v1]; }");
         waitForLabel("v1");
+        waitFor([](const QJsonObject &one) { return one[u"findings"_s].toArray().size() == 1; });
         ASSERT_TRUE(hasChildren(2));
         for (const qint64 child : children())
             ASSERT_EQ(::kill(pid_t(child), SIGSTOP), 0);

@@ -50,7 +50,7 @@ std::optional<int> readArguments(const CommandCall &call, PageOptions *options)
     add("-K", &options->engine, "Engine; else the root's attribute layout", "ENGINE");
     add("-o", &options->output, "Where to write; - is standard output", "FILE");
     add("--title", &options->title, "Else the root's label, or a name", "TITLE");
-    add("FILE", &options->file, "What to draw, written beside it; - for standard streams", "");
+    add("FILE", &options->file, "What to draw, written beside it; - for the streams", "");
     return readOptions(app.get(), call);
 }
 
