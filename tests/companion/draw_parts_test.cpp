@@ -174,8 +174,8 @@ TEST(WorkerTask, travels_by_its_kind)
 {
     const PageTask page{.input = "x", .engine = "bar", .fallbackTitle = "t", .mostBytes = 7};
     const FindingsTask check{.input = "y", .engine = "matrix"};
-    for (const WorkerTask &task : {WorkerTask(DrawingTask{.input = "z"}), WorkerTask(page),
-                                   WorkerTask(check)}) {
+    for (const WorkerTask &task :
+         {WorkerTask(DrawingTask{.input = "z"}), WorkerTask(page), WorkerTask(check)}) {
         const auto read = taskOf(task.index(), bytesOfTask(task));
         ASSERT_TRUE(read);
         EXPECT_EQ(read->index(), task.index());

@@ -40,8 +40,8 @@ std::string listeningFault(const Gate &gate, const std::optional<quint16> &asked
     return port + " can't be had: " + gate.errorString().toStdString();
 }
 
-// By a process that is nobody's, with no shell in between, in the surroundings that a browser needs:
-// the toolkit has none of them.
+// By a process that is nobody's, with no shell in between, in the surroundings that a browser
+// needs: the toolkit has none of them.
 void openBrowser(const CommandCall &call, const QByteArray &address,
                  const QProcessEnvironment &surroundings)
 {
