@@ -49,7 +49,7 @@ QString engineOf(const CheckTask &task)
 bool printFindings(const CheckTask &task)
 {
     try {
-        const QList<Finding> findings = checkText(task.bytes, {engineOf(task)});
+        const QList<Finding> findings = checkText(task.bytes, {.engine = engineOf(task), .isLast = true});
         return Graph::writeToEnd(STDOUT_FILENO, findingsAsText({task.file, findings}, task.form));
     } catch (const std::exception &) {
         return false;
