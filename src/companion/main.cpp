@@ -1,4 +1,4 @@
-#include "companion/command/options.h"
+#include "companion/command/command_line.h"
 #include "companion/findings/nearest_word.h"
 #include "companion/subcommands.h"
 #include "driver/standard_streams.h"
@@ -31,9 +31,9 @@ std::string listOfSubcommands()
 // What is no call of a subcommand: help, the version, or a mistake.
 int runWithoutSubcommand(const CommandCall &call)
 {
-    const auto app = commandLine(call, sentence, listOfSubcommands() + '\n' + examples);
-    app->name("orr SUBCOMMAND");
-    app->set_version_flag("--version", "orr " ORR_VERSION, "Print the version");
+    CommandLine line(call, sentence, listOfSubcommands() + '\n' + examples);
+    line.setName("orr SUBCOMMAND");
+    line.addVersion({"--version", "Print the version"}, "orr " ORR_VERSION);
     if (!call.arguments.empty() && !call.arguments.front().starts_with('-')) {
         QStringList names;
         for (const Subcommand &subcommand : subcommands())
@@ -44,7 +44,7 @@ int runWithoutSubcommand(const CommandCall &call)
                         "there is no subcommand '" + name + "'"
                             + (suggestion.isEmpty() ? "" : "; " + suggestion.toStdString()));
     }
-    const std::optional<int> status = readOptions(app.get(), call);
+    const std::optional<int> status = line.read();
     return status ? *status : wrongUse(call, "a subcommand is missing");
 }
 

@@ -90,6 +90,11 @@ public:
     // The root subgraph, with the id "name". It is found by no lookup and is in nobody's list.
     DotSubgraph *root() const { return rootSubgraph; }
 
+    // What the text calls the graph, behind "digraph"; empty for nothing. No drawing has it but as
+    // its title.
+    const QString &name() const { return graphName; }
+    void setName(const QString &name) { graphName = name; }
+
     // True when "htmllabels" was declared "on": plain texts are to be read as HTML.
     bool htmlLabels() const { return htmlLabelsOn; }
 
@@ -207,6 +212,7 @@ private:
     QMultiHash<const DotNode *, DotNode *> inNeighbours; // empty until `predecessor` is asked
     IdIndex<DotNode> nodesById;
     QHash<std::pair<DotNode *, DotNode *>, EdgeRing> rings; // empty until `takeEdge` is asked
+    QString graphName;
     bool htmlLabelsOn = false;
     mutable InheritanceMemo graphMemo;
     mutable InheritanceMemo nodeMemo;

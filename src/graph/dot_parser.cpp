@@ -90,7 +90,9 @@ template <typename Audience>
 void DotParser<Audience>::openRoot()
 {
     const qsizetype keyword = tokens.offset();
-    const qsizetype id = tokens.takeGraphHead();
+    QString name;
+    const qsizetype id = tokens.takeGraphHead(&name);
+    graph->setName(name);
     tokens.take(DotToken::OpenBrace);
     if constexpr (Audience::listens)
         audience.listener.subgraphOpened(current, keyword, id);

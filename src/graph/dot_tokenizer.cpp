@@ -49,14 +49,20 @@ QString DotTokenizer::takeIdentifierIfAny()
     return is(DotToken::Identifier) ? takeIdentifier() : QString();
 }
 
-qsizetype DotTokenizer::takeGraphHead()
+qsizetype DotTokenizer::takeGraphHead(QString *name)
 {
     expect(DotToken::Identifier);
     if (currentText != QByteArrayView("digraph"))
         throw DotParseError;
     next();
-    const qsizetype name = tokenStart;
-    return takeIf(DotToken::Identifier) ? name : -1;
+    if (!is(DotToken::Identifier))
+        return -1;
+    const qsizetype place = tokenStart;
+    if (name)
+        *name = takeIdentifier();
+    else
+        next();
+    return place;
 }
 
 DotFault DotTokenizer::fault() const

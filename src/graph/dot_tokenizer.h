@@ -75,8 +75,9 @@ public:
     // The same; empty if there is none.
     QString takeIdentifierIfAny();
     // What a graph begins with: "digraph" and a name, which may be missing and counts for nothing.
-    // The result is where the name stands, -1 if it is missing.
-    qsizetype takeGraphHead();
+    // The result is where the name stands, -1 if it is missing. `name`, if it is asked for, becomes
+    // its text.
+    qsizetype takeGraphHead(QString *name = nullptr);
 
     // After a step has thrown: what it found, and all that was asked for at this token.
     DotFault fault() const;

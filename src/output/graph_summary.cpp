@@ -30,7 +30,10 @@ QString graphTitle(const DotGraph *graph)
         return {};
     static const AttributeName name(u"label"_s);
     const QString label = graph->root()->attributes.value(name);
-    return (graph->htmlLabels() ? withoutMarkup(label) : withoutLineEnds(label)).simplified();
+    const QString title =
+        (graph->htmlLabels() ? withoutMarkup(label) : withoutLineEnds(label)).simplified();
+    const bool isNamed = graph->name() != graph->root()->id;
+    return title.isEmpty() && isNamed ? graph->name().simplified() : title;
 }
 
 QString graphCounts(const DotGraph *graph)

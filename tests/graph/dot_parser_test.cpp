@@ -43,6 +43,18 @@ TEST(DotParser, an_empty_graph_has_only_the_defaults)
     }
 }
 
+TEST(DotParser, keeps_the_name_of_the_graph)
+{
+    const auto nameOf = [](const QByteArray &text) {
+        const DotReading reading = readDot(text);
+        EXPECT_NE(reading.graph, nullptr) << text.data();
+        return reading.graph ? reading.graph->name() : QString();
+    };
+    EXPECT_EQ(nameOf("digraph calls { }"), u"calls"_s);
+    EXPECT_EQ(nameOf("digraph \"two words\" { }"), u"two words"_s);
+    EXPECT_EQ(nameOf("digraph { }"), u""_s);
+}
+
 TEST(DotParser, text_behind_a_nul_byte_does_not_count)
 {
     EXPECT_TRUE(parseDot(QByteArray("digraph {}\0 rubbish", 19)));

@@ -68,6 +68,24 @@ TEST_F(EmbeddedSvgTest, has_a_view_box_a_title_and_a_description)
               "</svg>\n");
 }
 
+TEST_F(EmbeddedSvgTest, has_the_name_of_the_graph_for_a_title_where_there_is_no_label)
+{
+    const auto titleOf = [&](const QString &name) {
+        graph.setName(name);
+        QByteArray bytes;
+        EmbeddedSvg device(&bytes, {}, &graph);
+        device.begin(100, 50);
+        EXPECT_EQ(device.end(), QString());
+        const qsizetype start = bytes.indexOf("<title>");
+        return start < 0 ? QByteArray() : bytes.mid(start, bytes.indexOf('\n', start) - start);
+    };
+    EXPECT_EQ(titleOf(u"calls of\n<main>"_s), "<title>calls of &lt;main&gt;</title>");
+    EXPECT_EQ(titleOf(u"name"_s), "") << "all texts that we write have that";
+    EXPECT_EQ(titleOf({}), "");
+    graph.setGraphAttribute(graph.root(), u"label"_s, u"Calls"_s);
+    EXPECT_EQ(titleOf(u"calls"_s), "<title>Calls</title>");
+}
+
 TEST_F(EmbeddedSvgTest, has_a_group_for_each_object)
 {
     DotNode *a = node(u"a"_s);

@@ -3,8 +3,7 @@
 #include "companion/check/check_text.h"
 #include "companion/check/drawing_toolkit.h"
 #include "companion/check/rules.h"
-#include "companion/command/option_faults.h"
-#include "companion/command/options.h"
+#include "companion/command/command_line.h"
 #include "companion/command/streams.h"
 #include "companion/findings/json_printer.h"
 #include "companion/findings/sarif_printer.h"
@@ -33,16 +32,14 @@ struct CheckRequest
 
 std::optional<int> readRequest(const CommandCall &call, CheckRequest *request)
 {
-    const auto app = commandLine(call, whatItDoes, examples);
-    app->add_option("-K", request->engine, "Check also what this engine asks for")
-        ->type_name("ENGINE");
-    app->add_option("--format", request->format, "text (if not given), json or sarif")
-        ->type_name("FORMAT")
-        ->check(isOneOf({u"text"_s, u"json"_s, u"sarif"_s}));
-    app->add_flag("--werror", request->warningsAreErrors, "Fail for warnings, too");
-    app->add_option("FILE", request->files, "What to read; none or - for standard input")
-        ->type_name("");
-    const std::optional<int> status = readOptions(app.get(), call);
+    CommandLine line(call, whatItDoes, examples);
+    line.add({"-K", "Check also what this engine asks for", "ENGINE"}, &request->engine);
+    line.add({"--format", "text (if not given), json or sarif", "FORMAT",
+              isOneOf({u"text"_s, u"json"_s, u"sarif"_s})},
+             &request->format);
+    line.addFlag({"--werror", "Fail for warnings, too"}, &request->warningsAreErrors);
+    line.add({"FILE", "What to read; none or - for standard input"}, &request->files);
+    const std::optional<int> status = line.read();
     if (request->files.empty())
         request->files = {"-"};
     return status;
@@ -60,7 +57,7 @@ public:
     int run();
 
 private:
-    void check(const std::string &name);
+    void check(const std::string &name, bool isLast);
     void printText(const FileFindings &file);
     void tellOnce(const QString &fault);
     QByteArray documentOf(const QList<FileFindings> &all) const;
@@ -96,7 +93,7 @@ void CheckRun::tellOnce(const QString &fault)
     hasToldFault = hasToldFault || !fault.isEmpty();
 }
 
-void CheckRun::check(const std::string &name)
+void CheckRun::check(const std::string &name, bool isLast)
 {
     const bool isInput = name == "-";
     FileFindings file{isInput ? QByteArray() : QByteArray::fromStdString(name)};
@@ -112,7 +109,7 @@ void CheckRun::check(const std::string &name)
             return isText() ? findingsAsText(soFar, form) : documentOf(files + QList{soFar});
         };
         file.findings =
-            checkText(*input.bytes, {QString::fromStdString(request.engine), lastWords});
+            checkText(*input.bytes, {QString::fromStdString(request.engine), lastWords, isLast});
     }
     files += file;
     if (isText()) {
@@ -133,7 +130,7 @@ int statusOf(const QList<FileFindings> &files, bool warningsAreErrors)
 int CheckRun::run()
 {
     for (const std::string &name : request.files)
-        check(name);
+        check(name, &name == &request.files.back());
     if (!isText()) {
         wroteAll = print(call, documentOf(files));
         tellOnce(drawingToolkitFault());

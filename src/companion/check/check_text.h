@@ -16,6 +16,9 @@ struct CheckOptions
     // Where what draws can't be started the process ends, and standard output gets what this makes
     // of the findings so far; nothing without it. Asked at most once in a process.
     std::function<QByteArray(const QList<Finding> &)> lastWords = {};
+    // Whether the process ends after it. What was read is left to the system then: to take a large
+    // graph apart takes half as long as to read it.
+    bool isLast = false;
 };
 
 // What is wrong with one text, sorted by place and located, the same on every call. Of a rule with

@@ -1,7 +1,6 @@
 #include "companion/draw/draw_command.h"
 
-#include "companion/command/option_faults.h"
-#include "companion/command/options.h"
+#include "companion/command/command_line.h"
 #include "companion/draw/draw_run.h"
 #include "companion/draw/job_line.h"
 #include "companion/findings/terminal_text.h"
@@ -53,64 +52,46 @@ struct DrawOptions
     qint64 memoryLimit = 0;
 };
 
-// The line of use names the inputs, and the help fits a screen without a paragraph on them.
-class ShortHelp : public CLI::Formatter
-{
-public:
-    std::string make_positionals(const CLI::App * /*app*/) const override { return {}; }
-};
-
-// Adds an option with its name, the place of its value, its sentence and the word for the value.
-auto optionAdder(CLI::App *app)
-{
-    return [app](const char *name, auto *value, const char *text, const char *type) {
-        return app->add_option(name, *value, text)->type_name(type);
-    };
-}
-
 // What every subcommand that draws files has.
-void addSharedOptions(CLI::App *app, DrawOptions *options)
+void addSharedOptions(CommandLine *line, DrawOptions *options)
 {
-    const auto add = optionAdder(app);
-    add("-K", &options->engine, "Engine; else the root's attribute layout", "ENGINE");
-    add("-T", &options->formats, "Formats, as svg,png (if not given, svg)", "FORMATS");
-    app->add_flag("-O", options->beside, "Write beside the inputs, which is usual");
-    add("-d", &options->folder, "Write below this folder, at the same place", "DIR");
-    add("-o", &options->output, "Write the only drawing", "FILE");
-    add("--scale", &options->scale, "PNG, JPEG: so many times the pixels", "S")
-        ->check(isNumber(smallestScale, largestScale));
-    add("--background", &options->background, "A colour below everything", "COLOUR");
-    app->add_flag("--embed", options->embedded, "SVG: for a place within a page");
-    add("-j", &options->workers, "Workers (as many as cores)", "N")
-        ->check(isWholeNumber(1, mostWorkers));
-    add("--timeout", &options->timeLimit, "Seconds that a drawing may take", "S")
-        ->check(isNumber(0.001, longestTime));
-    app->add_option("FILE", options->files)->type_name("");
+    line->add({"-K", "Engine; else the root's attribute layout", "ENGINE"}, &options->engine);
+    line->add({"-T", "Formats, as svg,png (if not given, svg)", "FORMATS"}, &options->formats);
+    line->addFlag({"-O", "Write beside the inputs, which is usual"}, &options->beside);
+    line->add({"-d", "Write below this folder, at the same place", "DIR"}, &options->folder);
+    line->add({"-o", "Write the only drawing", "FILE"}, &options->output);
+    line->add({"--scale", "PNG, JPEG: so many times the pixels", "S",
+               isNumber(smallestScale, largestScale)},
+              &options->scale);
+    line->add({"--background", "A colour below everything", "COLOUR"}, &options->background);
+    line->addFlag({"--embed", "SVG: for a place within a page"}, &options->embedded);
+    line->add({"-j", "Workers (as many as cores)", "N", isWholeNumber(1, mostWorkers)},
+              &options->workers);
+    line->add({"--timeout", "Seconds that a drawing may take", "S", isNumber(0.001, longestTime)},
+              &options->timeLimit);
+    line->add({"FILE", ""}, &options->files);
 }
 
 // What only `orr draw` has.
-void addDrawOptions(CLI::App *app, DrawOptions *options)
+void addDrawOptions(CommandLine *line, DrawOptions *options)
 {
-    const auto add = optionAdder(app);
-    app->get_option("-o")->description("Write the only drawing; - is standard output");
-    add("--jobs", &options->jobs, "Take jobs as JSON lines, answer on output", "FILE");
-    add("--memory", &options->memoryLimit, "Megabytes that a drawing may take", "MB")
-        ->check(isWholeNumber(1, qint64(1) << 30));
-    app->add_flag("--changed", options->onlyChanged, "Draw only what has changed since");
-    add("--shard", &options->shard, "Draw this of so many equal parts", "I/N");
-    add("--report", &options->report, "Write a JSON line for each drawing", "FILE");
+    line->describe("-o", "Write the only drawing; - is standard output");
+    line->add({"--jobs", "Take jobs as JSON lines, answer on output", "FILE"}, &options->jobs);
+    line->add(
+        {"--memory", "Megabytes that a drawing may take", "MB", isWholeNumber(1, qint64(1) << 30)},
+        &options->memoryLimit);
+    line->addFlag({"--changed", "Draw only what has changed since"}, &options->onlyChanged);
+    line->add({"--shard", "Draw this of so many equal parts", "I/N"}, &options->shard);
+    line->add({"--report", "Write a JSON line for each drawing", "FILE"}, &options->report);
 }
 
 std::optional<int> readArguments(const CommandCall &call, const DrawUse &use, DrawOptions *options)
 {
-    const auto app = commandLine(call, use.sentence, use.examples);
-    const auto help = std::make_shared<ShortHelp>();
-    help->column_width(app->get_formatter()->get_column_width());
-    app->formatter(help);
-    app->get_help_ptr()->group(std::string()); // whoever reads it has found it
-    addSharedOptions(app.get(), options);
-    use.addOptions(app.get());
-    return readOptions(app.get(), call);
+    CommandLine line(call, use.sentence, use.examples);
+    line.keepHelpShort(); // its line of use names the inputs
+    addSharedOptions(&line, options);
+    use.addOptions(&line);
+    return line.read();
 }
 
 std::optional<quint64> readNumber(const std::string &text)
@@ -232,10 +213,10 @@ void renameStreams(DrawOptions *options)
 {
     for (std::string &file : options->files) {
         if (isStandardStream(QByteArray::fromStdString(file)))
-            file = "-";
+            file.assign(1, '-');
     }
     if (isStandardStream(QByteArray::fromStdString(options->output)))
-        options->output = "-";
+        options->output.assign(1, '-');
 }
 
 // Gives what is wrong.
@@ -291,7 +272,8 @@ int runDraw(const CommandCall &call)
     if (!call.arguments.empty() && call.arguments.front() == workerArgument)
         return runWorker(call);
     DrawOptions options;
-    const DrawUse use{sentence, examples, [&](CLI::App *app) { addDrawOptions(app, &options); }};
+    const DrawUse use{sentence, examples,
+                      [&](CommandLine *line) { addDrawOptions(line, &options); }};
     DrawRequest request;
     if (const auto status = readRequestInto(call, use, &options, &request))
         return *status;

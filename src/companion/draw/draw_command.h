@@ -5,11 +5,9 @@
 
 #include <functional>
 
-namespace CLI {
-class App;
-}
-
 namespace ORR::Companion {
+
+class CommandLine;
 
 // `orr draw`: makes many drawings, by several worker processes. Its status is `AllWell` if all of
 // them are there, `Failed` if one is not, `WrongUse` for options that make no sense, two drawings
@@ -24,12 +22,12 @@ struct DrawUse
 {
     const char *sentence;
     const char *examples;
-    std::function<void(CLI::App *app)> addOptions; // those that only it has
+    std::function<void(CommandLine *line)> addOptions; // those that only it has
 };
 
 // Reads the options that all of them have, with the same meaning: -K, -T, -O, -d, -o, -j, --timeout
 // and the inputs. Nothing if the work can begin; otherwise the status to end with, see
-// `readOptions`.
+// `CommandLine::read`.
 std::optional<int> readDrawRequest(const CommandCall &call, const DrawUse &use,
                                    DrawRequest *request);
 

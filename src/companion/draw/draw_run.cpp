@@ -1,6 +1,6 @@
 #include "companion/draw/draw_run.h"
 
-#include "companion/command/options.h"
+#include "companion/command/command_line.h"
 #include "companion/command/streams.h"
 #include "companion/draw/job_line.h"
 #include "companion/draw/quoted_name.h"

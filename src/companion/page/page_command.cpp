@@ -1,6 +1,6 @@
 #include "companion/page/page_command.h"
 
-#include "companion/command/options.h"
+#include "companion/command/command_line.h"
 #include "companion/command/streams.h"
 #include "companion/findings/nearest_word.h"
 #include "companion/page/page_drawing.h"
@@ -43,15 +43,12 @@ struct PageOptions
 
 std::optional<int> readArguments(const CommandCall &call, PageOptions *options)
 {
-    const auto app = commandLine(call, sentence, examples);
-    const auto add = [&](const char *name, std::string *value, const char *text, const char *type) {
-        app->add_option(name, *value, text)->type_name(type);
-    };
-    add("-K", &options->engine, "Engine; else the root's attribute layout", "ENGINE");
-    add("-o", &options->output, "Where to write; - is standard output", "FILE");
-    add("--title", &options->title, "Else the root's label, or a name", "TITLE");
-    add("FILE", &options->file, "What to draw, written beside it; - for the streams", "");
-    return readOptions(app.get(), call);
+    CommandLine line(call, sentence, examples);
+    line.add({"-K", "Engine; else the root's attribute layout", "ENGINE"}, &options->engine);
+    line.add({"-o", "Where to write; - is standard output", "FILE"}, &options->output);
+    line.add({"--title", "Else the root's label, or a name", "TITLE"}, &options->title);
+    line.add({"FILE", "What to draw, written beside it; - for the streams"}, &options->file);
+    return line.read();
 }
 
 // Without -o a page goes beside its input, or where the input of a stream would go on to.

@@ -7,7 +7,6 @@
 #include "drawing/held_standard_error.h"
 #include "drawing/job.h"
 #include "drawing/layout_table.h"
-#include "graph/dot_tokenizer.h"
 #include "output/graph_summary.h"
 #include "output/page_svg.h"
 
@@ -16,14 +15,6 @@ using namespace Qt::StringLiterals;
 namespace ORR::Companion {
 
 namespace {
-
-// The name behind "digraph", which the reader drops; empty if it is missing.
-QString nameOfGraph(const QByteArray &input)
-{
-    Graph::DotTokenizer tokens(input);
-    tokens.next();
-    return tokens.takeIdentifierIfAny();
-}
 
 // The message is empty for success.
 QString draw(const QByteArray &input, Graph::DotGraph *graph,
@@ -37,9 +28,9 @@ QString draw(const QByteArray &input, Graph::DotGraph *graph,
                   : Graph::Graphviz::XDotRender(device, graph).render(input);
 }
 
-QString titleOf(const PageRequest &request, const Graph::DotGraph *graph, const QString &name)
+QString titleOf(const PageRequest &request, const Graph::DotGraph *graph)
 {
-    for (const QString &title : {request.title, Graph::graphTitle(graph), name}) {
+    for (const QString &title : {request.title, Graph::graphTitle(graph)}) {
         if (const QString line = title.simplified(); !line.isEmpty())
             return line;
     }
@@ -69,8 +60,8 @@ MadePage makePage(const PageRequest &request)
         return {{}, engineFault(named)};
 
     const GivenAttributes given(*graph);
-    const QString name = nameOfGraph(request.input);
-    PageContent content{.title = titleOf(request, graph, name)};
+    PageContent content{.title = titleOf(request, graph)};
+    const QString name = graph->name();
     Graph::PageSvg device(&content.drawing, content.title, name.isEmpty() ? content.title : name);
     if (const QString fault = draw(request.input, graph, engine, &device); !fault.isEmpty())
         return {{}, fault.trimmed()};

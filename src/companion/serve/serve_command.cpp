@@ -1,7 +1,6 @@
 #include "companion/serve/serve_command.h"
 
-#include "companion/command/option_faults.h"
-#include "companion/command/options.h"
+#include "companion/command/command_line.h"
 #include "companion/findings/nearest_word.h"
 #include "companion/serve/serve_run.h"
 #include "drawing/layout_table.h"
@@ -33,17 +32,15 @@ struct ServeOptions
 
 std::optional<int> readArguments(const CommandCall &call, ServeOptions *options)
 {
-    const auto app = commandLine(call, sentence, callsThatWork);
-    app->add_option("-K", options->engine, "Engine; else the root's attribute layout")
-        ->type_name("ENGINE");
-    app->add_option("--port", options->port, "Where to listen; 0 for any port that is free")
-        ->type_name("N")
-        ->check(isWholeNumber(0, 65'535));
-    app->add_flag("--open", options->opens, "Open it in a browser, by xdg-open");
-    app->add_flag("--poll", options->polls, "Look for changes; on network file systems");
-    app->add_option("FILE", options->file, "What to draw and edit; it need not be there yet")
-        ->type_name("");
-    return readOptions(app.get(), call);
+    CommandLine line(call, sentence, callsThatWork);
+    line.add({"-K", "Engine; else the root's attribute layout", "ENGINE"}, &options->engine);
+    line.add(
+        {"--port", "Where to listen; 0 for any port that is free", "N", isWholeNumber(0, 65'535)},
+        &options->port);
+    line.addFlag({"--open", "Open it in a browser, by xdg-open"}, &options->opens);
+    line.addFlag({"--poll", "Look for changes; on network file systems"}, &options->polls);
+    line.add({"FILE", "What to draw and edit; it need not be there yet"}, &options->file);
+    return line.read();
 }
 
 // What is wrong; empty if nothing is.

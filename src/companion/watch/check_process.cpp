@@ -37,7 +37,7 @@ bool printFindings(const CheckTask &task)
 {
     try {
         const QString engine = task.engine.isEmpty() ? engineNamedBy(task.bytes) : task.engine;
-        const QList<Finding> findings = checkText(task.bytes, {engine});
+        const QList<Finding> findings = checkText(task.bytes, {.engine = engine, .isLast = true});
         return Graph::writeToEnd(STDOUT_FILENO, findingsAsText({task.file, findings}, task.form));
     } catch (const std::exception &) {
         return false;

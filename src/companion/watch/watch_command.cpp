@@ -1,6 +1,6 @@
 #include "companion/watch/watch_command.h"
 
-#include "companion/command/options.h"
+#include "companion/command/command_line.h"
 #include "companion/draw/draw_command.h"
 #include "companion/watch/watch_run.h"
 
@@ -30,10 +30,10 @@ std::string streamFault(const DrawRequest &request)
 int runWatch(const CommandCall &call)
 {
     bool polls = false;
-    const DrawUse use{sentence, examples, [&](CLI::App *app) {
-                          app->add_flag("--poll", polls,
-                                        "Look for changes; on network file systems");
-                      }};
+    const DrawUse use{
+        sentence, examples, [&](CommandLine *line) {
+            line->addFlag({"--poll", "Look for changes; on network file systems"}, &polls);
+        }};
     DrawRequest request;
     if (const std::optional<int> status = readDrawRequest(call, use, &request))
         return *status;

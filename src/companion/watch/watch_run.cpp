@@ -1,6 +1,6 @@
 #include "companion/watch/watch_run.h"
 
-#include "companion/command/options.h"
+#include "companion/command/command_line.h"
 #include "companion/command/streams.h"
 #include "companion/draw/change_notes.h"
 #include "companion/draw/output_names.h"

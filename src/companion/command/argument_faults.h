@@ -1,12 +1,13 @@
 #pragma once
 
-#include <CLI/CLI.hpp>
-
 #include <QString>
-#include <QStringList>
 
 #include <string>
 #include <vector>
+
+namespace CLI {
+class App;
+}
 
 // What is wrong with the options of a command line, in sentences of our own.
 namespace ORR::Companion {
@@ -19,11 +20,5 @@ struct ArgumentFaults
     bool asksForHelp = false; // which is given all the same
 };
 ArgumentFaults argumentFaults(const CLI::App &app, const std::vector<std::string> &arguments);
-
-// What the value of an option has to be. The sentence of a value that is something else begins with
-// the option.
-CLI::Validator isOneOf(const QStringList &words);
-CLI::Validator isWholeNumber(qint64 least, qint64 greatest);
-CLI::Validator isNumber(double least, double greatest);
 
 } // namespace ORR::Companion

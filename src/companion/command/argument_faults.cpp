@@ -1,8 +1,9 @@
-#include "companion/command/option_faults.h"
+#include "companion/command/argument_faults.h"
 
 #include "companion/findings/nearest_word.h"
 
-#include <algorithm>
+#include <CLI/CLI.hpp>
+
 #include <set>
 
 using namespace Qt::StringLiterals;
@@ -21,7 +22,7 @@ QStringList optionNames(const CLI::App &app)
     return names;
 }
 
-QString quoted(const std::string &text)
+QString quotedName(const std::string &text)
 {
     return u'\'' + QString::fromStdString(text) + u'\'';
 }
@@ -83,11 +84,12 @@ void ArgumentWalk::readLong(const std::string &argument)
     if (!option)
         addUnknown(name);
     else if (hasValue && equals + 1 == argument.size() && takesValue(option))
-        add(u"option %1 needs a value"_s.arg(quoted(name))); // the parser would take the next one
+        add(u"option %1 needs a value"_s.arg(
+            quotedName(name))); // the parser would take the next one
     else if (takesValue(option))
         readValue(option, name, hasValue);
     else if (hasValue)
-        add(u"option %1 takes no value"_s.arg(quoted(name)));
+        add(u"option %1 takes no value"_s.arg(quotedName(name)));
     else if (option == app.get_help_ptr())
         faults.asksForHelp = true;
 }
@@ -104,7 +106,7 @@ void ArgumentWalk::readShort(const std::string &argument)
         if (takesValue(option))
             return readValue(option, name, !isLast);
         if (!isLast && argument[i + 1] == '=')
-            return add(u"option %1 takes no value"_s.arg(quoted(name)));
+            return add(u"option %1 takes no value"_s.arg(quotedName(name)));
         if (option == app.get_help_ptr())
             faults.asksForHelp = true;
     }
@@ -113,25 +115,16 @@ void ArgumentWalk::readShort(const std::string &argument)
 void ArgumentWalk::readValue(const CLI::Option *option, const std::string &name, bool isAttached)
 {
     if (!valued.insert(option).second)
-        add(u"option %1 is given twice"_s.arg(quoted(name)));
+        add(u"option %1 is given twice"_s.arg(quotedName(name)));
     if (!isAttached && next++ >= arguments.size())
-        add(u"option %1 needs a value"_s.arg(quoted(name)));
+        add(u"option %1 needs a value"_s.arg(quotedName(name)));
 }
 
 void ArgumentWalk::addUnknown(const std::string &name)
 {
     const QString suggestion = didYouMean(QString::fromStdString(name), optionNames(app));
-    add(u"unknown option "_s + quoted(name) + (suggestion.isEmpty() ? QString() : u"; "_s)
+    add(u"unknown option "_s + quotedName(name) + (suggestion.isEmpty() ? QString() : u"; "_s)
         + suggestion);
-}
-
-// The help has what the values are.
-template <typename Check>
-CLI::Validator unnamed(const Check &check)
-{
-    CLI::Validator validator([check](std::string &value) { return check(value).toStdString(); },
-                             std::string());
-    return validator;
 }
 
 } // namespace
@@ -139,40 +132,6 @@ CLI::Validator unnamed(const Check &check)
 ArgumentFaults argumentFaults(const CLI::App &app, const std::vector<std::string> &arguments)
 {
     return ArgumentWalk(app, arguments).walk();
-}
-
-CLI::Validator isOneOf(const QStringList &words)
-{
-    return unnamed([words](const std::string &value) {
-        const QString text = QString::fromStdString(value);
-        if (words.contains(text))
-            return QString();
-        return "%1 is none of %2"_L1.arg(quoted(value), words.join(", "_L1));
-    });
-}
-
-CLI::Validator isWholeNumber(qint64 least, qint64 greatest)
-{
-    return unnamed([=](const std::string &value) {
-        const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-        bool isNumber = std::all_of(value.begin(), value.end(), isDigit);
-        const qint64 number = isNumber ? QByteArray::fromStdString(value).toLongLong(&isNumber) : 0;
-        if (isNumber && number >= least && number <= greatest)
-            return QString();
-        return u"%1 is no whole number from %2 to %3"_s.arg(quoted(value)).arg(least).arg(greatest);
-    });
-}
-
-CLI::Validator isNumber(double least, double greatest)
-{
-    return unnamed([=](const std::string &value) {
-        bool isNumber = value.find_first_of(" \t\n\v\f\r") == std::string::npos;
-        const double number = isNumber ? QByteArray::fromStdString(value).toDouble(&isNumber) : 0.0;
-        if (isNumber && number >= least && number <= greatest)
-            return QString();
-        return u"%1 is no number from %2 to %3"_s.arg(quoted(value), QString::number(least),
-                                                      QString::number(greatest, 'f', 0));
-    });
 }
 
 } // namespace ORR::Companion
