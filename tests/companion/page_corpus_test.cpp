@@ -21,10 +21,11 @@ QByteArray pageOf(const QByteArray &input, const QString &engine)
     return page.document;
 }
 
-// The lines within the drawing without groups of objects. The end tags of groups are all alike, so
-// those of rich texts go, too.
-QByteArrayList primitivesOf(const QByteArray &document)
+// The elements within the drawing, a line each, without groups of objects. The end tags of groups
+// are all alike, so those of rich texts go, too.
+QByteArrayList primitivesOf(QByteArray document)
 {
+    document.replace("><", ">\n<");
     qsizetype start = document.indexOf("<svg id=\"drawing\"");
     start = start < 0 ? document.indexOf("<svg") : start;
     const qsizetype end = document.indexOf("</svg>", start);
@@ -99,6 +100,17 @@ TEST(PageSize, of_the_table_is_at_most_one_and_a_half_of_the_svg)
         EXPECT_LE(2 * table, 3 * svgOf(input.text(), input.engine()).size())
             << input.file.toStdString();
     }
+}
+
+// Each would be a node in the browser.
+TEST(PageSize, has_no_line_ends_between_the_elements_of_the_drawing)
+{
+    const CorpusInput input = exampleInputs().front();
+    const QByteArray page = pageOf(input.text(), input.engine());
+    const qsizetype start = page.indexOf("<svg id=\"drawing\"");
+    const QByteArray drawing = page.mid(start, page.indexOf("</svg>", start) - start);
+    EXPECT_GT(drawing.count("<g data-kind="), 10);
+    EXPECT_EQ(drawing.count(">\n<"), 0);
 }
 
 // The same drawing, when an xdot text brings it.

@@ -65,6 +65,8 @@ MadePage makePage(const PageRequest &request)
     Graph::PageSvg device(&content.drawing, content.title, name.isEmpty() ? content.title : name);
     if (const QString fault = draw(request.input, graph, engine, &device); !fault.isEmpty())
         return {{}, fault.trimmed()};
+    // Browsers make a node of each line end, which takes as long as an element.
+    content.drawing.replace(">\n<", "><");
     content.data = pageData(engine ? QString(Drawing::layoutRow(*engine).name) : QString(), *graph,
                             given, device);
     return {pageDocument(content), {}};
