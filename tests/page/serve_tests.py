@@ -27,10 +27,6 @@ IN_CI = os.environ.get('CI') == 'true'
 NOT_HERE = 77  # the status of a test that is skipped
 SETTINGS = argparse.Namespace(orr=None, examples=None, axe=None, pictures=None)
 
-# What the browser says of each page: that the shell and the page are of one address is meant, the shell reads
-# the page's fragment.
-OF_SANDBOX = 'allow-scripts and allow-same-origin for its sandbox attribute'
-
 # The page that is shown, as against one that is still loading.
 PAGE = "const page = document.querySelector('iframe:not(.coming)')?.contentDocument;"
 
@@ -85,7 +81,7 @@ class ServeCase(unittest.TestCase):
         return self.browser.wait(condition, *arguments, seconds=seconds)
 
     def console(self):
-        return [line for line in self.browser.console() if OF_SANDBOX not in line]
+        return self.browser.console()
 
     def shows(self, label):
         """Waits until the drawing has a text with these words."""
