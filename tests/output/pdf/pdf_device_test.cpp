@@ -76,29 +76,29 @@ int pathsWithoutPoint(const QByteArray &pdf)
     return count;
 }
 
-const auto nothing = [](Pdf &) {};
+const auto emptyPage = [](Pdf &) {};
 
 } // namespace
 
 TEST(PdfDevice, has_a_page_of_the_size_of_the_drawing)
 {
-    const QByteArray pdf = pdfOf({421, 297}, nothing);
+    const QByteArray pdf = pdfOf({421, 297}, emptyPage);
     EXPECT_TRUE(pdf.startsWith("%PDF-1.6\n"));
     EXPECT_TRUE(pdf.endsWith("%%EOF\n"));
     EXPECT_EQ(matchesIn(pdf, u"/MediaBox \\[0 0 ([0-9. ]*)\\]"_s),
               QStringList(u"421.000000 297.000000"_s));
     EXPECT_EQ(matchesIn(pdf, u"/UserUnit ([0-9.]*)"_s), QStringList(u"1.000000"_s));
     // Near enough to A4 to be taken for it.
-    EXPECT_TRUE(pdfOf({594, 841}, nothing).contains("[0 0 594.000000 841.000000]"));
+    EXPECT_TRUE(pdfOf({594, 841}, emptyPage).contains("[0 0 594.000000 841.000000]"));
 }
 
 TEST(PdfDevice, makes_the_unit_of_a_large_page_larger)
 {
-    EXPECT_TRUE(pdfOf({14400, 10}, nothing).contains("/UserUnit 1.000000\n"));
-    const QByteArray wide = pdfOf({21600, 30}, nothing);
+    EXPECT_TRUE(pdfOf({14400, 10}, emptyPage).contains("/UserUnit 1.000000\n"));
+    const QByteArray wide = pdfOf({21600, 30}, emptyPage);
     EXPECT_TRUE(wide.contains("/UserUnit 1.500000\n"));
     EXPECT_TRUE(wide.contains("[0 0 14400.000000 20.000000]"));
-    const QByteArray huge = pdfOf({1000000000, 1000000000}, nothing);
+    const QByteArray huge = pdfOf({1000000000, 1000000000}, emptyPage);
     EXPECT_TRUE(huge.contains("[0 0 14400.000000 14400.000000]")) << huge.toStdString();
 }
 
@@ -140,7 +140,7 @@ TEST(PdfDevice, writes_a_file_whole_or_not_at_all)
     Pdf good(folder.filePath(u"a.pdf"_s));
     good.begin(10, 10);
     EXPECT_EQ(good.end(), QString());
-    EXPECT_EQ(readTestFile(folder.filePath(u"a.pdf"_s)), pdfOf({10, 10}, nothing));
+    EXPECT_EQ(readTestFile(folder.filePath(u"a.pdf"_s)), pdfOf({10, 10}, emptyPage));
 }
 
 TEST(PdfDevice, embeds_its_fonts)
@@ -150,20 +150,20 @@ TEST(PdfDevice, embeds_its_fonts)
     });
     EXPECT_EQ(pdf.count("/FontFile2"), 1);
     EXPECT_EQ(pdf.count("/ToUnicode"), 1);
-    EXPECT_FALSE(pdfOf({100, 50}, nothing).contains("/FontFile2"));
+    EXPECT_FALSE(pdfOf({100, 50}, emptyPage).contains("/FontFile2"));
 }
 
 TEST(PdfDevice, takes_its_title_from_the_label_of_the_root)
 {
     DotGraph graph;
     graph.setGraphAttribute(graph.root(), u"label"_s, u"A (b)\\nc >> endobj \u00e4"_s);
-    const QByteArray pdf = pdfOf({10, 10}, nothing, {}, &graph);
+    const QByteArray pdf = pdfOf({10, 10}, emptyPage, {}, &graph);
     const QStringList titles = matchesIn(pdf, u"/Title <([0-9a-f]*)>"_s);
     ASSERT_EQ(titles.size(), 1);
     EXPECT_EQ(
         titles.first(),
         u"feff00410020002800620029002000630020003e003e00200065006e0064006f0062006a002000e4"_s);
-    EXPECT_FALSE(pdfOf({10, 10}, nothing).contains("/Title"));
+    EXPECT_FALSE(pdfOf({10, 10}, emptyPage).contains("/Title"));
 }
 
 TEST(PdfDevice, links_what_an_object_draws)
@@ -231,10 +231,10 @@ TEST(PdfDevice, makes_no_links_of_rich_text)
 
 TEST(PdfDevice, paints_a_background_first)
 {
-    const QByteArray plain = pdfOf({100, 50}, nothing);
-    const QByteArray red = pdfOf({100, 50}, nothing, {.background = u"red"_s});
+    const QByteArray plain = pdfOf({100, 50}, emptyPage);
+    const QByteArray red = pdfOf({100, 50}, emptyPage, {.background = u"red"_s});
     EXPECT_NE(red, plain);
-    EXPECT_NE(pdfOf({100, 50}, nothing, {.background = u"#ff000080"_s}), red);
+    EXPECT_NE(pdfOf({100, 50}, emptyPage, {.background = u"#ff000080"_s}), red);
 }
 
 TEST(PdfDevice, ends_no_path_that_has_not_begun)
