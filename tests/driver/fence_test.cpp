@@ -16,6 +16,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const QString endlessDevice = u"/dev/zero"_s;
+
+QStringList withoutAll(QStringList list, const QString &text)
+{
+    list.removeAll(text);
+    return list;
+}
+
 class Fence : public ProgramTest
 {
 protected:
@@ -40,7 +48,7 @@ void Fence::SetUp()
     }
     ASSERT_EQ(mkfifo(QFile::encodeName(bait(u"pipe"_s)).constData(), 0600), 0);
     watch = std::make_unique<OpenWatch>(path(u"baits"_s));
-    watch->alsoWatch(u"/dev/zero"_s);
+    watch->alsoWatch(endlessDevice);
     watch->opened();
 }
 
@@ -49,7 +57,7 @@ QStringList Fence::texts() const
     QStringList result;
     for (qsizetype i = 0; i < hostileTexts.size(); ++i)
         result += QString(hostileTexts.at(i)).replace(u"%1"_s, bait(u"%1.png"_s.arg(i)));
-    for (const QString &endless : {u"/dev/zero"_s, bait(u"pipe"_s)}) {
+    for (const QString &endless : {endlessDevice, bait(u"pipe"_s)}) {
         for (const QString &text : hostileTexts)
             result += QString(text).replace(u"%1"_s, endless);
     }
@@ -59,11 +67,19 @@ QStringList Fence::texts() const
     return result;
 }
 
+// Any other program may open the device meanwhile. What an input makes this one open, it opens at
+// each run.
 void Fence::expectNothingTouched(const ProgramCall &call, const QString &what)
 {
     SCOPED_TRACE(what.toStdString());
-    EXPECT_TRUE(succeeded(run(call)));
-    EXPECT_EQ(watch->opened(), QStringList());
+    constexpr int mostRuns = 5;
+    QStringList opened;
+    for (int i = 0; i == 0 || (i < mostRuns && opened.contains(endlessDevice)); ++i) {
+        EXPECT_TRUE(succeeded(run(call)));
+        opened = watch->opened();
+        EXPECT_EQ(withoutAll(opened, endlessDevice), QStringList());
+    }
+    EXPECT_FALSE(opened.contains(endlessDevice));
     EXPECT_FALSE(trap.sprung());
 }
 
@@ -73,13 +89,16 @@ TEST_F(Fence, the_watch_sees_what_is_opened)
 {
     QFile file(bait(u"3.png"_s));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    QFile device(u"/dev/zero"_s);
-    ASSERT_TRUE(device.open(QIODevice::ReadOnly));
-    EXPECT_EQ(watch->opened(), QStringList({u"3.png"_s, u"/dev/zero"_s}));
-    EXPECT_EQ(watch->opened(), QStringList());
+    QFile endless(endlessDevice);
+    ASSERT_TRUE(endless.open(QIODevice::ReadOnly));
+    const QStringList opened = watch->opened();
+    EXPECT_TRUE(opened.contains(endlessDevice));
+    EXPECT_EQ(withoutAll(opened, endlessDevice), QStringList({u"3.png"_s}));
+    EXPECT_EQ(withoutAll(watch->opened(), endlessDevice), QStringList());
 
     EXPECT_EQ(run({.arguments = {bait(u"4.png"_s), u"-T"_s, u"svg"_s}}).status, 1);
-    EXPECT_EQ(watch->opened(), QStringList({u"4.png"_s})) << "the program's own opening";
+    EXPECT_EQ(withoutAll(watch->opened(), endlessDevice), QStringList({u"4.png"_s}))
+        << "the program's own opening";
 }
 
 TEST_F(Fence, rich_text_of_a_finished_drawing_opens_nothing)
@@ -111,7 +130,7 @@ TEST_F(Fence, a_screen_of_twice_the_resolution_opens_nothing)
 TEST_F(Fence, the_html_of_an_engine_opens_nothing)
 {
     const QString color = u"red\\\"><img src='%1'><link type=text/css href='%1'>"_s;
-    for (const QString &file : {bait(u"0.png"_s), bait(u"pipe"_s), u"/dev/zero"_s}) {
+    for (const QString &file : {bait(u"0.png"_s), bait(u"pipe"_s), endlessDevice}) {
         const QByteArray graph = "digraph { graph [expandcolor=\"" + color.arg(file).toUtf8()
             + "\"]; a [label=a shape=rectangle expander=true]; a -> b []; }";
         const ProgramCall call{.arguments = {u"-K"_s, u"gftree"_s, u"-T"_s, u"xdot1.2"_s},
