@@ -852,8 +852,11 @@ class Trouble(PageCase):
             'src/a.cpp#L3': 'src/a.cpp#L3', '../b.html': '../b.html', '//a.example/x': 'https://a.example/x',
             'javascript:alert(1)': None, ' java\nscript:alert(1)': None, '\x01javascript:alert(1)': None,
             'data:text/html,x': None, 'file:///etc/passwd': None, 'vbscript:x': None, 'blob:x': None,
-            'java\tscript&colon;alert(1)': 'javascript&colon;alert(1)', 'mailto:a@b': None, '': None,
+            'java\tscript&colon;alert(1)': None, 'mailto:a@b': None, '': None,
             'jAvAsCrIpT:alert(1)': None, 'java\u00a0script:x': None, 'https:\\\\a': None, '/x:y': '/x:y',
+            'docs/my file.html': 'docs/my%20file.html', '  a b.html#c d ': 'a%20b.html#c%20d', 'docs/my\nfile.html': None,
+            'docs/my\x7ffile.html': None, 'java script:x': None, 'x\u00a0y.html': 'x\u00a0y.html',
+            'ja\u200bvascript:x': None, 'https://a.example/x y': 'https://a.example/x%20y',
         }
         def change(text):
             data = json.loads(re.search(r'id="page-data">(.*?)</script>', text, re.S).group(1))
