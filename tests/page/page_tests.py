@@ -16,6 +16,7 @@ import re
 import sys
 import tempfile
 import unittest
+import urllib.parse
 
 from browser import Browser, missing_programs
 
@@ -357,6 +358,28 @@ class Address(PageCase):
         self.assertRegex(self.browser.text('#count'), r'\d+ found')
         self.assertEqual(self.browser.run('return document.documentElement.dataset.theme;'), 'dark')
         self.assertGreater(self.browser.count('#table tbody tr'), 0)
+
+    def test_colour_of_a_legend_stands_in_it(self):
+        self.open('treemap')
+        fill = self.browser.run('''const entry = document.querySelector('#drawing [aria-pressed]');
+            entry.dispatchEvent(new MouseEvent('click', {bubbles: true}));
+            return [...entry.children].find(one => one instanceof SVGGeometryElement).getAttribute('fill');''')
+        self.assertTrue(self.browser.wait("return /color=/.test(location.hash);"))
+        lit = self.browser.count('#lit g[data-kind]')
+        self.assertGreater(lit, 1)
+        fragment = self.browser.run('return location.hash;')
+        self.assertEqual(urllib.parse.parse_qs(fragment[1:])['color'], [fill])
+        self.open('treemap', fragment)
+        self.assertEqual(self.browser.count('#lit g[data-kind]'), lit)
+        self.assertEqual(self.browser.count('#drawing [aria-pressed=true]'), 1)
+
+    def test_colour_that_no_legend_has_lights_nothing(self):
+        for engine, color in (('treemap', '%23F4F6F8'), ('treemap', 'none'), ('treemap', 'url(x)'), ('gftree', '%23E8EAED')):
+            with self.subTest(engine=engine, color=color):
+                self.open(engine, f'#color={color}')
+                self.frames()
+                self.assertEqual(self.browser.count('#drawing.dimmed'), 0)
+                self.assertEqual(self.browser.count('#lit *'), 0)
 
     def test_nonsense_is_passed_over(self):
         self.open('treemap', '#view=a,b,c&chosen=99999.node.nobody&group=x&theme=pink&%E0%A4%A=%')

@@ -325,6 +325,19 @@ class Redrawing(ServeCase):
             self.assertAlmostEqual(was, now, delta=1)
         self.assertIn('beta', self.browser.run(PAGE + "return page.querySelector('#panel.held').innerText;"))
 
+    def test_keeps_the_light_of_a_legend(self):
+        text = (pathlib.Path(SETTINGS.examples) / 'treemap/own_source.dot').read_text('utf-8')
+        self.serve(text, 'treemap')
+        lit = PAGE + '''return page?.querySelector('#drawing.dimmed') !== null
+            && page.querySelectorAll('#lit g[data-kind]').length > 3;'''
+        self.browser.run(PAGE + '''page.querySelector('#drawing [aria-pressed]')
+            .dispatchEvent(new MouseEvent('click', {bubbles: true, detail: 1}));''')
+        self.assertTrue(self.waits(lit))
+        self.assertTrue(self.waits(PAGE + "return /color=/.test(page.defaultView.location.hash);"))
+        self.fill(text.replace('label="device"', 'label="anew"', 1))
+        self.assertTrue(self.shows('anew'))
+        self.assertTrue(self.browser.run(lit))
+
     def test_there_is_a_drawing_at_all_times(self):
         self.serve(graph('alpha'))
         self.browser.run('''window.seen = {frames: 0, without: 0};
