@@ -238,6 +238,16 @@ class Moving(PageCase):
         self.browser.wheel(400, 300, 200)
         self.assertAlmostEqual(self.view()['scale'], before['scale'], delta=0.001)
 
+    def test_wheel_across_or_with_shift_moves_across(self):
+        self.browser.wheel(400, 300, -300)
+        for turn in (lambda: self.browser.wheel(400, 300, 20, across=50),
+                     lambda: self.browser.wheel_with_shift(400, 300, 50)):
+            before = self.view()
+            turn()
+            after = self.view()
+            self.assertAlmostEqual(after['x'] - before['x'], -50, delta=1)
+            self.assertEqual((after['y'], after['scale']), (before['y'], before['scale']))
+
     def test_drag_moves_by_as_much(self):
         self.browser.wheel(400, 300, -300)
         before = self.view()
