@@ -22,6 +22,29 @@ from browser import Browser, missing_programs
 
 ENGINES = ['treemap', 'sunburst', 'flatbubble', 'bar', 'matrix', 'umlseq', 'gftree', 'gfdecl']
 CHARTS = ENGINES[:4]
+# The nodes, edges and groups that are drawn of each example: those of its text but for what is too small to be
+# drawn, or said to be invisible.
+OBJECTS = {
+    'treemap': (332, 0, 35),
+    'sunburst': (209, 0, 35),
+    'flatbubble': (142, 0, 9),
+    'bar': (27, 0, 9),
+    'matrix': (16, 27, 2),
+    'umlseq': (25, 24, 9),
+    'gftree': (63, 62, 0),
+    'gfdecl': (38, 5, 15),
+}
+# A query in each, and how many objects it finds.
+QUERIES = {
+    'treemap': ('replay', 8),
+    'sunburst': ('kB', 6),
+    'flatbubble': ('circle', 2),
+    'bar': ('layout', 3),
+    'matrix': ('driver', 2),
+    'umlseq': ('password', 3),
+    'gftree': ('read', 5),
+    'gfdecl': ('draw', 9),
+}
 # The keys that lead to the object of each picture, or its key in the address.
 CHOSEN_IN_PICTURE = {
     'treemap': ['n', 'n', 'i', 'n', 'i', 'Enter'],
@@ -131,9 +154,10 @@ class EveryPage(PageCase):
 
     @of_each_engine
     def test_has_an_entry_for_each_object(self, engine):
-        self.assertGreater(self.browser.objects(), 0)
-        self.assertEqual(self.browser.objects(), len(self.data['parent']))
-        self.assertEqual(4 * self.browser.objects(), len(self.data['box']))
+        drawn = tuple(self.browser.objects(kind) for kind in ('node', 'edge', 'cluster'))
+        self.assertEqual(drawn, OBJECTS[engine])
+        self.assertEqual(len(self.data['parent']), sum(OBJECTS[engine]))
+        self.assertEqual(len(self.data['box']), 4 * sum(OBJECTS[engine]))
 
     @of_each_engine
     def test_shows_the_whole_drawing_at_first(self, engine):
@@ -145,6 +169,46 @@ class EveryPage(PageCase):
         self.assertLessEqual(drawn[2], right + 0.5)
         self.assertLessEqual(drawn[3], bottom + 0.5)
         self.assertLessEqual(view['scale'], 1)
+
+    @of_each_engine
+    def test_wheel_zooms_to_the_pointer(self, engine):
+        before = self.view()
+        x, y = before['x'] + 100 * before['scale'], before['y'] + 60 * before['scale']
+        self.browser.wheel(x, y, -200)
+        after = self.view()
+        self.assertGreater(after['scale'], before['scale'] * 1.1)
+        for axis, place in (('x', round(x)), ('y', round(y))):
+            at_first = (place - before[axis]) / before['scale']
+            self.assertAlmostEqual((place - after[axis]) / after['scale'], at_first, delta=0.5)
+
+    @of_each_engine
+    def test_search_finds_and_marks(self, engine):
+        query, count = QUERIES[engine]
+        self.press('/')
+        self.browser.type(query)
+        self.assertTrue(self.browser.wait("return document.getElementById('count').textContent === arguments[0];",
+                                          f'{count} found'), self.browser.text('#count'))
+        self.assertGreaterEqual(self.browser.count('#marks .found .line'), count)
+        self.press('Enter')
+        self.assertEqual(self.browser.text('#count'), f'1 of {count}')
+        self.assertIn(query, self.browser.text('#panel.held'))
+        self.press('Escape')
+        self.assertEqual(self.browser.count('#marks .found .line'), 0)
+
+    @of_each_engine
+    def test_keys_choose_zoom_and_list(self, engine):
+        fitted = self.view()
+        self.press('n', 'Enter')
+        focused = self.browser.run('return document.activeElement.dataset.id;')
+        self.assertIn(focused, self.browser.text('#panel.held'))
+        self.assertGreater(self.browser.count('#marks .chosen .line'), 0)
+        self.press('Escape', '+')
+        self.assertEqual(self.browser.text('#panel.held'), '')
+        self.assertAlmostEqual(self.view()['scale'] / fitted['scale'], 1.25, delta=0.01)
+        self.press('0', 't')
+        self.assertEqual(self.browser.count('#table tbody tr'), min(sum(OBJECTS[engine]), 200))
+        self.press('t')
+        self.assertEqual(self.view(), fitted)
 
     @of_each_engine
     def test_needs_nothing_else(self, engine):
