@@ -155,10 +155,13 @@ class Browser:
                                 {'type': 'pointerUp', 'button': 0}]} for side in (-1, 1)]
         self._send('POST', '/actions', {'actions': fingers})
 
-    def wheel(self, x, y, delta):
+    def wheel(self, x, y, delta, across=0):
         self._send('POST', '/actions', {'actions': [{'type': 'wheel', 'id': 'wheel', 'actions': [
-            {'type': 'scroll', 'x': round(x), 'y': round(y), 'deltaX': 0, 'deltaY': delta,
+            {'type': 'scroll', 'x': round(x), 'y': round(y), 'deltaX': across, 'deltaY': delta,
              'duration': 0}]}]})
+
+    def wheel_with_shift(self, x, y, delta):
+        self.command('Input.dispatchMouseEvent', type='mouseWheel', x=x, y=y, deltaX=0, deltaY=delta, modifiers=8)
 
     def wait(self, condition, *arguments, seconds=5):
         """Whether a function body comes to be true within the time."""

@@ -16,11 +16,35 @@ import re
 import sys
 import tempfile
 import unittest
+import urllib.parse
 
 from browser import Browser, missing_programs
 
 ENGINES = ['treemap', 'sunburst', 'flatbubble', 'bar', 'matrix', 'umlseq', 'gftree', 'gfdecl']
 CHARTS = ENGINES[:4]
+# The nodes, edges and groups that are drawn of each example: those of its text but for what is too small to be
+# drawn, or said to be invisible.
+OBJECTS = {
+    'treemap': (332, 0, 35),
+    'sunburst': (209, 0, 35),
+    'flatbubble': (142, 0, 9),
+    'bar': (27, 0, 9),
+    'matrix': (16, 27, 2),
+    'umlseq': (25, 24, 9),
+    'gftree': (63, 62, 0),
+    'gfdecl': (38, 5, 15),
+}
+# A query in each, and how many objects it finds.
+QUERIES = {
+    'treemap': ('replay', 8),
+    'sunburst': ('kB', 6),
+    'flatbubble': ('circle', 2),
+    'bar': ('layout', 3),
+    'matrix': ('driver', 2),
+    'umlseq': ('password', 3),
+    'gftree': ('read', 5),
+    'gfdecl': ('draw', 9),
+}
 # The keys that lead to the object of each picture, or its key in the address.
 CHOSEN_IN_PICTURE = {
     'treemap': ['n', 'n', 'i', 'n', 'i', 'Enter'],
@@ -130,9 +154,10 @@ class EveryPage(PageCase):
 
     @of_each_engine
     def test_has_an_entry_for_each_object(self, engine):
-        self.assertGreater(self.browser.objects(), 0)
-        self.assertEqual(self.browser.objects(), len(self.data['parent']))
-        self.assertEqual(4 * self.browser.objects(), len(self.data['box']))
+        drawn = tuple(self.browser.objects(kind) for kind in ('node', 'edge', 'cluster'))
+        self.assertEqual(drawn, OBJECTS[engine])
+        self.assertEqual(len(self.data['parent']), sum(OBJECTS[engine]))
+        self.assertEqual(len(self.data['box']), 4 * sum(OBJECTS[engine]))
 
     @of_each_engine
     def test_shows_the_whole_drawing_at_first(self, engine):
@@ -144,6 +169,46 @@ class EveryPage(PageCase):
         self.assertLessEqual(drawn[2], right + 0.5)
         self.assertLessEqual(drawn[3], bottom + 0.5)
         self.assertLessEqual(view['scale'], 1)
+
+    @of_each_engine
+    def test_wheel_zooms_to_the_pointer(self, engine):
+        before = self.view()
+        x, y = before['x'] + 100 * before['scale'], before['y'] + 60 * before['scale']
+        self.browser.wheel(x, y, -200)
+        after = self.view()
+        self.assertGreater(after['scale'], before['scale'] * 1.1)
+        for axis, place in (('x', round(x)), ('y', round(y))):
+            at_first = (place - before[axis]) / before['scale']
+            self.assertAlmostEqual((place - after[axis]) / after['scale'], at_first, delta=0.5)
+
+    @of_each_engine
+    def test_search_finds_and_marks(self, engine):
+        query, count = QUERIES[engine]
+        self.press('/')
+        self.browser.type(query)
+        self.assertTrue(self.browser.wait("return document.getElementById('count').textContent === arguments[0];",
+                                          f'{count} found'), self.browser.text('#count'))
+        self.assertGreaterEqual(self.browser.count('#marks .found .line'), count)
+        self.press('Enter')
+        self.assertEqual(self.browser.text('#count'), f'1 of {count}')
+        self.assertIn(query, self.browser.text('#panel.held'))
+        self.press('Escape')
+        self.assertEqual(self.browser.count('#marks .found .line'), 0)
+
+    @of_each_engine
+    def test_keys_choose_zoom_and_list(self, engine):
+        fitted = self.view()
+        self.press('n', 'Enter')
+        focused = self.browser.run('return document.activeElement.dataset.id;')
+        self.assertIn(focused, self.browser.text('#panel.held'))
+        self.assertGreater(self.browser.count('#marks .chosen .line'), 0)
+        self.press('Escape', '+')
+        self.assertEqual(self.browser.text('#panel.held'), '')
+        self.assertAlmostEqual(self.view()['scale'] / fitted['scale'], 1.25, delta=0.01)
+        self.press('0', 't')
+        self.assertEqual(self.browser.count('#table tbody tr'), min(sum(OBJECTS[engine]), 200))
+        self.press('t')
+        self.assertEqual(self.view(), fitted)
 
     @of_each_engine
     def test_needs_nothing_else(self, engine):
@@ -236,6 +301,16 @@ class Moving(PageCase):
             self.assertAlmostEqual((place - after[axis]) / after['scale'], at_first, delta=0.5)
         self.browser.wheel(400, 300, 200)
         self.assertAlmostEqual(self.view()['scale'], before['scale'], delta=0.001)
+
+    def test_wheel_across_or_with_shift_moves_across(self):
+        self.browser.wheel(400, 300, -300)
+        for turn in (lambda: self.browser.wheel(400, 300, 20, across=50),
+                     lambda: self.browser.wheel_with_shift(400, 300, 50)):
+            before = self.view()
+            turn()
+            after = self.view()
+            self.assertAlmostEqual(after['x'] - before['x'], -50, delta=1)
+            self.assertEqual((after['y'], after['scale']), (before['y'], before['scale']))
 
     def test_drag_moves_by_as_much(self):
         self.browser.wheel(400, 300, -300)
@@ -357,6 +432,28 @@ class Address(PageCase):
         self.assertRegex(self.browser.text('#count'), r'\d+ found')
         self.assertEqual(self.browser.run('return document.documentElement.dataset.theme;'), 'dark')
         self.assertGreater(self.browser.count('#table tbody tr'), 0)
+
+    def test_colour_of_a_legend_stands_in_it(self):
+        self.open('treemap')
+        fill = self.browser.run('''const entry = document.querySelector('#drawing [aria-pressed]');
+            entry.dispatchEvent(new MouseEvent('click', {bubbles: true}));
+            return [...entry.children].find(one => one instanceof SVGGeometryElement).getAttribute('fill');''')
+        self.assertTrue(self.browser.wait("return /color=/.test(location.hash);"))
+        lit = self.browser.count('#lit g[data-kind]')
+        self.assertGreater(lit, 1)
+        fragment = self.browser.run('return location.hash;')
+        self.assertEqual(urllib.parse.parse_qs(fragment[1:])['color'], [fill])
+        self.open('treemap', fragment)
+        self.assertEqual(self.browser.count('#lit g[data-kind]'), lit)
+        self.assertEqual(self.browser.count('#drawing [aria-pressed=true]'), 1)
+
+    def test_colour_that_no_legend_has_lights_nothing(self):
+        for engine, color in (('treemap', '%23F4F6F8'), ('treemap', 'none'), ('treemap', 'url(x)'), ('gftree', '%23E8EAED')):
+            with self.subTest(engine=engine, color=color):
+                self.open(engine, f'#color={color}')
+                self.frames()
+                self.assertEqual(self.browser.count('#drawing.dimmed'), 0)
+                self.assertEqual(self.browser.count('#lit *'), 0)
 
     def test_nonsense_is_passed_over(self):
         self.open('treemap', '#view=a,b,c&chosen=99999.node.nobody&group=x&theme=pink&%E0%A4%A=%')
@@ -852,8 +949,11 @@ class Trouble(PageCase):
             'src/a.cpp#L3': 'src/a.cpp#L3', '../b.html': '../b.html', '//a.example/x': 'https://a.example/x',
             'javascript:alert(1)': None, ' java\nscript:alert(1)': None, '\x01javascript:alert(1)': None,
             'data:text/html,x': None, 'file:///etc/passwd': None, 'vbscript:x': None, 'blob:x': None,
-            'java\tscript&colon;alert(1)': 'javascript&colon;alert(1)', 'mailto:a@b': None, '': None,
+            'java\tscript&colon;alert(1)': None, 'mailto:a@b': None, '': None,
             'jAvAsCrIpT:alert(1)': None, 'java\u00a0script:x': None, 'https:\\\\a': None, '/x:y': '/x:y',
+            'docs/my file.html': 'docs/my%20file.html', '  a b.html#c d ': 'a%20b.html#c%20d', 'docs/my\nfile.html': None,
+            'docs/my\x7ffile.html': None, 'java script:x': None, 'x\u00a0y.html': 'x\u00a0y.html',
+            'ja\u200bvascript:x': None, 'https://a.example/x y': 'https://a.example/x%20y',
         }
         def change(text):
             data = json.loads(re.search(r'id="page-data">(.*?)</script>', text, re.S).group(1))

@@ -325,6 +325,19 @@ class Redrawing(ServeCase):
             self.assertAlmostEqual(was, now, delta=1)
         self.assertIn('beta', self.browser.run(PAGE + "return page.querySelector('#panel.held').innerText;"))
 
+    def test_keeps_the_light_of_a_legend(self):
+        text = (pathlib.Path(SETTINGS.examples) / 'treemap/own_source.dot').read_text('utf-8')
+        self.serve(text, 'treemap')
+        lit = PAGE + '''return page?.querySelector('#drawing.dimmed') !== null
+            && page.querySelectorAll('#lit g[data-kind]').length > 3;'''
+        self.browser.run(PAGE + '''page.querySelector('#drawing [aria-pressed]')
+            .dispatchEvent(new MouseEvent('click', {bubbles: true, detail: 1}));''')
+        self.assertTrue(self.waits(lit))
+        self.assertTrue(self.waits(PAGE + "return /color=/.test(page.defaultView.location.hash);"))
+        self.fill(text.replace('label="device"', 'label="anew"', 1))
+        self.assertTrue(self.shows('anew'))
+        self.assertTrue(self.browser.run(lit))
+
     def test_there_is_a_drawing_at_all_times(self):
         self.serve(graph('alpha'))
         self.browser.run('''window.seen = {frames: 0, without: 0};
@@ -387,6 +400,22 @@ class Files(ServeCase):
         self.assertTrue(self.waits("return document.getElementById('text').value === arguments[0];", graph('theirs')))
         self.assertTrue(self.is_gone('#conflict'))
 
+    def test_what_gave_way_to_the_file_comes_back_however_long_it_is(self):
+        mine = graph('mine', *(f'label {i}' for i in range(100)))
+        self.serve(graph('alpha'))
+        self.fill(mine)
+        self.assertTrue(self.shows('mine'))
+        self.file.write_text(graph('theirs', *(f'other {i}' for i in range(100))), 'utf-8')
+        self.assertTrue(self.says('#conflict', 'changed outside'))
+        self.press_button('#conflict', 'Take the file’s text')
+        self.assertTrue(self.shows('theirs'))
+        self.assertTrue(self.says('#told', 'replaced what was typed'))
+        self.press_button('#told', 'Bring the text back')
+        self.assertEqual(self.text(), mine)
+        self.assertTrue(self.shows('mine'))
+        self.assertTrue(self.is_gone('#told'))
+        self.assertTrue(self.says('#unsaved', 'not saved'))
+
     def test_a_conflict_can_be_won_but_not_by_accident(self):
         self.conflict()
         self.press_button('#conflict', 'Keep mine')
@@ -433,19 +462,43 @@ class Files(ServeCase):
         self.hold_control_and('s')
         self.assertTrue(self.says('#told', 'Saved'))
 
+    def download(self, name, ending):
+        """The bytes of what an entry of the menu downloads, of which there is none yet."""
+        downloads = self.folder / 'downloads'
+        downloads.mkdir(exist_ok=True)
+        self.browser.command('Browser.setDownloadBehavior', behavior='allow', downloadPath=str(downloads))
+        self.choose('downloads', name)
+        file = downloads / f'tree.{ending}'
+        end = time.monotonic() + 15
+        while not file.exists() and time.monotonic() < end:
+            time.sleep(0.05)
+        return file.read_bytes()
+
     def test_downloads_all_formats(self):
         self.serve(graph('alpha'))
-        downloads = self.folder / 'downloads'
-        downloads.mkdir()
-        self.browser.command('Browser.setDownloadBehavior', behavior='allow', downloadPath=str(downloads))
         for name, ending in FORMATS.items():
             with self.subTest(name):
-                self.choose('downloads', name)
-                file = downloads / f'tree.{ending}'
-                end = time.monotonic() + 15
-                while not file.exists() and time.monotonic() < end:
-                    time.sleep(0.05)
-                self.assertTrue(file.read_bytes().startswith(STARTS[ending]))
+                self.assertTrue(self.download(name, ending).startswith(STARTS[ending]))
+
+    def test_downloads_the_page_of_what_was_just_typed(self):
+        self.serve(graph('alpha'))
+        self.assertTrue(self.shows('alpha'))
+        self.fill(graph('gamma'))
+        page = self.download('Page', 'html')
+        self.assertTrue(page.startswith(b'<!DOCTYPE html>'))
+        self.assertIn(b'gamma', page)
+        self.assertNotIn(b'alpha', page)
+
+    def test_a_page_that_can_not_be_drawn_is_no_download(self):
+        self.serve(graph('alpha'))
+        self.assertTrue(self.shows('alpha'))
+        for text, told in (('digraph { a [', 'Unable to parse'), ('\n', 'nothing to draw')):
+            with self.subTest(told):
+                self.fill(text)
+                self.choose('downloads', 'Page')
+                self.assertTrue(self.says('#told', told))
+                self.press_button('#told', 'Dismiss')
+        self.assertEqual(list(self.folder.glob('**/*.html')), [])
 
     def test_a_download_that_fails_is_told(self):
         self.serve(graph('alpha'))

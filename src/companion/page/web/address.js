@@ -1,6 +1,7 @@
 /** The fragment of the address says what is to be seen, so that a link opens the same place. */
 
 import { afterPause } from './elements.js';
+import { isLegendColor } from './legend.js';
 import { isTheme } from './theme.js';
 
 /** @import {State, Values} from './state.js' */
@@ -29,7 +30,7 @@ export function mirrorAddress(objects, view, state) {
             state.change(valuesOf(location.hash.slice(1), objects, view));
     };
     read();
-    state.follow(['view', 'fitted', 'chosen', 'group', 'query', 'theme', 'table'],
+    state.follow(['view', 'fitted', 'chosen', 'group', 'query', 'color', 'theme', 'table'],
                  afterPause(write, writingPause));
     addEventListener('hashchange', read);
 }
@@ -49,6 +50,8 @@ function fragmentOf(objects, now) {
         fields.set('group', objects.key(now.group));
     if (now.query !== '')
         fields.set('query', now.query);
+    if (now.color !== '')
+        fields.set('color', now.color);
     if (now.theme !== 'auto')
         fields.set('theme', now.theme);
     if (now.table)
@@ -68,6 +71,7 @@ function valuesOf(fragment, objects, view) {
     const fields = new URLSearchParams(fragment);
     const object = (/** @type {string} */ name) => objects.find(fields.get(name) ?? '');
     const [x, y, scale] = (fields.get('view') ?? '').split(',').map(Number);
+    const color = fields.get('color') ?? '';
     const theme = fields.get('theme');
     const isPlace = [x, y, scale].every(Number.isFinite) && scale > 0;
     return {
@@ -76,6 +80,7 @@ function valuesOf(fragment, objects, view) {
         chosen: object('chosen'),
         group: object('group'),
         query: fields.get('query') ?? '',
+        color: isLegendColor(objects, color) ? color : '',
         theme: theme !== null && isTheme(theme) ? theme : 'auto',
         table: fields.get('table') === '1',
     };

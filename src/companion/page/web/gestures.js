@@ -29,6 +29,12 @@ function followWheel(stage, view) {
     stage.addEventListener('wheel', event => {
         event.preventDefault();
         const unit = event.deltaMode === WheelEvent.DOM_DELTA_PIXEL ? 1 : lineHeight;
+        // Some browsers turn a wheel with Shift themselves.
+        const across = event.shiftKey && event.deltaX === 0 ? event.deltaY : event.deltaX;
+        if (!event.ctrlKey && (event.shiftKey || Math.abs(across) > Math.abs(event.deltaY))) {
+            view.panBy(-across * unit, 0);
+            return;
+        }
         const pixels = event.deltaY * unit;
         // A pinch on a touch pad comes as a wheel with Ctrl, in smaller steps.
         view.zoomAt(Math.exp(-pixels * wheelStep * (event.ctrlKey ? 5 : 1)), event.clientX, event.clientY);

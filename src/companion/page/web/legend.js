@@ -6,6 +6,38 @@ import { shapesOf } from './marks.js';
 /** @import {Objects} from './objects.js' */
 /** @import {Veil} from './marks.js' */
 
+/**
+ * The fill of an object, empty for none.
+ *
+ * @param {Objects} objects
+ * @param {number} i
+ */
+function colorOf(objects, i) {
+    const fill = shapesOf(objects.elements[i])[0]?.getAttribute('fill') ?? 'none';
+    return fill === 'none' ? '' : fill;
+}
+
+/**
+ * The objects of the legend that stand for a colour.
+ *
+ * @param {Objects} objects
+ */
+function entriesOf(objects) {
+    const { legend } = objects.data;
+    return (legend < 0 ? [] : objects.members(legend))
+        .filter(i => objects.kind(i) === 'node' && colorOf(objects, i) !== '');
+}
+
+/**
+ * Whether the legend has an entry of a colour.
+ *
+ * @param {Objects} objects
+ * @param {string} color
+ */
+export function isLegendColor(objects, color) {
+    return entriesOf(objects).some(i => colorOf(objects, i) === color);
+}
+
 export class Legend {
     /**
      * @param {Objects} objects
@@ -15,16 +47,14 @@ export class Legend {
     constructor(objects, state, veil) {
         this.objects = objects;
         this.state = state;
-        const { legend } = objects.data;
-        this.entries = (legend < 0 ? [] : objects.members(legend))
-            .filter(i => objects.kind(i) === 'node' && this.colorOf(i) !== '');
+        this.entries = entriesOf(objects);
         for (const i of this.entries)
             this.prepare(i);
         state.follow(['color'], () => {
             const { color } = state.now;
             veil.show(color === '' ? null : this.colored(color));
             for (const i of this.entries)
-                objects.elements[i].setAttribute('aria-pressed', String(this.colorOf(i) === color));
+                objects.elements[i].setAttribute('aria-pressed', String(colorOf(objects, i) === color));
         });
     }
 
@@ -45,19 +75,9 @@ export class Legend {
     press(i) {
         if (!this.entries.includes(i))
             return false;
-        const color = this.colorOf(i);
+        const color = colorOf(this.objects, i);
         this.state.change({ color: this.state.now.color === color ? '' : color });
         return true;
-    }
-
-    /**
-     * The fill of an object, empty for none.
-     *
-     * @param {number} i
-     */
-    colorOf(i) {
-        const fill = shapesOf(this.objects.elements[i])[0]?.getAttribute('fill') ?? 'none';
-        return fill === 'none' ? '' : fill;
     }
 
     /**
@@ -69,7 +89,7 @@ export class Legend {
         const withGroups = this.objects.engine === 'sunburst';
         const found = [];
         for (let i = 0; i < this.objects.count; ++i) {
-            if (this.colorOf(i) === color && (withGroups || this.objects.kind(i) === 'node'))
+            if (colorOf(this.objects, i) === color && (withGroups || this.objects.kind(i) === 'node'))
                 found.push(i);
         }
         return found;

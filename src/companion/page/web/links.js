@@ -16,19 +16,22 @@ const linkNames = ['url', 'href'];
 export function linkOf(name, value) {
     if (!linkNames.includes(name.toLowerCase()))
         return '';
-    // Readers of addresses skip control characters and blanks, so a scheme may be hidden among them.
+    const address = value.trim().replaceAll(' ', '%20');
+    if (/[\u0000-\u001f\u007f-\u009f]/.test(address))
+        return '';
+    // A reader may pass over blanks and what is not seen, so that no scheme is to be hidden among them.
     const bare = value.replace(/[\u0000-\u0020\u007f-\u00a0\u200b-\u200f\u2028\u2029\ufeff]/g, '');
     const scheme = /^([^/?#]*?):/.exec(bare);
     if (bare === '' || bare.includes('\\') || (scheme && !/^https?$/i.test(scheme[1])))
         return '';
     try {
-        const { protocol } = new URL(bare, 'https://x.invalid/base/');
+        const { protocol } = new URL(address, 'https://x.invalid/base/');
         if (protocol !== 'http:' && protocol !== 'https:')
             return '';
     } catch {
         return '';
     }
-    return bare.startsWith('//') ? `https:${bare}` : bare;
+    return address.startsWith('//') ? `https:${address}` : address;
 }
 
 /**

@@ -1,8 +1,8 @@
 /** The menus of the bar: engines, examples, and the drawing as a file. */
 
 import { create, createButton, part } from './../../page/web/elements.js';
-import { ask, refusalOf } from './server.js';
-import { tell } from './notices.js';
+import { ask, refusalOf, stateAfter } from './server.js';
+import { tell, tellReplaced } from './notices.js';
 
 /** @import {Session} from './session.js' */
 /** @import {Sender} from './sender.js' */
@@ -67,14 +67,9 @@ export async function fillExamples(session, editor, sender) {
             tell('The example was not fetched.');
             return;
         }
-        const before = [sender.engine ?? session.state?.engine ?? '', editor.text];
+        const before = { engine: sender.engine ?? session.state?.engine ?? '', text: editor.text };
         begin(engine, await answer.text());
-        // A long text is nothing that undo leads back from.
-        if (before[1].trim() !== '')
-            tell('The example has replaced the text.', { 'Bring the text back': () => {
-                begin(before[0], before[1]);
-                tell('');
-            } });
+        tellReplaced('The example has replaced the text.', before.text, () => begin(before.engine, before.text));
     };
     const answer = await ask('examples').catch(() => null);
     /** @type {{engine: string, name: string, title: string}[]} */
@@ -87,17 +82,42 @@ export async function fillExamples(session, editor, sender) {
  * @param {Sender} sender
  */
 export function fillDownloads(session, sender) {
-    const fetchAs = async (/** @type {string} */ path, /** @type {string} */ ending) => {
+    const fetchAs = async (/** @type {string | null} */ given, /** @type {string} */ ending) => {
         await sender.send();
+        if (sender.isAhead) {
+            tell('Not downloaded: the server lacks the text.');
+            return;
+        }
         const stem = session.state?.file.replace(/^.*\//, '').replace(/\.[^.]*$/, '') || 'drawing';
-        await download(path, `${stem}.${ending}`);
+        const path = given ?? await pathOfPage();
+        if (path !== '')
+            await download(path, `${stem}.${ending}`);
     };
     fillMenu('downloads', [
         ...formats.map(format => /** @type {[string, () => void]} */ ([format.toUpperCase(),
             () => fetchAs(`download/${format}`, format === 'xdot1.2' ? 'xdot' : format)])),
-        ['Page (HTML)', () => fetchAs(`page/${session.state?.page?.version ?? 0}`, 'html')],
+        ['Page (HTML)', () => fetchAs(null, 'html')],
         ['Text (DOT)', () => fetchAs('text', 'dot')],
     ]);
+}
+
+/**
+ * Where the page of the text that the server has is found, once it is drawn. If it can't be drawn that is
+ * told, and the path is empty.
+ */
+async function pathOfPage() {
+    try {
+        let state = await stateAfter(-1);
+        while (state.busy)
+            state = await stateAfter(state.version);
+        const { page, text, engine, fault } = state;
+        if (page?.text === text.version && page.engine === engine)
+            return `page/${page.version}`;
+        tell(fault || 'There is nothing to draw.');
+    } catch {
+        tell('The server does not answer.');
+    }
+    return '';
 }
 
 /**

@@ -38,6 +38,22 @@ export function tell(sentence, choices = {}, goes = false) {
 }
 
 /**
+ * Tells that a text was replaced, and offers it again: a long one is nothing that undo leads back to.
+ *
+ * @param {string} sentence
+ * @param {string} text that was replaced; nothing is told of one without content
+ * @param {() => void} bringBack
+ */
+export function tellReplaced(sentence, text, bringBack) {
+    if (text.trim() === '')
+        return;
+    tell(sentence, { 'Bring the text back': () => {
+        bringBack();
+        tell('');
+    } });
+}
+
+/**
  * Offers what to do about a file that differs from what the editor began with.
  *
  * @param {string} sentence

@@ -2,7 +2,7 @@
 
 import { part } from './../../page/web/elements.js';
 import { post, refusalOf } from './server.js';
-import { offer, tell } from './notices.js';
+import { offer, tell, tellReplaced } from './notices.js';
 
 /** @import {Session} from './session.js' */
 /** @import {Sender} from './sender.js' */
@@ -17,6 +17,9 @@ export class Saving {
     constructor(session, sender, editor) {
         this.session = session;
         this.sender = sender;
+        this.editor = editor;
+        /** @type {string | null} the text that gives way to that of the file */
+        this.given = null;
         /** Whether there is a text without a file that the user has written. */
         this.isWritten = false;
         this.isConflict = false;
@@ -24,6 +27,7 @@ export class Saving {
         session.follow(() => this.update());
         editor.follow(isTyped => {
             this.isWritten ||= isTyped;
+            this.offerBack(isTyped);
             this.update();
         });
         addEventListener('beforeunload', event => {
@@ -74,10 +78,28 @@ export class Saving {
     take() {
         return this.sender.enqueue(async () => {
             const answer = await post('take', {});
-            if (answer.ok)
-                this.sender.giveIn();
-            else
+            if (!answer.ok) {
                 tell(await refusalOf(answer));
+                return;
+            }
+            this.given = this.editor.text;
+            this.sender.giveIn();
+        });
+    }
+
+    /**
+     * Offers what was typed, once the text of the file has come in its place.
+     *
+     * @param {boolean} isTyped
+     */
+    offerBack(isTyped) {
+        const { given } = this;
+        this.given = null;
+        if (isTyped || given === null)
+            return;
+        tellReplaced('The file’s text has replaced what was typed.', given, () => {
+            this.editor.startFrom(given);
+            this.sender.send();
         });
     }
 

@@ -42,6 +42,19 @@ export async function ask(path, options = {}) {
 }
 
 /**
+ * The state once it is another one than that of a version. Fails as `ask` does.
+ *
+ * @param {number} version -1 for the present state at once
+ * @returns {Promise<ServerState>}
+ */
+export async function stateAfter(version) {
+    const answer = await ask(`state?after=${version}`);
+    if (!answer.ok)
+        throw new Error(`No state: ${answer.status}.`);
+    return answer.json();
+}
+
+/**
  * @param {string} path
  * @param {Record<string, string | number>} values of the query
  * @param {string} [body]

@@ -3,7 +3,7 @@
  * not answer any more, and that it does so again.
  */
 
-import { ask } from './server.js';
+import { stateAfter } from './server.js';
 
 /** @import {ServerState} from './server.js' */
 
@@ -45,13 +45,9 @@ export class Session {
         }
     }
 
-    /** @returns {Promise<ServerState>} */
-    async next() {
+    next() {
         // A server that is back is asked for what it has, so that it answers at once.
-        const answer = await ask(`state?after=${this.isLost ? -1 : this.state?.version ?? -1}`);
-        if (!answer.ok)
-            throw new Error(`No state: ${answer.status}.`);
-        return answer.json();
+        return stateAfter(this.isLost ? -1 : this.state?.version ?? -1);
     }
 
     /** @param {ServerState} state */
