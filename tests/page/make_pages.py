@@ -4,7 +4,8 @@
     make_pages.py ORR HOSTILE_GRAPH FOLDER
 
 Of each engine the page of an example (treemap.html) and one with hostile texts everywhere
-(hostile-treemap.html), and that of a finished drawing with an object in two pieces (pieces.html).
+(hostile-treemap.html), that of a finished drawing with an object in two pieces (pieces.html), and what a dark
+page has to look at: a finished drawing (lights.html), and heads of lifelines and calls without a fill (heads.html, calls.html).
 """
 
 import pathlib
@@ -31,6 +32,28 @@ PIECES = '''digraph { graph [xdotversion="1.2", bb="0,0,300,200"];
     twice [_draw_="c 7 -#000000 C 7 -#aaccee P 4 180 20 180 80 280 80 280 20 "]; }
 '''
 
+LIGHTS = '''digraph { graph [xdotversion="1.2", bb="0,0,300,300"];
+    black [_draw_="c 7 -#000000 C 7 -#000000 P 4 20 220 20 280 120 280 120 220 ",
+           _ldraw_="F 12 5 -Arial c 7 -#ffffff T 70 250 0 60 5 -black "];
+    faint [_draw_="c 7 -#000000 C 9 -#0000004c P 4 150 220 150 280 280 280 280 220 ",
+           _ldraw_="F 12 5 -Arial c 7 -#000000 T 215 250 0 60 5 -faint "];
+    thin [_draw_="c 7 -#ffffff C 7 -#e6e6e6 P 4 20 190 20 198 120 198 120 190 ",
+          _ldraw_="F 14 5 -Arial c 7 -#000000 T 70 190 0 60 4 -thin "];
+    red [_ldraw_="F 12 5 -Arial c 7 -#ff0000 T 215 190 0 60 3 -red "];
+    grey [_ldraw_="F 12 5 -Arial c 7 -#333333 T 215 170 0 60 4 -grey "];
+    black -> thin [_draw_="c 7 -#0000ff L 2 20 150 280 150 "];
+    thin -> red [_draw_="c 7 -#ff0000 L 2 20 130 280 130 "];
+    red -> grey [_draw_="c 7 -#000000 L 2 20 110 280 110 "]; }
+'''
+
+HEADS = '''digraph { node [uml="object", row="0", fillcolor="none"];
+    a [col="1", label="caller"]; b [col="2", label="callee"];
+    first [uml="activation", row="1", col="1"]; second [uml="activation", row="9", col="2"];
+    first -> second [uml="message", label="asks"]; }
+'''
+
+CALLS = 'digraph { node [fillcolor="none"]; a [label="caller"]; b [label="callee"]; a -> b [label="asks"]; }'
+
 
 def make_page(orr, text, page, *options):
     subprocess.run([orr, 'page', *options, '-o', page], input=text, check=True)
@@ -47,6 +70,9 @@ def main():
         hostile = subprocess.run([hostile_graph, *form], check=True, capture_output=True).stdout
         make_page(orr, hostile, folder / f'hostile-{engine}.html', '-K', engine)
     make_page(orr, PIECES.encode(), folder / 'pieces.html')
+    make_page(orr, LIGHTS.encode(), folder / 'lights.html')
+    make_page(orr, HEADS.encode(), folder / 'heads.html', '-K', 'umlseq')
+    make_page(orr, CALLS.encode(), folder / 'calls.html', '-K', 'gftree')
 
 
 if __name__ == '__main__':

@@ -694,28 +694,109 @@ class Themes(PageCase):
         self.assertEqual(self.browser.run(self.THEME), 'light')
 
     def contrasts(self):
-        """Of each text on the page itself, with the page."""
+        """Of each text with what lies beneath its middle: the last fill before it that hides, or the page.
+
+        The entries are the text, the contrast and whether it lies on a fill.
+        """
         return self.browser.run('''
             const light = color => { const [r, g, b] = color.match(/[\\d.]+/g).slice(0, 3).map(v => v / 255)
                 .map(v => v <= 0.04045 ? v / 12.92 : ((v + 0.055) / 1.055) ** 2.4);
                 return 0.2126 * r + 0.7152 * g + 0.0722 * b + 0.05; };
             const page = light(getComputedStyle(document.body).backgroundColor);
-            const filled = [...document.querySelectorAll('#drawing [data-kind] > :not(text, g)')].filter(shape =>
-                (shape.getAttribute('fill') ?? 'none') !== 'none').map(shape => shape.getBoundingClientRect());
-            const lies = box => filled.some(f => f.left <= box.right && box.left <= f.right && f.top <= box.bottom
-                && box.top <= f.bottom);
-            return [...document.querySelectorAll('#drawing text')].filter(text => !lies(text.getBoundingClientRect()))
-                .map(text => light(getComputedStyle(text).fill)).map(t => Math.max(t, page) / Math.min(t, page));''')
+            const seen = [...document.querySelectorAll('#drawing [data-kind] > *')].filter(one => one.localName !== 'g');
+            const fills = [], found = [];
+            for (const one of seen) {
+                const style = getComputedStyle(one), box = one.getBBox();
+                if (one.localName !== 'text') {
+                    if (style.fill !== 'none' && style.fillOpacity >= 0.5)
+                        fills.unshift([one, light(style.fill)]);
+                    continue;
+                }
+                const middle = new DOMPoint(box.x + box.width / 2, box.y + box.height / 2);
+                const below = fills.find(([shape]) => shape.isPointInFill(middle))?.[1] ?? page;
+                const text = light(style.fill);
+                found.push([one.textContent, Math.max(text, below) / Math.min(text, below), below !== page]);
+            }
+            return found;''')
 
     def test_texts_on_a_dark_page_are_read(self):
-        seen = 0
-        for engine in ENGINES:
-            with self.subTest(engine):
-                self.open(engine, '#theme=dark')
+        seen = {True: 0, False: 0}
+        for page in [*ENGINES, 'lights', 'heads', 'calls']:
+            with self.subTest(page):
+                self.open(page, '#theme=dark')
                 found = self.contrasts()
-                seen += len(found)
-                self.assertGreaterEqual(min(found, default=21), 4.5)
-        self.assertGreater(seen, 0)
+                self.assertGreater(len(found), 0)
+                self.browser.run("document.documentElement.dataset.theme = 'light';")
+                # On a fill the author answers for the contrast, which is the same on a light page.
+                for (text, contrast, on_fill), (_, in_light, _) in zip(found, self.contrasts(), strict=True):
+                    self.assertGreaterEqual(contrast, min(in_light, 4.5) if on_fill else 4.5, text)
+                    seen[on_fill] += 1
+        self.assertGreater(min(seen.values()), 0)
+
+    def painted(self, name, paint, selector='*'):
+        """The colour that a part of an object has on the screen, as three numbers."""
+        color = self.browser.run('''return getComputedStyle(document.querySelector(
+            `#drawing [data-id="${arguments[0]}"] > ${arguments[1]}`))[arguments[2]];''', name, selector, paint)
+        return [int(part) for part in re.findall(r'\d+', color)[:3]]
+
+    def test_fills_of_nodes_stay_where_they_are_black(self):
+        self.open('lights', '#theme=dark')
+        for name in ('black', 'faint'):
+            self.assertEqual(self.painted(name, 'fill', 'polygon'), [0, 0, 0])
+        self.assertEqual(self.painted('black', 'fill', 'text'), [255, 255, 255])
+        self.assertEqual(self.painted('black', 'stroke', 'polygon'), [0, 0, 0], 'a line stays with its fill')
+
+    def test_text_goes_by_what_hides_the_page_at_its_middle(self):
+        self.open('lights', '#theme=dark')
+        self.assertEqual(self.painted('thin', 'fill', 'text'), [0, 0, 0])
+        self.assertGreater(min(self.painted('faint', 'fill', 'text')), 200)
+        self.assertGreater(min(self.painted('faint', 'stroke', 'polygon')), 200)
+
+    def test_colours_keep_their_hue(self):
+        self.open('lights', '#theme=dark')
+        red, green, blue = self.painted('red', 'fill', 'text')
+        self.assertEqual((red, green), (255, blue))
+        self.assertTrue(0 < green < 60, green)
+        self.assertEqual(self.painted('thin->red', 'stroke'), [255, 0, 0], 'enough for a line')
+        red, green, blue = self.painted('black->thin', 'stroke')
+        self.assertEqual((red, blue), (green, 255))
+        self.assertTrue(60 < green < 160, green)
+        for name, paint in (('grey', 'fill'), ('red->grey', 'stroke')):
+            red, green, blue = self.painted(name, paint)
+            self.assertEqual((red, green), (green, blue))
+            self.assertGreater(red, 150)
+
+    def assert_copies_are_as_drawn(self, layer):
+        """What lies over the drawing has the colours of what it was copied from, and some have turned."""
+        self.frames()
+        colors, turned = self.browser.run('''
+            const of = one => [...one.querySelectorAll(':scope > :not(g)')].map(part =>
+                [part.localName, getComputedStyle(part).fill, getComputedStyle(part).stroke].join());
+            const copies = [...document.querySelectorAll(arguments[0] + ' [data-id]')];
+            return [copies.map(copy => [of(copy),
+                        of(document.querySelector(`#drawing [data-id="${CSS.escape(copy.dataset.id)}"]`))]),
+                    copies.filter(copy => [...copy.querySelectorAll('text')].some(text =>
+                        getComputedStyle(text).fill !== 'rgb(0, 0, 0)')).length];''', layer)
+        self.assertGreater(turned, 0)
+        for copy, drawn in colors:
+            self.assertEqual(copy, drawn)
+
+    def test_heads_of_lifelines_turn_with_them(self):
+        self.open('heads', '#theme=dark')
+        self.assert_copies_are_as_drawn('#heads')
+        self.open('heads')
+        self.click('#theme')
+        self.click('#theme')
+        self.assertEqual(self.browser.run(self.THEME), 'dark')
+        self.assert_copies_are_as_drawn('#heads')
+
+    def test_what_is_lit_turns_too(self):
+        self.open('calls', '#chosen=-.node.a&theme=dark')
+        self.assert_copies_are_as_drawn('#lit')
+        self.open('calls', '#chosen=-.node.a&theme=light')
+        self.click('#theme')
+        self.assertEqual(self.browser.run(self.THEME), 'dark')
+        self.assert_copies_are_as_drawn('#lit')
 
     def test_numbers_of_a_matrix_stay_dark_on_their_squares(self):
         self.open('matrix', '#theme=dark')

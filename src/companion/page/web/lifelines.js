@@ -22,10 +22,14 @@ export function keepHeads(layer, objects, view, state) {
         return box ? [{ box, copy: createDrawn('g', { class: 'head' }), i }] : [];
     });
     for (const { box, copy, i } of heads) {
-        const ground = rectOf(box, gap);
-        ground.setAttribute('class', 'head-ground');
-        copy.append(ground, ...objects.pieces(i).map(copyOf));
         layer.append(copy);
+        const draw = () => {
+            const ground = rectOf(box, gap);
+            ground.setAttribute('class', 'head-ground');
+            copy.replaceChildren(ground, ...objects.pieces(i).map(copyOf));
+        };
+        state.follow(['turned'], draw);
+        draw();
     }
     const place = () => {
         const { scale } = state.now.view;

@@ -73,6 +73,15 @@ export function shapesOf(element) {
     return [...element.children].filter(child => child instanceof SVGGeometryElement);
 }
 
+/**
+ * Whether a shape hides what lies below it; one with half of its fill or less does not.
+ *
+ * @param {SVGGeometryElement} shape
+ */
+export function isFilled(shape) {
+    return shape.getAttribute('fill') !== 'none' && Number(shape.getAttribute('fill-opacity') ?? 1) > 0.5;
+}
+
 /** @param {SVGGeometryElement} shape */
 function bareCopy(shape) {
     const copy = /** @type {SVGElement} */ (shape.cloneNode());
@@ -127,13 +136,17 @@ export class Veil {
      * @param {SVGElement} layer lies on the drawing and has its size
      * @param {Element} drawing
      * @param {Objects} objects
+     * @param {State} state
      */
-    constructor(layer, drawing, objects) {
+    constructor(layer, drawing, objects, state) {
         for (const name of ['width', 'height', 'viewBox'])
             layer.setAttribute(name, drawing.getAttribute(name) ?? '');
         this.layer = layer;
         this.drawing = drawing;
         this.objects = objects;
+        /** @type {number[] | null} */
+        this.lit = null;
+        state.follow(['turned'], () => this.show(this.lit));
     }
 
     /**
@@ -142,6 +155,7 @@ export class Veil {
      * @param {number[] | null} lit
      */
     show(lit) {
+        this.lit = lit;
         this.drawing.classList.toggle('dimmed', lit !== null);
         this.layer.replaceChildren();
         if (!lit)
@@ -162,11 +176,11 @@ export class Veil {
         if (!box || this.objects.kind(i) === 'edge')
             return [];
         for (const group of this.objects.path(i).reverse()) {
-            const fill = shapesOf(this.objects.elements[group])[0]?.getAttribute('fill') ?? 'none';
-            if (fill === 'none')
+            const shape = shapesOf(this.objects.elements[group])[0];
+            if (!shape || !isFilled(shape))
                 continue;
             const ground = rectOf(box, 0);
-            ground.setAttribute('fill', fill);
+            ground.setAttribute('fill', shape.getAttribute('fill') ?? '');
             return [ground];
         }
         return [];

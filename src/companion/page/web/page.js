@@ -83,7 +83,7 @@ function prepareParts(objects, state, view) {
     };
     const drawing = part('drawing');
     const marks = new Marks(drawnPart('marks'), view, state);
-    const veil = new Veil(drawnPart('lit'), drawing, objects);
+    const veil = new Veil(drawnPart('lit'), drawing, objects, state);
     const matches = new Matches(objects, state);
     const panel = new Panel(part('panel'), objects, state, choose);
     if (objects.isChart)

@@ -23,6 +23,7 @@
  * @property {string} color fill of the objects that a legend lights, empty for none
  * @property {boolean} table whether the table stands in the place of the drawing
  * @property {string} theme auto, light or dark
+ * @property {boolean} turned whether lines and texts have been made ready for a dark page
  */
 
 /** @type {Values} */
@@ -38,6 +39,7 @@ const initialValues = {
     color: '',
     table: false,
     theme: 'auto',
+    turned: false,
 };
 
 export class State {

@@ -14,15 +14,14 @@ const themes = ['auto', 'light', 'dark'];
  */
 export function followTheme(button, objects, state) {
     const system = matchMedia('(prefers-color-scheme: dark)');
-    let areTurned = false;
     const apply = () => {
         const { theme } = state.now;
         const isDark = theme === 'dark' || (theme === 'auto' && system.matches);
         document.documentElement.dataset.theme = isDark ? 'dark' : 'light';
         button.textContent = `Theme: ${theme}`;
-        if (isDark && !areTurned) {
-            areTurned = true;
+        if (isDark && !state.now.turned) {
             turnLines(objects);
+            state.change({ turned: true });
         }
     };
     button.addEventListener('click', () => {
