@@ -63,8 +63,7 @@ TEST_F(JoinModulesTest, joins_without_comments_and_imports)
               "    \"function one(a){\\012\"\n"
               "    \"return `${a}\\134n` \\077\\077 '// x'; \\012\"\n    \"}\\012\"\n"
               "    \"console.log(one);\\012\"\n    \"})();\\012\",\n    94");
-    EXPECT_EQ(constant("pageTheme"),
-              "pageTheme(\n    \"a {\\012\"\n    \"b: c;\\012\"\n    \"}\\012\",\n    12");
+    EXPECT_EQ(constant("pageTheme"), "pageTheme(\n    \"a{\\012\"\n    \"b:c;}\\012\",\n    9");
 }
 
 TEST_F(JoinModulesTest, takes_the_header_and_the_places_of_its_page)

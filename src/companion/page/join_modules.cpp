@@ -258,13 +258,25 @@ std::string joined(const std::filesystem::path &folder)
     return code + "})();\n";
 }
 
+// A line of the theme without blanks and an end that say nothing.
+std::string compactRule(std::string line)
+{
+    if (line.ends_with(" {"))
+        return line.erase(line.size() - 2, 1) + '\n';
+    if (!line.ends_with(';'))
+        return line + '\n';
+    if (const size_t colon = line.find(": "); colon != std::string::npos)
+        line.erase(colon + 1, 1);
+    return line;
+}
+
 std::string themeOf(const std::filesystem::path &path)
 {
     CommentStripper stripper(false);
     std::string theme;
     for (const std::string &line : linesOf(contentOf(path))) {
         const std::string kept = stripper.stripped(line);
-        theme += kept.empty() ? kept : kept + '\n';
+        theme += kept.empty() ? kept : compactRule(kept);
     }
     return theme;
 }
