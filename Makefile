@@ -62,6 +62,7 @@ form: packages
 lint: PACKAGES += $(LINT_PACKAGES)
 lint: form
 	cmake --preset lint
+	cmake --build build/lint --target joined_sources
 	run-clang-tidy-14 -p build/lint -quiet -j "$$(nproc)" -header-filter='/src/.*' 'lint/src/.*/Unity/|/src/.*main\.cpp' \
 	        >build/lint/findings 2>&1 || { cat build/lint/findings; exit 1; }
 
