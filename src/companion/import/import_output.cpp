@@ -24,6 +24,8 @@ QString suffixOf(const std::string &output)
 
 std::optional<Drawing::Format> formatOf(const std::string &output)
 {
+    if (suffixOf(output) == u"xdot"_s) // for orrlayout that is ".dot", which is the graph here
+        return Drawing::Format::XDot;
     return Drawing::chooseFromAllFormats({}, QString::fromStdString(output));
 }
 
@@ -56,6 +58,7 @@ ImportTarget importTarget(const std::string &output)
 std::string importSuffixes()
 {
     QStringList all = Drawing::allFormatNames();
+    all.first() = u"xdot"_s;
     all += pageSuffixes.first();
     all += textSuffixes.first();
     return '.' + all.join(u", ."_s).toLower().toStdString();
