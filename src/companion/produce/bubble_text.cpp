@@ -47,7 +47,8 @@ private:
 
     void closeDeep(int depth);
     QList<int> innerFirst() const;
-    double packedRadius();
+    double radiusOf(const ShownThing &shown) const;
+    double packedRadius() const;
     bool fitInto(double radius);
     void writeHead(int diameter);
     void writeMembers();
@@ -99,13 +100,18 @@ QList<int> BubbleWriter::innerFirst() const
     return things;
 }
 
+double BubbleWriter::radiusOf(const ShownThing &shown) const
+{
+    return std::sqrt(shown.weight * scale / std::numbers::pi);
+}
+
 // The radius of the whole as the engine packs it: groups before single circles.
-double BubbleWriter::packedRadius()
+double BubbleWriter::packedRadius() const
 {
     QHash<int, double> radii;
     for (const int thing : innerFirst()) {
         if (tree[thing].children.isEmpty()) {
-            radii[thing] = Graph::Layout::bubbleRadius(0, tree[thing].weight * scale);
+            radii[thing] = radiusOf(tree[thing]);
             continue;
         }
         QList<Graph::Layout::PackCircle> circles;
@@ -165,13 +171,16 @@ QString BubbleWriter::labelOf(const ShownThing &shown, double radius) const
 void BubbleWriter::writeCircle(int thing)
 {
     const ShownThing &shown = tree[thing];
-    const double area = shown.weight * scale;
+    const double radius = radiusOf(shown);
     const QByteArray fill = paint.fillOf(shown);
     Attributes attributes;
-    const QString label = labelOf(shown, Graph::Layout::bubbleRadius(0, area));
+    const QString label = labelOf(shown, radius);
     if (!label.isEmpty())
         attributes.label(label);
-    attributes.number("area", area).text("fillcolor", QString::fromLatin1(fill));
+    // The radius is what is drawn; the area is the weight, for whoever asks for shares.
+    attributes.number("radius", radius)
+        .number("area", areaOf(shown.weight, tree))
+        .text("fillcolor", QString::fromLatin1(fill));
     if (const QByteArray letters = letterColor(fill); letters != "#000000")
         attributes.text("fontcolor", QString::fromLatin1(letters));
     addFacts(&attributes, job, tree, thing);

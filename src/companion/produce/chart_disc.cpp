@@ -30,11 +30,9 @@ DiscRoom discRoom(const TreeJob &job, const ShownTree &tree, const TreePaint &pa
                   const QString &size, int margin)
 {
     const QSize page(Graph::truncated(job.request.width), Graph::truncated(job.request.height));
-    const QString title = titleWithWeight(job, tree);
-    const QString meaning = meaningWords(job, size);
-    const QString lines = meaning.isEmpty() ? title : title + u'\n' + meaning;
-    ChartKey beside("right", lines, paint.entries(), page.width() / 3);
-    ChartKey below("bottom", lines, paint.entries(), page.width());
+    const KeyHead head = {titleWithWeight(job, tree), meaningWords(job, size)};
+    ChartKey beside(ChartKey::Right, head, paint.entries(), page.width() / 3);
+    ChartKey below(ChartKey::Bottom, head, paint.entries(), page.width());
     const int besideDiameter = largestDisc(beside, page, margin);
     const int belowDiameter = largestDisc(below, page, margin);
     const int side = std::min(page.width(), page.height());

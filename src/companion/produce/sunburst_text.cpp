@@ -17,7 +17,8 @@ namespace {
 constexpr int margin = 4; // of the engine, around the rings
 constexpr double holeShare = 0.7; // of a ring's width: the radius of the hole in the middle
 constexpr double leastRing = 14; // its width, in points
-constexpr double leastArc = 3; // of a slice at its outer side, in points
+constexpr double leastArc = 2.5; // of a slice at its outer side, in points
+constexpr double leastSweepAnywhere = 2 * Graph::Layout::smallestSweep;
 constexpr double wholeSweep = 360;
 
 // Writes a tree as rings.
@@ -37,6 +38,7 @@ private:
         qsizetype next = 0; // child
     };
 
+    int ringCount() const;
     int foldNarrow(double radius, int rings);
     qsizetype wideChildren(int thing, double leastSweep) const;
     void writeHead(double ringWidth);
@@ -77,6 +79,21 @@ qsizetype SunburstWriter::wideChildren(int thing, double leastSweep) const
     return wide;
 }
 
+// How many rings have slices that are not too narrow for any.
+int SunburstWriter::ringCount() const
+{
+    int outermost = 0;
+    QList<Place> left = {{0, 0}};
+    while (!left.isEmpty()) {
+        const auto [thing, ring, next] = left.takeLast();
+        outermost = std::max(outermost, ring);
+        const qsizetype wide = wideChildren(thing, leastSweepAnywhere);
+        for (qsizetype i = 0; i < wide; ++i)
+            left.append({tree[thing].children.at(i), ring + 1});
+    }
+    return outermost;
+}
+
 // Folds what can't be seen where there are so many rings in the radius. How many rings are left.
 int SunburstWriter::foldNarrow(double radius, int rings)
 {
@@ -87,8 +104,8 @@ int SunburstWriter::foldNarrow(double radius, int rings)
         const auto [thing, ring, next] = left.takeLast();
         outermost = std::max(outermost, ring);
         const double outerSide = width * (ring + 1 + holeShare);
-        const double leastSweep = std::max(2 * Graph::Layout::smallestSweep,
-                                           leastArc / outerSide * 180 / std::numbers::pi);
+        const double leastSweep =
+            std::max(leastSweepAnywhere, leastArc / outerSide * 180 / std::numbers::pi);
         const qsizetype wide = wideChildren(thing, leastSweep);
         if (ring > 0 && (ring >= rings || wide == 0)) {
             tree.close(thing);
@@ -159,8 +176,7 @@ WrittenGraph SunburstWriter::write()
     const DiscRoom room = discRoom(job, tree, paint, u"angle"_s, margin);
     const double radius = room.diameter / 2.0;
     const int most = std::max(1, Graph::truncated(radius / leastRing - holeShare));
-    // As the rings get wider, less of them is too narrow: the first count is one of what is there.
-    const int rings = std::max(1, foldNarrow(radius, most));
+    const int rings = std::max(1, foldNarrow(radius, std::clamp(ringCount(), 1, most)));
     writeHead(widthOfRings(radius, rings));
     writeMembers();
     room.key.write(&text);

@@ -252,7 +252,8 @@ WrittenGraph TreemapWriter::write()
     const int width = Graph::truncated(job.request.width);
     const int height = Graph::truncated(job.request.height);
     QStringList notes;
-    ChartKey legend("bottom", meaningWords(job, u"area"_s), paint.entries(), width);
+    ChartKey legend(ChartKey::Bottom, {.meaning = meaningWords(job, u"area"_s)}, paint.entries(),
+                    width);
     int legendHeight = legend.pageOf(QRect(0, 0, width, height)).height() - height;
     if (legendHeight > height / 2) {
         legend.leaveOut();
