@@ -177,10 +177,7 @@ void BubbleWriter::writeCircle(int thing)
     const QString label = labelOf(shown, radius);
     if (!label.isEmpty())
         attributes.label(label);
-    // The radius is what is drawn; the area is the weight, for whoever asks for shares.
-    attributes.number("radius", radius)
-        .number("area", areaOf(shown.weight, tree))
-        .text("fillcolor", QString::fromLatin1(fill));
+    attributes.number("radius", radius).text("fillcolor", QString::fromLatin1(fill));
     if (const QByteArray letters = letterColor(fill); letters != "#000000")
         attributes.text("fontcolor", QString::fromLatin1(letters));
     addFacts(&attributes, job, tree, thing);

@@ -15,9 +15,8 @@ struct TextOfEngine
 };
 
 constexpr TextOfEngine texts[] = {
-    {"treemap", treemapText},
-    {"sunburst", sunburstText},
-    {"flatbubble", bubbleText},
+    {"treemap", treemapText}, {"sunburst", sunburstText}, {"flatbubble", bubbleText},
+    {"bar", barText},         {"gftree", callTreeText},
 };
 
 } // namespace
