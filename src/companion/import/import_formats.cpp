@@ -1,12 +1,29 @@
+#include "companion/import/csv_import.h"
+#include "companion/import/du_import.h"
+#include "companion/import/folded_import.h"
 #include "companion/import/import_format.h"
+#include "companion/import/line_counts_import.h"
+#include "companion/import/numstat_import.h"
 
 using namespace Qt::StringLiterals;
 
 namespace ORR::Companion {
 
+// clang-format off
+static constexpr ImportFormat table[] = {
+    {"folded", "folded stacks of profilers", "sunburst treemap flatbubble bar gftree", "samples", "the outermost calls", "", likenessOfFolded, readFolded},
+    {"cloc", "cloc --json --by-file", "treemap sunburst flatbubble bar gftree", "lines of code", "languages", "", likenessOfCloc, readCloc},
+    {"scc", "scc --format json --by-file", "treemap sunburst flatbubble bar gftree", "lines of code", "languages", "", likenessOfScc, readScc},
+    {"tokei", "tokei --output json --files", "treemap sunburst flatbubble bar gftree", "lines of code", "languages", "", likenessOfTokei, readTokei},
+    {"du", "du -a, also with -0 or -b", "treemap sunburst flatbubble bar gftree", "sizes of files", "folders", "--by", likenessOfDu, readDu},
+    {"numstat", "git log --numstat", "treemap sunburst flatbubble bar gftree", "lines", "lines changed", "--by", likenessOfNumstat, readNumstat},
+    {"csv", "tables with a column of paths", "treemap sunburst flatbubble bar gftree", "the column of --area", "the column of --color", "--path --area --color --separator", likenessOfCsv, readCsv},
+};
+// clang-format on
+
 std::span<const ImportFormat> importFormats()
 {
-    return {};
+    return table;
 }
 
 const ImportFormat *importFormat(QStringView name)

@@ -1,0 +1,104 @@
+#include "companion/import/folded_import.h"
+
+#include "companion/findings/quoted_text.h"
+#include "companion/import/first_lines.h"
+#include "companion/import/path_walk.h"
+#include "companion/import/stated_number.h"
+#include "companion/import/tree_result.h"
+
+using namespace Qt::StringLiterals;
+
+namespace ORR::Companion {
+
+namespace {
+
+constexpr char frameSeparator = ';';
+
+struct FoldedLine
+{
+    QByteArrayView stack;
+    QByteArrayView count; // empty if there is none
+};
+
+bool isStackBlank(char c)
+{
+    return c == ' ' || c == '\t';
+}
+
+FoldedLine foldedLine(QByteArrayView line)
+{
+    while (!line.isEmpty() && isStackBlank(line.back()))
+        line.chop(1);
+    qsizetype start = line.size();
+    while (start > 0 && !isStackBlank(line[start - 1]))
+        --start;
+    const QByteArrayView count = line.sliced(start);
+    while (start > 0 && isStackBlank(line[start - 1]))
+        --start;
+    return {.stack = line.first(start), .count = count};
+}
+
+bool isStackComment(QByteArrayView line)
+{
+    return line.startsWith("# ");
+}
+
+std::optional<ImportFault> readStacks(ImportSource &source, WeightTree *tree, PathWalk *stacks)
+{
+    QByteArrayView line;
+    while (source.nextLine(&line)) {
+        const FoldedLine parts = foldedLine(line);
+        if (parts.count.isEmpty() || isStackComment(line))
+            continue;
+        if (parts.stack.isEmpty())
+            return source.faultHere(quotedText(line)
+                                    + u" is no folded stack; frames with ';' between are followed "
+                                      "by a blank and a count"_s);
+        QString why;
+        const std::optional<double> count = statedWeight(parts.count, &why);
+        if (!count)
+            return source.faultHere(why + u"; a folded stack ends with its count"_s);
+        tree->addWeight(stacks->at(parts.stack), *count);
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+int likenessOfFolded(QByteArrayView beginning)
+{
+    int whole = 0;
+    int deep = 0;
+    for (const QByteArrayView line : firstLines(beginning)) {
+        if (isStackComment(line))
+            continue;
+        const FoldedLine parts = foldedLine(line);
+        const std::optional<double> count = statedNumber(parts.count);
+        if (!count || *count < 0 || parts.stack.isEmpty())
+            return 0;
+        ++whole;
+        deep += parts.stack.contains(frameSeparator) ? 1 : 0;
+    }
+    if (whole == 0 || deep == 0)
+        return 0;
+    return 2 * deep >= whole ? 90 : 60;
+}
+
+ImportResult readFolded(std::vector<ImportSource> &sources, const ImportOptions & /*options*/)
+{
+    WeightTree tree;
+    PathWalk stacks(&tree, frameSeparator, PathWalk::Parts::Names);
+    for (ImportSource &source : sources) {
+        if (std::optional<ImportFault> fault = readStacks(source, &tree, &stacks))
+            return {.fault = std::move(fault)};
+    }
+    return treeResult(std::move(tree),
+                      {.weight = u"samples"_s,
+                       .unit = TreeMeaning::Unit::Count,
+                       .coloring = TreeMeaning::Coloring::ByTop,
+                       .color = u"called from"_s,
+                       .pathsAreFiles = false},
+                      sources, u"there is no stack with a count above 0"_s);
+}
+
+} // namespace ORR::Companion
