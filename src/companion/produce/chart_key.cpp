@@ -1,5 +1,6 @@
 #include "companion/produce/chart_key.h"
 
+#include "companion/produce/label_ruler.h"
 #include "layout/charts/legend_places.h"
 
 #include <QStringList>
@@ -8,8 +9,8 @@ namespace ORR::Companion {
 
 namespace {
 
-constexpr int titleSize = 11;
-constexpr int entrySize = 10;
+constexpr int titleFont = 11;
+constexpr int entryFont = 10;
 constexpr auto swatchLine = u"#8A98A8";
 
 QString elidedLines(const QString &text, const LabelRuler &ruler, int widest)
@@ -30,11 +31,24 @@ Graph::Layout::LegendSide sideOf(const QByteArray &side)
 
 ChartKey::ChartKey(const char *legendSide, const QString &legendTitle,
                    const QList<KeyEntry> &legendEntries, int widest)
-    : side(legendSide), entries(legendEntries), titleRuler(titleSize), entryRuler(entrySize)
+    : side(legendSide)
 {
+    const LabelRuler titleRuler(titleFont);
     title = elidedLines(legendTitle, titleRuler, widest);
-    for (KeyEntry &entry : entries)
-        entry.label = entryRuler.elided(entry.label, widest - 2 * entryRuler.lineHeight());
+    if (!title.isEmpty())
+        titleSize = titleRuler.sizeOf(title);
+
+    constexpr int gap = 4; // between a square, which is as high as its text, and that
+    const LabelRuler entryRuler(entryFont);
+    const int widestEntry = widest - gap - entryRuler.lineHeight();
+    for (const KeyEntry &entry : legendEntries) {
+        const QString label = entryRuler.elided(entry.label, widestEntry);
+        if (label.isEmpty())
+            continue;
+        const QSize size = entryRuler.sizeOf(label);
+        entries.append({label, entry.fill});
+        entrySizes.append({size.width() + gap + size.height(), size.height()});
+    }
 }
 
 QSize ChartKey::pageOf(const QRect &chart) const
@@ -43,15 +57,8 @@ QSize ChartKey::pageOf(const QRect &chart) const
         return Graph::Layout::pageWithoutLegend(chart);
     Graph::Layout::LegendParts parts;
     parts.side = sideOf(side);
-    if (!title.isEmpty())
-        parts.title = titleRuler.sizeOf(title);
-    for (const KeyEntry &entry : entries) {
-        if (entry.label.isEmpty())
-            continue;
-        const QSize size = entryRuler.sizeOf(entry.label);
-        constexpr int gap = 4; // between a square, which is as high as its text, and that
-        parts.entries.append({size.width() + gap + size.height(), size.height()});
-    }
+    parts.title = titleSize;
+    parts.entries = entrySizes;
     return Graph::Layout::legendPlaces(parts, chart).page;
 }
 
@@ -70,16 +77,15 @@ void ChartKey::write(GraphText *text) const
     if (!title.isEmpty())
         group.label(title);
     const QString family = QString::fromLatin1(LabelRuler::family);
-    group.text("fontname", family).number("fontsize", titleSize);
+    group.text("fontname", family).number("fontsize", titleFont);
     text->beginGroup(group);
     text->nodeDefaults(Attributes()
                            .text("color", swatchLine)
                            .text("fontname", family)
-                           .number("fontsize", entrySize));
+                           .number("fontsize", entryFont));
     for (const KeyEntry &entry : entries) {
-        if (!entry.label.isEmpty())
-            text->node(
-                Attributes().label(entry.label).text("fillcolor", QString::fromLatin1(entry.fill)));
+        text->node(
+            Attributes().label(entry.label).text("fillcolor", QString::fromLatin1(entry.fill)));
     }
     text->endGroup();
 }

@@ -1,13 +1,14 @@
 #pragma once
 
 #include "companion/produce/graph_text.h"
-#include "companion/produce/label_ruler.h"
 
 #include <QByteArray>
 #include <QList>
 #include <QRect>
 #include <QSize>
 #include <QString>
+
+#include <optional>
 
 namespace ORR::Companion {
 
@@ -39,9 +40,9 @@ public:
 private:
     QByteArray side;
     QString title;
-    QList<KeyEntry> entries;
-    LabelRuler titleRuler;
-    LabelRuler entryRuler;
+    QList<KeyEntry> entries; // none without a label
+    std::optional<QSize> titleSize;
+    QList<QSize> entrySizes;
 };
 
 } // namespace ORR::Companion
