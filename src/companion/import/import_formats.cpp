@@ -1,12 +1,24 @@
 #include "companion/import/import_format.h"
 
+#include "companion/import/deps_import.h"
+
 using namespace Qt::StringLiterals;
 
 namespace ORR::Companion {
 
+namespace {
+
+// clang-format off
+constexpr ImportFormat table[] = {
+    {"deps", "package-lock.json, cargo metadata, compile_commands.json, CMake's file API, lists", "matrix gftree", "", "cycles", "--by", likenessOfDeps, readDeps},
+};
+// clang-format on
+
+} // namespace
+
 std::span<const ImportFormat> importFormats()
 {
-    return {};
+    return table;
 }
 
 const ImportFormat *importFormat(QStringView name)
