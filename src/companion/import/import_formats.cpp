@@ -1,6 +1,7 @@
 #include "companion/import/import_format.h"
 
 #include "companion/import/deps_import.h"
+#include "companion/import/dot_import.h"
 
 using namespace Qt::StringLiterals;
 
@@ -10,6 +11,7 @@ namespace {
 
 // clang-format off
 constexpr ImportFormat table[] = {
+    {"dot", "any program that writes DOT", "gftree matrix", "", "as in the graph; cycles", "--layout", likenessOfDot, readDot},
     {"deps", "package-lock.json, cargo metadata, compile_commands.json, CMake's file API, lists", "matrix gftree", "", "cycles", "--by", likenessOfDeps, readDeps},
 };
 // clang-format on

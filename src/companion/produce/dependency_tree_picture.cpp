@@ -16,7 +16,8 @@ namespace {
 constexpr int treeTitleSize = 14;
 
 constexpr qsizetype mostToldLinks = 5;
-constexpr int mostDrawn = 600; // more can't be told apart on any page
+constexpr int mostDrawn = 400; // more can't be told apart on any page
+constexpr qsizetype mostLines = 200; // nor more lines be followed
 
 // How much room things get, and which way the levels follow each other.
 struct TreeRoom
@@ -48,6 +49,7 @@ public:
 
     QByteArray written();
     QStringList notes() const;
+    qsizetype lineCount() const;
 
 private:
     QString direction() const
@@ -127,7 +129,7 @@ void TreeWriter::writePart(int part)
     const QString label = nameOf(part);
     QStringList lines;
     for (const QStringView line : QStringView(label).split(u'\n'))
-        lines.append(elidedLine(line.toString(), room.textSize, room.widestName));
+        lines.append(elidedLine(line.toString(), room.textSize, room.widestName, Qt::ElideLeft));
     Attributes attributes;
     attributes.label(lines.join(u'\n'));
     if (look.isEmpty()) {
@@ -184,11 +186,8 @@ QByteArray TreeWriter::written()
             text.edge(root, ids[part], Attributes().text("color", u"#C9D1D9"));
     }
     for (const LevelledGraph::Edge &edge : std::as_const(levels.edges)) {
-        // Arrows of the engine lie: they suit lines that do so, too.
         if (!edge.isImplied)
-            text.edge(ids[edge.tail], ids[edge.head],
-                      direction() == u"LR" ? Attributes().text("arrowhead", u"normal")
-                                           : Attributes());
+            text.edge(ids[edge.tail], ids[edge.head]);
     }
     writeKey(root);
     return text.finished();
@@ -206,6 +205,12 @@ QString TreeWriter::cutNote() const
                 ? u"One link that closes a cycle is not drawn: "_s
                 : u"%1 links that close cycles are not drawn: "_s.arg(levels.cut.size()))
         + told.join(u", "_s) + u'.';
+}
+
+qsizetype TreeWriter::lineCount() const
+{
+    return std::count_if(levels.edges.cbegin(), levels.edges.cend(),
+                         [](const LevelledGraph::Edge &edge) { return !edge.isImplied; });
 }
 
 QStringList TreeWriter::notes() const
@@ -235,8 +240,11 @@ WrittenGraph writeDependencyTree(const Dependencies &dependencies, const Depende
 {
     PictureRequest fitting = request;
     fitting.title = elidedLine(request.title, treeTitleSize, request.width / 4);
-    const int most = int(std::clamp<qsizetype>(dependencies.thingCount(), 1,
-                                               std::max(1, std::min(request.most, mostDrawn))));
+    int most = int(std::clamp<qsizetype>(dependencies.thingCount(), 1,
+                                         std::max(1, std::min(request.most, mostDrawn))));
+    while (most > 1
+           && TreeWriter(dependencies, meaning, fitting, rooms[0], most).lineCount() > mostLines)
+        most = 2 * most / 3;
     const auto fitted = [&](const TreeRoom &room, int tries) {
         const auto write = [&](int count) {
             return TreeWriter(dependencies, meaning, fitting, room, count).written();

@@ -24,12 +24,12 @@ double lineWidth(const QString &text, int fontSize)
     return metricsOf(fontSize).horizontalAdvance(text.left(longestMeasured));
 }
 
-QString elidedLine(const QString &text, int fontSize, double width)
+QString elidedLine(const QString &text, int fontSize, double width, Qt::TextElideMode mode)
 {
     const QString line = text.size() <= longestMeasured
         ? text
         : text.left(longestMeasured / 2) + text.right(longestMeasured / 2);
-    return metricsOf(fontSize).elidedText(line, Qt::ElideMiddle, width);
+    return metricsOf(fontSize).elidedText(line, mode, width);
 }
 
 } // namespace ORR::Companion

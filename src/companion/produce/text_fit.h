@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <qnamespace.h>
 
 namespace ORR::Companion {
 
@@ -10,7 +11,8 @@ inline constexpr const char *drawnFont = "Arial";
 // The width of a line of text in that font, in points.
 double lineWidth(const QString &text, int fontSize);
 
-// The text, or what of its beginning and its end is no wider.
-QString elidedLine(const QString &text, int fontSize, double width);
+// The text, or what of it is no wider, with an ellipsis.
+QString elidedLine(const QString &text, int fontSize, double width,
+                   Qt::TextElideMode mode = Qt::ElideMiddle);
 
 } // namespace ORR::Companion
