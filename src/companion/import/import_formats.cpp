@@ -1,12 +1,26 @@
 #include "companion/import/import_format.h"
 
+#include "companion/import/mermaid_import.h"
+#include "companion/import/plantuml_import.h"
+
 using namespace Qt::StringLiterals;
 
 namespace ORR::Companion {
 
+namespace {
+
+// clang-format off
+constexpr ImportFormat table[] = {
+    {"mermaid", "sequence diagrams of Mermaid", "umlseq", "", "", "", likenessOfMermaid, readMermaid},
+    {"plantuml", "sequence diagrams of PlantUML", "umlseq", "", "", "", likenessOfPlantuml, readPlantuml},
+};
+// clang-format on
+
+} // namespace
+
 std::span<const ImportFormat> importFormats()
 {
-    return {};
+    return table;
 }
 
 const ImportFormat *importFormat(QStringView name)
