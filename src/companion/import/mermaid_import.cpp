@@ -88,7 +88,7 @@ bool MermaidReader::passOver(const QString &line)
     }
     if (isInFrontMatter) {
         if (line.startsWith(u"title:"))
-            builder.sequence.title = plainMermaidText(line.sliced(6));
+            builder.sequence.title = unquotedMermaidText(line.sliced(6));
         return true;
     }
     if (isInDescription || isInDirective) {
@@ -230,7 +230,7 @@ void MermaidReader::declare(const QString &word, const QString &rest, bool isCre
 {
     const qsizetype brace = std::max<qsizetype>(rest.lastIndexOf(u'}'), 0);
     const qsizetype as = rest.indexOf(u" as "_s, brace);
-    const QString alias = as < 0 ? QString() : plainMermaidText(rest.sliced(as + 4));
+    const QString alias = as < 0 ? QString() : unquotedMermaidText(rest.sliced(as + 4));
     QString id = (as < 0 ? rest : rest.first(as)).trimmed();
     QString attributes;
     const qsizetype at = id.indexOf(u"@{"_s);

@@ -3,7 +3,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
-#include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -167,6 +167,11 @@ MermaidMessage mermaidMessage(const QString &statement)
         message.head = Head::Circle;
     if (colon >= 0)
         message.text = plainMermaidText(behind.sliced(colon + 1));
+    // A head at the left end alone is that of a message of the right one.
+    if (message.head == Head::NoHead && message.tail != Head::NoHead) {
+        std::swap(message.from, message.to);
+        std::swap(message.head, message.tail);
+    }
     return message;
 }
 
@@ -196,7 +201,12 @@ QString plainMermaidText(const QString &text)
     plain.replace(lineBreak, u"\n"_s);
     plain.replace(u"\\n"_s, u"\n"_s);
     plain = withCharactersOfCodes(plain);
-    plain = plain.trimmed();
+    return plain.trimmed();
+}
+
+QString unquotedMermaidText(const QString &text)
+{
+    const QString plain = plainMermaidText(text);
     const bool isQuoted = plain.size() > 1 && plain.startsWith(u'"') && plain.endsWith(u'"');
     return isQuoted ? plain.sliced(1).chopped(1) : plain;
 }

@@ -32,5 +32,7 @@ QStringList mermaidStatements(const QString &line);
 
 // A text as it is meant to be read: breaks of lines are line feeds, codes are their characters.
 QString plainMermaidText(const QString &text);
+// The same without the quotes around it.
+QString unquotedMermaidText(const QString &text);
 
 } // namespace ORR::Companion

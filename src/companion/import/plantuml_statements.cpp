@@ -29,7 +29,7 @@ QRegularExpression linePattern(const QString &text)
 // "#red", "#FFAA00", "#red/blue" (the first of two); empty if it is none.
 QString PlantumlReader::fill(const QString &word)
 {
-    static const QRegularExpression first(u"^#?([A-Za-z]+|[0-9A-Fa-f]{3,8})"_s);
+    static const QRegularExpression first(u"^#?(\\w+)"_s);
     const QString plain = first.match(word).captured(1);
     const QString named = plainColor(plain);
     const QString color = named.isEmpty() ? plainColor(u'#' + plain) : named;

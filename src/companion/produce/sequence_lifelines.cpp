@@ -26,14 +26,14 @@ GraphText::Id SequenceLifelines::place(int participant, int row)
                            .number("col", grid.of(participant, SequenceColumns::Life)));
 }
 
-void SequenceLifelines::begin(int participant, const GraphText::Id &head)
+void SequenceLifelines::begin(int participant, const GraphText::Id &head, int row)
 {
-    lines[participant] = {.last = head};
+    lines[participant] = {.last = head, .lastRow = row};
 }
 
-void SequenceLifelines::end(int participant, const GraphText::Id &foot)
+void SequenceLifelines::end(int participant, const GraphText::Id &foot, int row)
 {
-    through(participant, foot);
+    through(participant, foot, row);
     lines[participant].isEnded = true;
 }
 
@@ -50,7 +50,7 @@ void SequenceLifelines::openBar(int participant, int row, const QString &fill)
         attributes.text("fillcolor", fill);
     const GraphText::Id id = graph->node(attributes);
     if (line.bars.isEmpty())
-        through(participant, id);
+        through(participant, id, row);
     line.bars.append({.id = id, .row = row, .fill = fill});
 }
 
@@ -77,22 +77,25 @@ void SequenceLifelines::resume(int participant, int row)
         openBar(participant, row, fill);
 }
 
-void SequenceLifelines::through(int participant, const GraphText::Id &node)
+void SequenceLifelines::through(int participant, const GraphText::Id &node, int row)
 {
     Line &line = lines[participant];
-    if (!line.last.isEmpty())
+    // Between two things on one row there is no line.
+    if (!line.last.isEmpty() && line.lastRow < row)
         link(line.last, node, u"dashed");
     line.last = node;
+    line.lastRow = row;
 }
 
 void SequenceLifelines::leaveOut(int participant, int from, int to, bool isDotted)
 {
     const GraphText::Id upper = place(participant, from);
     const GraphText::Id lower = place(participant, to);
-    through(participant, upper);
+    through(participant, upper, from);
     if (isDotted)
         link(upper, lower, u"dotted");
     lines[participant].last = lower;
+    lines[participant].lastRow = to;
 }
 
 } // namespace ORR::Companion

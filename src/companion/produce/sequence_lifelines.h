@@ -15,12 +15,12 @@ class SequenceLifelines
 public:
     SequenceLifelines(GraphText *text, const SequenceColumns &columns, qsizetype participants);
 
-    // The line begins below a node. Until then the participant has none.
-    void begin(int participant, const GraphText::Id &head);
+    // The line begins below a node on a row. Until then the participant has none.
+    void begin(int participant, const GraphText::Id &head, int row);
     bool isBegun(int participant) const { return !lines[participant].last.isEmpty(); }
     bool isEnded(int participant) const { return lines[participant].isEnded; }
     // The last thing on the line; it may be begun anew.
-    void end(int participant, const GraphText::Id &foot);
+    void end(int participant, const GraphText::Id &foot, int row);
 
     // Bars, each 4 points beside the one that it lies on.
     void openBar(int participant, int row, const QString &fill);
@@ -33,8 +33,8 @@ public:
     // The bars end at a row, for something that lies upon the line, and go on at another one.
     void interrupt(int participant, int row);
     void resume(int participant, int row);
-    // The line goes to a node and on below it.
-    void through(int participant, const GraphText::Id &node);
+    // The line goes to a node on a row and on below it.
+    void through(int participant, const GraphText::Id &node, int row);
     // It ends at a row and goes on at a later one, with dots in between if time passes.
     void leaveOut(int participant, int from, int to, bool isDotted);
 
@@ -48,6 +48,7 @@ private:
     struct Line
     {
         GraphText::Id last = {};
+        int lastRow = 0;
         bool isEnded = false;
         QList<Bar> bars = {}; // the innermost one last
         QList<QString> interrupted = {}; // their fills

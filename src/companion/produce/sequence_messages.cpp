@@ -54,6 +54,11 @@ void SequenceWriter::writeMessage(qsizetype i)
     GraphText::Id target;
     if (step.to >= 0 && isAwaited[step.to]) {
         target = createdTarget(step.to);
+    } else if (destroysTarget(i)) {
+        while (lines.bars(step.to) > 0)
+            lines.closeBar(step.to, row);
+        lines.end(step.to, cross(step.to), row);
+        target = spacer(row, columns.of(step.to, SequenceColumns::Life), 10);
     } else if (opensTarget) {
         lines.openBar(step.to, row, fill);
         target = lines.bar(step.to);
@@ -120,24 +125,50 @@ GraphText::Id SequenceWriter::touch(int participant, Direction direction)
 // Where a message arrives, or leaves if it is seen from the other side.
 GraphText::Id SequenceWriter::end(int participant, SequenceStep::Head head, Direction direction)
 {
-    const int column = columns.of(participant, SequenceColumns::Life);
-    if (head == SequenceStep::Cross)
-        return bareText(row, column, u"\u2715", sizes.font + 1);
-    if (head != SequenceStep::Circle)
+    if (head != SequenceStep::Cross && head != SequenceStep::Circle)
         return touch(participant, direction);
-    return graph.node(Attributes()
-                          .text("uml", u"foundmessage")
-                          .number("row", row)
-                          .number("col", column)
-                          .text("color", u"#34506E")
-                          .text("fillcolor", u"#FFFFFF"));
+    // An arrow ends at the upper side of what it goes to, so that it goes to a spot in the middle.
+    const int column = columns.of(participant, SequenceColumns::Life);
+    if (head == SequenceStep::Cross) {
+        cross(participant);
+        return spacer(row, column, 10);
+    }
+    graph.node(Attributes()
+                   .text("uml", u"foundmessage")
+                   .number("row", row)
+                   .number("col", column)
+                   .text("color", u"#34506E")
+                   .text("fillcolor", u"#FFFFFF"));
+    return spacer(row, column, 6);
+}
+
+GraphText::Id SequenceWriter::cross(int participant)
+{
+    return bareText(row, columns.of(participant, SequenceColumns::Life), u"\u00d7", sizes.font + 9);
+}
+
+// Whether the receiver is destroyed right behind a message, which then goes to the cross.
+bool SequenceWriter::destroysTarget(qsizetype i)
+{
+    const int target = steps.steps[i].to;
+    if (target < 0 || target == steps.steps[i].from || isAwaited[target] || lines.isEnded(target))
+        return false;
+    qsizetype next = i + 1;
+    while (next < steps.steps.size() && steps.steps[next].type == SequenceStep::Deactivate
+           && steps.steps[next].to == target)
+        ++next;
+    if (next == steps.steps.size() || steps.steps[next].type != SequenceStep::Destroy
+        || steps.steps[next].to != target)
+        return false;
+    isTaken[next] = true;
+    return true;
 }
 
 // A return comes from a bar; one without a length is not seen.
 GraphText::Id SequenceWriter::openTail(int participant, Direction direction)
 {
     const qsizetype bars = participant < 0 ? 0 : lines.bars(participant);
-    const double onLine = direction == Rightward ? -1 : 1;
+    const double onLine = direction == Rightward ? 0 : 1; // or beside it, at the right
     return graph.node(Attributes()
                           .text("uml", u"activation")
                           .number("row", row)
@@ -151,7 +182,7 @@ GraphText::Id SequenceWriter::openTail(int participant, Direction direction)
 GraphText::Id SequenceWriter::createdTarget(int participant)
 {
     isAwaited[participant] = false;
-    lines.begin(participant, object(participant, row));
+    lines.begin(participant, object(participant, row), row);
     const int half = int(objectWidth(participant)) / 2;
     return spacer(row, columns.of(participant, SequenceColumns::Life), 2 * half + 2);
 }

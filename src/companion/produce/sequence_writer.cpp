@@ -14,8 +14,10 @@ namespace ORR::Companion {
 namespace {
 
 constexpr int titleRow = 0;
-constexpr int boxTitleRow = 1;
-constexpr int headRow = 2;
+constexpr int boxRow = 1;
+constexpr int boxTitleRow = 2;
+constexpr int headRow = 3;
+constexpr double titleWidth = 360;
 
 constexpr QStringView fontFamily = u"Arial";
 constexpr QStringView lineColor = u"#34506E";
@@ -111,14 +113,14 @@ void SequenceWriter::writeBoxes(int end)
         const int left = columns.of(span.first, SequenceColumns::BoxLeft);
         graph.beginGroup(Attributes()
                              .text("uml", u"combinedfragment")
-                             .number("row", boxTitleRow - 1)
+                             .number("row", boxRow)
                              .number("col", left)
                              .label(u"")
                              .text("color", u"none")
                              .text("fillcolor", u"none"));
         graph.beginGroup(Attributes()
                              .text("uml", u"section")
-                             .number("row", boxTitleRow - 1)
+                             .number("row", boxRow)
                              .label(u"")
                              .text("color", u"#C3CBD5")
                              .text("fillcolor", fill));
@@ -143,14 +145,15 @@ void SequenceWriter::writeTop(const QString &title)
 {
     if (!title.isEmpty() && !steps.participants.isEmpty()) {
         const int larger = sizes.font + 4;
-        bareText(titleRow, middle(columns.everybody()),
-                 wrappedText(title, QFontMetricsF(QFont(fontFamily.toString(), larger)), 2 * sizes.message),
-                 larger);
+        bareText(
+            titleRow, middle(columns.everybody()),
+            wrappedText(title, QFontMetricsF(QFont(fontFamily.toString(), larger)), titleWidth),
+            larger);
     }
     row = headRow;
     for (int i = 0; i < steps.participants.size(); ++i) {
         if (!isAwaited[i])
-            lines.begin(i, object(i, headRow));
+            lines.begin(i, object(i, headRow), headRow);
     }
 }
 
@@ -168,7 +171,7 @@ void SequenceWriter::writeBottom()
     row += 2;
     for (int i = 0; i < steps.participants.size(); ++i) {
         if (!lines.isEnded(i))
-            lines.end(i, spacer(row, columns.of(i, SequenceColumns::Life), 1));
+            lines.end(i, spacer(row, columns.of(i, SequenceColumns::Life), 1), row);
     }
 }
 
@@ -203,9 +206,7 @@ void SequenceWriter::writeStep(qsizetype i)
         ++row;
         while (lines.bars(step.to) > 0)
             lines.closeBar(step.to, row - 1);
-        lines.end(
-            step.to,
-            bareText(row, columns.of(step.to, SequenceColumns::Life), u"\u2715", sizes.font + 5));
+        lines.end(step.to, cross(step.to), row);
         break;
     case SequenceStep::Note:
         writeNote(step);
@@ -229,14 +230,14 @@ void SequenceWriter::writeStep(qsizetype i)
         if (open.isEmpty())
             break;
         graph.endGroup();
-        row += 2;
+        row = std::max(row, open.constLast().row) + 2;
         beginSection(step.text, step.color.isEmpty() ? open.constLast().fill : step.color,
                      open.constLast().isFramed);
         break;
     case SequenceStep::EndFragment:
         if (open.isEmpty())
             break;
-        open.removeLast();
+        row = std::max(row, open.takeLast().row);
         graph.endGroup();
         graph.endGroup();
         ++row; // that of its lower side
@@ -250,7 +251,8 @@ void SequenceWriter::standUp(int participant)
     if (!isAwaited[participant])
         return;
     isAwaited[participant] = false;
-    lines.begin(participant, object(participant, ++row));
+    ++row;
+    lines.begin(participant, object(participant, row), row);
 }
 
 GraphText::Id SequenceWriter::object(int participant, int atRow)
@@ -332,7 +334,7 @@ void SequenceWriter::writeNote(const SequenceStep &step)
                                               .text("fillcolor", fill)
                                               .text("fontcolor", lettersUpon(fill)));
     if (isOver) {
-        lines.through(step.from, note);
+        lines.through(step.from, note, row);
         lines.resume(step.from, ++row);
     }
 }
@@ -354,7 +356,9 @@ void SequenceWriter::writeBand(const SequenceSpan &span, const SequenceStep &ste
         columns.of(span.first, isReference ? SequenceColumns::FrameLeft : SequenceColumns::Life);
     const int right =
         columns.of(span.last, isReference ? SequenceColumns::FrameRight : SequenceColumns::Life);
-    const QStringView usual = isNote ? noteFill : isReference ? QStringView(u"#FFFFFF") : dividerFill;
+    const QStringView usual = isNote ? noteFill
+        : isReference                ? QStringView(u"#FFFFFF")
+                                     : dividerFill;
     const QString fill = step.color.isEmpty() ? usual.toString() : step.color;
     Attributes frame;
     frame.text("uml", u"combinedfragment").number("row", top).number("col", left);
@@ -423,10 +427,17 @@ void SequenceWriter::beginFragment(qsizetype i)
     else
         attributes.text("color", u"none").text("fillcolor", u"none");
     graph.beginGroup(attributes);
-    open.append({.isFramed = isFramed, .fill = fill});
+    open.append({.row = row, .isFramed = isFramed, .fill = fill});
     beginSection(step.text, fill, isFramed);
     if (!span.isEmpty())
         spacer(row, columns.of(span.last, SequenceColumns::FrameRight), 1);
+    // Its tag hangs at the left of all that is in it, so that the first step may stand beside it.
+    // Frames would hide it.
+    const SequenceStep::Type next =
+        i + 1 < steps.steps.size() ? steps.steps[i + 1].type : SequenceStep::EndFragment;
+    if (isFramed && (next == SequenceStep::Message || next == SequenceStep::Create
+                     || next == SequenceStep::Note))
+        --row;
 }
 
 void SequenceWriter::beginSection(const QString &guard, const QString &fill, bool isFramed)

@@ -48,6 +48,8 @@ private:
                    const GraphText::Id &target, SequenceStep::Head head, bool hasText);
     GraphText::Id touch(int participant, Direction direction);
     GraphText::Id end(int participant, SequenceStep::Head head, Direction direction);
+    GraphText::Id cross(int participant);
+    bool destroysTarget(qsizetype i);
     GraphText::Id openTail(int participant, Direction direction);
     GraphText::Id createdTarget(int participant);
 
@@ -75,6 +77,7 @@ private:
     QList<bool> isAwaited; // participants that the next message to them creates
     struct Fragment
     {
+        int row;
         bool isFramed;
         QString fill;
     };
