@@ -17,9 +17,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int nodeSize = 9; // of the font
-constexpr int narrowest = 60; // a label may be cut to, in points
-constexpr int widest = 200;
-constexpr int aroundLabel = 12; // the margins of a node, in points
+constexpr int widest = 200; // a label, in points
+
+constexpr int sideMargin = 3; // of a node, in points
+constexpr int roundingSize = 8; // what round corners go by
+constexpr int aroundLabel = 2 * sideMargin + 3 * roundingSize / 2; // what they take, too
 constexpr int betweenLevels = 26; // in points
 constexpr int nodeGap = 4; // in points
 constexpr qint64 mostNodes = 400; // no page has room for more
@@ -99,15 +101,15 @@ void CallTreeWriter::writeHead()
                    .text("crossing", u"false")
                    .text("nodesep", inInches(nodeGap))
                    .text("ranksep", inInches(betweenLevels))
-                   .text("pad", inInches(nodeGap)));
-    text.nodeDefaults(
-        Attributes()
-            .text("shape", u"rectangle")
-            .text("style", u"rounded")
-            .text("margin", inInches(aroundLabel / 2.0) + u',' + inInches(aroundLabel / 4.0))
-            .text("color", u"#8A98A8")
-            .text("fontname", QString::fromLatin1(LabelRuler::family))
-            .number("fontsize", nodeSize));
+                   .text("pad", inInches(nodeGap))
+                   .number("fontsize", roundingSize));
+    text.nodeDefaults(Attributes()
+                          .text("shape", u"rectangle")
+                          .text("style", u"rounded")
+                          .text("margin", inInches(sideMargin))
+                          .text("color", u"#8A98A8")
+                          .text("fontname", QString::fromLatin1(LabelRuler::family))
+                          .number("fontsize", nodeSize));
     text.edgeDefaults(Attributes()
                           .text("headsegment", inInches(betweenLevels / 3.0))
                           .text("tailsegment", inInches(betweenLevels / 3.0))
@@ -119,7 +121,9 @@ QString CallTreeWriter::labelOf(int thing) const
 {
     const ShownThing &shown = tree[thing];
     if (thing == 0) {
-        const QString title = ruler.elided(titleOf(job, tree), widest);
+        QString title = ruler.wrapped(titleOf(job, tree), {labelWidth, labelWidth});
+        if (title.isEmpty())
+            title = ruler.elided(titleOf(job, tree), labelWidth);
         const QString weight = weightWithName(shown.weight, job.meaning);
         return title + u'\n' + weight + u"\ndarker: a larger share\ndashed: more in it"_s;
     }
@@ -154,6 +158,7 @@ GraphText::Id CallTreeWriter::writeNode(int thing, bool hidesSome)
 QByteArray CallTreeWriter::write()
 {
     const int width = Graph::truncated(job.request.width);
+    const int narrowest = ruler.widthOf(u"99.9 %  (self 99.9 %)"_s);
     const int most = std::max(2, width / (narrowest + aroundLabel + betweenLevels));
     const int depth = std::min(levels(), most);
     closeBeyond(depth);

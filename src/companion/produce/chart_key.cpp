@@ -12,6 +12,7 @@ namespace {
 
 constexpr int nameFont = 13; // of the title of a chart
 constexpr int headFont = 11;
+constexpr int titledFont = 12; // of a head in the middle that begins with a title
 constexpr int entryFont = 10;
 constexpr auto squareLine = u"#8A98A8";
 constexpr auto noFill = "none";
@@ -56,15 +57,16 @@ void ChartKey::addHead(const KeyHead &head, int widest)
             addEntry({u" "_s, noFill}, headRuler, widest); // the gap before the entries
         return;
     }
+    titleFont = head.title.isEmpty() ? headFont : titledFont;
+    const LabelRuler ruler(titleFont);
     QStringList lines;
     if (!head.title.isEmpty())
-        lines.append(headRuler.elided(head.title, widest));
+        lines.append(ruler.elided(head.title, widest));
     if (!head.meaning.isEmpty())
-        lines.append(
-            headRuler.elided(QString(head.meaning).replace(u'\n', u"  \u00b7  "_s), widest));
+        lines.append(ruler.elided(QString(head.meaning).replace(u'\n', u"  \u00b7  "_s), widest));
     title = lines.join(u'\n');
     if (!title.isEmpty())
-        titleSize = headRuler.sizeOf(title);
+        titleSize = ruler.sizeOf(title);
 }
 
 void ChartKey::addEntry(const KeyEntry &entry, const LabelRuler &ruler, int widest)
@@ -104,7 +106,7 @@ void ChartKey::write(GraphText *text) const
     const QString family = QString::fromLatin1(LabelRuler::family);
     Attributes group;
     group.text("legend", wordOf(side)).label(title);
-    text->beginGroup(group.text("fontname", family).number("fontsize", headFont));
+    text->beginGroup(group.text("fontname", family).number("fontsize", titleFont));
     text->nodeDefaults(Attributes()
                            .text("color", squareLine)
                            .text("fontname", family)

@@ -61,6 +61,7 @@ private:
 
     Side side;
     QString title;
+    int titleFont = 0; // its size
     std::optional<QSize> titleSize;
     QList<Entry> entries;
     QList<QSize> entrySizes;
