@@ -55,7 +55,7 @@ public:
     using binary_t = nlohmann::json::binary_t;
 
     JsonBuilder(JsonDocument *made, const char *first, const char *const *seen)
-        : document(made), begin(first), reached(seen)
+        : document(made), begin(first), reached(seen), told(first)
     {
     }
 
@@ -85,6 +85,7 @@ public:
     bool key(const string_t &name)
     {
         pendingName = QByteArray::fromStdString(name);
+        told = *reached;
         return true;
     }
     bool parse_error(size_t position, const std::string & /*token*/,
@@ -101,22 +102,34 @@ private:
     bool add(JsonValue::Kind kind, const QByteArray &bytes = {});
     bool open(JsonValue::Kind kind);
     bool close();
+    qint64 nextStart() const;
 
     JsonDocument *document;
     const char *begin;
     const char *const *reached;
+    const char *told; // how far the reader was at the event before
     qint32 current = -1; // the array or object that is open
     QByteArray pendingName;
     qint64 faultOffset = -1;
     QString faultWords;
 };
 
+// Where the value begins that is told now. The reader is behind it, and behind a number by one
+// more.
+qint64 JsonBuilder::nextStart() const
+{
+    const char *start = told;
+    while (start < *reached && QByteArrayView(" \t\r\n,:").contains(*start))
+        ++start;
+    return start - begin;
+}
+
 bool JsonBuilder::add(JsonValue::Kind kind, const QByteArray &bytes)
 {
     const qint32 made = qint32(document->nodes.size());
     document->nodes.append({.kind = kind,
                             .parent = current,
-                            .offset = std::max<qint64>(0, *reached - begin - 1),
+                            .offset = nextStart(),
                             .name = std::exchange(pendingName, {}),
                             .bytes = bytes});
     if (current >= 0) {
@@ -125,6 +138,7 @@ bool JsonBuilder::add(JsonValue::Kind kind, const QByteArray &bytes)
         above.lastChild = made;
         ++above.count;
     }
+    told = *reached;
     return true;
 }
 
@@ -138,6 +152,7 @@ bool JsonBuilder::open(JsonValue::Kind kind)
 bool JsonBuilder::close()
 {
     current = document->nodes[current].parent;
+    told = *reached;
     return true;
 }
 
