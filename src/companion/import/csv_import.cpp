@@ -100,6 +100,8 @@ private:
     QString colorName;
     WeightTree tree;
     Shades shades;
+    qsizetype withoutPath = 0; // records of this source
+    QList<ImportFault> notes;
 };
 
 QByteArrayView cellOf(const Cells &cells, qsizetype column)
@@ -122,8 +124,11 @@ std::optional<ImportFault> TableReader::readRecord(const CsvRecords &records, co
         return records.faultHere(
             u"there are %1 columns, and %2 are needed"_s.arg(cells.size()).arg(columns.last() + 1));
     const QByteArrayView path = cellOf(cells, columns.path);
-    if (path.isEmpty())
-        return records.faultHere(u"there is no path"_s);
+    if (path.isEmpty()) { // a line of sums, mostly
+        if (withoutPath++ == 0)
+            notes.append(records.faultHere({}));
+        return std::nullopt;
+    }
     double weight = 1;
     if (columns.area >= 0) {
         QString why;
@@ -183,15 +188,27 @@ std::optional<ImportFault> TableReader::read(ImportSource &source)
         if (std::optional<ImportFault> fault = readRecord(records, cells))
             return fault;
     }
+    if (withoutPath == 1)
+        notes.last().sentence = u"a record has no path and is passed over"_s;
+    else if (withoutPath > 1)
+        notes.last().sentence =
+            u"%1 records from here on have no path and are passed over"_s.arg(withoutPath);
+    withoutPath = 0;
     return records.fault();
 }
 
+// By a whole word of the name of the column: "bytes", "size_in_bytes".
 TreeMeaning::Unit unitOf(const QString &name)
 {
-    if (name.contains(u"bytes"_s, Qt::CaseInsensitive))
+    QString words = name.toLower();
+    for (QChar &c : words) {
+        if (!c.isLetter())
+            c = u' ';
+    }
+    const QStringList parts = words.split(u' ');
+    if (parts.contains(u"bytes"_s))
         return TreeMeaning::Unit::Bytes;
-    return name.contains(u"seconds"_s, Qt::CaseInsensitive) ? TreeMeaning::Unit::Seconds
-                                                            : TreeMeaning::Unit::Count;
+    return parts.contains(u"seconds"_s) ? TreeMeaning::Unit::Seconds : TreeMeaning::Unit::Count;
 }
 
 ImportResult TableReader::result(const std::vector<ImportSource> &sources)
@@ -201,8 +218,10 @@ ImportResult TableReader::result(const std::vector<ImportSource> &sources)
                            .color = colorName};
     if (columns.color >= 0)
         shades.setMeaning(&meaning, &tree);
-    return treeResult(std::move(tree), std::move(meaning), sources,
-                      u"there is no record with a size above 0"_s);
+    ImportResult read = treeResult(std::move(tree), std::move(meaning), sources,
+                                   u"there is no record with a path and a size above 0"_s);
+    read.notes = std::move(notes);
+    return read;
 }
 
 } // namespace

@@ -148,7 +148,7 @@ ImportResult readDu(std::vector<ImportSource> &sources, const ImportOptions &opt
                        .unit = TreeMeaning::Unit::Bytes,
                        .coloring = TreeMeaning::Coloring::ByTop,
                        .color = u"folder"_s,
-                       .ownName = u"(in it)"_s},
+                       .ownName = u"(folder)"_s},
                       sources, u"there is no path with a size above 0"_s);
 }
 

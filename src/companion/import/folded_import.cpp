@@ -12,7 +12,12 @@ namespace ORR::Companion {
 
 namespace {
 
+using Item = WeightTree::Item;
+
 constexpr char frameSeparator = ';';
+
+// A call whose own calls have so much of its caller's samples is the trunk of a tree.
+constexpr double trunkPart = 0.75;
 
 struct FoldedLine
 {
@@ -63,6 +68,49 @@ std::optional<ImportFault> readStacks(ImportSource &source, WeightTree *tree, Pa
     return std::nullopt;
 }
 
+QList<double> totalsOf(const WeightTree &tree)
+{
+    QList<double> totals(tree.size());
+    for (Item item = Item(tree.size()) - 1; item >= 0; --item) { // what is called comes first
+        totals[item] += tree.ownWeight(item);
+        if (item != WeightTree::root)
+            totals[tree.parent(item)] += totals[item];
+    }
+    return totals;
+}
+
+// The frame from which the samples spread: up to it nearly all are in one call. Colours by the
+// outermost calls would mostly be one colour.
+Item trunkOf(const WeightTree &tree)
+{
+    const QList<double> totals = totalsOf(tree);
+    Item trunk = WeightTree::root;
+    for (Item call = tree.firstChild(trunk); call != WeightTree::none;) {
+        const double called = totals[call] - tree.ownWeight(call);
+        if (called > 0 && called >= trunkPart * totals[trunk]) {
+            trunk = call;
+            call = tree.firstChild(trunk);
+        } else {
+            call = tree.nextSibling(call);
+        }
+    }
+    return trunk;
+}
+
+// Gives all that the trunk calls, and what that calls, a kind for each; what is beside the trunk
+// has none.
+QStringList setBranches(WeightTree *tree, Item trunk)
+{
+    KindNames branches;
+    for (Item item = 1; item < tree->size(); ++item) { // callers come first
+        if (tree->parent(item) == trunk)
+            tree->setKind(item, branches.of(tree->name(item)));
+        else
+            tree->setKind(item, tree->kind(tree->parent(item)));
+    }
+    return branches.rankIn(tree);
+}
+
 } // namespace
 
 int likenessOfFolded(QByteArrayView beginning)
@@ -92,13 +140,18 @@ ImportResult readFolded(std::vector<ImportSource> &sources, const ImportOptions 
         if (std::optional<ImportFault> fault = readStacks(source, &tree, &stacks))
             return {.fault = std::move(fault)};
     }
-    return treeResult(std::move(tree),
-                      {.weight = u"samples"_s,
-                       .unit = TreeMeaning::Unit::Count,
-                       .coloring = TreeMeaning::Coloring::ByTop,
-                       .color = u"called from"_s,
-                       .pathsAreFiles = false},
-                      sources, u"there is no stack with a count above 0"_s);
+    const Item trunk = trunkOf(tree);
+    const QString caller = QString::fromUtf8(tree.name(trunk));
+    const QStringList branches = setBranches(&tree, trunk);
+    return treeResult(
+        std::move(tree),
+        {.weight = u"samples"_s,
+         .unit = TreeMeaning::Unit::Count,
+         .coloring = TreeMeaning::Coloring::ByKind,
+         .color = trunk == WeightTree::root ? u"outermost calls"_s : u"called by "_s + caller,
+         .kinds = branches,
+         .pathsAreFiles = false},
+        sources, u"there is no stack with a count above 0"_s);
 }
 
 } // namespace ORR::Companion

@@ -11,7 +11,7 @@ namespace ORR::Companion {
 
 // clang-format off
 static constexpr ImportFormat table[] = {
-    {"folded", "folded stacks of profilers", "sunburst treemap flatbubble bar gftree", "samples", "the outermost calls", "", likenessOfFolded, readFolded},
+    {"folded", "folded stacks of profilers", "treemap sunburst gftree flatbubble bar", "samples", "branches of the calls", "", likenessOfFolded, readFolded},
     {"cloc", "cloc --json --by-file", "treemap sunburst flatbubble bar gftree", "lines of code", "languages", "", likenessOfCloc, readCloc},
     {"scc", "scc --format json --by-file", "treemap sunburst flatbubble bar gftree", "lines of code", "languages", "", likenessOfScc, readScc},
     {"tokei", "tokei --output json --files", "treemap sunburst flatbubble bar gftree", "lines of code", "languages", "", likenessOfTokei, readTokei},
