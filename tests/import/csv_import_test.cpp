@@ -159,12 +159,32 @@ TEST(CsvImport, reads_a_table_of_cloc_and_tells_of_its_sum)
     EXPECT_EQ(result.notes[0].sentence, u"a record has no path and is passed over"_s);
 }
 
+TEST(CsvImport, reads_a_table_of_packages)
+{
+    const ImportResult result =
+        treeRead(readCsv, importData("csv/packages.tsv"), {.color = "priority"});
+    EXPECT_EQ(weightsOf(result).find("admin/adduser 686 #"), 0);
+    EXPECT_EQ(meaningOf(result).weight, u"kilobytes"_s);
+    EXPECT_EQ(meaningOf(result).unit, TreeMeaning::Unit::Count);
+    EXPECT_EQ(meaningOf(result).kinds.first(), u"optional"_s);
+}
+
 TEST(CsvImport, reads_a_table_without_names)
 {
-    const ImportResult result = treeRead(readCsv, importData("csv/packages.tsv"), {.color = "3"});
-    EXPECT_EQ(weightsOf(result).find("admin/adduser 686 #"), 0);
+    const ImportResult result = treeRead(readCsv, "a/b;3;x\nc;4;y\n", {.color = "3"});
+    EXPECT_EQ(weightsOf(result), "a/b 3 #1\nc 4 #0\n");
     EXPECT_EQ(meaningOf(result).weight, u"column 2"_s);
-    EXPECT_TRUE(meaningOf(result).kinds.contains(u"optional"_s));
+    EXPECT_EQ(meaningOf(result).color, u"column 3"_s);
+}
+
+TEST(CsvImport, takes_the_unit_from_the_name_of_the_column)
+{
+    const auto unitOfColumn = [](const char *name) {
+        return meaningOf(treeRead(readCsv, QByteArray("path,") + name + "\na,1\n")).unit;
+    };
+    EXPECT_EQ(unitOfColumn("Size_in_Bytes"), TreeMeaning::Unit::Bytes);
+    EXPECT_EQ(unitOfColumn("kilobytes"), TreeMeaning::Unit::Count);
+    EXPECT_EQ(unitOfColumn("seconds"), TreeMeaning::Unit::Seconds);
 }
 
 TEST(CsvImport, knows_its_inputs)

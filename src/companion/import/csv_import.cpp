@@ -197,12 +197,18 @@ std::optional<ImportFault> TableReader::read(ImportSource &source)
     return records.fault();
 }
 
+// By a whole word of the name of the column: "bytes", "size_in_bytes".
 TreeMeaning::Unit unitOf(const QString &name)
 {
-    if (name.contains(u"bytes"_s, Qt::CaseInsensitive))
+    QString words = name.toLower();
+    for (QChar &c : words) {
+        if (!c.isLetter())
+            c = u' ';
+    }
+    const QStringList parts = words.split(u' ');
+    if (parts.contains(u"bytes"_s))
         return TreeMeaning::Unit::Bytes;
-    return name.contains(u"seconds"_s, Qt::CaseInsensitive) ? TreeMeaning::Unit::Seconds
-                                                            : TreeMeaning::Unit::Count;
+    return parts.contains(u"seconds"_s) ? TreeMeaning::Unit::Seconds : TreeMeaning::Unit::Count;
 }
 
 ImportResult TableReader::result(const std::vector<ImportSource> &sources)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace ORR::Companion {
 
@@ -10,7 +11,7 @@ namespace {
 constexpr double largest = std::numeric_limits<double>::max();
 
 // FNV-1a, eight bytes at a time; the same on every run.
-quint64 hashOf(qint32 parent, QByteArrayView name)
+quint32 hashOf(qint32 parent, QByteArrayView name)
 {
     constexpr quint64 prime = 0x100000001b3;
     quint64 hash = (0xcbf29ce484222325 ^ quint64(quint32(parent))) * prime;
@@ -24,14 +25,12 @@ quint64 hashOf(qint32 parent, QByteArrayView name)
     }
     for (; left > 0; --left, ++bytes)
         hash = (hash ^ quint8(*bytes)) * prime;
-    return hash ^ (hash >> 32);
+    return quint32(hash ^ (hash >> 32));
 }
 
 } // namespace
 
-WeightTree::WeightTree() : nodes{{.nameStart = 0, .nameLength = 0, .parent = none}}, table(64, none)
-{
-}
+WeightTree::WeightTree() : nodes{{.nameStart = 0, .nameLength = 0, .parent = none}}, table(64) { }
 
 QByteArrayView WeightTree::name(Item item) const
 {
@@ -39,40 +38,47 @@ QByteArrayView WeightTree::name(Item item) const
 }
 
 // Where it is in the table, or the free place that it would take.
-size_t WeightTree::placeOf(Item parent, QByteArrayView wanted) const
+qsizetype WeightTree::placeOf(quint32 hash, Item parent, QByteArrayView wanted) const
 {
-    const size_t mask = size_t(table.size()) - 1;
-    size_t place = size_t(hashOf(parent, wanted)) & mask;
-    while (table[qsizetype(place)] != none) {
-        const Item item = table[qsizetype(place)];
-        if (nodes[item].parent == parent && name(item) == wanted)
-            break;
-        place = (place + 1) & mask;
+    const qsizetype mask = table.size() - 1;
+    for (qsizetype place = hash & mask;; place = (place + 1) & mask) {
+        const Slot &slot = table[place];
+        if (slot.item == none)
+            return place;
+        if (slot.hash == hash && nodes[slot.item].parent == parent && name(slot.item) == wanted)
+            return place;
     }
-    return place;
 }
 
 void WeightTree::grow()
 {
-    table = QList<Item>(2 * table.size(), none);
-    for (Item item = 1; item < nodes.size(); ++item)
-        table[qsizetype(placeOf(nodes[item].parent, name(item)))] = item;
+    const QList<Slot> small = std::exchange(table, QList<Slot>(2 * table.size()));
+    const qsizetype mask = table.size() - 1;
+    for (const Slot &slot : small) {
+        if (slot.item == none)
+            continue;
+        qsizetype place = slot.hash & mask;
+        while (table[place].item != none)
+            place = (place + 1) & mask;
+        table[place] = slot;
+    }
 }
 
 WeightTree::Item WeightTree::child(Item parent, QByteArrayView wanted)
 {
-    size_t place = placeOf(parent, wanted);
-    if (const Item known = table[qsizetype(place)]; known != none)
+    const quint32 hash = hashOf(parent, wanted);
+    qsizetype place = placeOf(hash, parent, wanted);
+    if (const Item known = table[place].item; known != none)
         return known;
     if (2 * nodes.size() > table.size()) {
         grow();
-        place = placeOf(parent, wanted);
+        place = placeOf(hash, parent, wanted);
     }
     const Item made = Item(nodes.size());
     nodes.append(
         {.nameStart = names.size(), .nameLength = qint32(wanted.size()), .parent = parent});
     names += wanted;
-    table[qsizetype(place)] = made;
+    table[place] = {.hash = hash, .item = made};
     Node &above = nodes[parent];
     (above.lastChild == none ? above.firstChild : nodes[above.lastChild].next) = made;
     above.lastChild = made;

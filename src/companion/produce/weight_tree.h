@@ -60,12 +60,18 @@ private:
         double whole = 0;
     };
 
-    size_t placeOf(Item parent, QByteArrayView name) const;
+    struct Slot
+    {
+        quint32 hash = 0; // so that most others are told apart without a look at them
+        Item item = none;
+    };
+
+    qsizetype placeOf(quint32 hash, Item parent, QByteArrayView name) const;
     void grow();
 
     QList<Node> nodes;
     QByteArray names; // one after the other
-    QList<Item> table; // open addressing; by parent and name
+    QList<Slot> table; // open addressing; by parent and name
 };
 
 } // namespace ORR::Companion
