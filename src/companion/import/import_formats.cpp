@@ -1,5 +1,6 @@
 #include "companion/import/import_format.h"
 
+#include "companion/import/ctags_import.h"
 #include "companion/import/deps_import.h"
 #include "companion/import/dot_import.h"
 
@@ -12,6 +13,7 @@ namespace {
 // clang-format off
 constexpr ImportFormat table[] = {
     {"dot", "any program that writes DOT", "gftree matrix", "", "as in the graph; cycles", "--layout", likenessOfDot, readDot},
+    {"ctags", "universal-ctags --output-format=json", "gfdecl", "", "access and kinds", "", likenessOfCtags, readCtags},
     {"deps", "package-lock.json, cargo metadata, compile_commands.json, CMake's file API, lists", "matrix gftree", "", "cycles", "--by", likenessOfDeps, readDeps},
 };
 // clang-format on
