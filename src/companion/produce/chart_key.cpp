@@ -6,35 +6,78 @@
 
 namespace ORR::Companion {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-constexpr int titleSize = 11;
-constexpr int entrySize = 10;
-constexpr auto swatchLine = u"#8A98A8";
+constexpr int nameFont = 13; // of the title of a chart
+constexpr int headFont = 11;
+constexpr int titledFont = 12; // of a head in the middle that begins with a title
+constexpr int entryFont = 10;
+constexpr auto squareLine = u"#8A98A8";
+constexpr auto noFill = "none";
 
-QString elidedLines(const QString &text, const LabelRuler &ruler, int widest)
-{
-    QStringList lines;
-    for (const QString &line : text.split(u'\n'))
-        lines.append(ruler.elided(line, widest));
-    return lines.join(u'\n');
-}
-
-Graph::Layout::LegendSide sideOf(const QByteArray &side)
+Graph::Layout::LegendSide placeOf(ChartKey::Side side)
 {
     using enum Graph::Layout::LegendSide;
-    return side == "top" ? Top : side == "bottom" ? Bottom : side == "left" ? Left : Right;
+    return side == ChartKey::Top ? Top : side == ChartKey::Bottom ? Bottom : Right;
+}
+
+QString wordOf(ChartKey::Side side)
+{
+    return side == ChartKey::Top ? u"top"_s : side == ChartKey::Bottom ? u"bottom"_s : u"right"_s;
 }
 
 } // namespace
 
-ChartKey::ChartKey(const char *legendSide, const QString &legendTitle,
-                   const QList<KeyEntry> &legendEntries, int widest)
-    : side(legendSide), entries(legendEntries), titleRuler(titleSize), entryRuler(entrySize)
+ChartKey::ChartKey(Side legendSide, const KeyHead &head, const QList<KeyEntry> &legendEntries,
+                   int widest)
+    : side(legendSide)
 {
-    title = elidedLines(legendTitle, titleRuler, widest);
-    for (KeyEntry &entry : entries)
-        entry.label = entryRuler.elided(entry.label, widest - 2 * entryRuler.lineHeight());
+    addHead(head, widest);
+    const LabelRuler ruler(entryFont);
+    for (const KeyEntry &entry : legendEntries)
+        addEntry(entry, ruler, widest);
+}
+
+// The title of a legend at the right would stand by itself in the corner of the page, and take
+// the place of an entry. So its lines are entries of no colour there.
+void ChartKey::addHead(const KeyHead &head, int widest)
+{
+    const LabelRuler nameRuler(nameFont);
+    const LabelRuler headRuler(headFont);
+    if (side == Right) {
+        if (!head.title.isEmpty())
+            addEntry({head.title, noFill}, nameRuler, widest);
+        if (!head.meaning.isEmpty()) {
+            for (const QString &line : head.meaning.split(u'\n'))
+                addEntry({line, noFill}, headRuler, widest);
+        }
+        if (!entries.isEmpty())
+            addEntry({u" "_s, noFill}, headRuler, widest); // the gap before the entries
+        return;
+    }
+    titleFont = head.title.isEmpty() ? headFont : titledFont;
+    const LabelRuler ruler(titleFont);
+    QStringList lines;
+    if (!head.title.isEmpty())
+        lines.append(ruler.elided(head.title, widest));
+    if (!head.meaning.isEmpty())
+        lines.append(ruler.elided(QString(head.meaning).replace(u'\n', u"  \u00b7  "_s), widest));
+    title = lines.join(u'\n');
+    if (!title.isEmpty())
+        titleSize = ruler.sizeOf(title);
+}
+
+void ChartKey::addEntry(const KeyEntry &entry, const LabelRuler &ruler, int widest)
+{
+    constexpr int gap = 4; // between a square, which is as high as its text, and that
+    const QString label = ruler.elided(entry.label, widest - gap - ruler.lineHeight(), 1);
+    if (label.isEmpty())
+        return;
+    const QSize size = ruler.sizeOf(label);
+    entries.append({label, entry.fill, ruler.pointSize()});
+    entrySizes.append({size.width() + gap + size.height(), size.height()});
 }
 
 QSize ChartKey::pageOf(const QRect &chart) const
@@ -42,44 +85,38 @@ QSize ChartKey::pageOf(const QRect &chart) const
     if (title.isEmpty() && entries.isEmpty())
         return Graph::Layout::pageWithoutLegend(chart);
     Graph::Layout::LegendParts parts;
-    parts.side = sideOf(side);
-    if (!title.isEmpty())
-        parts.title = titleRuler.sizeOf(title);
-    for (const KeyEntry &entry : entries) {
-        if (entry.label.isEmpty())
-            continue;
-        const QSize size = entryRuler.sizeOf(entry.label);
-        constexpr int gap = 4; // between a square, which is as high as its text, and that
-        parts.entries.append({size.width() + gap + size.height(), size.height()});
-    }
+    parts.side = placeOf(side);
+    parts.title = titleSize;
+    parts.entries = entrySizes;
     return Graph::Layout::legendPlaces(parts, chart).page;
 }
 
 void ChartKey::leaveOut()
 {
     title.clear();
+    titleSize.reset();
     entries.clear();
+    entrySizes.clear();
 }
 
 void ChartKey::write(GraphText *text) const
 {
     if (title.isEmpty() && entries.isEmpty())
         return;
-    Attributes group;
-    group.text("legend", QString::fromLatin1(side));
-    if (!title.isEmpty())
-        group.label(title);
     const QString family = QString::fromLatin1(LabelRuler::family);
-    group.text("fontname", family).number("fontsize", titleSize);
-    text->beginGroup(group);
+    Attributes group;
+    group.text("legend", wordOf(side)).label(title);
+    text->beginGroup(group.text("fontname", family).number("fontsize", titleFont));
     text->nodeDefaults(Attributes()
-                           .text("color", swatchLine)
+                           .text("color", squareLine)
                            .text("fontname", family)
-                           .number("fontsize", entrySize));
-    for (const KeyEntry &entry : entries) {
-        if (!entry.label.isEmpty())
-            text->node(
-                Attributes().label(entry.label).text("fillcolor", QString::fromLatin1(entry.fill)));
+                           .number("fontsize", entryFont));
+    for (const Entry &entry : entries) {
+        Attributes attributes;
+        attributes.label(entry.label).text("fillcolor", QString::fromLatin1(entry.fill));
+        if (entry.fill == noFill)
+            attributes.text("color", u"none").number("fontsize", entry.fontSize);
+        text->node(attributes);
     }
     text->endGroup();
 }

@@ -9,6 +9,8 @@
 #include <QSize>
 #include <QString>
 
+#include <optional>
+
 namespace ORR::Companion {
 
 // What a colour of a chart means.
@@ -18,14 +20,24 @@ struct KeyEntry
     QByteArray fill;
 };
 
+// What a legend says besides: the title of the chart, for charts that have no other place for it,
+// and what sizes and colours are.
+struct KeyHead
+{
+    QString title = {};
+    QString meaning = {};
+};
+
 // The legend of a chart, measured before it is drawn: a chart is made as large as the page and the
 // legend leave it room.
 class ChartKey
 {
 public:
-    // side: "top", "bottom", "left" or "right". Titles may have lines. No text is wider than
-    // `widest`, in points. The lines stand at the left if the legend lies beside the chart.
-    ChartKey(const char *side, const QString &title, const QList<KeyEntry> &entries, int widest);
+    enum Side { Top, Bottom, Right };
+
+    // No text is wider than `widest`, in points. At the right of a chart all texts begin at one
+    // line; elsewhere the head stands in the middle.
+    ChartKey(Side legendSide, const KeyHead &head, const QList<KeyEntry> &entries, int widest);
 
     // The page of a chart of that size and place.
     QSize pageOf(const QRect &chart) const;
@@ -37,11 +49,22 @@ public:
     void write(GraphText *text) const;
 
 private:
-    QByteArray side;
+    void addHead(const KeyHead &head, int widest);
+    void addEntry(const KeyEntry &entry, const LabelRuler &ruler, int widest);
+
+    struct Entry
+    {
+        QString label;
+        QByteArray fill;
+        int fontSize;
+    };
+
+    Side side;
     QString title;
-    QList<KeyEntry> entries;
-    LabelRuler titleRuler;
-    LabelRuler entryRuler;
+    int titleFont = 0; // its size
+    std::optional<QSize> titleSize;
+    QList<Entry> entries;
+    QList<QSize> entrySizes;
 };
 
 } // namespace ORR::Companion

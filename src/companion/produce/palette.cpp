@@ -19,8 +19,8 @@ struct Channels
 
 constexpr std::array rising = {Channels{0xEE, 0xF3, 0xFA}, Channels{0xA9, 0xC8, 0xE8},
                                Channels{0x4A, 0x7F, 0xC1}};
-constexpr std::array diverging = {Channels{0xE0, 0x7B, 0x39}, Channels{0xF0, 0xEF, 0xED},
-                                  Channels{0x4A, 0x7F, 0xC1}};
+constexpr std::array diverging = {Channels{0xE0, 0x7B, 0x39}, Channels{0xEA, 0xE6, 0xDE},
+                                  Channels{0x6E, 0x9F, 0xDB}};
 
 int mixed(int from, int to, double place)
 {

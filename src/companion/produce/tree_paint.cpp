@@ -52,7 +52,8 @@ void TreePaint::paintTops(const ShownTree &tree)
         const bool hasColor = thing.sort == ShownThing::Thing && fills.size() < colorCount()
             && thing.weight >= leastTold * tree.root().weight;
         if (!hasColor) {
-            rest += thing.weight;
+            // An own weight says what it is, or is a gap.
+            rest += thing.sort == ShownThing::Own ? 0 : thing.weight;
             continue;
         }
         const QByteArray fill = kindFills().at(fills.size());

@@ -36,7 +36,7 @@ QString meaningWords(const TreeJob &job, const QString &size)
     if (!job.meaning.weight.isEmpty())
         words = size + u": "_s + job.meaning.weight;
     if (!job.meaning.color.isEmpty())
-        words += (words.isEmpty() ? u"colour: "_s : u"  \u00b7  colour: "_s) + job.meaning.color;
+        words += (words.isEmpty() ? u"colour: "_s : u"\ncolour: "_s) + job.meaning.color;
     return words;
 }
 

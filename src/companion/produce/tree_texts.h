@@ -28,7 +28,8 @@ QString titleOf(const TreeJob &job, const ShownTree &tree);
 // With the weight of the whole behind it.
 QString titleWithWeight(const TreeJob &job, const ShownTree &tree);
 
-// What sizes and colours are: "area: lines · colour: coverage". `size` is what is drawn large.
+// What sizes and colours are, a line each: "area: lines", "colour: coverage". `size` is what grows
+// with the weight.
 QString meaningWords(const TreeJob &job, const QString &size);
 
 // The path, the weight and the share of a thing, for whoever asks the drawing for them.

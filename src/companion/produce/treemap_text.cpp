@@ -1,4 +1,5 @@
 #include "companion/produce/chart_key.h"
+#include "companion/produce/label_ruler.h"
 #include "companion/produce/number_words.h"
 #include "companion/produce/palette.h"
 #include "companion/produce/tree_paint.h"
@@ -54,7 +55,7 @@ private:
     void writeMembers();
     void enter(int thing, const QRectF &room);
     QList<QRectF> cellsOf(int thing, const QRectF &room);
-    void foldSmall(int thing, double area);
+    qsizetype foldSmall(int thing, double area);
     bool openGroup(int thing, const QRectF &cell);
     void writeCell(int thing, const QRectF &cell);
     QString groupLabel(const ShownThing &thing, const QRectF &cell) const;
@@ -101,8 +102,8 @@ void TreemapWriter::writeHead(const QSizeF &chart)
                           .number("fontsize", cellSize));
 }
 
-// Folds what would have too small a cell in that area.
-void TreemapWriter::foldSmall(int thing, double area)
+// Folds what would have too small a cell in that area; how many were large enough.
+qsizetype TreemapWriter::foldSmall(int thing, double area)
 {
     const QList<int> &children = tree[thing].children;
     const double whole = tree[thing].weight;
@@ -111,6 +112,7 @@ void TreemapWriter::foldSmall(int thing, double area)
            && tree[children[kept]].weight / whole * area >= leastArea)
         ++kept;
     tree.foldBehind(thing, std::max<qsizetype>(kept, 1));
+    return kept;
 }
 
 // The engine lays out the largest first, and others are as large as they come.
@@ -174,7 +176,8 @@ bool TreemapWriter::openGroup(int thing, const QRectF &cell)
         cell, {groupMargin, groupMargin, groupMargin, groupMargin}, labelHeight);
     if (room.width() < leastRoomWidth || room.height() < leastRoomHeight)
         return false;
-    foldSmall(thing, room.width() * room.height());
+    if (foldSmall(thing, room.width() * room.height()) == 0)
+        return false;
     Attributes attributes;
     // An empty one, too, as it would be inherited.
     attributes.label(label).text("fillcolor", frameFills.at(open.size() % frameFills.size()));
@@ -249,7 +252,8 @@ WrittenGraph TreemapWriter::write()
     const int width = Graph::truncated(job.request.width);
     const int height = Graph::truncated(job.request.height);
     QStringList notes;
-    ChartKey legend("bottom", meaningWords(job, u"area"_s), paint.entries(), width);
+    ChartKey legend(ChartKey::Bottom, {.meaning = meaningWords(job, u"area"_s)}, paint.entries(),
+                    width);
     int legendHeight = legend.pageOf(QRect(0, 0, width, height)).height() - height;
     if (legendHeight > height / 2) {
         legend.leaveOut();
