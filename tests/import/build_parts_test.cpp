@@ -101,6 +101,23 @@ TEST(ShortSymbol, keeps_what_is_made_for_a_name)
     EXPECT_EQ(shortSymbol("guard variable for f()::x"), "guard variable for f");
 }
 
+TEST(ShortSymbol, has_the_names_of_a_mangled_one)
+{
+    EXPECT_EQ(shortSymbol("_ZN3ORR5GraphL6encodeEd"), "ORR::Graph::encode");
+    EXPECT_EQ(shortSymbol("_ZNK12_GLOBAL__N_11A1bEv"), "(anonymous namespace)::A::b");
+    EXPECT_EQ(shortSymbol("_ZN1AD2Ev"), "A::~A");
+    EXPECT_EQ(shortSymbol("_ZN1AC1Ei"), "A::A");
+    EXPECT_EQ(shortSymbol("_ZSt4swapv"), "std::swap");
+    EXPECT_EQ(shortSymbol("_Z4mainv"), "main");
+}
+
+TEST(ShortSymbol, keeps_a_mangled_one_that_has_more)
+{
+    for (const char *text : {"_ZN1AIiE1bEv", "_Z1fIiEvT_", "_ZN1A", "_ZN", "_Z", "_ZN99999999999AE",
+                             "_ZTV1A", "_ZNC1E", "_ZN0E"})
+        EXPECT_EQ(shortSymbol(text), text);
+}
+
 TEST(ShortSymbol, keeps_what_is_no_symbol)
 {
     for (const char *text : {"", "(", "<", "a<b", "  ", "x ", "()", ">"})

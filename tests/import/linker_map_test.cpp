@@ -39,6 +39,12 @@ TEST(LinkerMap, has_the_symbol_of_a_piece_that_is_one)
               ".data>a.o>ns::x 4 #2\n");
 }
 
+TEST(LinkerMap, has_the_name_of_a_piece_without_a_symbol)
+{
+    EXPECT_EQ(toldMap(".text\n .text._ZN1A1bEv\n                0x10        0x4 a.o\n"),
+              ".text>a.o>A::b 4 #0\n");
+}
+
 TEST(LinkerMap, has_archives_as_groups)
 {
     EXPECT_EQ(toldMap(".text 0x0 0x4\n .text 0x0 0x4 lib/CMakeFiles/l.dir/libx.a(y.o)\n"

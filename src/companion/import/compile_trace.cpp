@@ -73,9 +73,9 @@ QByteArray nameOf(const TraceEvent &event)
         return event.name;
     if (event.name == "Source")
         return headerName(event.detail);
-    // Of templates all instances together say more than each of them.
-    const bool isInstance = event.name.startsWith("Instantiate");
-    return isInstance ? shortSymbol(event.detail) : event.detail;
+    // Of templates all instances together say more than each of them. Passes have mangled names.
+    const bool isSymbol = event.name.startsWith("Instantiate") || event.detail.startsWith("_Z");
+    return isSymbol ? shortSymbol(event.detail) : event.detail;
 }
 
 // An event that is not over yet.

@@ -13,9 +13,9 @@ namespace {
 // clang-format off
 // Name, what writes it, engines, sizes, colours, options.
 constexpr ImportFormat table[] = {
-    {"lcov", "lcov, geninfo, gcov --json-format", "treemap sunburst", "lines of code", "coverage", "", likenessOfLcov, readLcov},
-    {"ninja", "ninja's .ninja_log, clang -ftime-trace", "treemap bar sunburst", "time", "folder, or step of the compiler", "--by", likenessOfNinja, readNinja},
-    {"size", "size, bloaty --csv, the map of GNU ld", "treemap bar sunburst", "bytes", "sort of section", "--by --area", likenessOfSize, readSize},
+    {"lcov", "lcov, geninfo, gcov --json-format", "treemap sunburst flatbubble", "lines of code", "coverage", "", likenessOfLcov, readLcov},
+    {"ninja", "ninja's .ninja_log, clang -ftime-trace", "treemap bar sunburst gftree", "time", "folder, or step of the compiler", "--by", likenessOfNinja, readNinja},
+    {"size", "size, bloaty --csv, the map of GNU ld", "treemap bar sunburst flatbubble", "bytes", "sort of section", "--by --area", likenessOfSize, readSize},
     {"junit", "JUnit, ctest, GoogleTest, pytest", "treemap bar sunburst", "time, or tests", "result", "--area", likenessOfJunit, readJunit},
 };
 // clang-format on

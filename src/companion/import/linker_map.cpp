@@ -55,6 +55,13 @@ QByteArray objectPath(QByteArrayView object)
     return "system/" + object.sliced(file.lastIndexOf('/') + 1).toByteArray();
 }
 
+// The mangled symbol that a section of one function or object is named for; else its whole name.
+QByteArray symbolIn(const QByteArray &section)
+{
+    const qsizetype place = section.indexOf("._Z");
+    return place < 0 ? section : section.sliced(place + 1);
+}
+
 // The linker books what it makes itself on the first object.
 QByteArray sourceOf(const QByteArray &section, const QByteArray &object)
 {
@@ -186,7 +193,7 @@ void LinkerMap::endPiece()
         item = isFlat ? item : weights.child(item, section);
     }
     const bool isNamed = !ended.symbol.isEmpty() && !ended.hasSeveral;
-    const QByteArray name = isNamed ? shortSymbol(ended.symbol) : ended.name;
+    const QByteArray name = shortSymbol(isNamed ? ended.symbol : symbolIn(ended.name));
     if (!isFlat && !isFill && name != section) {
         weights.setKind(item, kind);
         item = weights.child(item, name);

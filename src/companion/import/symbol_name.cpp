@@ -1,5 +1,6 @@
 #include "companion/import/symbol_name.h"
 
+#include <QByteArrayList>
 #include <QByteArrayView>
 
 namespace ORR::Companion {
@@ -92,10 +93,71 @@ QByteArray SymbolCut::take()
     return depth == 0 ? name.sliced(start) : QByteArray();
 }
 
+// Reads the names that a mangled one is made of (the Itanium C++ ABI, "5.1 External Names").
+class MangledNames
+{
+public:
+    explicit MangledNames(QByteArrayView behindStart) : rest(behindStart) { }
+    // All of them; none if there is more to it than names, arguments of templates for instance.
+    QByteArray take();
+
+private:
+    bool skip(QByteArrayView word);
+    bool takeName();
+
+    QByteArrayView rest;
+    QByteArrayList names;
+};
+
+bool MangledNames::skip(QByteArrayView word)
+{
+    const bool isNext = rest.startsWith(word);
+    rest = rest.sliced(isNext ? word.size() : 0);
+    return isNext;
+}
+
+bool MangledNames::takeName()
+{
+    if (skip("St")) {
+        names.append("std");
+        return true;
+    }
+    const bool isDestructor = rest.startsWith('D');
+    if (!names.isEmpty() && (skip("C1") || skip("C2") || skip("D0") || skip("D1") || skip("D2"))) {
+        names.append((isDestructor ? "~" : "") + names.constLast());
+        return true;
+    }
+    skip("L"); // of this file alone
+    qsizetype digits = 0;
+    while (digits < rest.size() && rest[digits] >= '0' && rest[digits] <= '9')
+        ++digits;
+    const qsizetype size = rest.first(digits).toLongLong();
+    if (size == 0 || size > rest.size() - digits)
+        return false;
+    const QByteArrayView name = rest.sliced(digits, size);
+    names.append(name.startsWith("_GLOBAL__N") ? anonymous.toByteArray() : name.toByteArray());
+    rest = rest.sliced(digits + size);
+    return true;
+}
+
+QByteArray MangledNames::take()
+{
+    const bool isNested = skip("N");
+    while (isNested && (skip("K") || skip("V") || skip("R") || skip("O"))) { }
+    while (takeName() && (isNested || names.constLast() == "std")) { }
+    const bool isWhole = isNested ? skip("E") : !rest.startsWith('I');
+    return isWhole ? names.join("::") : QByteArray();
+}
+
 } // namespace
 
 QByteArray shortSymbol(const QByteArray &symbol)
 {
+    constexpr QByteArrayView mangled = "_Z";
+    if (symbol.startsWith(mangled)) {
+        const QByteArray names = MangledNames(QByteArrayView(symbol).sliced(mangled.size())).take();
+        return names.isEmpty() ? symbol : names;
+    }
     const QByteArray name = SymbolCut(symbol).take();
     return name.isEmpty() ? symbol : name;
 }
