@@ -120,7 +120,7 @@ TEST(ShortSymbol, keeps_a_mangled_one_that_has_more)
 
 TEST(ShortSymbol, keeps_what_is_no_symbol)
 {
-    for (const char *text : {"", "(", "<", "a<b", "  ", "x ", "()", ">"})
+    for (const char *text : {"", "(", "<", "a<b", "  ", "x ", "()", ">", "[section .a]"})
         EXPECT_EQ(shortSymbol(text), text);
 }
 

@@ -169,8 +169,8 @@ TEST(JunitImport, reads_reports_of_pytest)
     const ImportResult result = readBytes(readJunit, importData(u"junit/pytest.xml"_s));
     ASSERT_TRUE(result.picture) << qPrintable(toldFault(result));
     EXPECT_EQ(treePicture(result).meaning().kinds,
-              (QStringList{u"passed (8)"_s, u"skipped (2)"_s, u"failed (2)"_s, u"error (2)"_s}));
-    EXPECT_EQ(treePicture(result).meaning().rootName, u"8 passed, 2 skipped, 2 failed, 2 error"_s);
+              (QStringList{u"passed (8)"_s, u"skipped (2)"_s, u"failed (2)"_s, u"errors (2)"_s}));
+    EXPECT_EQ(treePicture(result).meaning().rootName, u"8 passed, 2 skipped, 2 failed, 2 errors"_s);
 }
 
 TEST(JunitImport, reads_reports_of_ctest)
@@ -178,7 +178,7 @@ TEST(JunitImport, reads_reports_of_ctest)
     const ImportResult result = readBytes(readJunit, importData(u"junit/ctest.xml"_s));
     ASSERT_TRUE(result.picture) << qPrintable(toldFault(result));
     EXPECT_EQ(treePicture(result).meaning().kinds,
-              (QStringList{u"passed (3)"_s, u"skipped (3)"_s, u"failed (1)"_s, u"error (0)"_s}));
+              (QStringList{u"passed (3)"_s, u"skipped (3)"_s, u"failed (1)"_s, u"errors (0)"_s}));
     EXPECT_NE(toldTree(result).find("(empty)>compares 0.306403" + failed), std::string::npos);
 }
 

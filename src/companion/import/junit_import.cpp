@@ -22,7 +22,7 @@ struct ResultLook
 // By their numbers. Bad ones are warm, and darker than what is well, so that they are seen without
 // their hues.
 constexpr std::array<ResultLook, testResultCount> looks{
-    {{"passed", "#A9D3F5"}, {"skipped", "#D9D9D9"}, {"failed", "#F28E2B"}, {"error", "#C26BB0"}}};
+    {{"passed", "#A9D3F5"}, {"skipped", "#D9D9D9"}, {"failed", "#F28E2B"}, {"errors", "#C26BB0"}}};
 
 QByteArray named(const QByteArray &name)
 {

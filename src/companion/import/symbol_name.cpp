@@ -158,7 +158,8 @@ QByteArray shortSymbol(const QByteArray &symbol)
         const QByteArray names = MangledNames(QByteArrayView(symbol).sliced(mangled.size())).take();
         return names.isEmpty() ? symbol : names;
     }
-    const QByteArray name = SymbolCut(symbol).take();
+    const bool isRemark = symbol.startsWith('['); // "[section .text]", "[1,234 Others]"
+    const QByteArray name = isRemark ? symbol : SymbolCut(symbol).take();
     return name.isEmpty() ? symbol : name;
 }
 
