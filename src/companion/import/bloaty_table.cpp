@@ -2,6 +2,7 @@
 
 #include "companion/findings/quoted_text.h"
 #include "companion/import/section_kind.h"
+#include "companion/import/symbol_name.h"
 #include "companion/import/written_number.h"
 
 #include <algorithm>
@@ -103,7 +104,9 @@ void BloatyTable::addRow(const QByteArrayList &cells, double size)
         if (isSize(columns.at(i)))
             continue;
         const bool isPath = isOfFiles(columns.at(i)) && !isFlat;
-        const QByteArrayList parts = isPath ? cells.at(i).split('/') : QByteArrayList{cells.at(i)};
+        const bool isSymbol = columns.at(i).endsWith("symbols"); // short, full or raw ones
+        const QByteArray name = isSymbol ? shortSymbol(cells.at(i)) : cells.at(i);
+        const QByteArrayList parts = isPath ? name.split('/') : QByteArrayList{name};
         for (const QByteArray &part : parts) {
             if (!part.isEmpty() && part != "." && part != "..")
                 item = weights.child(item, part);

@@ -1,5 +1,6 @@
 #include "companion/import/compile_trace.h"
 
+#include "companion/import/symbol_name.h"
 #include "companion/import/trace_events.h"
 
 #include <algorithm>
@@ -58,14 +59,23 @@ QByteArray headerName(const QByteArray &path)
 {
     constexpr QByteArrayView folder = "/include/";
     const qsizetype place = path.lastIndexOf(folder);
-    return place < 0 ? path : path.sliced(place + folder.size());
+    if (place < 0)
+        return path;
+    const QByteArray name = path.sliced(place + folder.size());
+    const qsizetype end = name.indexOf('/');
+    const bool isOfMachine = end >= 0 && name.first(end).contains("-linux-");
+    return isOfMachine ? name.sliced(end + 1) : name;
 }
 
 QByteArray nameOf(const TraceEvent &event)
 {
     if (event.detail.isEmpty())
         return event.name;
-    return event.name == "Source" ? headerName(event.detail) : event.detail;
+    if (event.name == "Source")
+        return headerName(event.detail);
+    // Of templates all instances together say more than each of them. Passes have mangled names.
+    const bool isSymbol = event.name.startsWith("Instantiate") || event.detail.startsWith("_Z");
+    return isSymbol ? shortSymbol(event.detail) : event.detail;
 }
 
 // An event that is not over yet.

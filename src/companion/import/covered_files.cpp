@@ -1,11 +1,32 @@
 #include "companion/import/covered_files.h"
 
+#include <QByteArrayList>
+
 #include <algorithm>
 
 namespace ORR::Companion {
 
-qsizetype CoveredFiles::file(const QByteArray &path)
+namespace {
+
+// Compilers that run in several folders name the same file in several ways.
+QByteArray shortestPath(const QByteArray &path)
 {
+    QByteArrayList parts;
+    for (const QByteArray &part : path.split('/')) {
+        const bool goesUp = part == ".." && !parts.isEmpty() && parts.constLast() != "..";
+        if (goesUp)
+            parts.removeLast();
+        else if (!part.isEmpty() && part != ".")
+            parts.append(part);
+    }
+    return parts.join('/');
+}
+
+} // namespace
+
+qsizetype CoveredFiles::file(const QByteArray &written)
+{
+    const QByteArray path = shortestPath(written);
     if (const auto known = numbers.constFind(path); known != numbers.cend())
         return *known;
     numbers.insert(path, files.size());

@@ -13,8 +13,8 @@ namespace ORR::Companion {
 class CoveredFiles
 {
 public:
-    // Of a path as it was read; the same one gives the same number.
-    qsizetype file(const QByteArray &path);
+    // Its number by its path as it was read, however often that goes up and down.
+    qsizetype file(const QByteArray &written);
 
     void addLine(qsizetype file, quint64 line, bool isHit);
     // What is known of a file of which no line is: the greatest of several counts.

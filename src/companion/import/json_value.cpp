@@ -158,12 +158,16 @@ bool JsonBuilder::close()
 
 ImportFault JsonBuilder::fault() const
 {
+    const JsonValue around(document, current);
+    const ImportPlace place{
+        .source = document->source, .offset = faultOffset, .path = around.path()};
+    // The reader of the library gives up on it.
+    if (faultWords.startsWith("[json.exception.out_of_range"_L1))
+        return {place, u"a number is beyond what can be held"_s};
     // "[json.exception.parse_error.101] parse error at line 1, column 2: what; last read: ..."
     qsizetype start = faultWords.indexOf(u": "_s);
     const QString words = start < 0 ? faultWords : faultWords.sliced(start + 2);
-    const JsonValue around(document, current);
-    return {{.source = document->source, .offset = faultOffset, .path = around.path()},
-            u"this is no JSON: "_s + words};
+    return {place, u"this is no JSON: "_s + words};
 }
 
 std::optional<JsonDocument> JsonDocument::read(const QByteArray &text, const std::string &source,

@@ -22,7 +22,7 @@ struct ResultLook
 // By their numbers. Bad ones are warm, and darker than what is well, so that they are seen without
 // their hues.
 constexpr std::array<ResultLook, testResultCount> looks{
-    {{"passed", "#A9D3F5"}, {"skipped", "#D9D9D9"}, {"failed", "#F28E2B"}, {"error", "#C26BB0"}}};
+    {{"passed", "#A9D3F5"}, {"skipped", "#D9D9D9"}, {"failed", "#F28E2B"}, {"errors", "#C26BB0"}}};
 
 QByteArray named(const QByteArray &name)
 {
@@ -65,16 +65,16 @@ WeightTree treeOf(const QList<TestCase> &cases, bool isByTime, bool isFlat)
     return tree;
 }
 
-// With how many there are of each, as what takes no time is not seen.
-QStringList kindsOf(const QList<TestCase> &cases)
+// The results with how many there are of each, as what takes no time is not seen.
+QStringList countedResults(const QList<TestCase> &cases, const QString &form)
 {
     std::array<qint64, testResultCount> counts{};
     for (const TestCase &test : cases)
         ++counts[size_t(test.result)];
-    QStringList kinds;
+    QStringList counted;
     for (size_t i = 0; i < testResultCount; ++i)
-        kinds.append(u"%1: %2"_s.arg(QLatin1StringView(looks[i].name)).arg(counts[i]));
-    return kinds;
+        counted.append(form.arg(QLatin1StringView(looks[i].name)).arg(counts[i]));
+    return counted;
 }
 
 TreeMeaning meaningOf(const QList<TestCase> &cases, bool isByTime)
@@ -84,7 +84,8 @@ TreeMeaning meaningOf(const QList<TestCase> &cases, bool isByTime)
     meaning.unit = isByTime ? TreeMeaning::Unit::Seconds : TreeMeaning::Unit::Count;
     meaning.coloring = TreeMeaning::Coloring::ByKind;
     meaning.color = u"result"_s;
-    meaning.kinds = kindsOf(cases);
+    meaning.kinds = countedResults(cases, u"%1 (%2)"_s);
+    meaning.rootName = countedResults(cases, u"%2 %1"_s).join(u", "_s);
     for (const ResultLook &look : looks)
         meaning.kindFills.append(QLatin1StringView(look.fill));
     return meaning;

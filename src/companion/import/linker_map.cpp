@@ -3,6 +3,7 @@
 #include "companion/findings/quoted_text.h"
 #include "companion/import/object_path.h"
 #include "companion/import/section_kind.h"
+#include "companion/import/symbol_name.h"
 #include "companion/import/written_number.h"
 
 #include <algorithm>
@@ -20,6 +21,12 @@ constexpr QByteArrayView filling = "*fill*";
 
 // Lines at the margin that begin no section.
 constexpr std::array<QByteArrayView, 5> commands{"LOAD", "START", "END", "OUTPUT", "TARGET"};
+
+// What no object has.
+constexpr std::array<QByteArrayView, 15> sectionsOfLinker{
+    ".eh_frame_hdr",  ".interp",        ".hash",   ".gnu.hash", ".gnu.version",
+    ".gnu.version_d", ".gnu.version_r", ".dynsym", ".dynstr",   ".dynamic",
+    ".rela",          ".rel",           ".relr",   ".plt",      ".got"};
 
 // Takes the first word off a line.
 QByteArrayView takeWord(QByteArrayView *line)
@@ -46,6 +53,21 @@ QByteArray objectPath(QByteArrayView object)
     const qsizetype member = object.endsWith(')') ? object.lastIndexOf('(') : -1;
     const QByteArrayView file = member < 0 ? object : object.first(member);
     return "system/" + object.sliced(file.lastIndexOf('/') + 1).toByteArray();
+}
+
+// The mangled symbol that a section of one function or object is named for; else its whole name.
+QByteArray symbolIn(const QByteArray &section)
+{
+    const qsizetype place = section.indexOf("._Z");
+    return place < 0 ? section : section.sliced(place + 1);
+}
+
+// The linker books what it makes itself on the first object.
+QByteArray sourceOf(const QByteArray &section, const QByteArray &object)
+{
+    const bool isMade = std::ranges::any_of(
+        sectionsOfLinker, [&](QByteArrayView name) { return isSectionOf(section, name); });
+    return isMade ? QByteArray("linker") : object;
 }
 
 } // namespace
@@ -160,7 +182,7 @@ void LinkerMap::endPiece()
         return;
     const int kind = sectionKind(section);
     const bool isFill = ended.name == filling;
-    const QByteArray object = isFill ? QByteArray("fill") : ended.object;
+    const QByteArray object = isFill ? QByteArray("fill") : sourceOf(section, ended.object);
     WeightTree::Item item = WeightTree::root;
     if (order == Order::SectionFirst) {
         item = weights.child(item, section);
@@ -171,7 +193,7 @@ void LinkerMap::endPiece()
         item = isFlat ? item : weights.child(item, section);
     }
     const bool isNamed = !ended.symbol.isEmpty() && !ended.hasSeveral;
-    const QByteArray name = isNamed ? ended.symbol : ended.name;
+    const QByteArray name = shortSymbol(isNamed ? ended.symbol : symbolIn(ended.name));
     if (!isFlat && !isFill && name != section) {
         weights.setKind(item, kind);
         item = weights.child(item, name);

@@ -46,6 +46,7 @@ ImportResult readLogs(std::vector<ImportSource> &sources, const ImportOptions &o
     }
     TreeMeaning meaning{.weight = u"build time"_s, .unit = TreeMeaning::Unit::Seconds};
     meaning.color = u"folder"_s;
+    meaning.ownName = u"(linking)"_s; // of a program with the name of the folder of its objects
     return weighedPicture(treeOf(log, options), meaning, sources, u"no step in it took a time"_s);
 }
 

@@ -65,21 +65,23 @@ constexpr std::array<KindOfSection, 44> kindsOfSections{{
     {".gdb_index", Debug},
 }};
 
-bool isOf(QByteArrayView section, QByteArrayView name)
+} // namespace
+
+bool isSectionOf(QByteArrayView section, QByteArrayView name)
 {
     return section.startsWith(name)
         && (section.size() == name.size() || section[name.size()] == '.');
 }
-
-} // namespace
 
 int sectionKind(QByteArrayView section)
 {
     if (section.startsWith(".debug_") || section.startsWith(".zdebug_")
         || section.startsWith(".stab"))
         return Debug;
-    const auto *const known = std::ranges::find_if(
-        kindsOfSections, [section](const KindOfSection &row) { return isOf(section, row.name); });
+    const auto *const known =
+        std::ranges::find_if(kindsOfSections, [section](const KindOfSection &row) {
+            return isSectionOf(section, row.name);
+        });
     return known == kindsOfSections.end() ? Other : known->kind;
 }
 

@@ -9,6 +9,10 @@ namespace ORR::Companion {
 // names and links of the loader, notes for debuggers, and others.
 int sectionKind(QByteArrayView section);
 
+// Whether a section has a name, or one with more behind it and a "." between: ".text.unlikely" is
+// of ".text".
+bool isSectionOf(QByteArrayView section, QByteArrayView name);
+
 // What those numbers are called.
 QStringList sectionKinds();
 

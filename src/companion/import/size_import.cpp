@@ -81,7 +81,7 @@ ImportResult readMaps(std::vector<ImportSource> &sources, const ImportOptions &o
     }
     TreeMeaning meaning = bytesByKind();
     meaning.rootName = u"sections"_s;
-    meaning.ownName = u"(others)"_s;
+    meaning.ownName = u"(the rest)"_s;
     return weighedPicture(map.tree(), meaning, sources, u"nothing in it has a size"_s);
 }
 
