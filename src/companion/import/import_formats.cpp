@@ -2,6 +2,7 @@
 
 #include "companion/import/mermaid_import.h"
 #include "companion/import/plantuml_import.h"
+#include "companion/import/trace_import.h"
 
 using namespace Qt::StringLiterals;
 
@@ -13,6 +14,7 @@ namespace {
 constexpr ImportFormat table[] = {
     {"mermaid", "sequence diagrams of Mermaid", "umlseq", "", "", "", likenessOfMermaid, readMermaid},
     {"plantuml", "sequence diagrams of PlantUML", "umlseq", "", "", "", likenessOfPlantuml, readPlantuml},
+    {"trace", "OTLP and Jaeger, as JSON", "umlseq", "", "", "", likenessOfTrace, readTrace},
 };
 // clang-format on
 

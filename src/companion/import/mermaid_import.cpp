@@ -378,7 +378,9 @@ int likenessOfMermaid(QByteArrayView beginning)
          at = text.indexOf("sequenceDiagram", at + 1)) {
         const QByteArrayView before = QByteArrayView(text).first(at);
         const qsizetype line = before.lastIndexOf('\n') + 1;
-        if (before.sliced(line).trimmed().isEmpty())
+        // A style of another language may be called so, too.
+        const QByteArrayView behind = QByteArrayView(text).sliced(at + 15).trimmed();
+        if (before.sliced(line).trimmed().isEmpty() && !behind.startsWith('{'))
             return before.trimmed().isEmpty() ? 100 : 90;
     }
     return 0;

@@ -203,6 +203,8 @@ void SequenceWriter::writeStep(qsizetype i)
             isAwaited[step.to] = true;
         break;
     case SequenceStep::Destroy:
+        if (lines.isEnded(step.to))
+            break;
         ++row;
         while (lines.bars(step.to) > 0)
             lines.closeBar(step.to, row - 1);
@@ -435,8 +437,9 @@ void SequenceWriter::beginFragment(qsizetype i)
     // Frames would hide it.
     const SequenceStep::Type next =
         i + 1 < steps.steps.size() ? steps.steps[i + 1].type : SequenceStep::EndFragment;
-    if (isFramed && (next == SequenceStep::Message || next == SequenceStep::Create
-                     || next == SequenceStep::Note))
+    if (isFramed
+        && (next == SequenceStep::Message || next == SequenceStep::Create
+            || next == SequenceStep::Note))
         --row;
 }
 
