@@ -80,6 +80,8 @@ void SequenceLifelines::resume(int participant, int row)
 void SequenceLifelines::through(int participant, const GraphText::Id &node, int row)
 {
     Line &line = lines[participant];
+    if (line.isEnded)
+        return;
     // Between two things on one row there is no line.
     if (!line.last.isEmpty() && line.lastRow < row)
         link(line.last, node, u"dashed");

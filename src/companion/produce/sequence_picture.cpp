@@ -59,7 +59,7 @@ Sequence shortened(const Sequence &whole, int most, QStringList *notes)
             break;
         if (step.type == SequenceStep::BeginFragment)
             ++open;
-        if (step.type == SequenceStep::EndFragment)
+        if (step.type == SequenceStep::EndFragment && open > 0)
             --open;
     }
     if (kept < steps) {

@@ -85,4 +85,7 @@ private:
     int row = 0;
 };
 
+// Black or white letters, whichever are easier to read upon a fill.
+QString sequenceLetters(const QString &fill);
+
 } // namespace ORR::Companion
