@@ -48,7 +48,7 @@ public:
     WrittenGraph write();
 
 private:
-    ChartKey keyFor(int width) const;
+    ChartKey keyFor(ChartKey::Side side, int width) const;
     void chooseBars(int room);
     QString captionOf(const ShownThing &shown, int widest) const;
     QList<Segment> segmentsOf(const ShownThing &shown) const;
@@ -74,13 +74,13 @@ BarWriter::BarWriter(const TreeJob &treeJob)
 }
 
 // Bars that have their names beside them need no colours to tell them apart.
-ChartKey BarWriter::keyFor(int width) const
+ChartKey BarWriter::keyFor(ChartKey::Side side, int width) const
 {
     const bool isByTop = job.meaning.coloring == TreeMeaning::Coloring::ByTop;
     QString meaning = meaningWords(job, u"length"_s);
     if (isByTop)
         meaning = meaning.section(u'\n', 0, 0);
-    return {ChartKey::Top,
+    return {side,
             {titleWithWeight(job, tree), meaning},
             isByTop ? QList<KeyEntry>() : paint.entries(),
             width};
@@ -230,11 +230,13 @@ WrittenGraph BarWriter::write()
     const int width = Graph::truncated(job.request.width);
     const int height = Graph::truncated(job.request.height);
     QStringList notes;
-    ChartKey key = keyFor(width - 2 * margin);
+    ChartKey key = keyFor(ChartKey::Top, width - 2 * margin);
     const auto around = [&] {
         const QRect chart(margin, margin, width - 2 * margin, height);
         return key.pageOf(chart).height() - height;
     };
+    if (around() > height / 3) // above the chart it takes its room twice
+        key = keyFor(ChartKey::Bottom, width - 2 * margin);
     if (around() > height / 2) {
         key.leaveOut();
         notes.append(u"the page has no room for the legend"_s);
