@@ -53,6 +53,7 @@ private:
     void closeBeyond(int level);
     void writeHead();
     GraphText::Id writeNode(int thing, bool hidesSome);
+    QString colorWords() const;
     QString labelOf(int thing) const;
     QByteArray fillOf(const ShownThing &shown) const;
     double shareOf(int thing) const { return tree[thing].weight / tree.root().weight; }
@@ -116,6 +117,22 @@ void CallTreeWriter::writeHead()
                           .text("color", u"#9CA3AF"));
 }
 
+QString CallTreeWriter::colorWords() const
+{
+    if (job.meaning.coloring != TreeMeaning::Coloring::ByShare)
+        return u"darker: a larger share"_s;
+    const QString share = job.meaning.color.isEmpty() ? u"of it"_s : job.meaning.color;
+    switch (job.meaning.scale) {
+    case TreeMeaning::Scale::BadToGood:
+        return u"blue: much "_s + share + u"\norange: little "_s + share;
+    case TreeMeaning::Scale::GoodToBad:
+        return u"blue: little "_s + share + u"\norange: much "_s + share;
+    case TreeMeaning::Scale::Rising:
+        break;
+    }
+    return u"darker: more "_s + share;
+}
+
 // Of the root the title and what the drawing means, as the engine has no other place for them.
 QString CallTreeWriter::labelOf(int thing) const
 {
@@ -125,7 +142,7 @@ QString CallTreeWriter::labelOf(int thing) const
         if (title.isEmpty())
             title = ruler.elided(titleOf(job, tree), labelWidth);
         const QString weight = weightWithName(shown.weight, job.meaning);
-        return title + u'\n' + weight + u"\ndarker: a larger share\ndashed: more in it"_s;
+        return title + u'\n' + weight + u'\n' + colorWords() + u"\ndashed: more in it"_s;
     }
     QString numbersLine = percentWords(shareOf(thing));
     if (shown.own > 0 && shown.own < shown.weight)

@@ -38,6 +38,7 @@ private:
         qsizetype next = 0; // child
     };
 
+    double sweepOf(int thing) const { return tree[thing].weight / tree.root().weight * wholeSweep; }
     int ringCount() const;
     int foldNarrow(double radius, int rings);
     qsizetype wideChildren(int thing, double leastSweep) const;
@@ -74,7 +75,7 @@ qsizetype SunburstWriter::wideChildren(int thing, double leastSweep) const
     const QList<int> &children = tree[thing].children;
     qsizetype wide = 0;
     while (wide < children.size() && tree[children[wide]].sort != ShownThing::Others
-           && tree[children[wide]].weight / tree.root().weight * wholeSweep >= leastSweep)
+           && sweepOf(children[wide]) >= leastSweep)
         ++wide;
     return wide;
 }
@@ -162,6 +163,8 @@ void SunburstWriter::writeMembers()
             continue;
         }
         const int child = children[place.next++];
+        if (sweepOf(child) < Graph::Layout::smallestSweep)
+            continue; // the engine would leave it out, too
         if (tree[child].children.isEmpty()) {
             writeSlice(child);
         } else {
