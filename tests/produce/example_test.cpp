@@ -16,5 +16,6 @@ TEST(ProducerExample, writes_the_map_of_a_text)
     ASSERT_TRUE(program.waitForFinished());
     EXPECT_EQ(program.exitCode(), 0);
     EXPECT_EQ(program.readAllStandardError(), QByteArray());
-    EXPECT_TRUE(matchesGolden(program.readAllStandardOutput(), folder + "/words.dot"_L1));
+    EXPECT_TRUE(matchesGolden(program.readAllStandardOutput(),
+                              QStringLiteral(ORR_TEST_FOLDER "/words.dot")));
 }
