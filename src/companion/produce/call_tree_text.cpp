@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int nodeSize = 9; // of the font
-constexpr int widest = 200; // a label, in points
+constexpr int widestLabel = 200; // a label, in points
 
 constexpr int sideMargin = 3; // of a node, in points
 constexpr int roundingSize = 8; // what round corners go by
@@ -63,7 +63,7 @@ private:
     TreePaint paint;
     LabelRuler ruler{nodeSize};
     GraphText text;
-    int labelWidth = widest;
+    int labelWidth = widestLabel;
 };
 
 CallTreeWriter::CallTreeWriter(const TreeJob &treeJob, qint64 most)
@@ -179,7 +179,7 @@ QByteArray CallTreeWriter::write()
     const int most = std::max(2, width / (narrowest + aroundLabel + betweenLevels));
     const int depth = std::min(levels(), most);
     closeBeyond(depth);
-    labelWidth = std::clamp(width / depth - aroundLabel - betweenLevels, narrowest, widest);
+    labelWidth = std::clamp(width / depth - aroundLabel - betweenLevels, narrowest, widestLabel);
     writeHead();
     QList<Node> left = {{0, {}}};
     while (!left.isEmpty()) {
@@ -201,7 +201,7 @@ QByteArray CallTreeWriter::write()
     return text.finished();
 }
 
-bool isKept(const QSizeF &size, const PictureRequest &request)
+bool keepsPage(const QSizeF &size, const PictureRequest &request)
 {
     return size.isValid() && size.width() <= request.width && size.height() <= request.height;
 }
@@ -218,7 +218,7 @@ WrittenGraph callTreeText(const TreeJob &job)
     while (tooMany - fits > 1) {
         const qint64 most = (fits + tooMany) / 2;
         const QByteArray text = CallTreeWriter(job, most).write();
-        if (isKept(drawnSize(text, u"gftree"_s), job.request)) {
+        if (keepsPage(drawnSize(text, u"gftree"_s), job.request)) {
             fits = most;
             kept = text;
         } else {

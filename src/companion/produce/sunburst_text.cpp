@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int margin = 4; // of the engine, around the rings
+constexpr int ringMargin = 4; // of the engine, around the rings
 constexpr double holeShare = 0.7; // of a ring's width: the radius of the hole in the middle
 constexpr double leastRing = 14; // its width, in points
 constexpr double leastArc = 2.5; // of a slice at its outer side, in points
@@ -176,7 +176,7 @@ void SunburstWriter::writeMembers()
 
 WrittenGraph SunburstWriter::write()
 {
-    const DiscRoom room = discRoom(job, tree, paint, u"angle"_s, margin);
+    const DiscRoom room = discRoom(job, tree, paint, u"angle"_s, ringMargin);
     const double radius = room.diameter / 2.0;
     const int most = std::max(1, Graph::truncated(radius / leastRing - holeShare));
     const int rings = std::max(1, foldNarrow(radius, std::clamp(ringCount(), 1, most)));
