@@ -16,12 +16,12 @@ namespace {
 
 constexpr int captionSize = 11; // of fonts
 constexpr int segmentSize = 9;
-constexpr int margin = 4; // of the engine, around the chart
-constexpr int gap = 4; // of the engine, between bars, and between a caption and its bar
+constexpr int barMargin = 4; // of the engine, around the chart
+constexpr int barGap = 4; // of the engine, between bars, and between a caption and its bar
 constexpr int thickest = 26; // of a bar, in points
 constexpr double captionShare = 0.4; // of the page, that captions may take
 constexpr double leastLength = 4.1; // of a segment: the engine would make all longer for less
-constexpr double labelRoom = 8; // beside a label in its segment
+constexpr double segmentRoom = 8; // beside a label in its segment
 constexpr qint64 mostLookedAt = 20000; // things, of which the bars are the heaviest
 
 // A part of a bar.
@@ -48,7 +48,7 @@ public:
     WrittenGraph write();
 
 private:
-    ChartKey keyFor(int width) const;
+    ChartKey keyFor(ChartKey::Side side, int width) const;
     void chooseBars(int room);
     QString captionOf(const ShownThing &shown, int widest) const;
     QList<Segment> segmentsOf(const ShownThing &shown) const;
@@ -74,13 +74,13 @@ BarWriter::BarWriter(const TreeJob &treeJob)
 }
 
 // Bars that have their names beside them need no colours to tell them apart.
-ChartKey BarWriter::keyFor(int width) const
+ChartKey BarWriter::keyFor(ChartKey::Side side, int width) const
 {
     const bool isByTop = job.meaning.coloring == TreeMeaning::Coloring::ByTop;
     QString meaning = meaningWords(job, u"length"_s);
     if (isByTop)
         meaning = meaning.section(u'\n', 0, 0);
-    return {ChartKey::Top,
+    return {side,
             {titleWithWeight(job, tree), meaning},
             isByTop ? QList<KeyEntry>() : paint.entries(),
             width};
@@ -133,7 +133,7 @@ QList<Segment> BarWriter::segmentsOf(const ShownThing &shown) const
 // The heaviest that have room below each other, the rest as others.
 void BarWriter::chooseBars(int room)
 {
-    const qsizetype most = std::max(2, room / (captionRuler.lineHeight() + gap));
+    const qsizetype most = std::max(2, room / (captionRuler.lineHeight() + barGap));
     if (tree.root().children.size() > most)
         tree.foldBehind(0, most - 1);
     QList<int> things = tree.root().children;
@@ -192,7 +192,7 @@ void BarWriter::writeHead(double length, int thickness)
     const QString family = QString::fromLatin1(LabelRuler::family);
     text.graph(Attributes()
                    .number("width", length)
-                   .number("height", double(bars.size()) * (thickness + gap))
+                   .number("height", double(bars.size()) * (thickness + barGap))
                    .text("fontname", family)
                    .number("fontsize", captionSize));
     text.nodeDefaults(Attributes()
@@ -214,7 +214,7 @@ void BarWriter::writeBar(const Bar &bar, double pointsPerWeight)
     for (const Segment &segment : bar.segments) {
         Attributes attributes;
         const double length = segment.weight * pointsPerWeight;
-        if (segmentRuler.widthOf(segment.name) + labelRoom <= length)
+        if (segmentRuler.widthOf(segment.name) + segmentRoom <= length)
             attributes.label(segment.name);
         attributes.number("area", segment.weight * unit)
             .text("fillcolor", QString::fromLatin1(segment.fill));
@@ -230,11 +230,13 @@ WrittenGraph BarWriter::write()
     const int width = Graph::truncated(job.request.width);
     const int height = Graph::truncated(job.request.height);
     QStringList notes;
-    ChartKey key = keyFor(width - 2 * margin);
+    ChartKey key = keyFor(ChartKey::Top, width - 2 * barMargin);
     const auto around = [&] {
-        const QRect chart(margin, margin, width - 2 * margin, height);
+        const QRect chart(barMargin, barMargin, width - 2 * barMargin, height);
         return key.pageOf(chart).height() - height;
     };
+    if (around() > height / 3) // above the chart it takes its room twice
+        key = keyFor(ChartKey::Bottom, width - 2 * barMargin);
     if (around() > height / 2) {
         key.leaveOut();
         notes.append(u"the page has no room for the legend"_s);
@@ -244,10 +246,10 @@ WrittenGraph BarWriter::write()
     int band = 0;
     for (const Bar &bar : std::as_const(bars))
         band = std::max(band, captionRuler.widthOf(bar.caption));
-    const double length = std::max(1, width - 2 * margin - band - 2 * gap - 2);
+    const double length = std::max(1, width - 2 * barMargin - band - 2 * barGap - 2);
     fitLengths(length);
-    const int thickness =
-        std::clamp(room / std::max(1, int(bars.size())) - gap, captionRuler.lineHeight(), thickest);
+    const int thickness = std::clamp(room / std::max(1, int(bars.size())) - barGap,
+                                     captionRuler.lineHeight(), thickest);
     writeHead(length, thickness);
     for (const Bar &bar : std::as_const(bars))
         writeBar(bar, length / longest);

@@ -21,14 +21,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int cellSize = 9; // of the font
+constexpr int bubbleFont = 9; // of the font
 constexpr double fillShare = 0.5; // of a disc that circles in circles cover, about
 constexpr double leastRadius = 2.5; // of a circle, in points
 constexpr int mostDepth = 12; // each circle around others takes a point from them
-constexpr double labelRoom = 6; // in a circle, both sides of a label together
+constexpr double bubbleRoom = 6; // in a circle, both sides of a label together
 
 // The frames of folders are shaded by depth, over and over.
-constexpr std::array groupFills = {u"#F4F6F8", u"#E6EBF0", u"#D8DFE7"};
+constexpr std::array circleFills = {u"#F4F6F8", u"#E6EBF0", u"#D8DFE7"};
 
 // Writes a tree as circles in circles, having packed them as the engine will.
 class BubbleWriter
@@ -58,7 +58,7 @@ private:
     const TreeJob &job;
     ShownTree tree;
     TreePaint paint;
-    LabelRuler ruler{cellSize};
+    LabelRuler ruler{bubbleFont};
     GraphText text;
     double scale = 1; // square points a weight
 };
@@ -150,12 +150,12 @@ void BubbleWriter::writeHead(int diameter)
     text.nodeDefaults(Attributes()
                           .text("color", u"#FFFFFF")
                           .text("fontname", family)
-                          .number("fontsize", cellSize));
+                          .number("fontsize", bubbleFont));
 }
 
 QString BubbleWriter::labelOf(const ShownThing &shown, double radius) const
 {
-    const double room = 2 * radius - labelRoom;
+    const double room = 2 * radius - bubbleRoom;
     const auto fits = [&](const QString &label) {
         const QSize size = ruler.sizeOf(label);
         return std::hypot(size.width(), size.height()) <= room;
@@ -204,7 +204,7 @@ void BubbleWriter::writeMembers()
             continue;
         }
         Attributes attributes;
-        attributes.text("fillcolor", groupFills.at((open.size() - 1) % groupFills.size()));
+        attributes.text("fillcolor", circleFills.at((open.size() - 1) % circleFills.size()));
         addFacts(&attributes, job, tree, child);
         text.beginGroup(attributes);
         open.append(Place{child});
@@ -218,12 +218,12 @@ WrittenGraph BubbleWriter::write()
     const double radius = room.diameter / 2.0;
     int depth = mostDepth;
     closeDeep(depth);
-    bool isKept = tree.root().weight <= 0 || fitInto(radius);
-    while (!isKept && depth > 1) {
+    bool isFitting = tree.root().weight <= 0 || fitInto(radius);
+    while (!isFitting && depth > 1) {
         closeDeep(depth /= 2);
-        isKept = fitInto(radius);
+        isFitting = fitInto(radius);
     }
-    if (!isKept)
+    if (!isFitting)
         notes.append(tooSmallPage(job.request, u"there are too many things for it"_s));
     writeHead(room.diameter);
     writeMembers();

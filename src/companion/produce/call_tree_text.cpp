@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int nodeSize = 9; // of the font
-constexpr int widest = 200; // a label, in points
+constexpr int widestLabel = 200; // a label, in points
 
 constexpr int sideMargin = 3; // of a node, in points
 constexpr int roundingSize = 8; // what round corners go by
@@ -53,6 +53,7 @@ private:
     void closeBeyond(int level);
     void writeHead();
     GraphText::Id writeNode(int thing, bool hidesSome);
+    QString colorWords() const;
     QString labelOf(int thing) const;
     QByteArray fillOf(const ShownThing &shown) const;
     double shareOf(int thing) const { return tree[thing].weight / tree.root().weight; }
@@ -62,7 +63,7 @@ private:
     TreePaint paint;
     LabelRuler ruler{nodeSize};
     GraphText text;
-    int labelWidth = widest;
+    int labelWidth = widestLabel;
 };
 
 CallTreeWriter::CallTreeWriter(const TreeJob &treeJob, qint64 most)
@@ -116,6 +117,22 @@ void CallTreeWriter::writeHead()
                           .text("color", u"#9CA3AF"));
 }
 
+QString CallTreeWriter::colorWords() const
+{
+    if (job.meaning.coloring != TreeMeaning::Coloring::ByShare)
+        return u"darker: a larger share"_s;
+    const QString share = job.meaning.color.isEmpty() ? u"of it"_s : job.meaning.color;
+    switch (job.meaning.scale) {
+    case TreeMeaning::Scale::BadToGood:
+        return u"blue: much "_s + share + u"\norange: little "_s + share;
+    case TreeMeaning::Scale::GoodToBad:
+        return u"blue: little "_s + share + u"\norange: much "_s + share;
+    case TreeMeaning::Scale::Rising:
+        break;
+    }
+    return u"darker: more "_s + share;
+}
+
 // Of the root the title and what the drawing means, as the engine has no other place for them.
 QString CallTreeWriter::labelOf(int thing) const
 {
@@ -125,7 +142,7 @@ QString CallTreeWriter::labelOf(int thing) const
         if (title.isEmpty())
             title = ruler.elided(titleOf(job, tree), labelWidth);
         const QString weight = weightWithName(shown.weight, job.meaning);
-        return title + u'\n' + weight + u"\ndarker: a larger share\ndashed: more in it"_s;
+        return title + u'\n' + weight + u'\n' + colorWords() + u"\ndashed: more in it"_s;
     }
     QString numbersLine = percentWords(shareOf(thing));
     if (shown.own > 0 && shown.own < shown.weight)
@@ -162,7 +179,7 @@ QByteArray CallTreeWriter::write()
     const int most = std::max(2, width / (narrowest + aroundLabel + betweenLevels));
     const int depth = std::min(levels(), most);
     closeBeyond(depth);
-    labelWidth = std::clamp(width / depth - aroundLabel - betweenLevels, narrowest, widest);
+    labelWidth = std::clamp(width / depth - aroundLabel - betweenLevels, narrowest, widestLabel);
     writeHead();
     QList<Node> left = {{0, {}}};
     while (!left.isEmpty()) {
@@ -184,7 +201,7 @@ QByteArray CallTreeWriter::write()
     return text.finished();
 }
 
-bool isKept(const QSizeF &size, const PictureRequest &request)
+bool keepsPage(const QSizeF &size, const PictureRequest &request)
 {
     return size.isValid() && size.width() <= request.width && size.height() <= request.height;
 }
@@ -201,7 +218,7 @@ WrittenGraph callTreeText(const TreeJob &job)
     while (tooMany - fits > 1) {
         const qint64 most = (fits + tooMany) / 2;
         const QByteArray text = CallTreeWriter(job, most).write();
-        if (isKept(drawnSize(text, u"gftree"_s), job.request)) {
+        if (keepsPage(drawnSize(text, u"gftree"_s), job.request)) {
             fits = most;
             kept = text;
         } else {

@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+#include <algorithm>
+
 namespace ORR::Companion {
 
 using namespace Qt::StringLiterals;
@@ -34,26 +36,28 @@ ChartKey::ChartKey(Side legendSide, const KeyHead &head, const QList<KeyEntry> &
                    int widest)
     : side(legendSide)
 {
-    addHead(head, widest);
+    addHead(head, !legendEntries.isEmpty(), widest);
     const LabelRuler ruler(entryFont);
+    constexpr int widestEntry = 220; // all have the room of the longest one
     for (const KeyEntry &entry : legendEntries)
-        addEntry(entry, ruler, widest);
+        addEntry(entry, ruler, std::min(widest, widestEntry));
 }
 
 // The title of a legend at the right would stand by itself in the corner of the page, and take
-// the place of an entry. So its lines are entries of no colour there.
-void ChartKey::addHead(const KeyHead &head, int widest)
+// the place of an entry; one above a chart without entries takes its room twice. There its lines
+// are entries of no colour.
+void ChartKey::addHead(const KeyHead &head, bool hasEntries, int widest)
 {
     const LabelRuler nameRuler(nameFont);
     const LabelRuler headRuler(headFont);
-    if (side == Right) {
+    if (side == Right || (side == Top && !hasEntries)) {
         if (!head.title.isEmpty())
             addEntry({head.title, noFill}, nameRuler, widest);
         if (!head.meaning.isEmpty()) {
             for (const QString &line : head.meaning.split(u'\n'))
                 addEntry({line, noFill}, headRuler, widest);
         }
-        if (!entries.isEmpty())
+        if (hasEntries && !entries.isEmpty())
             addEntry({u" "_s, noFill}, headRuler, widest); // the gap before the entries
         return;
     }

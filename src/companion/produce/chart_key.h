@@ -49,7 +49,7 @@ public:
     void write(GraphText *text) const;
 
 private:
-    void addHead(const KeyHead &head, int widest);
+    void addHead(const KeyHead &head, bool hasEntries, int widest);
     void addEntry(const KeyEntry &entry, const LabelRuler &ruler, int widest);
 
     struct Entry

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int margin = 4; // of the engine, around the rings
+constexpr int ringMargin = 4; // of the engine, around the rings
 constexpr double holeShare = 0.7; // of a ring's width: the radius of the hole in the middle
 constexpr double leastRing = 14; // its width, in points
 constexpr double leastArc = 2.5; // of a slice at its outer side, in points
@@ -38,6 +38,7 @@ private:
         qsizetype next = 0; // child
     };
 
+    double sweepOf(int thing) const { return tree[thing].weight / tree.root().weight * wholeSweep; }
     int ringCount() const;
     int foldNarrow(double radius, int rings);
     qsizetype wideChildren(int thing, double leastSweep) const;
@@ -74,7 +75,7 @@ qsizetype SunburstWriter::wideChildren(int thing, double leastSweep) const
     const QList<int> &children = tree[thing].children;
     qsizetype wide = 0;
     while (wide < children.size() && tree[children[wide]].sort != ShownThing::Others
-           && tree[children[wide]].weight / tree.root().weight * wholeSweep >= leastSweep)
+           && sweepOf(children[wide]) >= leastSweep)
         ++wide;
     return wide;
 }
@@ -162,6 +163,8 @@ void SunburstWriter::writeMembers()
             continue;
         }
         const int child = children[place.next++];
+        if (sweepOf(child) < Graph::Layout::smallestSweep)
+            continue; // the engine would leave it out, too
         if (tree[child].children.isEmpty()) {
             writeSlice(child);
         } else {
@@ -173,7 +176,7 @@ void SunburstWriter::writeMembers()
 
 WrittenGraph SunburstWriter::write()
 {
-    const DiscRoom room = discRoom(job, tree, paint, u"angle"_s, margin);
+    const DiscRoom room = discRoom(job, tree, paint, u"angle"_s, ringMargin);
     const double radius = room.diameter / 2.0;
     const int most = std::max(1, Graph::truncated(radius / leastRing - holeShare));
     const int rings = std::max(1, foldNarrow(radius, std::clamp(ringCount(), 1, most)));

@@ -28,7 +28,7 @@ struct TreeMeaning
         GoodToBad, // the other way round
     };
 
-    QString weight; // the name of the weights in the legend and of their attribute: "lines"
+    QString weight = {}; // the name of the weights in the legend and of their attribute: "lines"
     Unit unit = Unit::Count;
     Coloring coloring = Coloring::ByTop;
     QString color = {}; // title of the legend; empty for none

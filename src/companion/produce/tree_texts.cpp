@@ -53,7 +53,9 @@ void addFacts(Attributes *attributes, const TreeJob &job, const ShownTree &tree,
         attributes->fact(factName(job.meaning.share, u"share"_s),
                          job.meaning.sharesAreParts ? percentWords(share) : shortNumber(share));
     }
-    if (job.meaning.coloring == TreeMeaning::Coloring::ByKind && !shown.kinds.isEmpty()) {
+    // What has others in it has their kinds.
+    const bool isByKind = job.meaning.coloring == TreeMeaning::Coloring::ByKind;
+    if (isByKind && shown.children.isEmpty() && !shown.kinds.isEmpty()) {
         const int kind = shown.kinds.constFirst().kind;
         if (kind >= 0 && kind < job.meaning.kinds.size())
             attributes->fact(factName(job.meaning.color, u"kind"_s), job.meaning.kinds.at(kind));

@@ -180,7 +180,7 @@ bool TreemapWriter::openGroup(int thing, const QRectF &cell)
         return false;
     Attributes attributes;
     // An empty one, too, as it would be inherited.
-    attributes.label(label).text("fillcolor", frameFills.at(open.size() % frameFills.size()));
+    attributes.label(label).text("fillcolor", frameFills.at((open.size() - 1) % frameFills.size()));
     if (open.size() == 1) // from here on they inherit it
         attributes.number("fontsize", groupSize).number("margin", groupMargin);
     addFacts(&attributes, job, tree, thing);
