@@ -105,6 +105,13 @@ TEST(TokeiImport, tells_the_place_of_what_is_wrong)
               "in@0 $: the object of languages that tokei writes is expected");
 }
 
+TEST(LineCounts, tell_what_can_not_be_read)
+{
+    std::vector<ImportSource> sources;
+    sources.emplace_back("/nowhere/at/all");
+    EXPECT_EQ(treeFault(readScc(sources, {})), "/nowhere/at/all: No such file or directory");
+}
+
 TEST(LineCounts, know_their_own_inputs_alone)
 {
     const QByteArray cloc = importData("cloc/companion.json");
