@@ -73,6 +73,8 @@ TEST(SccImport, tells_the_place_of_what_is_wrong)
 {
     EXPECT_EQ(treeFault(treeRead(readScc, R"([{"Name": "C", "Files": [{"Code": 3}]}])")),
               "in@25 $[0].Files[0]: the file has no name");
+    EXPECT_EQ(treeFault(treeRead(readScc, R"([{"Name": "C", "Code": 1}, 3])")),
+              "in@27 $[1]: lines of code are expected, as a number");
     EXPECT_EQ(treeFault(treeRead(readScc, "{}")),
               "in@0 $: the array of languages that scc writes is expected");
 }
