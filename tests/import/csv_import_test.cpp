@@ -166,7 +166,7 @@ TEST(CsvImport, reads_a_table_of_packages)
     EXPECT_EQ(weightsOf(result).find("admin/adduser 686 #"), 0);
     EXPECT_EQ(meaningOf(result).weight, u"kilobytes"_s);
     EXPECT_EQ(meaningOf(result).unit, TreeMeaning::Unit::Count);
-    EXPECT_EQ(meaningOf(result).kinds.first(), u"optional"_s);
+    EXPECT_EQ(meaningOf(result).kinds.first(), u"required"_s);
 }
 
 TEST(CsvImport, reads_a_table_without_names)
@@ -192,5 +192,6 @@ TEST(CsvImport, knows_its_inputs)
     EXPECT_GT(likenessOfCsv(importData("csv/packages.tsv")), 50);
     EXPECT_EQ(likenessOfCsv("one column\nof words\n"), 0);
     EXPECT_EQ(likenessOfCsv("a,b\n1\n"), 0);
+    EXPECT_EQ(likenessOfCsv("Words, and a comma.\nOne, two, three.\nNone.\nEnd, here.\n"), 0);
     EXPECT_EQ(likenessOfCsv(""), 0);
 }

@@ -65,6 +65,16 @@ QByteArray randomBytes(quint32 seed, qsizetype size, QByteArrayView alphabet)
     return bytes;
 }
 
+// What came of an input can be written for the engine, with numbers that are such.
+bool writesSoundly(const TreeImporter &importer, const QByteArray &text)
+{
+    const ImportResult result = treeRead(importer.read, text);
+    if (!result.picture)
+        return true;
+    const QByteArray written = result.picture->write({.engine = u"treemap"_s}).text;
+    return !written.isEmpty() && !written.contains("\"nan\"") && !written.contains("\"inf\"");
+}
+
 } // namespace
 
 TEST(HostileStats, random_bytes_are_told)
@@ -97,6 +107,7 @@ TEST(HostileStats, numbers_may_be_any)
             QByteArray text = importData(importer.data);
             text.replace(QByteArray(1, importer.number), number);
             EXPECT_TRUE(readsSoundly(importer, text)) << importer.name << ' ' << number;
+            EXPECT_TRUE(writesSoundly(importer, text)) << importer.name << ' ' << number;
         }
     }
 }
@@ -115,4 +126,6 @@ TEST(HostileStats, sums_stay_finite)
     EXPECT_TRUE(isSound(treeRead(readFolded, "a 1e308\na 1e308\nb 1e308\nb;c 1e308\n")));
     EXPECT_TRUE(isSound(treeRead(readDu, "1e308\ta/b\n1e308\ta\n1e308\tc\n1e308\t.\n")));
     EXPECT_TRUE(isSound(treeRead(readCsv, "path,size\na,1e308\na,1e308\n")));
+    for (const TreeImporter &importer : {treeImporters[0], treeImporters[1], treeImporters[7]})
+        EXPECT_TRUE(writesSoundly(importer, "1e308\ta 1e308\n1e308\tb 1e308\n")) << importer.name;
 }

@@ -68,6 +68,23 @@ TEST(KindNames, rank_by_weight_and_then_by_name)
     EXPECT_EQ(tree.kind(WeightTree::root), -1);
 }
 
+TEST(LikelyFormat, is_that_of_the_data_of_each)
+{
+    const std::pair<const char *, const char *> inputs[] = {
+        {"folded/draw.folded", "folded"},     {"cloc/companion.json", "cloc"},
+        {"cloc/languages.json", "cloc"},      {"scc/files.json", "scc"},
+        {"scc/languages.json", "scc"},        {"tokei/files.json", "tokei"},
+        {"du/companion.txt", "du"},           {"du/import.nul", "du"},
+        {"numstat/companion.log", "numstat"}, {"numstat/renamed.nul", "numstat"},
+        {"csv/companion.csv", "csv"},         {"csv/packages.tsv", "csv"},
+    };
+    for (const auto &[file, name] : inputs) {
+        const ImportFormat *format = likelyFormat(importData(file));
+        EXPECT_STREQ(format == nullptr ? "none" : format->name, name) << file;
+    }
+    EXPECT_EQ(likelyFormat("some text\nof no format\n"), nullptr);
+}
+
 TEST(TreeResult, tells_a_source_that_could_not_be_read)
 {
     std::vector<ImportSource> sources;

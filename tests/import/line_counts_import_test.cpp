@@ -73,6 +73,8 @@ TEST(SccImport, tells_the_place_of_what_is_wrong)
 {
     EXPECT_EQ(treeFault(treeRead(readScc, R"([{"Name": "C", "Files": [{"Code": 3}]}])")),
               "in@25 $[0].Files[0]: the file has no name");
+    EXPECT_EQ(treeFault(treeRead(readScc, R"([{"Name": "C", "Code": 1}, 3])")),
+              "in@27 $[1]: lines of code are expected, as a number");
     EXPECT_EQ(treeFault(treeRead(readScc, "{}")),
               "in@0 $: the array of languages that scc writes is expected");
 }
@@ -103,6 +105,13 @@ TEST(TokeiImport, tells_the_place_of_what_is_wrong)
               "in@6 $.C: lines of code are expected, as a number");
     EXPECT_EQ(treeFault(treeRead(readTokei, "[1]")),
               "in@0 $: the object of languages that tokei writes is expected");
+}
+
+TEST(LineCounts, tell_what_can_not_be_read)
+{
+    std::vector<ImportSource> sources;
+    sources.emplace_back("/nowhere/at/all");
+    EXPECT_EQ(treeFault(readScc(sources, {})), "/nowhere/at/all: No such file or directory");
 }
 
 TEST(LineCounts, know_their_own_inputs_alone)

@@ -68,9 +68,12 @@ ImportResult readCounts(std::vector<ImportSource> &sources, Reader reader)
     WeightTree tree;
     KindNames languages;
     for (ImportSource &source : sources) {
+        const QByteArray text = source.rest();
+        if (!source.fault().empty())
+            break; // which is told with the result
         Fault fault;
         const std::optional<JsonDocument> document =
-            JsonDocument::read(source.rest(), source.name(), &fault);
+            JsonDocument::read(text, source.name(), &fault);
         if (!document)
             return {.fault = std::move(fault)};
         LineCounts counts(&*document, &tree, &languages);
