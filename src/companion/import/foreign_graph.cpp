@@ -269,6 +269,8 @@ ForeignGraph GraphCopy::copied()
     const char *given = agget(graph, charset);
     isLatin1 = given && QByteArrayView(given).toByteArray().toLower().startsWith("latin");
     copy.name = decoded(agnameof(graph));
+    if (copy.name.startsWith('%'))
+        copy.name.clear(); // a number of the library's for what has no name
     copy.isDirected = agisdirected(graph);
     copy.values = valuesOf(graph, AGRAPH);
     copyClusters();
