@@ -39,8 +39,8 @@ struct AccessLook
 // By their numbers.
 constexpr AccessLook accessLooks[] = {
     {"public", "#7FA8CC", "#F2F8FD"},
-    {"protected", "#B9A13A", "#FCF7DC"},
-    {"private", "#B56A3C", "#FBEADD"},
+    {"protected", "#B9A13A", "#FBF0A8"},
+    {"private", "#B56A3C", "#EDB58E"},
     {"", "#9AA5B1", "#FAFAFA"},
 };
 
@@ -49,7 +49,7 @@ QString fillOfKind(const QString &kind)
     if (kind == u"enum")
         return u"#F7E3A1"_s;
     if (kind == u"interface" || kind == u"trait" || kind == u"protocol")
-        return u"#E3D3F2"_s;
+        return u"#93B3E8"_s;
     return kind == u"file" ? u"#DADADA"_s : u"#CFE4F7"_s;
 }
 
@@ -263,6 +263,11 @@ void DeclarationWriter::writeBox(int declaration, int row, int column)
         if (isThere)
             writeAccess(shown, access, accessRow++);
     }
+    // What holds another graph is as wide as its column, so that lines run beside it.
+    if (accessRow == 0) {
+        text.beginGroup(Attributes().number("row", 0).number("col", 0).text("color", u"none"));
+        text.endGroup();
+    }
     text.endGroup();
 }
 
@@ -334,7 +339,7 @@ WrittenGraph DeclarationsPicture::write(const PictureRequest &request) const
             tries);
     };
     PageFit fit;
-    for (const int members : {std::numeric_limits<int>::max(), 24, 12, fewestMembers}) {
+    for (const int members : {std::numeric_limits<int>::max(), 24, 16, 12, 9, fewestMembers}) {
         for (const double scale : {0.0, 0.95, 0.8}) {
             if (!fit.fits && !isHopeless(members)) {
                 fit = fitted(members, scale, 1);
