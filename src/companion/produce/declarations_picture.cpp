@@ -50,7 +50,7 @@ QString fillOfKind(const QString &kind)
         return u"#F7E3A1"_s;
     if (kind == u"interface" || kind == u"trait" || kind == u"protocol")
         return u"#93B3E8"_s;
-    return kind == u"file" ? u"#DADADA"_s : u"#CFE4F7"_s;
+    return kind == u"file" || kind == u"elsewhere" ? u"#DADADA"_s : u"#CFE4F7"_s;
 }
 
 // The scope that all types are in, with what parts it from their names; maybe empty.
