@@ -134,9 +134,9 @@ QStringList rulesFiles(const JsonValue &command)
 }
 
 // False if there is no such file.
-bool readRulesFile(const JsonValue &command, DepsReading *reading)
+bool readRulesFile(const JsonValue &command, const QString &around, DepsReading *reading)
 {
-    const QString folder = command["directory"].text();
+    const QString folder = QDir(around).filePath(command["directory"].text());
     for (const QString &name : rulesFiles(command)) {
         QFile file(QDir(folder).filePath(name));
         if (!file.open(QIODevice::ReadOnly))
@@ -187,7 +187,7 @@ void readNinjaDeps(ImportSource &source, DepsReading *reading)
     addIncludes(files, {}, reading);
 }
 
-void readCompileCommands(const JsonDocument &document, DepsReading *reading)
+void readCompileCommands(const JsonDocument &document, const QString &folder, DepsReading *reading)
 {
     sayIncludes(reading);
     const JsonValue commands = document.root();
@@ -199,7 +199,7 @@ void readCompileCommands(const JsonDocument &document, DepsReading *reading)
                 document.faultAt(command, u"a command has no 'file' or no 'directory'"_s);
             return;
         }
-        if (readRulesFile(command, reading))
+        if (readRulesFile(command, folder, reading))
             ++found;
         else if (missing.isMissing())
             missing = command;

@@ -18,8 +18,8 @@ void readMakeRules(const QByteArray &text, const QString &folder, DepsReading *r
 void readNinjaDeps(ImportSource &source, DepsReading *reading);
 
 // The same from a compile_commands.json (https://clang.llvm.org/docs/JSONCompilationDatabase.html)
-// and the rules that lie beside the objects of its commands.
-void readCompileCommands(const JsonDocument &document, DepsReading *reading);
+// and the rules that lie beside the objects of its commands, whose folders may be below `folder`.
+void readCompileCommands(const JsonDocument &document, const QString &folder, DepsReading *reading);
 
 // Which targets need which, from the replies of CMake's file API in a folder, codemodel version 2
 // (https://cmake.org/cmake/help/latest/manual/cmake-file-api.7.html).

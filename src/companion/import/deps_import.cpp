@@ -21,14 +21,15 @@ void readDepsJson(const QByteArray &text, const std::string &name, DepsReading *
     if (!document)
         return;
     const JsonValue root = document->root();
+    const QString folder = QFileInfo(QString::fromStdString(name)).path();
     if (root.isArray())
-        readCompileCommands(*document, reading);
+        readCompileCommands(*document, folder, reading);
     else if (!root["lockfileVersion"].isMissing())
         readNpmLock(*document, reading);
     else if (!root["packages"].isMissing() || !root["resolve"].isMissing())
         readCargoMetadata(*document, reading);
     else if (!root["objects"].isMissing() && root["cmake"].isObject())
-        readCMakeReplies(QFileInfo(QString::fromStdString(name)).path(), reading);
+        readCMakeReplies(folder, reading);
     else
         reading->fault = document->faultAt(
             root,

@@ -1,5 +1,7 @@
 #include "companion/import/deps_lists.h"
 
+#include "graph/decimal.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -38,8 +40,11 @@ bool readWeight(QByteArrayView text, double *weight)
     if (text.isEmpty())
         return true;
     bool isNumber = false;
-    const double value = text.toDouble(&isNumber);
-    if ((!isNumber && !std::isinf(value)) || std::isnan(value) || value < 0)
+    double value = text.toDouble(&isNumber);
+    // What is too large for a double is none to the toolkit.
+    if (!isNumber && text[0] >= '0' && text[0] <= '9' && std::isinf(Graph::numberFrom(text)))
+        value = std::numeric_limits<double>::max();
+    else if (!isNumber || std::isnan(value) || value < 0)
         return false;
     *weight = std::min(value, std::numeric_limits<double>::max());
     return true;

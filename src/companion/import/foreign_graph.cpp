@@ -85,7 +85,6 @@ void *resizeMemory(void *state, void *old, size_t oldSize, size_t asked)
 }
 
 void freeMemory(void * /*state*/, void * /*memory*/) { }
-void closeMemory(void * /*state*/) { }
 
 int readText(void * /*channel*/, char *buffer, int size)
 {
@@ -269,6 +268,8 @@ ForeignGraph GraphCopy::copied()
     const char *given = agget(graph, charset);
     isLatin1 = given && QByteArrayView(given).toByteArray().toLower().startsWith("latin");
     copy.name = decoded(agnameof(graph));
+    if (copy.name.startsWith('%'))
+        copy.name.clear(); // a number of the library's for what has no name
     copy.isDirected = agisdirected(graph);
     copy.values = valuesOf(graph, AGRAPH);
     copyClusters();
@@ -296,7 +297,8 @@ std::optional<QString> refusal(const QByteArray &text)
 // it is left by a jump.
 Agraph_t *readByLibrary(Arena *arena, bool *isTooLarge)
 {
-    static Agmemdisc_t memory{openMemory, takeMemory, resizeMemory, freeMemory, closeMemory};
+    // With a way to close the memory the library would leave what it has elsewhere to it, too.
+    static Agmemdisc_t memory{openMemory, takeMemory, resizeMemory, freeMemory, nullptr};
     static Agiodisc_t input{readText, writeNothing, flushNothing};
     static Agdisc_t discipline{&memory, &AgIdDisc, &input};
     if (setjmp(arena->wayOut) != 0) { // NOLINT(cert-err52-cpp)

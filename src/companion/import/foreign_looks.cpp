@@ -31,6 +31,17 @@ QString hueColor(const QByteArray &value)
     return QColor::fromHsvF(float(hsv[0]), float(hsv[1]), float(hsv[2])).name();
 }
 
+// Without empty ones.
+QString withTrimmedLines(const QString &text)
+{
+    QStringList lines;
+    for (const QStringView line : QStringView(text).split(u'\n')) {
+        if (!line.trimmed().isEmpty())
+            lines.append(line.trimmed().toString());
+    }
+    return lines.join(u'\n');
+}
+
 // Of markup the text: rows are lines, and cells have blanks between.
 QString textOfMarkup(const QString &markup)
 {
@@ -55,12 +66,7 @@ QString textOfMarkup(const QString &markup)
         else if (inner.startsWith(u"/td"))
             text += u' ';
     }
-    QStringList lines;
-    for (const QStringView line : QStringView(text).split(u'\n')) {
-        if (!line.trimmed().isEmpty())
-            lines.append(line.trimmed().toString());
-    }
-    return lines.join(u'\n');
+    return withTrimmedLines(text);
 }
 
 // "{<in> a|b}": the names of ports go, each field is a line.
@@ -79,7 +85,7 @@ QString textOfRecord(const QString &label)
         else if (c != u'{' && c != u'}' && !isPort)
             text += c;
     }
-    return text;
+    return withTrimmedLines(text);
 }
 
 QString withoutEscapes(const QString &label, const QString &name, const QString &graph)

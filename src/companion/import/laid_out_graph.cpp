@@ -59,8 +59,10 @@ void ReplayWriter::addDrawing(const ForeignGraph::Values &values, Attributes *at
         add(name, values[name]);
     // Texts are drawn from one of them alone.
     QByteArray texts;
-    for (const char *name : textNames)
-        texts += (texts.isEmpty() ? QByteArray() : QByteArray(" ")) + values[name];
+    for (const char *name : textNames) {
+        const QByteArray more = values[name];
+        texts += (texts.isEmpty() || more.isEmpty() ? QByteArray() : QByteArray(" ")) + more;
+    }
     add("_ldraw_", texts);
 }
 

@@ -26,6 +26,7 @@ constexpr double memberHeight = 14;
 constexpr double headHeight = 44;
 constexpr double accessHeight = 20;
 constexpr double boxWidth = 230;
+constexpr int fewestMembers = 6;
 // No box takes less of the page.
 constexpr double leastBox = 110 * 45;
 
@@ -38,8 +39,8 @@ struct AccessLook
 // By their numbers.
 constexpr AccessLook accessLooks[] = {
     {"public", "#7FA8CC", "#F2F8FD"},
-    {"protected", "#B9A13A", "#FCF7DC"},
-    {"private", "#B56A3C", "#FBEADD"},
+    {"protected", "#B9A13A", "#FBF0A8"},
+    {"private", "#B56A3C", "#EDB58E"},
     {"", "#9AA5B1", "#FAFAFA"},
 };
 
@@ -48,8 +49,8 @@ QString fillOfKind(const QString &kind)
     if (kind == u"enum")
         return u"#F7E3A1"_s;
     if (kind == u"interface" || kind == u"trait" || kind == u"protocol")
-        return u"#E3D3F2"_s;
-    return kind == u"file" ? u"#DADADA"_s : u"#CFE4F7"_s;
+        return u"#93B3E8"_s;
+    return kind == u"file" || kind == u"elsewhere" ? u"#DADADA"_s : u"#CFE4F7"_s;
 }
 
 // The scope that all types are in, with what parts it from their names; maybe empty.
@@ -78,6 +79,7 @@ public:
 
     QByteArray written(double columnHeight);
     double likelyHeight() const; // of columns that make up the form of the page
+    double likelyArea() const;
 
 private:
     using Declaration = Declarations::Declaration;
@@ -190,6 +192,12 @@ double DeclarationWriter::likelyHeight() const
     return std::min(std::max(tallest, sum / columns), request.height);
 }
 
+double DeclarationWriter::likelyArea() const
+{
+    return std::accumulate(chosen.cbegin(), chosen.cend(), 0.0,
+                           [this](double sum, int i) { return sum + heightOf(all[i]) * boxWidth; });
+}
+
 void DeclarationWriter::writeAccess(const Declaration &declaration, Declarations::Access access,
                                     int row)
 {
@@ -255,6 +263,11 @@ void DeclarationWriter::writeBox(int declaration, int row, int column)
         if (isThere)
             writeAccess(shown, access, accessRow++);
     }
+    // What holds another graph is as wide as its column, so that lines run beside it.
+    if (accessRow == 0) {
+        text.beginGroup(Attributes().number("row", 0).number("col", 0).text("color", u"none"));
+        text.endGroup();
+    }
     text.endGroup();
 }
 
@@ -308,9 +321,13 @@ QByteArray DeclarationWriter::written(double columnHeight)
 
 WrittenGraph DeclarationsPicture::write(const PictureRequest &request) const
 {
-    const double room = std::clamp(request.width * request.height / leastBox, 1.0,
-                                   double(std::max(1, request.most)));
-    const int count = int(std::min(double(all.all().size()), room));
+    const double page = request.width * request.height;
+    const double room = std::clamp(page / leastBox, 1.0, double(std::max(1, request.most)));
+    int count = int(std::min(double(all.all().size()), room));
+    // Each try is a drawing: those that come out far too large are spared.
+    const auto isHopeless = [&](int members) {
+        return DeclarationWriter(all, request, count, members).likelyArea() > 2 * page;
+    };
     // Columns as high as it suits the form of the page, then as high as it.
     const auto fitted = [&](int members, double scale, int tries) {
         return fitToPage(
@@ -322,17 +339,17 @@ WrittenGraph DeclarationsPicture::write(const PictureRequest &request) const
             tries);
     };
     PageFit fit;
-    int shown = 0;
-    for (const int members : {std::numeric_limits<int>::max(), 24, 12, 6}) {
+    for (const int members : {std::numeric_limits<int>::max(), 24, 16, 12, 9, fewestMembers}) {
         for (const double scale : {0.0, 0.95, 0.8}) {
-            if (!fit.fits) {
+            if (!fit.fits && !isHopeless(members)) {
                 fit = fitted(members, scale, 1);
-                shown = members;
             }
         }
     }
+    while (count > 1 && isHopeless(fewestMembers))
+        count = 3 * count / 4;
     if (!fit.fits)
-        fit = fitted(shown, 0.8, 12);
+        fit = fitted(fewestMembers, 0.8, 12);
     QStringList notes = pageNotes(fit, request, u"one declaration has no less"_s);
     if (fit.most < all.all().size())
         notes.append(u"%1 of %2 declarations have no room and are left out."_s

@@ -163,7 +163,7 @@ void TreeWriter::writeKey(const GraphText::Id &root)
             text.node(Attributes()
                           .label(meanings[sort])
                           .number("fontsize", room.textSize)
-                          .text("style", u"square")
+                          .text("style", u"solid")
                           .text("color", u"none")
                           .text("fillcolor", QString::fromLatin1(sortFills[sort])));
         text.edge(root, id, Attributes().text("color", u"none"));
