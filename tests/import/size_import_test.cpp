@@ -117,6 +117,14 @@ TEST(SizeImport, tells_the_row_of_bloaty_that_is_broken)
               u"2: this row has 0 cells and the heading 3"_s);
 }
 
+TEST(SizeImport, tells_options_that_are_for_others)
+{
+    EXPECT_EQ(toldSizes(sizesOfA, {.engine = u"treemap"_s, .by = "object"}),
+              "--by is for maps, and this is a table");
+    EXPECT_EQ(toldSizes(sizesOfA, {.engine = u"treemap"_s, .area = "vmsize"}),
+              "--area is for tables of bloaty");
+}
+
 TEST(SizeImport, reads_a_table_of_bloaty)
 {
     const ImportResult result = readBytes(readSize, importData(u"size/sections.csv"_s));

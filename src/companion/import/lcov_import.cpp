@@ -66,23 +66,24 @@ QString readTraceLine(QByteArrayView line, CoverageRecord *record, CoveredFiles 
         return {};
     }
     const bool isEnd = line.trimmed() == "end_of_record";
-    const QString quoted = quotedText(line);
     if (!isEnd && !isOtherData(line))
-        return quoted + " is no line of a tracefile"_L1;
+        return quotedText(line) + " is no line of a tracefile"_L1;
     if (record->file < 0)
-        return quoted + " stands outside of a record, which begins with SF: and a path"_L1;
+        return quotedText(line)
+            + " stands outside of a record, which begins with SF: and a path"_L1;
     if (isEnd) {
         files->addSummary(record->file, record->hit, record->lines);
         *record = {};
     } else if (line.startsWith("DA:")) {
         if (!readLineData(line.sliced(3), record->file, files))
-            return quoted + " is no line of coverage; DA: is followed by a line and its count"_L1;
+            return quotedText(line)
+                + " is no line of coverage; DA: is followed by a line and its count"_L1;
     } else if (line.startsWith("LF:")) {
         if (!readSummary(line.sliced(3), &record->lines))
-            return quoted + " has no number of lines"_L1;
+            return quotedText(line) + " has no number of lines"_L1;
     } else if (line.startsWith("LH:")) {
         if (!readSummary(line.sliced(3), &record->hit))
-            return quoted + " has no number of lines"_L1;
+            return quotedText(line) + " has no number of lines"_L1;
     }
     return {};
 }

@@ -81,6 +81,8 @@ bool LinkerMap::looksLike(QByteArrayView beginning)
 std::optional<ImportFault> LinkerMap::read(ImportSource *source)
 {
     isWithin = false;
+    section.clear();
+    pendingName.clear();
     bool isMap = false;
     QByteArrayView line;
     while (source->nextLine(&line)) {
@@ -100,23 +102,26 @@ std::optional<ImportFault> LinkerMap::read(ImportSource *source)
 
 QString LinkerMap::readLine(QByteArrayView line)
 {
-    if (line.startsWith(heading) || line.startsWith("Cross Reference Table"))
+    if (line.startsWith(heading) || line.startsWith("Cross Reference Table")) {
         isWithin = line.startsWith(heading);
-    else if (!isWithin || line.trimmed().isEmpty())
         return {};
-    else if (line[0] != ' ')
-        beginSection(line);
-    else if (!line.startsWith("  ")) {
-        const QByteArray name = takeWord(&line).toByteArray();
-        pendingName.clear();
-        // Patterns of the script begin with "*", too.
-        if (!name.startsWith('*') || name == filling)
-            return readPiece(name, line);
-    } else if (!pendingName.isEmpty()) {
-        return readPiece(std::exchange(pendingName, {}), line);
-    } else {
-        readSymbol(line);
     }
+    if (!isWithin || line.trimmed().isEmpty())
+        return {};
+    if (line[0] != ' ') {
+        beginSection(line);
+        return {};
+    }
+    const QByteArray pending = std::exchange(pendingName, {});
+    if (!line.startsWith("  ")) {
+        const QByteArray name = takeWord(&line).toByteArray();
+        // Patterns of the script begin with "*", too.
+        const bool isPiece = !name.startsWith('*') || name == filling;
+        return isPiece ? readPiece(name, line) : QString();
+    }
+    if (!pending.isEmpty())
+        return readPiece(pending, line);
+    readSymbol(line);
     return {};
 }
 

@@ -52,6 +52,8 @@ ImportResult readLogs(std::vector<ImportSource> &sources, const ImportOptions &o
 
 ImportResult readTraces(std::vector<ImportSource> &sources, const ImportOptions &options)
 {
+    if (!options.by.empty())
+        return {.fault = sources.front().faultHere(u"--by is for logs, and this is a trace"_s)};
     CompileTrace trace(options.engine == "bar"_L1);
     const bool areSeveral = sources.size() > 1;
     for (ImportSource &source : sources) {

@@ -114,9 +114,15 @@ int likenessOfSize(QByteArrayView beginning)
 ImportResult readSize(std::vector<ImportSource> &sources, const ImportOptions &options)
 {
     const QByteArrayView beginning = sources.front().beginning();
-    if (BloatyTable::looksLike(beginning))
+    const bool isBloaty = BloatyTable::looksLike(beginning);
+    const bool isTable = isBloaty || isSizeTable(beginning);
+    if (isTable && !options.by.empty())
+        return {.fault = sources.front().faultHere(u"--by is for maps, and this is a table"_s)};
+    if (!isBloaty && !options.area.empty())
+        return {.fault = sources.front().faultHere(u"--area is for tables of bloaty"_s)};
+    if (isBloaty)
         return readBloaty(sources, options);
-    return isSizeTable(beginning) ? readTables(sources, options) : readMaps(sources, options);
+    return isTable ? readTables(sources, options) : readMaps(sources, options);
 }
 
 } // namespace ORR::Companion
