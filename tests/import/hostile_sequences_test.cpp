@@ -72,6 +72,16 @@ TEST(HostileSequences, lines_of_signs_are_read_one_by_one)
     }
 }
 
+TEST(HostileSequences, a_file_that_is_not_there_is_told_in_words_of_the_system)
+{
+    for (const SequenceImporter &importer : sequenceImporters) {
+        std::vector<ImportSource> sources;
+        sources.emplace_back("/nowhere/at/all");
+        const ImportResult result = importer.read(sources, {.engine = u"umlseq"_s});
+        EXPECT_EQ(sequenceFault(result), "line 0: No such file or directory") << importer.name;
+    }
+}
+
 TEST(HostileSequences, truncated_inputs_are_told_or_drawn)
 {
     for (const SequenceImporter &importer : sequenceImporters) {

@@ -28,7 +28,7 @@ ImportResult MermaidReader::read(ImportSource *source)
         builder.fail(u"there is no 'sequenceDiagram'"_s);
     if (isInBox)
         builder.fail(u"the last 'box' is not closed by an 'end'"_s);
-    return builder.result();
+    return builder.result(*source);
 }
 
 // Of what stands around the statements only the title counts.

@@ -48,7 +48,7 @@ ImportResult PlantumlReader::read(ImportSource *source)
     if (isInBox)
         builder.fail(u"the last 'box' is not closed by an 'end box'"_s);
     sortByOrder();
-    return builder.result();
+    return builder.result(*source);
 }
 
 void PlantumlReader::readLine(const QString &line)

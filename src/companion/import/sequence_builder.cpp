@@ -145,8 +145,12 @@ void SequenceBuilder::tell(const QString &sentence)
     notes.append(ImportFault{here, sentence});
 }
 
-ImportResult SequenceBuilder::result()
+ImportResult SequenceBuilder::result(const ImportSource &source)
 {
+    if (!source.fault().empty()) {
+        const ImportPlace place{.source = source.name()};
+        return {.fault = ImportFault{place, QString::fromStdString(source.fault())}};
+    }
     if (!fault && !open.isEmpty()) {
         here = open.constLast().place;
         fail(u"'%1' is not closed by an 'end'"_s.arg(open.constLast().keyword));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "companion/import/import_format.h"
+#include "companion/import/import_source.h"
 #include "companion/produce/sequence.h"
 
 #include <QHash>
@@ -41,8 +42,8 @@ public:
     // What can't be drawn as it is written, told once, with the first line that has it.
     void tell(const QString &sentence);
 
-    // The picture, or the fault; to be called once, at the end.
-    ImportResult result();
+    // The picture, or the fault, of what was read from a source; to be called once, at the end.
+    ImportResult result(const ImportSource &source);
 
 private:
     struct Fragment

@@ -196,6 +196,10 @@ bool readTraceSpans(ImportSource *source, QList<TraceSpan> *spans, QList<ImportF
 {
     const QByteArray text = source->rest();
     ImportPlace place{.source = source->name()};
+    if (!source->fault().empty()) {
+        *fault = ImportFault{place, QString::fromStdString(source->fault())};
+        return false;
+    }
     if (!isOneALine(text))
         return readDocument(text, place, spans, notes, fault);
     for (const QByteArray &line : text.split('\n')) {
