@@ -1,6 +1,7 @@
 #include "companion/import/trace_import.h"
 
 #include "companion/import/trace_calls.h"
+#include "companion/produce/tree_picture.h"
 #include "import/sequence_read.h"
 
 using namespace ORR::Companion;
@@ -151,6 +152,25 @@ TEST(TraceImport, tells_faults_with_their_places)
     EXPECT_EQ(faultOf("{\"resourceSpans\": []}").sentence, u"there are no spans");
     EXPECT_EQ(faultOf("{\"resourceSpans\": [}").place.offset, 20);
     EXPECT_EQ(faultOf("{\"resourceSpans\": []}\n{\"resourceSpans\": x}\n").place.line, 2);
+}
+
+TEST(TraceImport, weighs_what_is_no_waiting_by_service)
+{
+    std::vector<ImportSource> sources;
+    sources.emplace_back("in",
+                         otlp({otlpService("a", {otlpSpan("1", "", "one", 0, 1000)}),
+                               otlpService("b",
+                                           {otlpSpan("2", "1", "two", 100, 500),
+                                            otlpSpan("3", "1", "two", 400, 700)})}));
+    const ImportResult result = readTrace(sources, {.engine = u"bar"_s});
+    ASSERT_TRUE(result.picture);
+    const WeightTree &tree = dynamic_cast<const TreePicture &>(*result.picture).tree();
+    const WeightTree::Item a = tree.firstChild(WeightTree::root);
+    const WeightTree::Item b = tree.nextSibling(a);
+    EXPECT_EQ(tree.name(a), "a");
+    EXPECT_NEAR(tree.ownWeight(tree.firstChild(a)), 400e-9, 1e-15); // 100 to 700 is waiting
+    EXPECT_EQ(tree.name(tree.firstChild(b)), "two");
+    EXPECT_NEAR(tree.ownWeight(tree.firstChild(b)), 700e-9, 1e-15);
 }
 
 TEST(TraceImport, says_times_with_three_digits)

@@ -29,7 +29,7 @@ constexpr ImportFormat table[] = {
     {"folded", "folded stacks of profilers", "treemap sunburst gftree flatbubble bar", "samples", "branches of the calls", "", likenessOfFolded, readFolded},
     {"mermaid", "sequence diagrams of Mermaid", "umlseq", "", "", "", likenessOfMermaid, readMermaid},
     {"plantuml", "sequence diagrams of PlantUML", "umlseq", "", "", "", likenessOfPlantuml, readPlantuml},
-    {"trace", "OTLP and Jaeger, as JSON", "umlseq", "", "", "", likenessOfTrace, readTrace},
+    {"trace", "OTLP and Jaeger, as JSON", "umlseq bar treemap sunburst", "own time of spans", "services", "", likenessOfTrace, readTrace},
     {"ctags", "universal-ctags --output-format=json", "gfdecl", "", "access and kinds", "", likenessOfCtags, readCtags},
     {"deps", "package-lock.json, cargo metadata, compile_commands.json, CMake's file API, lists", "matrix gftree", "", "cycles", "--by", likenessOfDeps, readDeps},
     {"cloc", "cloc --json --by-file", "treemap sunburst flatbubble bar gftree", "lines of code", "languages", "", likenessOfCloc, readCloc},

@@ -1,6 +1,7 @@
 #include "companion/import/trace_import.h"
 
 #include "companion/import/trace_calls.h"
+#include "companion/produce/tree_picture.h"
 
 #include <memory>
 #include <utility>
@@ -8,6 +9,26 @@
 using namespace Qt::StringLiterals;
 
 namespace ORR::Companion {
+
+namespace {
+
+// The time that each service spent in each of its spans, and not waiting for others.
+std::unique_ptr<Picture> timesByService(const TraceTree &tree)
+{
+    WeightTree times;
+    for (const int span : tree.inOrder()) {
+        const TraceSpan &one = tree.spans()[span];
+        const WeightTree::Item service = times.child(WeightTree::root, one.service.toUtf8());
+        times.addWeight(times.child(service, one.name.toUtf8()), double(tree.ownTime(span)) * 1e-9);
+    }
+    const TreeMeaning meaning{.weight = u"own time"_s,
+                              .unit = TreeMeaning::Unit::Seconds,
+                              .color = u"service"_s,
+                              .rootName = u"all services"_s};
+    return std::make_unique<TreePicture>(std::move(times), meaning);
+}
+
+} // namespace
 
 int likenessOfTrace(QByteArrayView beginning)
 {
@@ -20,7 +41,7 @@ int likenessOfTrace(QByteArrayView beginning)
     return isJaeger ? 95 : 0;
 }
 
-ImportResult readTrace(std::vector<ImportSource> &sources, const ImportOptions & /*options*/)
+ImportResult readTrace(std::vector<ImportSource> &sources, const ImportOptions &options)
 {
     ImportResult result;
     QList<TraceSpan> spans;
@@ -44,7 +65,10 @@ ImportResult readTrace(std::vector<ImportSource> &sources, const ImportOptions &
         result.fault = ImportFault{place, u"no span is the first one: all have parents"_s};
         return result;
     }
-    result.picture = std::make_unique<TraceCalls>(std::move(tree));
+    if (options.engine == u"umlseq")
+        result.picture = std::make_unique<TraceCalls>(std::move(tree));
+    else
+        result.picture = timesByService(tree);
     return result;
 }
 
