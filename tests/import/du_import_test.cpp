@@ -63,9 +63,9 @@ TEST(DuImport, tells_the_line_that_is_broken)
 
 TEST(DuImport, advises_against_rounded_sizes)
 {
-    EXPECT_EQ(treeFault(treeRead(readDu, importData("du/rounded.txt"))),
+    EXPECT_EQ(treeFault(treeRead(readDu, statsData("du/rounded.txt"))),
               "in:1: '4.0K' is rounded; du writes plain numbers without -h");
-    EXPECT_GT(likenessOfDu(importData("du/rounded.txt")), 50);
+    EXPECT_GT(likenessOfDu(statsData("du/rounded.txt")), 50);
 }
 
 TEST(DuImport, tells_what_can_be_counted)
@@ -77,18 +77,18 @@ TEST(DuImport, tells_what_can_be_counted)
 
 TEST(DuImport, adds_up_to_the_total_of_a_folder)
 {
-    const QByteArray lines = importData("du/companion.txt");
+    const QByteArray lines = statsData("du/companion.txt");
     const QByteArray last = lines.trimmed().sliced(lines.trimmed().lastIndexOf('\n') + 1);
     EXPECT_EQ(last.split('\t')[1], "src/companion");
     EXPECT_EQ(weightOfAll(treeRead(readDu, lines, {.by = "bytes"})),
               last.split('\t')[0].toDouble());
-    const ImportResult records = treeRead(readDu, importData("du/import.nul"), {.by = "bytes"});
+    const ImportResult records = treeRead(readDu, statsData("du/import.nul"), {.by = "bytes"});
     EXPECT_NE(weightsOf(records).find("src/companion/import/json_value.h "), std::string::npos);
 }
 
 TEST(DuImport, counts_two_folders_once_though_a_line_adds_them_up)
 {
-    const QByteArray lines = importData("du/two_folders.txt");
+    const QByteArray lines = statsData("du/two_folders.txt");
     const QByteArray last = lines.trimmed().sliced(lines.trimmed().lastIndexOf('\n') + 1);
     EXPECT_EQ(last.split('\t')[1], "total");
     EXPECT_EQ(weightOfAll(treeRead(readDu, lines, {.by = "bytes"})),
@@ -97,9 +97,9 @@ TEST(DuImport, counts_two_folders_once_though_a_line_adds_them_up)
 
 TEST(DuImport, knows_its_inputs)
 {
-    EXPECT_GT(likenessOfDu(importData("du/companion.txt")), 80);
-    EXPECT_GT(likenessOfDu(importData("du/import.nul")), 80);
+    EXPECT_GT(likenessOfDu(statsData("du/companion.txt")), 80);
+    EXPECT_GT(likenessOfDu(statsData("du/import.nul")), 80);
     EXPECT_EQ(likenessOfDu("1\t2\tsrc/a.c\n"), 0);
-    EXPECT_EQ(likenessOfDu(importData("folded/draw.folded")), 0);
+    EXPECT_EQ(likenessOfDu(statsData("folded/draw.folded")), 0);
     EXPECT_EQ(likenessOfDu(""), 0);
 }

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // The stacks and their samples, without the kinds that colour them.
-std::string samplesOf(const ImportResult &result)
+std::string foldedSamples(const ImportResult &result)
 {
     std::string lines;
     for (const QByteArray &line : QByteArray::fromStdString(weightsOf(result)).split('\n')) {
@@ -22,30 +22,30 @@ std::string samplesOf(const ImportResult &result)
 
 TEST(FoldedImport, adds_the_counts_of_equal_stacks)
 {
-    EXPECT_EQ(samplesOf(treeRead(readFolded, "a;b 2\na;b;c 3\na;d 1\na;b 4\n")),
+    EXPECT_EQ(foldedSamples(treeRead(readFolded, "a;b 2\na;b;c 3\na;d 1\na;b 4\n")),
               "a/b 6\na/b/c 3\na/d 1\n");
 }
 
 TEST(FoldedImport, takes_the_last_word_for_the_count)
 {
-    EXPECT_EQ(samplesOf(treeRead(readFolded, "int f(int, char);g h 3 \nx\t4\r\n")),
+    EXPECT_EQ(foldedSamples(treeRead(readFolded, "int f(int, char);g h 3 \nx\t4\r\n")),
               "int f(int, char)/g h 3\nx 4\n");
 }
 
 TEST(FoldedImport, reads_counts_with_a_fraction_and_an_exponent)
 {
-    EXPECT_EQ(samplesOf(treeRead(readFolded, "a 0.5\nb 1e3\nc 12345678901234567890\n")),
+    EXPECT_EQ(foldedSamples(treeRead(readFolded, "a 0.5\nb 1e3\nc 12345678901234567890\n")),
               "a 0.5\nb 1000\nc 1.23457e+19\n");
 }
 
 TEST(FoldedImport, keeps_names_that_would_be_folders)
 {
-    EXPECT_EQ(samplesOf(treeRead(readFolded, "a;..;.;b/c 1\n")), "a/.././b/c 1\n");
+    EXPECT_EQ(foldedSamples(treeRead(readFolded, "a;..;.;b/c 1\n")), "a/.././b/c 1\n");
 }
 
 TEST(FoldedImport, passes_over_empty_frames_empty_lines_and_comments)
 {
-    EXPECT_EQ(samplesOf(treeRead(readFolded, "# of yesterday\n\n;a;;b; 1\na;b 1")), "a/b 2\n");
+    EXPECT_EQ(foldedSamples(treeRead(readFolded, "# of yesterday\n\n;a;;b; 1\na;b 1")), "a/b 2\n");
 }
 
 TEST(FoldedImport, joins_several_inputs)
@@ -53,7 +53,7 @@ TEST(FoldedImport, joins_several_inputs)
     std::vector<ImportSource> sources;
     sources.emplace_back("one", "a;b 1\n");
     sources.emplace_back("two", "a;b 2\nc 1\n");
-    EXPECT_EQ(samplesOf(readFolded(sources, {})), "a/b 3\nc 1\n");
+    EXPECT_EQ(foldedSamples(readFolded(sources, {})), "a/b 3\nc 1\n");
 }
 
 TEST(FoldedImport, colours_by_what_the_trunk_calls)
@@ -95,9 +95,9 @@ TEST(FoldedImport, tells_that_nothing_was_seen)
 
 TEST(FoldedImport, adds_up_a_recording)
 {
-    const ImportResult result = treeRead(readFolded, importData("folded/draw.folded"));
+    const ImportResult result = treeRead(readFolded, statsData("folded/draw.folded"));
     double counted = 0;
-    for (const QByteArray &line : importData("folded/draw.folded").trimmed().split('\n'))
+    for (const QByteArray &line : statsData("folded/draw.folded").trimmed().split('\n'))
         counted += line.sliced(line.lastIndexOf(' ')).toDouble();
     EXPECT_EQ(weightOfAll(result), counted);
     EXPECT_FALSE(treePicture(result).meaning().pathsAreFiles);
@@ -105,8 +105,8 @@ TEST(FoldedImport, adds_up_a_recording)
 
 TEST(FoldedImport, knows_its_inputs)
 {
-    EXPECT_GT(likenessOfFolded(importData("folded/draw.folded")), 80);
-    EXPECT_EQ(likenessOfFolded(importData("du/companion.txt")), 0);
+    EXPECT_GT(likenessOfFolded(statsData("folded/draw.folded")), 80);
+    EXPECT_EQ(likenessOfFolded(statsData("du/companion.txt")), 0);
     EXPECT_EQ(likenessOfFolded("some words\n"), 0);
     EXPECT_EQ(likenessOfFolded(""), 0);
 }

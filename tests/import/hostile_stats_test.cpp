@@ -34,7 +34,7 @@ constexpr TreeImporter treeImporters[] = {
     {"csv", readCsv, likenessOfCsv, "csv/packages.tsv", '1'},
 };
 
-bool isSound(const ImportResult &result)
+bool isSoundTree(const ImportResult &result)
 {
     if (result.fault)
         return !result.picture && !result.fault->sentence.isEmpty();
@@ -47,15 +47,15 @@ bool isSound(const ImportResult &result)
     return result.picture != nullptr;
 }
 
-bool readsSoundly(const TreeImporter &importer, const QByteArray &text)
+bool readsTreeSoundly(const TreeImporter &importer, const QByteArray &text)
 {
     const int likeness = importer.likeness(text);
-    return likeness >= 0 && likeness <= 100 && isSound(treeRead(importer.read, text))
-        && isSound(treeRead(importer.read, text, {.by = "month", .color = "2"}));
+    return likeness >= 0 && likeness <= 100 && isSoundTree(treeRead(importer.read, text))
+        && isSoundTree(treeRead(importer.read, text, {.by = "month", .color = "2"}));
 }
 
 // The same on every run.
-QByteArray randomBytes(quint32 seed, qsizetype size, QByteArrayView alphabet)
+QByteArray randomStatsBytes(quint32 seed, qsizetype size, QByteArrayView alphabet)
 {
     QByteArray bytes;
     for (qsizetype i = 0; i < size; ++i) {
@@ -66,7 +66,7 @@ QByteArray randomBytes(quint32 seed, qsizetype size, QByteArrayView alphabet)
 }
 
 // What came of an input can be written for the engine, with numbers that are such.
-bool writesSoundly(const TreeImporter &importer, const QByteArray &text)
+bool writesTreeSoundly(const TreeImporter &importer, const QByteArray &text)
 {
     const ImportResult result = treeRead(importer.read, text);
     if (!result.picture)
@@ -81,9 +81,10 @@ TEST(HostileStats, random_bytes_are_told)
 {
     for (const TreeImporter &importer : treeImporters) {
         for (quint32 seed = 0; seed < 30; ++seed) {
-            EXPECT_TRUE(readsSoundly(importer, randomBytes(seed, 2000, {}))) << importer.name;
-            EXPECT_TRUE(
-                readsSoundly(importer, randomBytes(seed, 2000, "1-.e\t\n ;,\"/{}[]=>\\ab:")))
+            EXPECT_TRUE(readsTreeSoundly(importer, randomStatsBytes(seed, 2000, {})))
+                << importer.name;
+            EXPECT_TRUE(readsTreeSoundly(importer,
+                                         randomStatsBytes(seed, 2000, "1-.e\t\n ;,\"/{}[]=>\\ab:")))
                 << importer.name << ' ' << seed;
         }
     }
@@ -92,10 +93,11 @@ TEST(HostileStats, random_bytes_are_told)
 TEST(HostileStats, inputs_may_end_anywhere)
 {
     for (const TreeImporter &importer : treeImporters) {
-        const QByteArray whole = importData(importer.data);
+        const QByteArray whole = statsData(importer.data);
         ASSERT_FALSE(whole.isEmpty());
         for (qsizetype end = 0; end < std::min<qsizetype>(whole.size(), 7000); end += 7)
-            EXPECT_TRUE(readsSoundly(importer, whole.first(end))) << importer.name << ' ' << end;
+            EXPECT_TRUE(readsTreeSoundly(importer, whole.first(end)))
+                << importer.name << ' ' << end;
     }
 }
 
@@ -104,10 +106,10 @@ TEST(HostileStats, numbers_may_be_any)
     for (const TreeImporter &importer : treeImporters) {
         for (const char *number : {"-1", "1e308", "1e999", "-1e999", "nan", "inf", "0", "-0", "",
                                    "99999999999999999999999999", "1e-999", "0x1"}) {
-            QByteArray text = importData(importer.data);
+            QByteArray text = statsData(importer.data);
             text.replace(QByteArray(1, importer.number), number);
-            EXPECT_TRUE(readsSoundly(importer, text)) << importer.name << ' ' << number;
-            EXPECT_TRUE(writesSoundly(importer, text)) << importer.name << ' ' << number;
+            EXPECT_TRUE(readsTreeSoundly(importer, text)) << importer.name << ' ' << number;
+            EXPECT_TRUE(writesTreeSoundly(importer, text)) << importer.name << ' ' << number;
         }
     }
 }
@@ -115,17 +117,18 @@ TEST(HostileStats, numbers_may_be_any)
 TEST(HostileStats, depth_is_no_matter)
 {
     const QByteArray deep = QByteArray("a;").repeated(200000) + "b 1\n";
-    EXPECT_TRUE(isSound(treeRead(readFolded, deep)));
+    EXPECT_TRUE(isSoundTree(treeRead(readFolded, deep)));
     const QByteArray folders = "1\t" + QByteArray("a/").repeated(200000) + "b\n";
-    EXPECT_TRUE(isSound(treeRead(readDu, folders)));
-    EXPECT_TRUE(isSound(treeRead(readCloc, QByteArray("[").repeated(200000))));
+    EXPECT_TRUE(isSoundTree(treeRead(readDu, folders)));
+    EXPECT_TRUE(isSoundTree(treeRead(readCloc, QByteArray("[").repeated(200000))));
 }
 
 TEST(HostileStats, sums_stay_finite)
 {
-    EXPECT_TRUE(isSound(treeRead(readFolded, "a 1e308\na 1e308\nb 1e308\nb;c 1e308\n")));
-    EXPECT_TRUE(isSound(treeRead(readDu, "1e308\ta/b\n1e308\ta\n1e308\tc\n1e308\t.\n")));
-    EXPECT_TRUE(isSound(treeRead(readCsv, "path,size\na,1e308\na,1e308\n")));
+    EXPECT_TRUE(isSoundTree(treeRead(readFolded, "a 1e308\na 1e308\nb 1e308\nb;c 1e308\n")));
+    EXPECT_TRUE(isSoundTree(treeRead(readDu, "1e308\ta/b\n1e308\ta\n1e308\tc\n1e308\t.\n")));
+    EXPECT_TRUE(isSoundTree(treeRead(readCsv, "path,size\na,1e308\na,1e308\n")));
     for (const TreeImporter &importer : {treeImporters[0], treeImporters[1], treeImporters[7]})
-        EXPECT_TRUE(writesSoundly(importer, "1e308\ta 1e308\n1e308\tb 1e308\n")) << importer.name;
+        EXPECT_TRUE(writesTreeSoundly(importer, "1e308\ta 1e308\n1e308\tb 1e308\n"))
+            << importer.name;
 }

@@ -79,7 +79,7 @@ TEST(LikelyFormat, is_that_of_the_data_of_each)
         {"csv/companion.csv", "csv"},         {"csv/packages.tsv", "csv"},
     };
     for (const auto &[file, name] : inputs) {
-        const ImportFormat *format = likelyFormat(importData(file));
+        const ImportFormat *format = likelyFormat(statsData(file));
         EXPECT_STREQ(format == nullptr ? "none" : format->name, name) << file;
     }
     EXPECT_EQ(likelyFormat("some text\nof no format\n"), nullptr);

@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QStringList languagesOf(const ImportResult &result)
+QStringList countedLanguages(const ImportResult &result)
 {
     return treePicture(result).meaning().kinds;
 }
@@ -21,21 +21,21 @@ TEST(ClocImport, reads_files_with_their_languages)
         R"({"header": {"cloc_version": "1.96"}, "./a/x.h": {"blank": 1, "code": 2, "language": "C"},)"
         R"("./a/y.py": {"code": 5, "language": "Python"}, "SUM": {"code": 7, "nFiles": 2}})");
     EXPECT_EQ(weightsOf(result), "a/x.h 2 #1\na/y.py 5 #0\n");
-    EXPECT_EQ(languagesOf(result), (QStringList{u"Python"_s, u"C"_s}));
+    EXPECT_EQ(countedLanguages(result), (QStringList{u"Python"_s, u"C"_s}));
 }
 
 TEST(ClocImport, reads_languages_alone)
 {
-    const ImportResult result = treeRead(readCloc, importData("cloc/languages.json"));
+    const ImportResult result = treeRead(readCloc, statsData("cloc/languages.json"));
     EXPECT_EQ(weightsOf(result).substr(0, 7), "C++ 118");
-    EXPECT_EQ(languagesOf(result).first(), u"C++"_s);
+    EXPECT_EQ(countedLanguages(result).first(), u"C++"_s);
 }
 
 TEST(ClocImport, adds_up_to_the_sum_that_is_told)
 {
-    EXPECT_EQ(weightOfAll(treeRead(readCloc, importData("cloc/companion.json"))),
-              weightOfAll(treeRead(readCloc, importData("cloc/languages.json"))));
-    EXPECT_EQ(weightOfAll(treeRead(readCloc, importData("cloc/both.json"))), 2113);
+    EXPECT_EQ(weightOfAll(treeRead(readCloc, statsData("cloc/companion.json"))),
+              weightOfAll(treeRead(readCloc, statsData("cloc/languages.json"))));
+    EXPECT_EQ(weightOfAll(treeRead(readCloc, statsData("cloc/both.json"))), 2113);
 }
 
 TEST(ClocImport, tells_the_place_of_what_is_wrong)
@@ -56,17 +56,17 @@ TEST(ClocImport, tells_the_place_of_what_is_wrong)
 
 TEST(SccImport, reads_files_with_their_languages)
 {
-    const ImportResult result = treeRead(readScc, importData("scc/files.json"));
+    const ImportResult result = treeRead(readScc, statsData("scc/files.json"));
     EXPECT_NE(weightsOf(result).find("src/companion/import/json_value.h 63 #"), std::string::npos);
-    EXPECT_EQ(languagesOf(result).first(), u"C++"_s);
+    EXPECT_EQ(countedLanguages(result).first(), u"C++"_s);
 }
 
 TEST(SccImport, reads_languages_alone_also_of_the_second_form)
 {
     EXPECT_EQ(weightsOf(treeRead(readScc, R"([{"Name": "C", "Code": 3, "Files": null}])")),
               "C 3 #0\n");
-    EXPECT_EQ(weightOfAll(treeRead(readScc, importData("scc/languages.json"))),
-              weightOfAll(treeRead(readScc, importData("scc/files.json"))));
+    EXPECT_EQ(weightOfAll(treeRead(readScc, statsData("scc/languages.json"))),
+              weightOfAll(treeRead(readScc, statsData("scc/files.json"))));
 }
 
 TEST(SccImport, tells_the_place_of_what_is_wrong)
@@ -81,10 +81,10 @@ TEST(SccImport, tells_the_place_of_what_is_wrong)
 
 TEST(TokeiImport, reads_files_with_their_languages)
 {
-    const ImportResult result = treeRead(readTokei, importData("tokei/files.json"));
+    const ImportResult result = treeRead(readTokei, statsData("tokei/files.json"));
     EXPECT_NE(weightsOf(result).find("src/companion/import/json_value.h 63 #"), std::string::npos);
-    EXPECT_EQ(languagesOf(result).first(), u"C++"_s);
-    EXPECT_EQ(weightOfAll(result), weightOfAll(treeRead(readScc, importData("scc/files.json"))));
+    EXPECT_EQ(countedLanguages(result).first(), u"C++"_s);
+    EXPECT_EQ(weightOfAll(result), weightOfAll(treeRead(readScc, statsData("scc/files.json"))));
 }
 
 TEST(TokeiImport, adds_what_is_within_a_file_to_it)
@@ -116,14 +116,14 @@ TEST(LineCounts, tell_what_can_not_be_read)
 
 TEST(LineCounts, know_their_own_inputs_alone)
 {
-    const QByteArray cloc = importData("cloc/companion.json");
-    const QByteArray scc = importData("scc/files.json");
-    const QByteArray tokei = importData("tokei/files.json");
+    const QByteArray cloc = statsData("cloc/companion.json");
+    const QByteArray scc = statsData("scc/files.json");
+    const QByteArray tokei = statsData("tokei/files.json");
     EXPECT_EQ(likenessOfCloc(cloc), 100);
     EXPECT_EQ(likenessOfCloc(scc), 0);
     EXPECT_EQ(likenessOfCloc(tokei), 0);
     EXPECT_GT(likenessOfScc(scc), 90);
-    EXPECT_GT(likenessOfScc(importData("scc/languages.json")), 90);
+    EXPECT_GT(likenessOfScc(statsData("scc/languages.json")), 90);
     EXPECT_EQ(likenessOfScc(cloc), 0);
     EXPECT_EQ(likenessOfScc(tokei), 0);
     EXPECT_GT(likenessOfTokei(tokei), 90);

@@ -31,7 +31,7 @@ constexpr char threeCommits[] = "commit 3\n"
                                 "7\t0\tgone.c\n"
                                 "-\t-\tlogo.png\n";
 
-std::string formerAndPath(QByteArrayView written)
+std::string numstatFormerAndPath(QByteArrayView written)
 {
     const NumstatPath path = numstatPath(written);
     return (path.former + " -> " + path.path).toStdString();
@@ -60,7 +60,7 @@ TEST(NumstatImport, follows_a_file_to_its_last_name)
 
 TEST(NumstatImport, reads_records_that_end_with_nul)
 {
-    EXPECT_EQ(weightsOf(treeRead(readNumstat, importData("numstat/renamed.nul"))),
+    EXPECT_EQ(weightsOf(treeRead(readNumstat, statsData("numstat/renamed.nul"))),
               "src/companion/command/CMakeLists.txt 2 6/1\n"
               "src/companion/command/argument_faults.cpp 1 63/1\n"
               "src/companion/command/argument_faults.h 1 13/1\n"
@@ -124,7 +124,7 @@ TEST(NumstatImport, ends_its_scale_above_most_files)
 TEST(NumstatImport, reads_the_log_of_a_folder)
 {
     ChangeLog log;
-    ImportSource source("in", importData("numstat/companion.log"));
+    ImportSource source("in", statsData("numstat/companion.log"));
     EXPECT_FALSE(log.read(source));
     for (const ChangeLog::Entry &file : log.files())
         EXPECT_NE(file.name, "src/companion/command/option_faults.cpp");
@@ -133,37 +133,37 @@ TEST(NumstatImport, reads_the_log_of_a_folder)
     ASSERT_EQ(log.months().size(), 1);
     EXPECT_EQ(log.months()[0].name, "2026-11");
     EXPECT_EQ(
-        weightsOf(treeRead(readNumstat, importData("numstat/page.log"), {.by = "author"}))
+        weightsOf(treeRead(readNumstat, statsData("numstat/page.log"), {.by = "author"}))
             .find('\n'),
-        weightsOf(treeRead(readNumstat, importData("numstat/page.log"), {.by = "author"})).size()
+        weightsOf(treeRead(readNumstat, statsData("numstat/page.log"), {.by = "author"})).size()
             - 1);
 }
 
 TEST(NumstatImport, knows_its_inputs)
 {
-    EXPECT_GT(likenessOfNumstat(importData("numstat/companion.log")), 90);
+    EXPECT_GT(likenessOfNumstat(statsData("numstat/companion.log")), 90);
     EXPECT_GT(likenessOfNumstat("1\t2\ta\n"), 50);
-    EXPECT_EQ(likenessOfNumstat(importData("du/companion.txt")), 0);
+    EXPECT_EQ(likenessOfNumstat(statsData("du/companion.txt")), 0);
     EXPECT_EQ(likenessOfNumstat("a,b\n1,2\n"), 0);
     EXPECT_EQ(likenessOfNumstat(""), 0);
 }
 
 TEST(NumstatPath, takes_renamed_paths_apart)
 {
-    EXPECT_EQ(formerAndPath("a/b.c"), " -> a/b.c");
-    EXPECT_EQ(formerAndPath("a => b"), "a -> b");
-    EXPECT_EQ(formerAndPath("src/{old => new}/f.c"), "src/old/f.c -> src/new/f.c");
-    EXPECT_EQ(formerAndPath("src/{ => sub}/f.c"), "src/f.c -> src/sub/f.c");
-    EXPECT_EQ(formerAndPath("{old => }/f.c"), "old/f.c -> f.c");
-    EXPECT_EQ(formerAndPath("a/{b.c => c.c}"), "a/b.c -> a/c.c");
+    EXPECT_EQ(numstatFormerAndPath("a/b.c"), " -> a/b.c");
+    EXPECT_EQ(numstatFormerAndPath("a => b"), "a -> b");
+    EXPECT_EQ(numstatFormerAndPath("src/{old => new}/f.c"), "src/old/f.c -> src/new/f.c");
+    EXPECT_EQ(numstatFormerAndPath("src/{ => sub}/f.c"), "src/f.c -> src/sub/f.c");
+    EXPECT_EQ(numstatFormerAndPath("{old => }/f.c"), "old/f.c -> f.c");
+    EXPECT_EQ(numstatFormerAndPath("a/{b.c => c.c}"), "a/b.c -> a/c.c");
 }
 
 TEST(NumstatPath, reads_quotes_as_git_writes_them)
 {
-    EXPECT_EQ(formerAndPath("\"a\\tb\\303\\244\\\"\\\\\""), " -> a\tb\xc3\xa4\"\\");
-    EXPECT_EQ(formerAndPath("\"a\\n\" => b"), "a\n -> b");
-    EXPECT_EQ(formerAndPath("\"open"), " -> \"open");
-    EXPECT_EQ(formerAndPath("\"a\\\""), " -> a\\");
+    EXPECT_EQ(numstatFormerAndPath("\"a\\tb\\303\\244\\\"\\\\\""), " -> a\tb\xc3\xa4\"\\");
+    EXPECT_EQ(numstatFormerAndPath("\"a\\n\" => b"), "a\n -> b");
+    EXPECT_EQ(numstatFormerAndPath("\"open"), " -> \"open");
+    EXPECT_EQ(numstatFormerAndPath("\"a\\\""), " -> a\\");
 }
 
 TEST(MonthOfDate, reads_the_forms_of_dates)

@@ -25,7 +25,7 @@ inline ImportResult treeRead(TreeReading reader, const QByteArray &text, ImportO
 }
 
 // A file of the tests' data: "du/companion.txt".
-inline QByteArray importData(const char *name)
+inline QByteArray statsData(const char *name)
 {
     QFile file(QStringLiteral(ORR_TEST_FOLDER "/data/") + QString::fromUtf8(name));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;

@@ -12,12 +12,12 @@ namespace ORR::Companion {
 
 namespace {
 
-constexpr double mostLines = std::numeric_limits<double>::max();
+constexpr double mostChangedLines = std::numeric_limits<double>::max();
 
 void addLines(ChangedLines *sum, const ChangedLines &lines)
 {
-    sum->added = std::min(mostLines, sum->added + lines.added);
-    sum->deleted = std::min(mostLines, sum->deleted + lines.deleted);
+    sum->added = std::min(mostChangedLines, sum->added + lines.added);
+    sum->deleted = std::min(mostChangedLines, sum->deleted + lines.deleted);
 }
 
 // What is behind a word of a head, "Author: "; nothing if the line has another one.

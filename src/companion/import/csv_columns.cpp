@@ -28,14 +28,14 @@ struct TableBeginning
     }
 };
 
-bool holdsNumber(const QList<QByteArray> &cells)
+bool holdsColumnNumber(const QList<QByteArray> &cells)
 {
     return std::any_of(cells.begin(), cells.end(), [](const QByteArray &cell) {
         return statedNumber(QByteArrayView(cell).trimmed()).has_value();
     });
 }
 
-QString namesOf(const QList<QByteArray> &cells)
+QString columnNames(const QList<QByteArray> &cells)
 {
     QStringList names;
     for (const QByteArray &cell : cells.first(std::min(cells.size(), shownNames)))
@@ -66,7 +66,7 @@ qsizetype askedColumn(const TableBeginning &table, const std::string &wanted, QS
     if (number && *number >= 1 && *number <= double(count))
         return qsizetype(*number) - 1;
     *why = u"there is no column "_s + quotedText(name) + u"; "_s
-        + (table.hasNames ? u"the columns are "_s + namesOf(*table.first)
+        + (table.hasNames ? u"the columns are "_s + columnNames(*table.first)
                           : u"the %1 columns have no names, but numbers from 1"_s.arg(count));
     return -1;
 }
@@ -106,7 +106,7 @@ CsvColumns chosenColumns(const QList<QByteArray> &first, const QList<QByteArray>
                          const ImportOptions &options, QString *why)
 {
     CsvColumns columns;
-    columns.hasNames = !holdsNumber(first);
+    columns.hasNames = !holdsColumnNumber(first);
     const TableBeginning table = {&first, &second, columns.hasNames};
     if (!options.color.empty())
         columns.color = askedColumn(table, options.color, why);

@@ -17,7 +17,7 @@ namespace ORR::Companion {
 
 namespace {
 
-using Cells = QList<QByteArray>;
+using CsvCells = QList<QByteArray>;
 
 // A column of so many numbers in a row is one of numbers; up to there it may become one of words.
 constexpr qsizetype trustedNumbers = 10000;
@@ -26,7 +26,7 @@ constexpr qsizetype trustedNumbers = 10000;
 constexpr double largestShade = 1e100;
 
 // What a column of colours holds, as it is read.
-class Shades
+class ColumnShades
 {
 public:
     // Of a cell that is not empty; the sentence of the fault if it does not fit those before.
@@ -43,7 +43,7 @@ private:
     double highest = std::numeric_limits<double>::lowest();
 };
 
-QString Shades::add(WeightTree *tree, WeightTree::Item item, QByteArrayView cell)
+QString ColumnShades::add(WeightTree *tree, WeightTree::Item item, QByteArrayView cell)
 {
     const std::optional<double> number = statedNumber(cell);
     if (!number && words == 0 && numbers > trustedNumbers)
@@ -63,7 +63,7 @@ QString Shades::add(WeightTree *tree, WeightTree::Item item, QByteArrayView cell
     return {};
 }
 
-void Shades::setMeaning(TreeMeaning *meaning, WeightTree *tree) const
+void ColumnShades::setMeaning(TreeMeaning *meaning, WeightTree *tree) const
 {
     if (!areNumbers()) {
         meaning->coloring = TreeMeaning::Coloring::ByKind;
@@ -83,47 +83,48 @@ void Shades::setMeaning(TreeMeaning *meaning, WeightTree *tree) const
 }
 
 // A table that is read into a tree.
-class TableReader
+class CsvTableReader
 {
 public:
-    explicit TableReader(const ImportOptions *asked) : options(asked) { }
+    explicit CsvTableReader(const ImportOptions *asked) : options(asked) { }
 
     std::optional<ImportFault> read(ImportSource &source);
     ImportResult result(const std::vector<ImportSource> &sources);
 
 private:
-    std::optional<ImportFault> readRecord(const CsvRecords &records, const Cells &cells);
+    std::optional<ImportFault> readRecord(const CsvRecords &records, const CsvCells &cells);
 
     const ImportOptions *options;
     CsvColumns columns;
     QString areaName;
     QString colorName;
     WeightTree tree;
-    Shades shades;
+    ColumnShades shades;
     qsizetype withoutPath = 0; // records of this source
     QList<ImportFault> notes;
 };
 
-QByteArrayView cellOf(const Cells &cells, qsizetype column)
+QByteArrayView csvCellOf(const CsvCells &cells, qsizetype column)
 {
     return QByteArrayView(cells[column]).trimmed();
 }
 
-QString columnName(const CsvColumns &columns, const Cells &first, qsizetype column)
+QString columnName(const CsvColumns &columns, const CsvCells &first, qsizetype column)
 {
     if (column < 0)
         return {};
-    if (columns.hasNames && !cellOf(first, column).isEmpty())
-        return QString::fromUtf8(cellOf(first, column));
+    if (columns.hasNames && !csvCellOf(first, column).isEmpty())
+        return QString::fromUtf8(csvCellOf(first, column));
     return u"column %1"_s.arg(column + 1);
 }
 
-std::optional<ImportFault> TableReader::readRecord(const CsvRecords &records, const Cells &cells)
+std::optional<ImportFault> CsvTableReader::readRecord(const CsvRecords &records,
+                                                      const CsvCells &cells)
 {
     if (columns.last() >= cells.size())
         return records.faultHere(
             u"there are %1 columns, and %2 are needed"_s.arg(cells.size()).arg(columns.last() + 1));
-    const QByteArrayView path = cellOf(cells, columns.path);
+    const QByteArrayView path = csvCellOf(cells, columns.path);
     if (path.isEmpty()) { // a line of sums, mostly
         if (withoutPath++ == 0)
             notes.append(records.faultHere({}));
@@ -132,23 +133,23 @@ std::optional<ImportFault> TableReader::readRecord(const CsvRecords &records, co
     double weight = 1;
     if (columns.area >= 0) {
         QString why;
-        const std::optional<double> stated = statedWeight(cellOf(cells, columns.area), &why);
+        const std::optional<double> stated = statedWeight(csvCellOf(cells, columns.area), &why);
         if (!stated)
             return records.faultHere(why + u"; the sizes are those of "_s + quotedText(areaName));
         weight = *stated;
     }
     const WeightTree::Item item = tree.at(path);
     tree.addWeight(item, weight);
-    if (columns.color < 0 || cellOf(cells, columns.color).isEmpty())
+    if (columns.color < 0 || csvCellOf(cells, columns.color).isEmpty())
         return std::nullopt;
-    const QString why = shades.add(&tree, item, cellOf(cells, columns.color));
+    const QString why = shades.add(&tree, item, csvCellOf(cells, columns.color));
     if (!why.isEmpty())
         return records.faultHere(why);
     return std::nullopt;
 }
 
 // What stands between the cells, by the option if it says so; 0 if it says nothing that can.
-char separatorOf(ImportSource &source, const std::string &asked)
+char csvSeparatorOf(ImportSource &source, const std::string &asked)
 {
     if (asked.empty())
         return csvSeparator(source.beginning());
@@ -157,16 +158,16 @@ char separatorOf(ImportSource &source, const std::string &asked)
     return asked.size() == 1 && asked != "\"" && asked != "\n" ? asked[0] : '\0';
 }
 
-std::optional<ImportFault> TableReader::read(ImportSource &source)
+std::optional<ImportFault> CsvTableReader::read(ImportSource &source)
 {
-    const char separator = separatorOf(source, options->separator);
+    const char separator = csvSeparatorOf(source, options->separator);
     if (separator == '\0')
         return {{{},
                  u"the separator is one character or 'tab', not "_s
                      + quotedText(QByteArrayView(options->separator))}};
     CsvRecords records(&source, separator);
-    Cells first;
-    Cells cells;
+    CsvCells first;
+    CsvCells cells;
     if (!records.next(&first))
         return records.fault();
     const ImportFault headFault = records.faultHere({});
@@ -198,7 +199,7 @@ std::optional<ImportFault> TableReader::read(ImportSource &source)
 }
 
 // By a whole word of the name of the column: "bytes", "size_in_bytes".
-TreeMeaning::Unit unitOf(const QString &name)
+TreeMeaning::Unit unitOfColumn(const QString &name)
 {
     QString words = name.toLower();
     for (QChar &c : words) {
@@ -211,10 +212,10 @@ TreeMeaning::Unit unitOf(const QString &name)
     return parts.contains(u"seconds"_s) ? TreeMeaning::Unit::Seconds : TreeMeaning::Unit::Count;
 }
 
-ImportResult TableReader::result(const std::vector<ImportSource> &sources)
+ImportResult CsvTableReader::result(const std::vector<ImportSource> &sources)
 {
     TreeMeaning meaning = {.weight = columns.area < 0 ? u"records"_s : areaName,
-                           .unit = unitOf(areaName),
+                           .unit = unitOfColumn(areaName),
                            .color = colorName};
     if (columns.color >= 0)
         shades.setMeaning(&meaning, &tree);
@@ -242,7 +243,7 @@ int likenessOfCsv(QByteArrayView beginning)
 
 ImportResult readCsv(std::vector<ImportSource> &sources, const ImportOptions &options)
 {
-    TableReader table(&options);
+    CsvTableReader table(&options);
     for (ImportSource &source : sources) {
         if (std::optional<ImportFault> fault = table.read(source))
             return {.fault = std::move(fault)};

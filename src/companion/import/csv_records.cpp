@@ -11,7 +11,7 @@ namespace {
 constexpr QByteArrayView byteOrderMark = "\xef\xbb\xbf";
 
 // A quote that is not closed would else take all that is left into memory.
-constexpr qsizetype longestRecord = 1 << 24;
+constexpr qsizetype longestCsvRecord = 1 << 24;
 
 } // namespace
 
@@ -31,7 +31,7 @@ bool CsvRecords::splitQuoted(QByteArray *record, qsizetype *place, QByteArray *c
             continue;
         }
         QByteArrayView line;
-        if (record->size() > longestRecord || !source->nextLine(&line))
+        if (record->size() > longestCsvRecord || !source->nextLine(&line))
             return false;
         *cell += QByteArrayView(*record).sliced(at);
         *cell += '\n';

@@ -14,9 +14,7 @@ namespace ORR::Companion {
 
 namespace {
 
-using Item = WeightTree::Item;
-
-constexpr double blockSize = 1024;
+constexpr double duBlockSize = 1024;
 constexpr double notListed = -1;
 
 // The sizes that were listed, each with all that is below it.
@@ -25,7 +23,7 @@ struct ListedSizes
     WeightTree tree;
     QList<double> totals; // by item; `notListed` for what is only part of a path
 
-    void add(Item item, double size)
+    void add(WeightTree::Item item, double size)
     {
         totals.resize(tree.size(), notListed);
         totals[item] = std::max(totals[item], 0.0) + size;
@@ -75,12 +73,12 @@ std::optional<ImportFault> readSizes(ImportSource &source, ListedSizes *sizes)
 }
 
 // The line of -c, which looks like that of a file and would count everything twice.
-Item grandTotal(const ListedSizes &sizes)
+WeightTree::Item grandTotal(const ListedSizes &sizes)
 {
     const WeightTree &tree = sizes.tree;
-    Item total = WeightTree::none;
+    WeightTree::Item total = WeightTree::none;
     double others = 0;
-    for (Item top = tree.firstChild(WeightTree::root); top != WeightTree::none;
+    for (WeightTree::Item top = tree.firstChild(WeightTree::root); top != WeightTree::none;
          top = tree.nextSibling(top)) {
         if (tree.name(top) == "total" && tree.firstChild(top) == WeightTree::none)
             total = top;
@@ -92,18 +90,19 @@ Item grandTotal(const ListedSizes &sizes)
 }
 
 // A folder's line is the total of what is in it: what the lines below it leave is its own.
-void weigh(ListedSizes *sizes, double unit)
+void weighListed(ListedSizes *sizes, double unit)
 {
     WeightTree &tree = sizes->tree;
     sizes->totals.resize(tree.size(), notListed);
     QList<double> below(tree.size(), 0);
-    for (Item item = Item(tree.size()) - 1; item > 0; --item) { // what is below it comes first
+    for (WeightTree::Item item = WeightTree::Item(tree.size()) - 1; item > 0;
+         --item) { // what is below it comes first
         double &total = sizes->totals[item];
         total = std::max(total, below[item]);
         below[tree.parent(item)] += total;
     }
-    const Item passedOver = grandTotal(*sizes);
-    for (Item item = 0; item < tree.size(); ++item) {
+    const WeightTree::Item passedOver = grandTotal(*sizes);
+    for (WeightTree::Item item = 0; item < tree.size(); ++item) {
         if (item != passedOver && sizes->totals[item] > below[item])
             tree.addWeight(item, (sizes->totals[item] - below[item]) * unit);
     }
@@ -142,7 +141,7 @@ ImportResult readDu(std::vector<ImportSource> &sources, const ImportOptions &opt
         if (std::optional<ImportFault> fault = readSizes(source, &sizes))
             return {.fault = std::move(fault)};
     }
-    weigh(&sizes, countsBytes ? 1 : blockSize);
+    weighListed(&sizes, countsBytes ? 1 : duBlockSize);
     return treeResult(std::move(sizes.tree),
                       {.weight = u"size"_s,
                        .unit = TreeMeaning::Unit::Bytes,

@@ -4,14 +4,14 @@ namespace ORR::Companion {
 
 namespace {
 
-constexpr qsizetype mostLines = 40;
+constexpr qsizetype mostFirstLines = 40;
 
 } // namespace
 
 QList<QByteArrayView> firstLines(QByteArrayView beginning, char separator)
 {
     QList<QByteArrayView> lines;
-    while (!beginning.isEmpty() && lines.size() < mostLines) {
+    while (!beginning.isEmpty() && lines.size() < mostFirstLines) {
         const qsizetype end = beginning.indexOf(separator);
         if (end < 0 && !lines.isEmpty())
             break;

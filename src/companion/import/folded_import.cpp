@@ -12,8 +12,6 @@ namespace ORR::Companion {
 
 namespace {
 
-using Item = WeightTree::Item;
-
 constexpr char frameSeparator = ';';
 
 // A call whose own calls have so much of its caller's samples is the trunk of a tree.
@@ -68,10 +66,11 @@ std::optional<ImportFault> readStacks(ImportSource &source, WeightTree *tree, Pa
     return std::nullopt;
 }
 
-QList<double> totalsOf(const WeightTree &tree)
+QList<double> stackTotals(const WeightTree &tree)
 {
     QList<double> totals(tree.size());
-    for (Item item = Item(tree.size()) - 1; item >= 0; --item) { // what is called comes first
+    for (WeightTree::Item item = WeightTree::Item(tree.size()) - 1; item >= 0;
+         --item) { // what is called comes first
         totals[item] += tree.ownWeight(item);
         if (item != WeightTree::root)
             totals[tree.parent(item)] += totals[item];
@@ -81,11 +80,11 @@ QList<double> totalsOf(const WeightTree &tree)
 
 // The frame from which the samples spread: up to it nearly all are in one call. Colours by the
 // outermost calls would mostly be one colour.
-Item trunkOf(const WeightTree &tree)
+WeightTree::Item trunkOf(const WeightTree &tree)
 {
-    const QList<double> totals = totalsOf(tree);
-    Item trunk = WeightTree::root;
-    for (Item call = tree.firstChild(trunk); call != WeightTree::none;) {
+    const QList<double> totals = stackTotals(tree);
+    WeightTree::Item trunk = WeightTree::root;
+    for (WeightTree::Item call = tree.firstChild(trunk); call != WeightTree::none;) {
         const double called = totals[call] - tree.ownWeight(call);
         if (called > 0 && called >= trunkPart * totals[trunk]) {
             trunk = call;
@@ -99,10 +98,10 @@ Item trunkOf(const WeightTree &tree)
 
 // Gives all that the trunk calls, and what that calls, a kind for each; what is beside the trunk
 // has none.
-QStringList setBranches(WeightTree *tree, Item trunk)
+QStringList setBranches(WeightTree *tree, WeightTree::Item trunk)
 {
     KindNames branches;
-    for (Item item = 1; item < tree->size(); ++item) { // callers come first
+    for (WeightTree::Item item = 1; item < tree->size(); ++item) { // callers come first
         if (tree->parent(item) == trunk)
             tree->setKind(item, branches.of(tree->name(item)));
         else
@@ -140,7 +139,7 @@ ImportResult readFolded(std::vector<ImportSource> &sources, const ImportOptions 
         if (std::optional<ImportFault> fault = readStacks(source, &tree, &stacks))
             return {.fault = std::move(fault)};
     }
-    const Item trunk = trunkOf(tree);
+    const WeightTree::Item trunk = trunkOf(tree);
     const QString caller = QString::fromUtf8(tree.name(trunk));
     const QStringList branches = setBranches(&tree, trunk);
     return treeResult(

@@ -13,7 +13,7 @@ namespace ORR::Companion {
 
 namespace {
 
-using Fault = std::optional<ImportFault>;
+using CountsFault = std::optional<ImportFault>;
 
 // The lines of files and languages, as they are read from one document after the other.
 class LineCounts
@@ -25,25 +25,25 @@ public:
     }
 
     // `place` is the value that faults are told of.
-    Fault addFile(const JsonValue &place, const QByteArray &path, const QByteArray &language,
-                  const JsonValue &code)
+    CountsFault addFile(const JsonValue &place, const QByteArray &path, const QByteArray &language,
+                        const JsonValue &code)
     {
         if (path.isEmpty())
             return document->faultAt(place, u"the file has no name"_s);
         return add(tree->at(path), place, language, code);
     }
-    Fault addLanguage(const JsonValue &place, const QByteArray &name, const JsonValue &code)
+    CountsFault addLanguage(const JsonValue &place, const QByteArray &name, const JsonValue &code)
     {
         return add(tree->child(WeightTree::root, name), place, name, code);
     }
-    Fault fault(const JsonValue &value, const QString &sentence) const
+    CountsFault fault(const JsonValue &value, const QString &sentence) const
     {
         return document->faultAt(value, sentence);
     }
 
 private:
-    Fault add(WeightTree::Item item, const JsonValue &place, const QByteArray &language,
-              const JsonValue &code)
+    CountsFault add(WeightTree::Item item, const JsonValue &place, const QByteArray &language,
+                    const JsonValue &code)
     {
         if (!code.isNumber())
             return document->faultAt(code.isMissing() ? place : code,
@@ -61,9 +61,9 @@ private:
     KindNames *languages;
 };
 
-using Reader = Fault (*)(const JsonValue &root, LineCounts *counts);
+using CountsReader = CountsFault (*)(const JsonValue &root, LineCounts *counts);
 
-ImportResult readCounts(std::vector<ImportSource> &sources, Reader reader)
+ImportResult readCounts(std::vector<ImportSource> &sources, CountsReader reader)
 {
     WeightTree tree;
     KindNames languages;
@@ -71,7 +71,7 @@ ImportResult readCounts(std::vector<ImportSource> &sources, Reader reader)
         const QByteArray text = source.rest();
         if (!source.fault().empty())
             break; // which is told with the result
-        Fault fault;
+        CountsFault fault;
         const std::optional<JsonDocument> document =
             JsonDocument::read(text, source.name(), &fault);
         if (!document)
@@ -93,16 +93,16 @@ ImportResult readCounts(std::vector<ImportSource> &sources, Reader reader)
 
 // Calls `each` with the values of an array or object, up to the first fault.
 template <typename Each>
-Fault eachOf(const JsonValue &values, const Each &each)
+CountsFault eachCounted(const JsonValue &values, const Each &each)
 {
     for (JsonValue value = values.first(); !value.isMissing(); value = value.next()) {
-        if (Fault fault = each(value))
+        if (CountsFault fault = each(value))
             return fault;
     }
     return std::nullopt;
 }
 
-Fault readClocMember(const JsonValue &member, LineCounts *counts)
+CountsFault readClocMember(const JsonValue &member, LineCounts *counts)
 {
     const QByteArray name = member.name();
     if (name == "header" || name == "SUM")
@@ -116,62 +116,65 @@ Fault readClocMember(const JsonValue &member, LineCounts *counts)
     return counts->addFile(member, name, language.bytes(), code);
 }
 
-Fault readClocRoot(const JsonValue &root, LineCounts *counts)
+CountsFault readClocRoot(const JsonValue &root, LineCounts *counts)
 {
     if (!root.isObject())
         return counts->fault(root, u"the object that cloc writes is expected"_s);
     const JsonValue files = root["by_file"];
-    return eachOf(files.isObject() ? files : root,
-                  [counts](const JsonValue &member) { return readClocMember(member, counts); });
+    return eachCounted(files.isObject() ? files : root, [counts](const JsonValue &member) {
+        return readClocMember(member, counts);
+    });
 }
 
-Fault readSccLanguage(const JsonValue &language, LineCounts *counts)
+CountsFault readSccLanguage(const JsonValue &language, LineCounts *counts)
 {
     const JsonValue files = language["Files"];
     if (files.count() == 0)
         return counts->addLanguage(language, language["Name"].bytes(), language["Code"]);
-    return eachOf(files, [&](const JsonValue &file) {
+    return eachCounted(files, [&](const JsonValue &file) {
         return counts->addFile(file, file["Location"].bytes(), language["Name"].bytes(),
                                file["Code"]);
     });
 }
 
-Fault readSccRoot(const JsonValue &root, LineCounts *counts)
+CountsFault readSccRoot(const JsonValue &root, LineCounts *counts)
 {
     const JsonValue languages = root.isObject() ? root["languageSummary"] : root;
     if (!languages.isArray())
         return counts->fault(root, u"the array of languages that scc writes is expected"_s);
-    return eachOf(languages, [counts](const JsonValue &language) {
+    return eachCounted(languages, [counts](const JsonValue &language) {
         return readSccLanguage(language, counts);
     });
 }
 
-Fault readTokeiReports(const JsonValue &reports, const QByteArray &language, LineCounts *counts)
+CountsFault readTokeiReports(const JsonValue &reports, const QByteArray &language,
+                             LineCounts *counts)
 {
-    return eachOf(reports, [&](const JsonValue &report) {
+    return eachCounted(reports, [&](const JsonValue &report) {
         return counts->addFile(report, report["name"].bytes(), language, report["stats"]["code"]);
     });
 }
 
 // The files of a language, and then what of other languages is within them.
-Fault readTokeiLanguage(const JsonValue &language, LineCounts *counts)
+CountsFault readTokeiLanguage(const JsonValue &language, LineCounts *counts)
 {
     const QByteArray name = language.name();
     if (name == "Total")
         return std::nullopt;
     if (language["reports"].count() == 0)
         return counts->addLanguage(language, name, language["code"]);
-    if (Fault fault = readTokeiReports(language["reports"], name, counts))
+    if (CountsFault fault = readTokeiReports(language["reports"], name, counts))
         return fault;
-    return eachOf(language["children"],
-                  [&](const JsonValue &within) { return readTokeiReports(within, name, counts); });
+    return eachCounted(language["children"], [&](const JsonValue &within) {
+        return readTokeiReports(within, name, counts);
+    });
 }
 
-Fault readTokeiRoot(const JsonValue &root, LineCounts *counts)
+CountsFault readTokeiRoot(const JsonValue &root, LineCounts *counts)
 {
     if (!root.isObject())
         return counts->fault(root, u"the object of languages that tokei writes is expected"_s);
-    return eachOf(
+    return eachCounted(
         root, [counts](const JsonValue &language) { return readTokeiLanguage(language, counts); });
 }
 

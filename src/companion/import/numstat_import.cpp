@@ -20,7 +20,7 @@ namespace {
 constexpr double scaledPart = 0.95;
 
 // The next number of 1, 2 or 5 and zeros, for the end of a scale.
-double roundUp(double value)
+double roundedScaleEnd(double value)
 {
     const double power = std::pow(10, std::floor(std::log10(std::max(value, 1.0))));
     for (const double step : {1.0, 2.0, 5.0}) {
@@ -30,15 +30,15 @@ double roundUp(double value)
     return 10 * power;
 }
 
-double upperEnd(QList<double> values)
+double changesScaleEnd(QList<double> values)
 {
     if (values.isEmpty())
         return 1;
     std::sort(values.begin(), values.end());
-    return roundUp(values[qsizetype(scaledPart * double(values.size() - 1))]);
+    return roundedScaleEnd(values[qsizetype(scaledPart * double(values.size() - 1))]);
 }
 
-ImportResult fileResult(const ChangeLog &log, const std::vector<ImportSource> &sources)
+ImportResult changedFilesResult(const ChangeLog &log, const std::vector<ImportSource> &sources)
 {
     WeightTree tree;
     QList<double> changes;
@@ -58,12 +58,12 @@ ImportResult fileResult(const ChangeLog &log, const std::vector<ImportSource> &s
                        .scale = TreeMeaning::Scale::Rising,
                        .share = u"changed"_s,
                        .sharesAreParts = false,
-                       .high = upperEnd(changes)},
+                       .high = changesScaleEnd(changes)},
                       sources, u"there is no change; the lines of --numstat are expected"_s);
 }
 
-ImportResult groupResult(QList<ChangeLog::Entry> groups, const std::vector<ImportSource> &sources,
-                         const QString &nothing)
+ImportResult changedGroupsResult(QList<ChangeLog::Entry> groups,
+                                 const std::vector<ImportSource> &sources, const QString &nothing)
 {
     WeightTree tree;
     for (const ChangeLog::Entry &group : std::as_const(groups)) {
@@ -81,14 +81,15 @@ ImportResult groupResult(QList<ChangeLog::Entry> groups, const std::vector<Impor
                       sources, nothing);
 }
 
-ImportResult monthResult(const ChangeLog &log, const std::vector<ImportSource> &sources)
+ImportResult changedMonthsResult(const ChangeLog &log, const std::vector<ImportSource> &sources)
 {
     QList<ChangeLog::Entry> months = log.months();
     std::sort(months.begin(), months.end(),
               [](const auto &a, const auto &b) { return a.name < b.name; });
-    return groupResult(std::move(months), sources,
-                       u"no line 'Date:' tells the month of a change; the heads of commits are "
-                       "expected as git log writes them without --format"_s);
+    return changedGroupsResult(
+        std::move(months), sources,
+        u"no line 'Date:' tells the month of a change; the heads of commits are "
+        "expected as git log writes them without --format"_s);
 }
 
 } // namespace
@@ -124,12 +125,13 @@ ImportResult readNumstat(std::vector<ImportSource> &sources, const ImportOptions
             return {.fault = std::move(fault)};
     }
     if (isOfAll || by == "file")
-        return fileResult(log, sources);
+        return changedFilesResult(log, sources);
     if (by == "month")
-        return monthResult(log, sources);
-    return groupResult(log.authors(), sources,
-                       u"no line 'Author:' tells who made a change; the heads of commits are "
-                       "expected as git log writes them without --format"_s);
+        return changedMonthsResult(log, sources);
+    return changedGroupsResult(
+        log.authors(), sources,
+        u"no line 'Author:' tells who made a change; the heads of commits are "
+        "expected as git log writes them without --format"_s);
 }
 
 } // namespace ORR::Companion

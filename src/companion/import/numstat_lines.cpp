@@ -13,12 +13,12 @@ namespace {
 
 constexpr QByteArrayView renameArrow = " => ";
 
-bool isDigit(char c)
+bool isCountDigit(char c)
 {
     return c >= '0' && c <= '9';
 }
 
-bool isOctal(char c)
+bool isOctalDigit(char c)
 {
     return c >= '0' && c <= '7';
 }
@@ -28,7 +28,7 @@ std::optional<double> lineCount(QByteArrayView written)
     if (written == "-")
         return 0;
     for (const char c : written) {
-        if (!isDigit(c))
+        if (!isCountDigit(c))
             return std::nullopt;
     }
     const std::optional<double> count = statedNumber(written);
@@ -55,7 +55,7 @@ char escapedLetter(char letter)
 }
 
 // A path in quotes, as C writes strings (core.quotePath), or as it stands.
-QByteArray unquoted(QByteArrayView path)
+QByteArray unquotedPath(QByteArrayView path)
 {
     if (path.size() < 2 || !path.startsWith('"') || !path.endsWith('"'))
         return path.toByteArray();
@@ -67,8 +67,8 @@ QByteArray unquoted(QByteArrayView path)
             continue;
         }
         ++i;
-        if (i + 2 < inner.size() && isOctal(inner[i]) && isOctal(inner[i + 1])
-            && isOctal(inner[i + 2])) {
+        if (i + 2 < inner.size() && isOctalDigit(inner[i]) && isOctalDigit(inner[i + 1])
+            && isOctalDigit(inner[i + 2])) {
             bytes +=
                 char(quint8(64 * (inner[i] - '0') + 8 * (inner[i + 1] - '0') + inner[i + 2] - '0'));
             i += 2;
@@ -82,7 +82,7 @@ QByteArray unquoted(QByteArrayView path)
 }
 
 // "a/{ => b}/c" has nothing where the folder was added.
-QByteArray joined(QByteArrayView before, QByteArrayView middle, QByteArrayView behind)
+QByteArray joinedPath(QByteArrayView before, QByteArrayView middle, QByteArrayView behind)
 {
     QByteArray path = before.toByteArray();
     path += middle;
@@ -105,10 +105,10 @@ QList<QByteArrayView> datePieces(QByteArrayView date)
     return pieces;
 }
 
-bool areDigits(QByteArrayView text)
+bool areCountDigits(QByteArrayView text)
 {
     for (const char c : text) {
-        if (!isDigit(c))
+        if (!isCountDigit(c))
             return false;
     }
     return !text.isEmpty();
@@ -119,7 +119,7 @@ bool areDigits(QByteArrayView text)
 bool isNumstatMeant(QByteArrayView line)
 {
     qsizetype end = 0;
-    while (end < line.size() && (isDigit(line[end]) || line[end] == '-'))
+    while (end < line.size() && (isCountDigit(line[end]) || line[end] == '-'))
         ++end;
     return end > 0 && end < line.size() && line[end] == '\t';
 }
@@ -147,17 +147,17 @@ NumstatPath numstatPath(QByteArrayView written)
 {
     const qsizetype arrow = written.indexOf(renameArrow);
     if (arrow < 0)
-        return {.path = unquoted(written)};
+        return {.path = unquotedPath(written)};
     const QByteArrayView left = written.first(arrow);
     const QByteArrayView right = written.sliced(arrow + renameArrow.size());
     const qsizetype open = left.lastIndexOf('{');
     const qsizetype close = right.indexOf('}');
     if (open < 0 || close < 0)
-        return {.path = unquoted(right), .former = unquoted(left)};
+        return {.path = unquotedPath(right), .former = unquotedPath(left)};
     const QByteArrayView before = left.first(open);
     const QByteArrayView behind = right.sliced(close + 1);
-    return {.path = joined(before, right.first(close), behind),
-            .former = joined(before, left.sliced(open + 1), behind)};
+    return {.path = joinedPath(before, right.first(close), behind),
+            .former = joinedPath(before, left.sliced(open + 1), behind)};
 }
 
 QByteArray monthOfDate(QByteArrayView date)
@@ -168,10 +168,10 @@ QByteArray monthOfDate(QByteArrayView date)
     QByteArray month;
     for (const QByteArrayView piece : datePieces(date)) {
         // --date=iso and short: "2025-09-01"
-        if (piece.size() >= 7 && areDigits(piece.first(4)) && piece[4] == '-'
-            && areDigits(piece.sliced(5, 2)))
+        if (piece.size() >= 7 && areCountDigits(piece.first(4)) && piece[4] == '-'
+            && areCountDigits(piece.sliced(5, 2)))
             return piece.first(7).toByteArray();
-        if (piece.size() == 4 && areDigits(piece) && year.isEmpty())
+        if (piece.size() == 4 && areCountDigits(piece) && year.isEmpty())
             year = piece.toByteArray();
         for (size_t i = 0; i < months.size() && month.isEmpty(); ++i) {
             if (piece == months[i])

@@ -14,14 +14,14 @@ namespace {
 // So many digits fit an integer that a double holds exactly.
 constexpr qsizetype exactDigits = 15;
 
-bool isDigit(char c)
+bool isStatedDigit(char c)
 {
     return c >= '0' && c <= '9';
 }
 
 qsizetype pastDigits(QByteArrayView text, qsizetype from)
 {
-    while (from < text.size() && isDigit(text[from]))
+    while (from < text.size() && isStatedDigit(text[from]))
         ++from;
     return from;
 }
@@ -31,7 +31,7 @@ qsizetype pastSign(QByteArrayView text, qsizetype from)
     return from < text.size() && (text[from] == '-' || text[from] == '+') ? from + 1 : from;
 }
 
-bool isNumber(QByteArrayView text)
+bool isStatedNumber(QByteArrayView text)
 {
     const qsizetype start = pastSign(text, 0);
     qsizetype end = pastDigits(text, start);
@@ -61,7 +61,7 @@ std::optional<double> statedNumber(QByteArrayView written)
             value = 10 * value + (digit - '0');
         return double(value);
     }
-    if (!isNumber(written))
+    if (!isStatedNumber(written))
         return std::nullopt;
     return Graph::numberFrom(written.startsWith('+') ? written.sliced(1) : written);
 }
