@@ -11,7 +11,7 @@
 # To build; to draw the same letters everywhere; to test, with readers and renderers of other hands.
 PACKAGES := cmake ninja-build g++ pkg-config \
             qt6-base-dev qt6-svg-dev qt6-httpserver-dev qt6-websockets-dev \
-            libgl-dev libfontconfig-dev libgraphviz-dev libminizip-dev zlib1g-dev \
+            libgl-dev libfontconfig-dev libgraphviz-dev libminizip-dev nlohmann-json3-dev zlib1g-dev \
             libcli11-dev fonts-liberation python3 \
             libgtest-dev libvisio-tools libxml2-utils librsvg2-bin poppler-utils qpdf locales strace \
             python3-jsonschema pre-commit git

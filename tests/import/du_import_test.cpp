@@ -14,7 +14,13 @@ TEST(DuImport, gives_a_folder_what_is_in_no_line_below_it)
 TEST(DuImport, counts_blocks_of_1024_bytes)
 {
     EXPECT_EQ(weightsOf(treeRead(readDu, "4\ta\n")), "a 4096\n");
-    EXPECT_EQ(weightsOf(treeRead(readDu, "4\ta\n", {.by = "blocks"})), "a 4096\n");
+    EXPECT_EQ(weightsOf(treeRead(readDu, "3\ta\n", {.by = "blocks"})), "a 3072\n");
+}
+
+TEST(DuImport, tells_bytes_by_sizes_that_no_page_has)
+{
+    EXPECT_EQ(weightsOf(treeRead(readDu, "4\ta\n4097\tb\n")), "a 4\nb 4097\n");
+    EXPECT_EQ(weightsOf(treeRead(readDu, "4\ta\n4096\tb\n")), "a 4096\nb 4194304\n");
 }
 
 TEST(DuImport, has_no_negative_rest)

@@ -12,7 +12,7 @@ namespace ORR::Companion {
 
 namespace {
 
-constexpr QByteArrayView firstWords = "# ninja log v";
+constexpr QByteArrayView logHeading = "# ninja log v";
 
 // Start and end in milliseconds, time of the file, output, hash of the command.
 using Fields = std::array<QByteArrayView, 5>;
@@ -33,10 +33,10 @@ bool splitFields(QByteArrayView line, Fields *fields)
 // What is wrong with the first line; empty if nothing is.
 QString versionFault(QByteArrayView line)
 {
-    if (!line.startsWith(firstWords))
+    if (!line.startsWith(logHeading))
         return quotedText(line) + " is not how a log of ninja begins: '# ninja log v5'"_L1;
     bool isNumber = false;
-    const int version = line.sliced(firstWords.size()).trimmed().toInt(&isNumber);
+    const int version = line.sliced(logHeading.size()).trimmed().toInt(&isNumber);
     if (!isNumber || version < 5 || version > 7)
         return quotedText(line) + " tells of a version that isn't known; versions 5 to 7 are"_L1;
     return {};
@@ -46,7 +46,7 @@ QString versionFault(QByteArrayView line)
 
 bool BuildLog::looksLike(QByteArrayView beginning)
 {
-    return beginning.startsWith(firstWords);
+    return beginning.startsWith(logHeading);
 }
 
 std::optional<ImportFault> BuildLog::read(ImportSource *source)

@@ -14,7 +14,7 @@ namespace {
 
 constexpr double secondsOfUnit = 1e-6;
 
-enum Kind {
+enum TraceKind {
     Headers,
     Classes,
     Templates,
@@ -29,7 +29,7 @@ enum Kind {
 struct KindOfEvent
 {
     QByteArrayView event;
-    Kind kind;
+    TraceKind kind;
 };
 
 // What isn't named here, passes of the optimizer mostly, is of the kind of what it lies in.

@@ -1,7 +1,7 @@
 #include "companion/import/csv_columns.h"
 
 #include "companion/findings/quoted_text.h"
-#include "companion/import/stated_number.h"
+#include "companion/import/written_number.h"
 
 #include <algorithm>
 #include <array>
@@ -24,14 +24,14 @@ struct TableBeginning
     bool isNumber(qsizetype column) const
     {
         const QList<QByteArray> &cells = hasNames ? *second : *first;
-        return column < cells.size() && statedNumber(QByteArrayView(cells[column]).trimmed());
+        return column < cells.size() && writtenNumber(QByteArrayView(cells[column]).trimmed());
     }
 };
 
 bool holdsColumnNumber(const QList<QByteArray> &cells)
 {
     return std::any_of(cells.begin(), cells.end(), [](const QByteArray &cell) {
-        return statedNumber(QByteArrayView(cell).trimmed()).has_value();
+        return writtenNumber(QByteArrayView(cell).trimmed()).has_value();
     });
 }
 
@@ -62,7 +62,7 @@ qsizetype askedColumn(const TableBeginning &table, const std::string &wanted, QS
     if (named >= 0)
         return named;
     const qsizetype count = table.first->size();
-    const std::optional<double> number = statedNumber(name);
+    const std::optional<double> number = writtenNumber(name);
     if (number && *number >= 1 && *number <= double(count))
         return qsizetype(*number) - 1;
     *why = u"there is no column "_s + quotedText(name) + u"; "_s

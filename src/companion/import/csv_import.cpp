@@ -4,8 +4,8 @@
 #include "companion/import/csv_columns.h"
 #include "companion/import/csv_records.h"
 #include "companion/import/first_lines.h"
-#include "companion/import/stated_number.h"
 #include "companion/import/tree_result.h"
+#include "companion/import/written_number.h"
 
 #include <algorithm>
 #include <cmath>
@@ -45,7 +45,7 @@ private:
 
 QString ColumnShades::add(WeightTree *tree, WeightTree::Item item, QByteArrayView cell)
 {
-    const std::optional<double> number = statedNumber(cell);
+    const std::optional<double> number = writtenNumber(cell);
     if (!number && words == 0 && numbers > trustedNumbers)
         return quotedText(cell) + u" is no number; above it, the column of colours has numbers"_s;
     if (number && words == 0) {
@@ -133,7 +133,7 @@ std::optional<ImportFault> CsvTableReader::readRecord(const CsvRecords &records,
     double weight = 1;
     if (columns.area >= 0) {
         QString why;
-        const std::optional<double> stated = statedWeight(csvCellOf(cells, columns.area), &why);
+        const std::optional<double> stated = writtenWeight(csvCellOf(cells, columns.area), &why);
         if (!stated)
             return records.faultHere(why + u"; the sizes are those of "_s + quotedText(areaName));
         weight = *stated;

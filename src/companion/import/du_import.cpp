@@ -3,10 +3,11 @@
 #include "companion/findings/quoted_text.h"
 #include "companion/import/first_lines.h"
 #include "companion/import/path_walk.h"
-#include "companion/import/stated_number.h"
 #include "companion/import/tree_result.h"
+#include "companion/import/written_number.h"
 
 #include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -15,6 +16,7 @@ namespace ORR::Companion {
 namespace {
 
 constexpr double duBlockSize = 1024;
+constexpr double blocksOfPage = 4;
 constexpr double notListed = -1;
 
 // The sizes that were listed, each with all that is below it.
@@ -22,11 +24,13 @@ struct ListedSizes
 {
     WeightTree tree;
     QList<double> totals; // by item; `notListed` for what is only part of a path
+    bool areOfPages = true; // as blocks are on nearly all disks, and sums of files hardly ever
 
     void add(WeightTree::Item item, double size)
     {
         totals.resize(tree.size(), notListed);
         totals[item] = std::max(totals[item], 0.0) + size;
+        areOfPages = areOfPages && std::fmod(size, blocksOfPage) == 0;
     }
 };
 
@@ -40,7 +44,7 @@ char recordEnd(QByteArrayView beginning)
 bool isRounded(QByteArrayView size)
 {
     return size.size() > 1 && QByteArrayView("KMGTPEZY").contains(size.back())
-        && statedNumber(size.chopped(1));
+        && writtenNumber(size.chopped(1));
 }
 
 QString sizeAdvice(QByteArrayView size, const QString &why)
@@ -64,7 +68,7 @@ std::optional<ImportFault> readSizes(ImportSource &source, ListedSizes *sizes)
                 quotedText(line) + u" is no line of du; a size, a tab and a path are expected"_s);
         QString why;
         const QByteArrayView size = line.first(tab);
-        const std::optional<double> number = statedWeight(size, &why);
+        const std::optional<double> number = writtenWeight(size, &why);
         if (!number)
             return source.faultHere(sizeAdvice(size, why));
         sizes->add(paths.at(line.sliced(tab + 1)), *number);
@@ -118,11 +122,11 @@ int likenessOfDu(QByteArrayView beginning)
         if (tab < 1 || tab + 1 == line.size())
             return 0;
         const QByteArrayView size = line.first(tab);
-        if (!statedNumber(size) && !isRounded(size))
+        if (!writtenNumber(size) && !isRounded(size))
             return 0;
         const QByteArrayView path = line.sliced(tab + 1);
         const qsizetype next = path.indexOf('\t');
-        if (next > 0 && statedNumber(path.first(next))) // a table of numbers
+        if (next > 0 && writtenNumber(path.first(next))) // a table of numbers
             return 0;
         ++lines;
     }
@@ -131,8 +135,7 @@ int likenessOfDu(QByteArrayView beginning)
 
 ImportResult readDu(std::vector<ImportSource> &sources, const ImportOptions &options)
 {
-    const bool countsBytes = options.by == "bytes";
-    if (!countsBytes && !options.by.empty() && options.by != "blocks")
+    if (options.by != "bytes" && !options.by.empty() && options.by != "blocks")
         return {.fault = {{{},
                            u"du counts 'bytes' or 'blocks', not "_s
                                + quotedText(QByteArrayView(options.by))}}};
@@ -141,6 +144,7 @@ ImportResult readDu(std::vector<ImportSource> &sources, const ImportOptions &opt
         if (std::optional<ImportFault> fault = readSizes(source, &sizes))
             return {.fault = std::move(fault)};
     }
+    const bool countsBytes = options.by.empty() ? !sizes.areOfPages : options.by == "bytes";
     weighListed(&sizes, countsBytes ? 1 : duBlockSize);
     return treeResult(std::move(sizes.tree),
                       {.weight = u"size"_s,

@@ -3,8 +3,8 @@
 #include "companion/findings/quoted_text.h"
 #include "companion/import/first_lines.h"
 #include "companion/import/path_walk.h"
-#include "companion/import/stated_number.h"
 #include "companion/import/tree_result.h"
+#include "companion/import/written_number.h"
 
 using namespace Qt::StringLiterals;
 
@@ -58,7 +58,7 @@ std::optional<ImportFault> readStacks(ImportSource &source, WeightTree *tree, Pa
                                     + u" is no folded stack; frames with ';' between are followed "
                                       "by a blank and a count"_s);
         QString why;
-        const std::optional<double> count = statedWeight(parts.count, &why);
+        const std::optional<double> count = writtenWeight(parts.count, &why);
         if (!count)
             return source.faultHere(why + u"; a folded stack ends with its count"_s);
         tree->addWeight(stacks->at(parts.stack), *count);
@@ -120,7 +120,7 @@ int likenessOfFolded(QByteArrayView beginning)
         if (isStackComment(line))
             continue;
         const FoldedLine parts = foldedLine(line);
-        const std::optional<double> count = statedNumber(parts.count);
+        const std::optional<double> count = writtenNumber(parts.count);
         if (!count || *count < 0 || parts.stack.isEmpty())
             return 0;
         ++whole;

@@ -11,7 +11,7 @@ namespace ORR::Companion {
 
 namespace {
 
-constexpr qsizetype pieceSize = 1 << 16;
+constexpr qsizetype packedPiece = 1 << 16;
 constexpr int gzipOnly = 16; // added to the size of the window
 
 class Unpacking
@@ -42,11 +42,11 @@ bool Unpacking::unpack(QByteArrayView packed, qsizetype most, QByteArray *bytes)
             packed = packed.sliced(given);
         }
         const qsizetype held = bytes->size();
-        bytes->resize(held + pieceSize);
+        bytes->resize(held + packedPiece);
         stream.next_out = reinterpret_cast<Bytef *>(bytes->data() + held);
-        stream.avail_out = uInt(pieceSize);
+        stream.avail_out = uInt(packedPiece);
         state = inflate(&stream, Z_NO_FLUSH);
-        bytes->resize(held + pieceSize - qsizetype(stream.avail_out));
+        bytes->resize(held + packedPiece - qsizetype(stream.avail_out));
         if (state == Z_STREAM_END && (stream.avail_in > 0 || !packed.isEmpty()))
             state = inflateReset(&stream);
     }
@@ -73,7 +73,7 @@ QByteArray unpackedGzipBeginning(QByteArrayView packed)
 {
     QByteArray bytes;
     Unpacking unpacking;
-    unpacking.unpack(packed, pieceSize, &bytes);
+    unpacking.unpack(packed, packedPiece, &bytes);
     return bytes;
 }
 

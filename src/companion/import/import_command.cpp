@@ -196,6 +196,8 @@ void tellOf(const CommandCall &call, const ImportFault &fault)
 const ImportFormat *betterFormat(std::vector<ImportSource> &sources, const ImportFormat &format)
 {
     for (ImportSource &source : sources) {
+        if (source.isFolder())
+            continue; // some formats look for their files in it
         const QByteArrayView beginning = source.beginning();
         const ImportFormat *const likely = likelyFormat(beginning);
         if (likely && likely != &format && format.likeness(beginning) == 0)

@@ -8,6 +8,7 @@
 
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace ORR::Companion {
@@ -32,6 +33,8 @@ ImportSource::ImportSource(const std::string &name) : sourceName(name)
     descriptor = file.number();
     if (!file)
         readFault = std::strerror(errno);
+    struct stat status = {};
+    hasFiles = file && ::fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode);
 }
 
 ImportSource::ImportSource(const std::string &name, const QByteArray &bytes)

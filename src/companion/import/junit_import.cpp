@@ -2,7 +2,7 @@
 
 #include "companion/findings/quoted_text.h"
 #include "companion/import/test_report.h"
-#include "companion/import/weighed_picture.h"
+#include "companion/import/tree_result.h"
 
 #include <algorithm>
 #include <array>
@@ -113,8 +113,8 @@ ImportResult readJunit(std::vector<ImportSource> &sources, const ImportOptions &
         std::ranges::any_of(report.cases, [](const TestCase &test) { return test.seconds > 0; });
     const bool isByTime = hasTimes && options.area != "tests";
     ImportResult result =
-        weighedPicture(treeOf(report.cases, isByTime, options.engine == "bar"_L1),
-                       meaningOf(report.cases, isByTime), sources, u"no case of a test is in it"_s);
+        treeResult(treeOf(report.cases, isByTime, options.engine == "bar"_L1),
+                   meaningOf(report.cases, isByTime), sources, u"no case of a test is in it"_s);
     result.notes = report.notes;
     return result;
 }

@@ -4,7 +4,7 @@
 #include "companion/import/covered_files.h"
 #include "companion/import/gcov_json.h"
 #include "companion/import/gzip_bytes.h"
-#include "companion/import/weighed_picture.h"
+#include "companion/import/tree_result.h"
 #include "companion/import/written_number.h"
 
 #include <algorithm>
@@ -148,7 +148,7 @@ ImportResult readLcov(std::vector<ImportSource> &sources, const ImportOptions & 
     meaning.scale = TreeMeaning::Scale::BadToGood;
     meaning.share = u"coverage"_s;
     meaning.low = 0.5; // less is as bad, and what is well covered is told apart
-    return weighedPicture(files.tree(), meaning, sources, u"no line of code is in it"_s);
+    return treeResult(files.tree(), meaning, sources, u"no line of code is in it"_s);
 }
 
 } // namespace ORR::Companion

@@ -4,7 +4,7 @@
 #include "companion/import/build_log.h"
 #include "companion/import/compile_trace.h"
 #include "companion/import/object_path.h"
-#include "companion/import/weighed_picture.h"
+#include "companion/import/tree_result.h"
 
 using namespace Qt::StringLiterals;
 
@@ -47,7 +47,7 @@ ImportResult readLogs(std::vector<ImportSource> &sources, const ImportOptions &o
     TreeMeaning meaning{.weight = u"build time"_s, .unit = TreeMeaning::Unit::Seconds};
     meaning.color = u"folder"_s;
     meaning.ownName = u"(linking)"_s; // of a program with the name of the folder of its objects
-    return weighedPicture(treeOf(log, options), meaning, sources, u"no step in it took a time"_s);
+    return treeResult(treeOf(log, options), meaning, sources, u"no step in it took a time"_s);
 }
 
 ImportResult readTraces(std::vector<ImportSource> &sources, const ImportOptions &options)
@@ -67,7 +67,7 @@ ImportResult readTraces(std::vector<ImportSource> &sources, const ImportOptions 
     meaning.kinds = compileKinds();
     meaning.pathsAreFiles = false;
     meaning.rootName = areSeveral ? u"compilations"_s : u"compilation"_s;
-    return weighedPicture(trace.takeTree(), meaning, sources, u"no event in it took a time"_s);
+    return treeResult(trace.takeTree(), meaning, sources, u"no event in it took a time"_s);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #include "companion/import/numstat_lines.h"
 
-#include "companion/import/stated_number.h"
+#include "companion/import/written_number.h"
 
 #include <QList>
 
@@ -31,7 +31,7 @@ std::optional<double> lineCount(QByteArrayView written)
         if (!isCountDigit(c))
             return std::nullopt;
     }
-    const std::optional<double> count = statedNumber(written);
+    const std::optional<double> count = writtenNumber(written);
     return count && std::isfinite(*count) ? count : std::nullopt;
 }
 

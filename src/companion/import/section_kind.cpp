@@ -9,12 +9,12 @@ namespace ORR::Companion {
 
 namespace {
 
-enum Kind { Code, Constants, Data, Zeros, Links, Debug, Other };
+enum SectionSort { Code, Constants, Data, Zeros, Links, Debug, Other };
 
 struct KindOfSection
 {
     QByteArrayView name; // or of its part before a further "."
-    Kind kind;
+    SectionSort kind;
 };
 
 // The names of the ELF and the GNU tools; the first one that fits.

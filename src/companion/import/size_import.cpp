@@ -6,7 +6,7 @@
 #include "companion/import/object_path.h"
 #include "companion/import/section_kind.h"
 #include "companion/import/size_table.h"
-#include "companion/import/weighed_picture.h"
+#include "companion/import/tree_result.h"
 
 #include <algorithm>
 
@@ -61,8 +61,8 @@ ImportResult readTables(std::vector<ImportSource> &sources, const ImportOptions 
     TreeMeaning meaning = bytesByKind();
     if (!areSeveral && !sections.isEmpty())
         meaning.rootName = QString::fromUtf8(sections.constFirst().file);
-    return weighedPicture(treeOf(sections, areSeveral, isBar(options)), meaning, sources,
-                          u"nothing in it has a size"_s);
+    return treeResult(treeOf(sections, areSeveral, isBar(options)), meaning, sources,
+                      u"nothing in it has a size"_s);
 }
 
 ImportResult readMaps(std::vector<ImportSource> &sources, const ImportOptions &options)
@@ -82,7 +82,7 @@ ImportResult readMaps(std::vector<ImportSource> &sources, const ImportOptions &o
     TreeMeaning meaning = bytesByKind();
     meaning.rootName = u"sections"_s;
     meaning.ownName = u"(the rest)"_s;
-    return weighedPicture(map.tree(), meaning, sources, u"nothing in it has a size"_s);
+    return treeResult(map.tree(), meaning, sources, u"nothing in it has a size"_s);
 }
 
 ImportResult readBloaty(std::vector<ImportSource> &sources, const ImportOptions &options)
@@ -96,8 +96,7 @@ ImportResult readBloaty(std::vector<ImportSource> &sources, const ImportOptions 
     TreeMeaning meaning = bytesByKind();
     if (!table.hasSections())
         meaning.coloring = TreeMeaning::Coloring::ByTop;
-    ImportResult result =
-        weighedPicture(table.tree(), meaning, sources, u"nothing in it has a size"_s);
+    ImportResult result = treeResult(table.tree(), meaning, sources, u"nothing in it has a size"_s);
     result.notes = notes;
     return result;
 }

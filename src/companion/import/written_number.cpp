@@ -1,63 +1,91 @@
 #include "companion/import/written_number.h"
 
+#include "companion/findings/quoted_text.h"
 #include "graph/decimal.h"
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
 
 namespace ORR::Companion {
 
 namespace {
 
-bool isDigit(char character)
+// So many digits fit an integer that a double holds exactly.
+constexpr qsizetype exactDigits = 15;
+
+bool isDigit(char c)
 {
-    return character >= '0' && character <= '9';
+    return c >= '0' && c <= '9';
 }
 
-// How many digits there are from a place on.
-qsizetype digitsAt(QByteArrayView text, qsizetype place)
+qsizetype pastDigits(QByteArrayView text, qsizetype from)
 {
-    qsizetype end = place;
-    while (end < text.size() && isDigit(text[end]))
-        ++end;
-    return end - place;
+    while (from < text.size() && isDigit(text[from]))
+        ++from;
+    return from;
 }
 
-bool isSign(QByteArrayView text, qsizetype place)
+qsizetype pastSign(QByteArrayView text, qsizetype from)
 {
-    return place < text.size() && (text[place] == '-' || text[place] == '+');
+    return from < text.size() && (text[from] == '-' || text[from] == '+') ? from + 1 : from;
+}
+
+bool isNumber(QByteArrayView text)
+{
+    const qsizetype start = pastSign(text, 0);
+    qsizetype end = pastDigits(text, start);
+    qsizetype digits = end - start;
+    if (end < text.size() && text[end] == '.') {
+        const qsizetype fraction = end + 1;
+        end = pastDigits(text, fraction);
+        digits += end - fraction;
+    }
+    if (digits > 0 && end < text.size() && (text[end] == 'e' || text[end] == 'E')) {
+        const qsizetype exponent = pastSign(text, end + 1);
+        end = pastDigits(text, exponent);
+        if (end == exponent)
+            return false;
+    }
+    return digits > 0 && end == text.size();
 }
 
 // The value of a digit of any base up to 16; 16 if it is none.
-int digitValue(char character)
+int digitValue(char c)
 {
-    if (isDigit(character))
-        return character - '0';
-    const char small = char(character | 0x20);
+    if (isDigit(c))
+        return c - '0';
+    const char small = char(c | 0x20);
     return small >= 'a' && small <= 'f' ? small - 'a' + 10 : 16;
 }
 
 } // namespace
 
-std::optional<double> writtenNumber(QByteArrayView text)
+std::optional<double> writtenNumber(QByteArrayView written)
 {
-    qsizetype place = isSign(text, 0) ? 1 : 0;
-    qsizetype digits = digitsAt(text, place);
-    place += digits;
-    if (place < text.size() && text[place] == '.') {
-        const qsizetype decimals = digitsAt(text, ++place);
-        place += decimals;
-        digits += decimals;
+    if (written.size() <= exactDigits && !written.isEmpty()
+        && pastDigits(written, 0) == written.size()) {
+        qint64 value = 0;
+        for (const char digit : written)
+            value = 10 * value + (digit - '0');
+        return double(value);
     }
-    if (digits == 0)
+    if (!isNumber(written))
         return std::nullopt;
-    if (place < text.size() && (text[place] | 0x20) == 'e') {
-        place += isSign(text, place + 1) ? 2 : 1;
-        const qsizetype exponent = digitsAt(text, place);
-        if (exponent == 0)
-            return std::nullopt;
-        place += exponent;
-    }
-    if (place != text.size())
-        return std::nullopt;
-    return Graph::numberFrom(text.startsWith('+') ? text.sliced(1) : text);
+    return Graph::numberFrom(written.startsWith('+') ? written.sliced(1) : written);
+}
+
+std::optional<double> writtenWeight(QByteArrayView written, QString *why)
+{
+    const std::optional<double> number = writtenNumber(written);
+    if (number && *number >= 0 && std::isfinite(*number))
+        return number;
+    const QString shown = quotedText(written);
+    if (!number)
+        *why = shown + u" is no number"_s;
+    else
+        *why = shown + (*number < 0 ? u" is below 0"_s : u" is too large for a number"_s);
+    return std::nullopt;
 }
 
 std::optional<double> writtenAmount(QByteArrayView text)

@@ -8,7 +8,7 @@ namespace ORR::Companion {
 namespace {
 
 // Of a longer text no more can be seen, and measuring takes its time.
-constexpr qsizetype longestMeasured = 2000;
+constexpr qsizetype longestLine = 2000;
 
 QFontMetricsF metricsOf(int fontSize)
 {
@@ -21,14 +21,14 @@ QFontMetricsF metricsOf(int fontSize)
 
 double lineWidth(const QString &text, int fontSize)
 {
-    return metricsOf(fontSize).horizontalAdvance(text.left(longestMeasured));
+    return metricsOf(fontSize).horizontalAdvance(text.left(longestLine));
 }
 
 QString elidedLine(const QString &text, int fontSize, double width, Qt::TextElideMode mode)
 {
-    const QString line = text.size() <= longestMeasured
+    const QString line = text.size() <= longestLine
         ? text
-        : text.left(longestMeasured / 2) + text.right(longestMeasured / 2);
+        : text.left(longestLine / 2) + text.right(longestLine / 2);
     return metricsOf(fontSize).elidedText(line, mode, width);
 }
 
