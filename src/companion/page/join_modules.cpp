@@ -9,6 +9,7 @@
 // The modules stand in the order of order.txt, each behind those that it imports. Import lines go,
 // and so do the word "export", blanks that say nothing and comments: those that begin a line, and
 // `/** */` anywhere. What would not work joined is a fault: see `Module`.
+#include "companion/page/compact_lines.h"
 #include "companion/page/text_constant.h"
 
 #include <cctype>
@@ -136,23 +137,6 @@ std::string declaredIn(const std::string &line)
     return {};
 }
 
-// The line without blanks beside signs, where none counts. One with a text or a regular expression
-// is left as it is.
-std::string withoutBlanks(const std::string &line)
-{
-    constexpr std::string_view signs = "=>?:,;{}()[]&|*";
-    if (line.find_first_of("'\"`/") != std::string::npos)
-        return line;
-    std::string kept;
-    for (size_t i = 0; i < line.size(); ++i) {
-        const bool isBeside = line[i] == ' ' && i > 0 && i + 1 < line.size()
-            && (signs.find(line[i - 1]) != signs.npos || signs.find(line[i + 1]) != signs.npos);
-        if (!isBeside)
-            kept += line[i];
-    }
-    return kept;
-}
-
 // One module as it is joined.
 class Module
 {
@@ -201,7 +185,7 @@ private:
         const bool isPattern = line.starts_with("const {") || line.starts_with("const [");
         if (isTopLevel && isPattern)
             refuse(file, "declares several names at once: " + line);
-        text += withoutBlanks(line) + '\n';
+        text += ORR::Companion::compactScriptLine(line);
     }
 
     // import { a, b } from './x.js';
@@ -258,25 +242,13 @@ std::string joined(const std::filesystem::path &folder)
     return code + "})();\n";
 }
 
-// A line of the theme without blanks and an end that say nothing.
-std::string compactRule(std::string line)
-{
-    if (line.ends_with(" {"))
-        return line.erase(line.size() - 2, 1) + '\n';
-    if (!line.ends_with(';'))
-        return line + '\n';
-    if (const size_t colon = line.find(": "); colon != std::string::npos)
-        line.erase(colon + 1, 1);
-    return line;
-}
-
 std::string themeOf(const std::filesystem::path &path)
 {
     CommentStripper stripper(false);
     std::string theme;
     for (const std::string &line : linesOf(contentOf(path))) {
         const std::string kept = stripper.stripped(line);
-        theme += kept.empty() ? kept : compactRule(kept);
+        theme += kept.empty() ? kept : ORR::Companion::compactThemeLine(kept);
     }
     return theme;
 }
