@@ -16,7 +16,7 @@ protected:
     void SetUp() override
     {
         writeFile(u"page.html"_s, "{{title}}{{policy}}{{theme}}{{drawing}}{{data}}{{code}}\n");
-        writeFile(u"theme.css"_s, "/* of\n two lines */\n a {\n  b: c;\n}\n");
+        writeFile(u"theme.css"_s, "/* of\n two lines */\n a, d {\n  b: c, d;\n}\n");
         writeFile(u"order.txt"_s, "one.js\ntwo.js\n");
         writeFile(u"one.js"_s, "/** Said. */\nexport const one = 1;\n");
         writeFile(u"two.js"_s, "import { one } from './one.js';\nconsole.log(one);\n");
@@ -77,8 +77,8 @@ TEST_F(JoinModulesTest, joins_without_comments_and_imports)
     EXPECT_TRUE(succeeded(join()));
     EXPECT_EQ(joinedCode(),
               "(() => {\n'use strict';\nfunction one(a){return`${a}\\n`?\?'// x';}\n"
-              "console.log(one);})();\n");
-    EXPECT_EQ(constant("pageTheme"), "pageTheme(\n    \"a{b:c;}\\012\",\n    8");
+              "console.log(one);\n})();\n");
+    EXPECT_EQ(constant("pageTheme"), "pageTheme(\n    \"a,d{b:c,d}\\012\",\n    11");
 }
 
 TEST_F(JoinModulesTest, takes_the_header_and_the_places_of_its_page)
@@ -102,19 +102,20 @@ TEST_F(JoinModulesTest, leaves_out_blanks_that_say_nothing)
         "const seven = '\\\\\\' ' in b;",
     };
     writeFile(u"one.js"_s, lines.join('\n') + '\n');
-    writeFile(u"two.js"_s, "if (one)\n    one();\n");
+    writeFile(u"two.js"_s, "if (one)\n    one();\nelse\n    one;\n");
     EXPECT_TRUE(succeeded(join()));
     const QByteArrayList compact{
-        "const one=(a,b)=>a===b?[a- -b]:{a,b};",
-        "const two=of in typeof one;",
-        "const three=' = '+\" '= \";",
-        "const four=one/2/3<4?/ = / : 0;\n",
-        "const five=` = ${one ? ` ${ two } ' ` : ' ` '} - `+1;",
-        "const six=a+ ++b-c;",
-        "const seven='\\\\\\' 'in b;",
-        "if(one)\none();",
+        "const one=(a,b)=>a===b?[a- -b]:{a,b}",
+        "two=of in typeof one",
+        "three=' = '+\" '= \"",
+        "four=one/2/3<4?/ = / : 0",
+        "five=` = ${one ? ` ${ two } ' ` : ' ` '} - `+1",
+        "six=a+ ++b-c",
+        "seven='\\\\\\' 'in b",
     };
-    EXPECT_EQ(joinedCode(), "(() => {\n'use strict';\n" + compact.join() + "})();\n");
+    EXPECT_EQ(joinedCode(),
+              "(() => {\n'use strict';\n" + compact.join(',')
+                  + ";\nif(one)one();else\none;\n})();\n");
 }
 
 TEST_F(JoinModulesTest, refuses_what_does_not_work_joined)

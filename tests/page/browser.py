@@ -193,6 +193,13 @@ class Browser:
     def panel(self):
         return self.text('#panel')
 
+    def accessible(self, selector):
+        """The role and the name of an element as assistive software has them."""
+        root = self.command('DOM.getDocument', depth=0)['root']['nodeId']
+        node = self.command('DOM.querySelector', nodeId=root, selector=selector)['nodeId']
+        [seen] = self.command('Accessibility.getPartialAXTree', nodeId=node, fetchRelatives=False)['nodes']
+        return None if seen['ignored'] else (seen['role']['value'], seen['name']['value'])
+
     def audit(self, axe):
         """The violations that axe-core finds, given by the path of its `axe.min.js`."""
         # Evaluated by the protocol: the page's own policy lets no other script in.

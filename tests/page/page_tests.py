@@ -211,8 +211,14 @@ class EveryPage(PageCase):
         self.assertEqual(self.view(), fitted)
 
     @of_each_engine
+    def test_drawing_has_a_role_and_its_title_as_name(self, engine):
+        title = self.browser.run('return document.title;')
+        self.assertGreater(len(title), 3)
+        self.assertEqual(self.browser.accessible('#drawing'), ('group', title))
+
+    @of_each_engine
     def test_needs_nothing_else(self, engine):
-        self.assertNotRegex(self.text_of_page, r'<(?:script|link|img|iframe|object|embed)[^>]*(?:src|href)=')
+        self.assertNotRegex(self.text_of_page, r'<(?:script|link|img|iframe|object|embed)[^>]*(?:src|href)="(?!#)')
         self.assertIn("default-src 'none'", self.text_of_page)
         loaded = self.browser.run("return performance.getEntriesByType('resource').map(e => e.name);")
         self.assertEqual(loaded, [])
@@ -446,6 +452,19 @@ class Address(PageCase):
         self.open('treemap', fragment)
         self.assertEqual(self.browser.count('#lit g[data-kind]'), lit)
         self.assertEqual(self.browser.count('#drawing [aria-pressed=true]'), 1)
+
+    def test_transparent_entry_of_a_legend_is_no_colour(self):
+        text = self.path('treemap').read_text('utf-8')
+        self.open('treemap')
+        fill = self.browser.run('''return document.querySelector('#drawing [aria-pressed] > polygon').getAttribute('fill');''')
+        folder = self.enterContext(tempfile.TemporaryDirectory())
+        page = pathlib.Path(folder) / 'transparent.html'
+        page.write_text(text.replace(f'fill="{fill}"', f'fill-opacity="0" fill="{fill}"'), 'utf-8')
+        before = self.browser.count('#drawing [aria-pressed]')
+        self.browser.open(page, f'#color={urllib.parse.quote(fill)}')
+        self.frames()
+        self.assertEqual(self.browser.count('#drawing [aria-pressed]'), before - 1)
+        self.assertEqual(self.browser.count('#drawing.dimmed'), 0)
 
     def test_colour_that_no_legend_has_lights_nothing(self):
         for engine, color in (('treemap', '%23F4F6F8'), ('treemap', 'none'), ('treemap', 'url(x)'), ('gftree', '%23E8EAED')):
@@ -703,7 +722,8 @@ class Themes(PageCase):
                 .map(v => v <= 0.04045 ? v / 12.92 : ((v + 0.055) / 1.055) ** 2.4);
                 return 0.2126 * r + 0.7152 * g + 0.0722 * b + 0.05; };
             const page = light(getComputedStyle(document.body).backgroundColor);
-            const seen = [...document.querySelectorAll('#drawing [data-kind] > *')].filter(one => one.localName !== 'g');
+            const seen = [...document.querySelectorAll('#drawing [data-kind] *')]
+                .filter(one => one instanceof SVGGeometryElement || one.localName === 'text');
             const fills = [], found = [];
             for (const one of seen) {
                 const style = getComputedStyle(one), box = one.getBBox();
@@ -712,8 +732,9 @@ class Themes(PageCase):
                         fills.unshift([one, light(style.fill)]);
                     continue;
                 }
-                const middle = new DOMPoint(box.x + box.width / 2, box.y + box.height / 2);
-                const below = fills.find(([shape]) => shape.isPointInFill(middle))?.[1] ?? page;
+                const middle = new DOMPoint(box.x + box.width / 2, box.y + box.height / 2).matrixTransform(one.getCTM());
+                const below = fills.find(([shape]) =>
+                    shape.isPointInFill(middle.matrixTransform(shape.getCTM().inverse())))?.[1] ?? page;
                 const text = light(style.fill);
                 found.push([one.textContent, Math.max(text, below) / Math.min(text, below), below !== page]);
             }
@@ -721,7 +742,7 @@ class Themes(PageCase):
 
     def test_texts_on_a_dark_page_are_read(self):
         seen = {True: 0, False: 0}
-        for page in [*ENGINES, 'lights', 'heads', 'calls']:
+        for page in [*ENGINES, 'lights', 'rich', 'heads', 'calls']:
             with self.subTest(page):
                 self.open(page, '#theme=dark')
                 found = self.contrasts()
@@ -766,6 +787,20 @@ class Themes(PageCase):
             self.assertEqual((red, green), (green, blue))
             self.assertGreater(red, 150)
 
+    def test_rich_texts_turn_where_they_lie_on_the_page(self):
+        self.open('rich', '#theme=dark')
+        def texts(name, part='text'):
+            return self.browser.run('''return [...document.querySelectorAll(`#drawing [data-id=${arguments[0]}] ${arguments[1]}`)]
+                .filter(one => one.localName !== 'text' || one.textContent.trim() !== '')
+                .map(one => getComputedStyle(one)[one.localName === 'text' ? 'fill' : 'stroke']);''', name, part)
+        self.assertEqual(set(texts('fill')), {'rgb(0, 0, 0)'})
+        self.assertEqual(set(texts('table')), {'rgb(0, 0, 0)'})
+        self.assertGreaterEqual(len(texts('page')), 3)
+        self.assertNotIn('rgb(0, 0, 0)', texts('page'))
+        self.assertNotIn('rgb(128, 0, 0)', texts('page'))
+        self.assertNotIn('rgb(0, 0, 0)', texts('page', 'polyline'))
+        self.assertGreater(len(texts('page', 'polyline')), 0)
+
     def assert_copies_are_as_drawn(self, layer):
         """What lies over the drawing has the colours of what it was copied from, and some have turned."""
         self.frames()
@@ -807,7 +842,7 @@ class Themes(PageCase):
         self.assertEqual(set(numbers), {'rgb(0, 0, 0)'})
 
     def test_fills_stay(self):
-        fills = '''return [...document.querySelectorAll('#drawing rect[fill]')]
+        fills = '''return [...document.querySelectorAll('#drawing polygon[fill]')]
             .filter(one => one.getAttribute('fill') !== 'none').map(one => getComputedStyle(one).fill);'''
         self.open('treemap', '#theme=light')
         light = self.browser.run(fills)
@@ -964,6 +999,56 @@ class Pieces(PageCase):
         self.assertEqual(self.browser.count('#marks .chosen .line'), 2)
 
 
+class ManyTexts(PageCase):
+    """Of 2,500 texts in a drawing that is far larger than the window."""
+
+    SHOWN = "return [...document.querySelectorAll('#drawing text')].filter(text => text.checkVisibility()).length;"
+
+    def zoom_in(self):
+        self.press('n', 'z')
+        self.assertTrue(self.browser.wait(self.SHOWN.replace('.length', '.length > 0')))
+        self.frames()
+
+    def test_are_out_while_they_are_too_small(self):
+        self.open('many')
+        self.assertEqual(self.browser.count('#drawing text'), 2500)
+        self.assertEqual(self.browser.run(self.SHOWN), 0)
+        self.zoom_in()
+        self.assertIn('cell 0', self.browser.run(
+            "return [...document.querySelectorAll('#drawing text.shown')].map(text => text.textContent);"))
+        self.assertLess(self.browser.run(self.SHOWN), 100)
+        self.assertEqual(self.browser.console(), [])
+
+    def test_come_some_at_a_time(self):
+        self.browser.resize(2600, 1800)
+        self.open('many', '#view=4800,3600,0.26')
+        self.assertTrue(self.browser.wait(self.SHOWN.replace('.length', '.length > 1000')))
+        self.assertTrue(self.browser.wait('''const { left, top, right, bottom } = document.getElementById('stage').getBoundingClientRect();
+            return [...document.querySelectorAll('#drawing g[data-kind]')].filter(one => {
+                const box = one.getBoundingClientRect();
+                return box.left > left && box.right < right && box.top > top && box.bottom < bottom;
+            }).every(one => one.lastElementChild.checkVisibility());'''))
+
+    def test_are_all_on_paper(self):
+        self.open('many')
+        self.browser.prefer(media='print')
+        self.assertEqual(self.browser.run(self.SHOWN), 2500)
+
+    def test_turn_dark_when_they_come(self):
+        self.open('many', '#theme=dark')
+        self.assertEqual(self.browser.run(self.SHOWN), 0)
+        self.zoom_in()
+        fills = self.browser.run('''return [...document.querySelectorAll('#drawing text.shown')]
+            .map(text => getComputedStyle(text).fill);''')
+        self.assertGreater(len(fills), 0)
+        self.assertNotIn('rgb(0, 0, 0)', fills)
+
+    def test_are_found_by_the_search(self):
+        self.open('many', '#query=cell 77')
+        self.frames()
+        self.assertEqual(self.browser.text('#count'), f"{sum('77' in str(i) for i in range(2500))} found")
+
+
 class Trouble(PageCase):
 
     def changed(self, change):
@@ -992,6 +1077,20 @@ class Trouble(PageCase):
                 self.assertGreater(self.view()['scale'], before['scale'])
                 self.assertEqual(self.browser.console(), [])
 
+    def test_all_texts_are_there_without_a_table(self):
+        text = self.path('many').read_text('utf-8')
+        folder = self.enterContext(tempfile.TemporaryDirectory())
+        page = pathlib.Path(folder) / 'changed.html'
+        page.write_text(text.replace('"parent":', '"parents":'), 'utf-8')
+        self.browser.open(page)
+        self.assertEqual(self.browser.run(ManyTexts.SHOWN), 2500)
+
+    def test_side_below_zero_is_no_fault(self):
+        self.open('thin')
+        self.frames()
+        self.assertEqual(self.browser.console(), [])
+        self.assertGreater(self.browser.count('#drawing rect[height="0"]'), 0)
+
     def test_drawing_shows_without_script(self):
         self.browser.command('Emulation.setScriptExecutionDisabled', value=True)
         self.addCleanup(self.browser.command, 'Emulation.setScriptExecutionDisabled', value=False)
@@ -1014,7 +1113,8 @@ class Trouble(PageCase):
             self.press('n', 'Enter')
         self.press('t')
         self.assertEqual(self.browser.console(), [])
-        self.assertEqual(self.browser.count('img, iframe, object, embed, link, base, video, form'), 0)
+        self.assertEqual(self.browser.count('img, iframe, object, embed, base, video, form'), 0)
+        self.assertEqual(self.browser.count('link:not([rel="expect"][href^="#"])'), 0)
         self.assertEqual(self.browser.count('script'), 2)
         self.assertEqual(self.browser.count('style'), 1)
         self.assertEqual(self.browser.run('''return [...document.querySelectorAll('*')].flatMap(element =>

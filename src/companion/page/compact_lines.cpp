@@ -10,9 +10,6 @@ constexpr std::string_view quotes = "'\"`";
 constexpr std::string_view signs = "=>?:,;{}()[]&|*'\"`+-<!/%";
 // Behind these a stroke begins a regular expression; it divides behind all others.
 constexpr std::string_view beforeExpressions = "(=,:[!&|?{};>";
-// What a line ends with that goes on, or that ends a statement.
-constexpr std::string_view needNoEnd = ";{(,[";
-
 bool isAmong(std::string_view set, char c)
 {
     return set.find(c) != std::string_view::npos;
@@ -46,36 +43,39 @@ bool needsBlank(char before, char after)
 
 } // namespace
 
-std::string compactScriptLine(const std::string &line)
+void addScriptLine(const std::string &line, std::string *script)
 {
-    std::string kept;
+    const char last = script->empty() ? '\n' : script->back();
+    std::string kept = last != '\n' && needsBlank(last, line.front()) ? "\n" : "";
     for (size_t i = 0; i < line.size();) {
         const char c = line[i];
-        if (c == '/' && (kept.empty() || isAmong(beforeExpressions, kept.back())))
-            return kept + line.substr(i) + '\n';
+        if (c == '/' && (kept.empty() || isAmong(beforeExpressions, kept.back()))) {
+            *script += kept + line.substr(i);
+            return;
+        }
         const size_t end = isAmong(quotes, c) ? endOfText(line, i) : i + 1;
-        const bool goes =
-            c == ' ' && !kept.empty() && end < line.size() && !needsBlank(kept.back(), line[end]);
+        const bool goes = c == ' ' && end < line.size() && !needsBlank(kept.back(), line[end]);
         if (!goes)
             kept += line.substr(i, end - i);
         i = end;
     }
     if (kept.ends_with(' ')) // of a comment that went
         kept.pop_back();
-    return isAmong(needNoEnd, kept.back()) ? kept : kept + '\n';
+    *script += kept;
 }
 
-std::string compactThemeLine(std::string line)
+void addThemeLine(std::string line, std::string *theme)
 {
-    if (line.ends_with(" {"))
-        return line.erase(line.size() - 2, 1);
-    if (line.ends_with('}') || line.ends_with(','))
-        return line;
-    if (!line.ends_with(';'))
-        return line + '\n';
-    if (const size_t colon = line.find(": "); colon != std::string::npos)
-        line.erase(colon + 1, 1);
-    return line;
+    for (const std::string_view pair : {": ", ", ", " {"}) {
+        const bool isDeclaration = line.ends_with(';');
+        if (pair == ": " && !isDeclaration)
+            continue;
+        for (size_t at = line.find(pair); at != std::string::npos; at = line.find(pair))
+            line.erase(line[at] == ' ' ? at : at + 1, 1);
+    }
+    if (line == "}" && theme->ends_with(';'))
+        theme->pop_back();
+    *theme += line;
 }
 
 } // namespace ORR::Companion

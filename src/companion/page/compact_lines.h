@@ -4,12 +4,12 @@
 
 namespace ORR::Companion {
 
-// The line of a script without blanks beside signs, where none counts, and with its end where the
-// next line needs one. Texts stay; from a regular expression on the line is left as it is. The line
-// has no blanks around it, and no text that goes on in the next one.
-std::string compactScriptLine(const std::string &line);
+// Adds the line to a script without blanks beside signs and line ends that say nothing. Texts stay;
+// from a regular expression on the line is left as it is. A line is not empty, has no blanks around
+// it and no text that goes on in the next one; each statement of the script has its semicolon.
+void addScriptLine(const std::string &line, std::string *script);
 
-// The same of a line of a style sheet that has one rule or declaration a line.
-std::string compactThemeLine(std::string line);
+// The same for a style sheet that has one selector, brace or declaration a line.
+void addThemeLine(std::string line, std::string *theme);
 
 } // namespace ORR::Companion

@@ -185,7 +185,15 @@ private:
         const bool isPattern = line.starts_with("const {") || line.starts_with("const [");
         if (isTopLevel && isPattern)
             refuse(file, "declares several names at once: " + line);
-        text += ORR::Companion::compactScriptLine(line);
+        // Constants in a row are declared at once.
+        const bool isConstant = line.starts_with("const ") && line.ends_with(';');
+        if (line.starts_with("const ") && endsWithConstant) {
+            text.pop_back();
+            line.erase(0, std::string_view("const").size());
+            line.front() = ',';
+        }
+        endsWithConstant = isConstant;
+        ORR::Companion::addScriptLine(line, &text);
     }
 
     // import { a, b } from './x.js';
@@ -208,6 +216,7 @@ private:
 
     std::string file;
     std::string text;
+    bool endsWithConstant = false; // all of which stands in one line
     Names declaredNames;
     Names exportedNames;
     std::vector<std::pair<std::string, std::string>> imports; // file and name
@@ -234,7 +243,7 @@ std::string joined(const std::filesystem::path &folder)
                 refuse(name, "declares " + one + ", as a module before it does");
         }
         exports[name] = module.exported();
-        code += module.code();
+        code += module.code() + '\n';
         unlisted.erase(name);
     }
     if (!unlisted.empty())
@@ -248,7 +257,8 @@ std::string themeOf(const std::filesystem::path &path)
     std::string theme;
     for (const std::string &line : linesOf(contentOf(path))) {
         const std::string kept = stripper.stripped(line);
-        theme += kept.empty() ? kept : ORR::Companion::compactThemeLine(kept);
+        if (!kept.empty())
+            ORR::Companion::addThemeLine(kept, &theme);
     }
     return theme;
 }

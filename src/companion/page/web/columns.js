@@ -1,6 +1,7 @@
 /** The columns of the table of objects: what an object has in each, and which way that sorts. */
 
 import { hasShare, percent } from './chart.js';
+import { figure } from './elements.js';
 
 /** @import {Objects} from './objects.js' */
 
@@ -47,8 +48,8 @@ function textColumn(name, text) {
 function valueColumn(objects) {
     const { value = [], total = 0 } = objects.data;
     const text = (/** @type {number} */ i) => !hasShare(objects, i) ? ''
-        : total > 0 ? `${value[i].toLocaleString('en')} (${percent(value[i], total)})`
-        : value[i].toLocaleString('en');
+        : total > 0 ? `${figure(value[i])} (${percent(value[i], total)})`
+        : figure(value[i]);
     return { name: 'Value', isNumber: true, text, key: i => hasShare(objects, i) ? value[i] : -Infinity };
 }
 

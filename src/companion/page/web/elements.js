@@ -47,6 +47,15 @@ function setAttributes(element, attributes) {
 }
 
 /**
+ * A number as readers expect it, with its thousands apart.
+ *
+ * @param {number} number
+ */
+export function figure(number) {
+    return number.toLocaleString('en');
+}
+
+/**
  * A button with a text that does something.
  *
  * @param {string} text
@@ -54,7 +63,7 @@ function setAttributes(element, attributes) {
  * @param {Record<string, string | undefined>} [attributes]
  */
 export function createButton(text, action, attributes = {}) {
-    const button = create('button', { type: 'button', ...attributes }, text);
+    const button = create('button', attributes, text);
     button.addEventListener('click', action);
     return button;
 }

@@ -37,10 +37,8 @@ export class Objects {
         this.elements = elements;
         this.data = data;
         this.count = data.parent.length;
-        /** @type {Map<Element, number>} */
-        this.places = new Map();
-        for (let i = 0; i < this.count; ++i)
-            this.places.set(elements[i], i);
+        /** @type {Map<Element, number> | null} */
+        this.places = null;
         /** @type {Map<number, number[]> | null} */
         this.membersOf = null;
         /** @type {Map<number, number[]> | null} */
@@ -63,6 +61,8 @@ export class Objects {
      */
     at(target) {
         const element = target instanceof Element ? target.closest('g[data-kind]') : null;
+        // Made at the first question: each element that a script looks at takes time.
+        this.places ??= new Map(Array.from(this.elements, (one, i) => [one, i]));
         const place = element ? this.places.get(element) : undefined;
         return place === undefined ? -1 : this.whole(place);
     }
@@ -127,14 +127,14 @@ export class Objects {
     }
 
     /**
-     * Null where nothing was drawn.
+     * Null where nothing was drawn, and for no object.
      *
      * @param {number} i
      * @returns {Box | null}
      */
     box(i) {
         const [x, y, width, height] = this.data.box.slice(4 * i, 4 * i + 4);
-        return width < 0 ? null : { x, y, width, height };
+        return width >= 0 ? { x, y, width, height } : null;
     }
 
     /** @param {number} i */

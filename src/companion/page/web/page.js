@@ -8,6 +8,7 @@ import { followGestures } from './gestures.js';
 import { Pointing } from './pointing.js';
 import { Marks, Veil, outlineOf } from './marks.js';
 import { Dots } from './dots.js';
+import { Texts } from './texts.js';
 import { Panel } from './panel.js';
 import { shareLines } from './chart.js';
 import { Legend } from './legend.js';
@@ -91,6 +92,7 @@ function prepareParts(objects, state, view) {
     followRelations(objects, state, veil, panel);
     followMatrix(objects, state, marks);
     keepHeads(drawnPart('heads'), objects, view, state);
+    new Texts(drawing, objects, view, state);
     const dots = new Dots(/** @type {HTMLCanvasElement} */ (part('dots')), view, state);
     markFound(objects, state, matches, marks, dots);
     outlineWhatIsMeant(objects, state, marks);

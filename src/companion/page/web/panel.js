@@ -1,6 +1,6 @@
 /** Tells of one object: the one that was chosen, or else the one under the pointer. */
 
-import { create, createButton } from './elements.js';
+import { create, createButton, figure } from './elements.js';
 import { valueNode } from './links.js';
 
 /** @import {State} from './state.js' */
@@ -51,13 +51,14 @@ export class Panel {
 
     /** How many objects there are of each kind. */
     counted() {
-        const counts = new Map([['node', 0], ['edge', 0], ['group', 0]]);
-        for (let i = 0; i < this.objects.count; ++i) {
-            const kind = this.objects.kindName(i);
-            counts.set(kind, (counts.get(kind) ?? 0) + (this.objects.isPiece(i) ? 0 : 1));
-        }
-        return [...counts].filter(([, count]) => count > 0)
-            .map(([kind, count]) => `${count.toLocaleString('en')} ${kind}${count === 1 ? '' : 's'}`).join(', ');
+        const pieces = Object.keys(this.objects.data.same ?? {}).map(piece => this.objects.kind(Number(piece)));
+        const counts = ['node', 'edge', 'cluster'].map(kind => {
+            const elements = this.objects.count && document.querySelectorAll(`#drawing [data-kind=${kind}]`).length;
+            const count = elements - pieces.filter(its => its === kind).length;
+            const name = kind === 'cluster' ? 'group' : kind;
+            return count > 0 ? `${figure(count)} ${name}${count === 1 ? '' : 's'}` : '';
+        });
+        return counts.filter(text => text !== '').join(', ');
     }
 
     /** @param {number} i */

@@ -23,7 +23,7 @@ export class Roving {
         stage.addEventListener('focusin', event => this.focused(objects.at(event.target)));
         stage.addEventListener('focusout', () => state.change({ pointed: -1, focused: false }));
         state.follow(['chosen'], () => this.stopAt(state.now.chosen));
-        this.stopAt(objects.members(-1)[0] ?? -1);
+        this.stopAt(objects.data.parent.indexOf(-1));
     }
 
     /** @param {number} i */
