@@ -76,7 +76,7 @@ TEST_F(JoinModulesTest, joins_without_comments_and_imports)
               "    // nothing\n    return `${a}\\n` ?? '// x'; /** z */\n}\n");
     EXPECT_TRUE(succeeded(join()));
     EXPECT_EQ(joinedCode(),
-              "(() => {\n'use strict';\nfunction one(a){return`${a}\\n`?\?'// x';}\n"
+              "(() => {\n'use strict';\nfunction one(a){return`${a}\\n`?\?'// x'}\n"
               "console.log(one);\n})();\n");
     EXPECT_EQ(constant("pageTheme"), "pageTheme(\n    \"a,d{b:c,d}\\012\",\n    11");
 }

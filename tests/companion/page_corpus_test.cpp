@@ -103,6 +103,33 @@ TEST(PageSize, of_the_table_is_at_most_one_and_a_half_of_the_svg)
     }
 }
 
+// Cells without a label have the least SVG for what their authors say of them.
+TEST(PageSize, of_the_table_keeps_to_that_with_much_said_of_each_object)
+{
+    QByteArray input = "digraph { graph [width=\"6400\", height=\"4800\"]; node [unit=lines];\n";
+    for (int group = 0; group < 2000; ++group) {
+        const QByteArray folder = "src/group_" + QByteArray::number(group);
+        input += "subgraph cluster_" + QByteArray::number(group) + " {\n";
+        for (int i = 10 * group; i < 10 * group + 10; ++i) {
+            const QByteArray name = "file_" + QByteArray::number(i) + ".cpp";
+            const QByteArray line = QByteArray::number(i % 311);
+            input += 'n' + QByteArray::number(i) + " [label=\"" + name + "\", area=\""
+                + QByteArray::number(1 + i * 7919LL % 997)
+                + "\", url=\"https://code.example/blob/main/" + folder + '/' + name + "#L" + line
+                + "\", file=\"" + folder + '/' + name + "\", line=\"" + line + "\", tooltip=\""
+                + name + " has " + line + " lines\"];\n";
+        }
+        input += "}\n";
+    }
+    input += "}";
+    const QByteArray page = pageOf(input, u"treemap"_s);
+    const qsizetype start = page.indexOf("id=\"page-data\">");
+    const qsizetype table = page.indexOf("</script>", start) - start;
+    EXPECT_GT(page.count("<g data-kind=\"node\""), 15'000);
+    EXPECT_GT(table, 500'000);
+    EXPECT_LE(2 * table, 3 * svgOf(input, u"treemap"_s).size());
+}
+
 // Each would be a node in the browser.
 TEST(PageSize, has_no_line_ends_between_the_elements_of_the_drawing)
 {

@@ -6,7 +6,7 @@
 Of each engine the page of an example (treemap.html) and one with hostile texts everywhere
 (hostile-treemap.html), that of a finished drawing with an object in two pieces (pieces.html), and what a dark
 page has to look at: a finished drawing (lights.html), one with rich texts (rich.html), and heads of lifelines and
-calls without a fill (heads.html, calls.html). Then one with many texts (many.html) and one with an activation that has
+calls without a fill (heads.html, calls.html). Then one with many texts (many.html), one with defaults (defaults.html) and one with an activation that has
 no height (thin.html).
 """
 
@@ -64,6 +64,11 @@ RICH = '''digraph { graph [xdotversion="1.2", bb="0,0,300,100"];
 
 THIN = 'digraph { a [uml="object", row="0", col="0"]; b [uml="activation", row="1", col="0"]; }'
 
+DEFAULTS = '''digraph { graph [owner="everybody", url="https://a.example/"]; node [kind="part"]; edge [kind="call"];
+    subgraph cluster_c { graph [team="red team"]; node [level="two"]; subgraph cluster_d { a [kind="whole"]; } b; }
+    c; a -> b; }
+'''
+
 # The cells have room for their labels, in a drawing that is far larger than a window.
 MANY = 'digraph { graph [width="9600", height="7200"];\n' + ''.join(
     f'n{i} [label="cell {i}", area="1", fillcolor="none"];\n' for i in range(2500)) + '}'
@@ -90,6 +95,7 @@ def main():
     make_page(orr, HEADS.encode(), folder / 'heads.html', '-K', 'umlseq')
     make_page(orr, RICH.encode(), folder / 'rich.html', ORR_GVLAYOUT_USE_HTML='1')
     make_page(orr, THIN.encode(), folder / 'thin.html', '-K', 'umlseq')
+    make_page(orr, DEFAULTS.encode(), folder / 'defaults.html', '-K', 'gfdecl')
     make_page(orr, MANY.encode(), folder / 'many.html', '-K', 'treemap')
     make_page(orr, CALLS.encode(), folder / 'calls.html', '-K', 'gftree')
 

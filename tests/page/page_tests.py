@@ -19,6 +19,7 @@ import unittest
 import urllib.parse
 
 from browser import Browser, missing_programs
+from packed import all_attributes, own_attributes
 
 ENGINES = ['treemap', 'sunburst', 'flatbubble', 'bar', 'matrix', 'umlseq', 'gftree', 'gfdecl']
 CHARTS = ENGINES[:4]
@@ -114,8 +115,7 @@ class PageCase(unittest.TestCase):
         return (view['x'] + (x + width / 2) * view['scale'], view['y'] + (y + height / 2) * view['scale'])
 
     def attributes(self, i):
-        listed = self.data['attributes'][i] or []
-        return {self.data['names'][k]: value for k, value in zip(listed[::2], listed[1::2])}
+        return all_attributes(self.data, i)
 
     def identity(self, i):
         return self.browser.run(
@@ -230,7 +230,7 @@ class EveryPage(PageCase):
             return all.findIndex((one, i) => filled[i] && document.elementFromPoint(
                 view.x + (boxes[4 * i] + boxes[4 * i + 2] / 2) * view.scale,
                 view.y + (boxes[4 * i + 1] + boxes[4 * i + 3] / 2) * view.scale)?.closest('g[data-kind]') === one);''',
-                             self.view(), self.data['box'], [bool(one) for one in self.data['attributes']])
+                             self.view(), self.data['box'], [bool(one) for one in own_attributes(self.data)])
         self.assertGreaterEqual(i, 0, 'nothing can be pointed at')
         self.point_at(i)
         panel = self.browser.panel()
@@ -565,6 +565,41 @@ class PanelAndSearch(PageCase):
         self.assertLess(self.dots(), 400)
 
 
+class Defaults(PageCase):
+    """Of `node [...]`, `edge [...]` and `graph [...]`, and what the graph itself was given."""
+
+    def setUp(self):
+        super().setUp()
+        self.open('defaults')
+
+    def described(self, kind, name):
+        self.browser.run('location.hash = arguments[0];', f'#chosen=-.{kind}.{name}')
+        self.assertTrue(self.browser.wait("return document.querySelector('#panel.held p') !== null;"))
+        self.frames()
+        return dict(self.browser.run("""return [...document.querySelectorAll('#panel dl dt')]
+            .map(dt => [dt.textContent, dt.nextElementSibling.textContent]);"""))
+
+    def test_are_shown_of_each_object(self):
+        a = self.described('node', 'a')
+        self.assertEqual((a['kind'], a['level']), ('whole', 'two'))
+        c = self.described('node', 'c')
+        self.assertEqual(c['kind'], 'part')
+        self.assertNotIn('level', c)
+        self.assertEqual(self.described('edge', 'a->b')['kind'], 'call')
+        inner = self.described('cluster', 'cluster_d')
+        self.assertEqual((inner['team'], inner['owner']), ('red team', 'everybody'))
+
+    def test_of_the_graph_are_shown_where_no_object_is(self):
+        self.assertIn('everybody', self.browser.panel())
+        self.assertEqual(self.browser.run("return document.querySelector('#panel a').href;"), 'https://a.example/')
+
+    def test_are_found(self):
+        for query, count in (('two', 2), ('part', 2), ('call', 1), ('red team', 2)):
+            self.browser.run('location.hash = arguments[0];', f'#query={query}')
+            self.assertTrue(self.browser.wait("return document.getElementById('count').textContent === arguments[0];",
+                                              f'{count} found'), (query, self.browser.text('#count')))
+
+
 class ObjectTable(PageCase):
 
     def setUp(self):
@@ -683,6 +718,28 @@ class Keyboard(PageCase):
         width = self.browser.run('''const line = document.querySelector('#marks .pointed .line');
             return line ? parseFloat(getComputedStyle(line).strokeWidth) : 0;''')
         self.assertGreaterEqual(width, 2)
+
+    def test_keys_of_one_character_can_be_off(self):
+        self.open('treemap')
+        self.press('?')
+        self.click('#letters')
+        self.press('Escape')
+        before = self.view()
+        self.press('t', '+', 'n', '?')
+        self.assertEqual(self.view(), before)
+        self.assertEqual(self.browser.text('#table'), '')
+        self.assertEqual(self.browser.run("return document.querySelectorAll('dialog[open]').length;"), 0)
+        self.press('ArrowLeft')
+        self.assertNotEqual(self.view(), before)
+        self.assertTrue(self.browser.wait("return location.hash.includes('keys=off');"))
+        self.open('treemap', '#keys=off')
+        self.press('t')
+        self.assertEqual(self.browser.text('#table'), '')
+        self.click('#help-button')
+        self.click('#letters')
+        self.press('Escape')
+        self.press('t')
+        self.assertNotEqual(self.browser.text('#table'), '')
 
     def test_help_lists_the_keys_and_closes(self):
         self.open('treemap')
@@ -1139,7 +1196,9 @@ class Trouble(PageCase):
         def change(text):
             data = json.loads(re.search(r'id="page-data">(.*?)</script>', text, re.S).group(1))
             data['names'] += ['url']
-            data['attributes'][0] = [part for value in values for part in (len(data['names']) - 1, value)]
+            data['values'] = ['#' + value for value in values]
+            data['sets'] = [[-1] + [len(data['names']) - 1] * len(values), [-1]]
+            data['set'] = [0] + [1] * (len(data['set']) - 1)
             written = json.dumps(data).replace('<', '\\u003c')
             return re.sub(r'(id="page-data">).*?(</script>)', lambda m: m.group(1) + written + m.group(2), text, flags=re.S)
         self.browser.open(self.changed(change))

@@ -45,6 +45,9 @@ bool needsBlank(char before, char after)
 
 void addScriptLine(const std::string &line, std::string *script)
 {
+    // The end of a block ends its last statement.
+    if (line.front() == '}' && script->ends_with(';'))
+        script->pop_back();
     const char last = script->empty() ? '\n' : script->back();
     std::string kept = last != '\n' && needsBlank(last, line.front()) ? "\n" : "";
     for (size_t i = 0; i < line.size();) {

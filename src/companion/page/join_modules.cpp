@@ -283,6 +283,16 @@ struct Call
     std::vector<std::string> places;
 };
 
+// Without line ends between elements of the body, each of which would be a node there.
+std::string templateOf(const std::filesystem::path &path)
+{
+    std::string text = contentOf(path);
+    size_t at = text.find("<body>");
+    while ((at = text.find(">\n<", at)) != std::string::npos)
+        text.erase(at + 1, 1);
+    return text;
+}
+
 const std::string &checkedTemplate(const std::string &text, const std::vector<std::string> &places)
 {
     for (const std::string &place : places) {
@@ -295,7 +305,7 @@ const std::string &checkedTemplate(const std::string &text, const std::vector<st
 void write(const Call &call)
 {
     using ORR::Companion::textConstant;
-    const std::string page = contentOf(call.folder / "page.html");
+    const std::string page = templateOf(call.folder / "page.html");
     std::ofstream file(call.output, std::ios::binary | std::ios::trunc);
     file << "#include \"" << call.header << "\"\n\nnamespace ORR::Companion {\n\n"
          << textConstant(call.prefix + "Template", checkedTemplate(page, call.places))

@@ -47,6 +47,16 @@ function setAttributes(element, attributes) {
 }
 
 /**
+ * An entry of a list of descriptions.
+ *
+ * @param {string} name
+ * @param {...(Node | string)} nodes
+ */
+export function entry(name, ...nodes) {
+    return [create('dt', {}, name), create('dd', {}, ...nodes)];
+}
+
+/**
  * A number as readers expect it, with its thousands apart.
  *
  * @param {number} number
@@ -64,7 +74,7 @@ export function figure(number) {
  */
 export function createButton(text, action, attributes = {}) {
     const button = create('button', attributes, text);
-    button.addEventListener('click', action);
+    button.onclick = action;
     return button;
 }
 

@@ -1,6 +1,6 @@
 /** Tells of one object: the one that was chosen, or else the one under the pointer. */
 
-import { create, createButton, figure } from './elements.js';
+import { create, createButton, entry, figure } from './elements.js';
 import { valueNode } from './links.js';
 
 /** @import {State} from './state.js' */
@@ -46,6 +46,7 @@ export class Panel {
             create('p', {}, this.objects.engine === '' ? '' : `${this.objects.engine}: `, this.counts),
             create('p', { class: 'soft' }, 'Point at an object to read about it, and click to hold it. ',
                    'Press ? for the keys.'),
+            create('dl', {}, ...attributeEntries(this.objects.rootAttributes)),
         ];
     }
 
@@ -80,20 +81,16 @@ export class Panel {
     /** @param {number} i */
     list(i) {
         const list = create('dl');
-        const add = (/** @type {string} */ name, /** @type {Node[]} */ ...nodes) =>
-            list.append(create('dt', {}, name), create('dd', {}, ...nodes));
         if (this.objects.id(i) !== '')
-            add('id', document.createTextNode(this.objects.id(i)));
+            list.append(...entry('id', this.objects.id(i)));
         const path = this.objects.path(i);
         if (path.length > 0)
-            add('in', ...path.map(group => this.button(group)));
-        const ends = this.objects.ends(i);
-        ends?.forEach((end, k) => {
+            list.append(...entry('in', ...path.map(group => this.button(group))));
+        this.objects.ends(i)?.forEach((end, k) => {
             if (end >= 0)
-                add(k === 0 ? 'from' : 'to', this.button(end));
+                list.append(...entry(k === 0 ? 'from' : 'to', this.button(end)));
         });
-        for (const [name, value] of this.objects.attributes(i))
-            add(name, valueNode(name, value));
+        list.append(...attributeEntries(this.objects.attributes(i)));
         return list;
     }
 
@@ -121,4 +118,9 @@ export class Panel {
             return [];
         return [create('h3', {}, `${title} (${list.length})`), create('ul', {}, ...items)];
     }
+}
+
+/** @param {[string, string][]} attributes */
+function attributeEntries(attributes) {
+    return attributes.flatMap(([name, value]) => entry(name, valueNode(name, value)));
 }

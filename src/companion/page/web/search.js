@@ -26,8 +26,8 @@ export class Search {
         this.state = state;
         this.matches = matches;
         this.choose = choose;
-        field.addEventListener('input', afterPause(() => state.change({ query: field.value }), typingPause));
-        field.addEventListener('keydown', event => this.keyPressed(event));
+        field.oninput = afterPause(() => state.change({ query: field.value }), typingPause);
+        field.onkeydown = event => this.keyPressed(event);
         state.follow(['query', 'chosen'], () => {
             if (document.activeElement !== field)
                 field.value = state.now.query;

@@ -23,6 +23,7 @@
  * @property {string} color fill of the objects that a legend lights, empty for none
  * @property {boolean} table whether the table stands in the place of the drawing
  * @property {string} theme auto, light or dark
+ * @property {string} keys off if those of one character do nothing, else empty
  * @property {number} turned how often lines and texts have been made ready for a dark page
  * @property {number[]} revealed objects some texts of which have just come, of a drawing with many
  */
@@ -40,6 +41,7 @@ const initialValues = {
     color: '',
     table: false,
     theme: 'auto',
+    keys: '',
     turned: 0,
     revealed: [],
 };

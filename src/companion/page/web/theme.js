@@ -30,10 +30,8 @@ export function followTheme(button, objects, state) {
             turn(objects.data.parent.keys());
         }
     };
-    button.addEventListener('click', () => {
-        state.change({ theme: themes[(themes.indexOf(state.now.theme) + 1) % themes.length] });
-    });
-    system.addEventListener('change', apply);
+    button.onclick = () => state.change({ theme: themes[(themes.indexOf(state.now.theme) + 1) % themes.length] });
+    system.onchange = apply;
     state.follow(['theme'], apply);
     state.follow(['revealed'], () => {
         if (turning)
