@@ -215,5 +215,12 @@ class Browser:
 
     def pages_when_printed(self):
         """The number of pages of the printout."""
-        pdf = base64.b64decode(self._send('POST', '/print', {}))
-        return len(re.findall(rb'/Type\s*/Page\b', pdf))
+        return len(re.findall(rb'/Type\s*/Page\b', self._printed()))
+
+    def printed_text(self):
+        """What can be read on the printout, by poppler's pdftotext."""
+        return subprocess.run(['pdftotext', '-', '-'], input=self._printed(), check=True,
+                              capture_output=True).stdout.decode()
+
+    def _printed(self):
+        return base64.b64decode(self._send('POST', '/print', {}))
