@@ -60,7 +60,7 @@ void expectPictureOrFault(const HostileInput &input, const QByteArray &text)
             ASSERT_FALSE(result.fault->sentence.endsWith(u'.'))
                 << qPrintable(result.fault->sentence);
         } else {
-            ASSERT_GT(weightOfAll(result), 0) << input.name;
+            ASSERT_GT(wholeWeight(result), 0) << input.name;
         }
     }
 }
@@ -120,7 +120,7 @@ TEST(HostileBuilds, may_be_files_of_tools_that_are_cut_off)
 {
     // Long ones at fewer places, so that each takes as long.
     const auto cut = [](const char *name, ImportReader read, const QString &file) {
-        const QByteArray text = importData(file);
+        const QByteArray text = dataFile(file);
         const qsizetype step = 7 * (1 + text.size() / 3000);
         for (qsizetype size = 0; size < text.size(); size += step)
             expectPictureOrFault({.name = name, .read = read, .text = {}}, text.first(size));
@@ -174,7 +174,7 @@ TEST(HostileBuilds, have_weights_that_are_drawn)
     const ImportResult result = readBytes(
         readNinja, "# ninja log v5\n0\t" + QByteArray(400, '9') + "\t1\ta/b\tx\n0\t1\t1\ta/c\ty\n");
     ASSERT_TRUE(result.picture) << qPrintable(toldFault(result));
-    EXPECT_TRUE(std::isfinite(weightOfAll(result)));
+    EXPECT_TRUE(std::isfinite(wholeWeight(result)));
     const WrittenGraph graph = result.picture->write({.engine = u"treemap"_s});
     EXPECT_TRUE(graph.text.startsWith("digraph"));
     EXPECT_FALSE(graph.text.contains("inf"));

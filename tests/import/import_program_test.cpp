@@ -12,7 +12,7 @@ class ImportProgram : public ProgramTest
 protected:
     ProgramRun import(const QStringList &arguments, const QByteArray &input = sizes) const
     {
-        return run({.arguments = u"import"_s + arguments,
+        return run({.arguments = QStringList(u"import"_s) + arguments,
                     .input = input,
                     .command = QStringLiteral(ORR_PROGRAM)});
     }
@@ -101,9 +101,9 @@ TEST_F(ImportProgram, tells_what_can_not_be_read)
     EXPECT_EQ(missing.status, 2);
     EXPECT_EQ(missing.errors,
               "orr import du: 'nothing' can't be read: No such file or directory\n");
-    const ProgramRun folder = import({u"du"_s, u"."_s});
-    EXPECT_EQ(folder.status, 2);
-    EXPECT_EQ(folder.errors, "orr import du: . can't be read: Is a directory\n");
+    const ProgramRun aFolder = import({u"du"_s, u"."_s});
+    EXPECT_EQ(aFolder.status, 2);
+    EXPECT_EQ(aFolder.errors, "orr import du: . can't be read: Is a directory\n");
 }
 
 TEST_F(ImportProgram, leaves_what_stood_there_if_a_line_is_broken)

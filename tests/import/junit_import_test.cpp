@@ -147,13 +147,13 @@ TEST(JunitImport, nests_as_deep_as_a_report_does)
         + "<testcase name='a' time='1'/>" + QByteArray("</testsuite>").repeated(depth);
     const ImportResult result = readBytes(readJunit, text);
     ASSERT_TRUE(result.picture) << qPrintable(toldFault(result));
-    EXPECT_EQ(treePicture(result).tree().size(), depth + 2);
+    EXPECT_EQ(treeOf(result).tree().size(), depth + 2);
 }
 
 TEST(JunitImport, has_fills_that_are_told_apart)
 {
     const ImportResult result = readBytes(readJunit, "<testsuite><testcase name='a'/></testsuite>");
-    const QStringList fills = treePicture(result).meaning().kindFills;
+    const QStringList fills = treeOf(result).meaning().kindFills;
     ASSERT_EQ(fills.size(), 4);
     for (qsizetype i = 0; i < fills.size(); ++i) {
         EXPECT_GE(contrast(fills.at(i).toLatin1(), "#000000"), 4.5) << qPrintable(fills.at(i));
@@ -166,33 +166,33 @@ TEST(JunitImport, has_fills_that_are_told_apart)
 
 TEST(JunitImport, reads_reports_of_pytest)
 {
-    const ImportResult result = readBytes(readJunit, importData(u"junit/pytest.xml"_s));
+    const ImportResult result = readBytes(readJunit, dataFile(u"junit/pytest.xml"_s));
     ASSERT_TRUE(result.picture) << qPrintable(toldFault(result));
-    EXPECT_EQ(treePicture(result).meaning().kinds,
+    EXPECT_EQ(treeOf(result).meaning().kinds,
               (QStringList{u"passed (8)"_s, u"skipped (2)"_s, u"failed (2)"_s, u"errors (2)"_s}));
-    EXPECT_EQ(treePicture(result).meaning().rootName, u"8 passed, 2 skipped, 2 failed, 2 errors"_s);
+    EXPECT_EQ(treeOf(result).meaning().rootName, u"8 passed, 2 skipped, 2 failed, 2 errors"_s);
 }
 
 TEST(JunitImport, reads_reports_of_ctest)
 {
-    const ImportResult result = readBytes(readJunit, importData(u"junit/ctest.xml"_s));
+    const ImportResult result = readBytes(readJunit, dataFile(u"junit/ctest.xml"_s));
     ASSERT_TRUE(result.picture) << qPrintable(toldFault(result));
-    EXPECT_EQ(treePicture(result).meaning().kinds,
+    EXPECT_EQ(treeOf(result).meaning().kinds,
               (QStringList{u"passed (3)"_s, u"skipped (3)"_s, u"failed (1)"_s, u"errors (0)"_s}));
     EXPECT_NE(toldTree(result).find("(empty)>compares 0.306403" + failed), std::string::npos);
 }
 
 TEST(JunitImport, reads_reports_of_google_test)
 {
-    const ImportResult result = readBytes(readJunit, importData(u"junit/graph_tests.xml"_s));
+    const ImportResult result = readBytes(readJunit, dataFile(u"junit/graph_tests.xml"_s));
     ASSERT_TRUE(result.picture) << qPrintable(toldFault(result));
-    EXPECT_EQ(treePicture(result).meaning().kinds.constFirst(), u"passed (139)"_s);
+    EXPECT_EQ(treeOf(result).meaning().kinds.constFirst(), u"passed (139)"_s);
 }
 
 TEST(JunitImport, knows_its_format)
 {
     for (const QString &name : {u"pytest.xml"_s, u"ctest.xml"_s, u"graph_tests.xml"_s})
-        EXPECT_EQ(likenessOfJunit(importData("junit/"_L1 + name).first(500)), 100)
+        EXPECT_EQ(likenessOfJunit(dataFile("junit/"_L1 + name).first(500)), 100)
             << qPrintable(name);
     for (const char *text : {"", "<svg>", "digraph { \"<testsuite>\" }", "{}"})
         EXPECT_EQ(likenessOfJunit(text), 0) << text;

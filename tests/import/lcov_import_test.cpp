@@ -113,27 +113,26 @@ TEST(LcovImport, tells_where_gcov_is_broken)
 
 TEST(LcovImport, reads_what_is_packed)
 {
-    const ImportResult packed =
-        readBytes(readLcov, importData(u"lcov/html_text.cpp.gcov.json.gz"_s));
-    EXPECT_GT(weightOfAll(packed), 50);
-    EXPECT_EQ(faultOfLcov(importData(u"lcov/html_text.cpp.gcov.json.gz"_s).chopped(9)),
+    const ImportResult packed = readBytes(readLcov, dataFile(u"lcov/html_text.cpp.gcov.json.gz"_s));
+    EXPECT_GT(wholeWeight(packed), 50);
+    EXPECT_EQ(faultOfLcov(dataFile(u"lcov/html_text.cpp.gcov.json.gz"_s).chopped(9)),
               u"it can't be unpacked"_s);
 }
 
 TEST(LcovImport, reads_a_tracefile_of_lcov)
 {
-    const ImportResult result = readBytes(readLcov, importData(u"lcov/parser.info"_s));
+    const ImportResult result = readBytes(readLcov, dataFile(u"lcov/parser.info"_s));
     ASSERT_TRUE(result.picture) << qPrintable(toldFault(result));
-    EXPECT_EQ(weightOfAll(result), 1027); // as lcov --list says
+    EXPECT_EQ(wholeWeight(result), 1027); // as lcov --list says
     EXPECT_NE(toldTree(result).find("src>graph>dot_graph.cpp 209 113/209\n"), std::string::npos);
-    const TreeMeaning &meaning = treePicture(result).meaning();
+    const TreeMeaning &meaning = treeOf(result).meaning();
     EXPECT_EQ(meaning.coloring, TreeMeaning::Coloring::ByShare);
     EXPECT_EQ(meaning.scale, TreeMeaning::Scale::BadToGood);
 }
 
 TEST(LcovImport, reads_documents_of_gcov)
 {
-    const ImportResult result = readBytes(readLcov, importData(u"lcov/texts.gcov.json"_s));
+    const ImportResult result = readBytes(readLcov, dataFile(u"lcov/texts.gcov.json"_s));
     ASSERT_TRUE(result.picture) << qPrintable(toldFault(result));
     EXPECT_NE(toldTree(result).find("src>graph>html_text.cpp 15 0/15\n"), std::string::npos);
     EXPECT_NE(toldTree(result).find("src>graph>message_text.cpp 16 0/16\n"), std::string::npos);
@@ -143,8 +142,7 @@ TEST(LcovImport, knows_its_formats)
 {
     for (const QString &name :
          {u"parser.info"_s, u"texts.gcov.json"_s, u"html_text.cpp.gcov.json.gz"_s})
-        EXPECT_EQ(likenessOfLcov(importData("lcov/"_L1 + name).first(2000)), 100)
-            << qPrintable(name);
+        EXPECT_EQ(likenessOfLcov(dataFile("lcov/"_L1 + name).first(2000)), 100) << qPrintable(name);
     for (const char *text :
          {"", "digraph {}", "{\"traceEvents\": []}", "\x1f\x8b", "# ninja log v5"})
         EXPECT_EQ(likenessOfLcov(text), 0) << text;

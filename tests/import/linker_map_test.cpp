@@ -118,9 +118,9 @@ TEST(LinkerMap, is_told_from_what_is_none)
 
 TEST(LinkerMap, of_a_program_has_the_bytes_that_size_tells)
 {
-    const QByteArray map = importData(u"size/read_graph.map"_s);
-    const double mapped = weightOfAll(readBytes(readSize, map));
-    const double sized = weightOfAll(readBytes(readSize, importData(u"size/read_graph.size"_s)));
+    const QByteArray map = dataFile(u"size/read_graph.map"_s);
+    const double mapped = wholeWeight(readBytes(readSize, map));
+    const double sized = wholeWeight(readBytes(readSize, dataFile(u"size/read_graph.size"_s)));
     EXPECT_EQ(sized, 60368); // its line Total
     // The linker tells the comments of each object, and writes what they have in common.
     const QByteArray told = QByteArray::fromStdString(toldTree(readBytes(readSize, map)));

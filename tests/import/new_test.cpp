@@ -14,7 +14,8 @@ class NewProgram : public ProgramTest
 protected:
     ProgramRun begin(const QStringList &arguments) const
     {
-        return run({.arguments = u"new"_s + arguments, .command = QStringLiteral(ORR_PROGRAM)});
+        return run({.arguments = QStringList(u"new"_s) + arguments,
+                    .command = QStringLiteral(ORR_PROGRAM)});
     }
 };
 

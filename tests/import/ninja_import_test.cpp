@@ -108,7 +108,7 @@ TEST(NinjaImport, tells_a_version_that_is_not_known)
 
 TEST(NinjaImport, reads_a_log_of_ninja)
 {
-    const ImportResult result = readBytes(readNinja, importData(u"ninja/ninja_log"_s));
+    const ImportResult result = readBytes(readNinja, dataFile(u"ninja/ninja_log"_s));
     ASSERT_TRUE(result.picture) << qPrintable(toldFault(result));
     EXPECT_NE(toldTree(result).find("src>graph>orr_graph>decimal.cpp.o 2.699\n"),
               std::string::npos);
@@ -197,20 +197,20 @@ TEST(CompileTrace, tells_the_event_that_is_broken)
 
 TEST(CompileTrace, of_clang_has_all_its_time)
 {
-    const QByteArray trace = importData(u"ninja/decimal.json"_s);
+    const QByteArray trace = dataFile(u"ninja/decimal.json"_s);
     const ImportResult result = readBytes(readNinja, trace);
     ASSERT_TRUE(result.picture) << qPrintable(toldFault(result));
     const qsizetype name = trace.indexOf("\"name\":\"ExecuteCompiler\"");
     const qsizetype number = trace.lastIndexOf("\"dur\":", name) + 6;
     const double whole = trace.sliced(number, name - number - 1).toDouble();
     EXPECT_GT(whole, 1e6);
-    EXPECT_NEAR(weightOfAll(result), whole / 1e6, 1e-3);
+    EXPECT_NEAR(wholeWeight(result), whole / 1e6, 1e-3);
 }
 
 TEST(NinjaImport, knows_its_formats)
 {
     for (const QString &name : {u"ninja_log"_s, u"decimal.json"_s})
-        EXPECT_EQ(likenessOfNinja(importData("ninja/"_L1 + name).first(2000)), 100)
+        EXPECT_EQ(likenessOfNinja(dataFile("ninja/"_L1 + name).first(2000)), 100)
             << qPrintable(name);
     for (const char *text : {"", "digraph {}", "{\"resourceSpans\": []}", "# log"})
         EXPECT_EQ(likenessOfNinja(text), 0) << text;

@@ -34,8 +34,8 @@ TEST(SizeImport, has_the_sections_of_a_file)
 {
     const ImportResult result = readBytes(readSize, sizesOfA);
     EXPECT_EQ(toldTree(result), ".text 10 #0\n.bss 4 #3\n");
-    EXPECT_EQ(treePicture(result).meaning().rootName, "a.o");
-    EXPECT_EQ(treePicture(result).meaning().unit, TreeMeaning::Unit::Bytes);
+    EXPECT_EQ(treeOf(result).meaning().rootName, "a.o");
+    EXPECT_EQ(treeOf(result).meaning().unit, TreeMeaning::Unit::Bytes);
 }
 
 TEST(SizeImport, has_several_files_with_theirs)
@@ -83,7 +83,7 @@ TEST(SizeImport, has_the_columns_of_bloaty)
                   "sections,symbols,vmsize,filesize\r\n"
                   ".text,\"f(int, \"\"x\"\")\",10,20\r\n.text,g,1,2\r\n.bss,[None],7,0\r\n");
     EXPECT_EQ(toldTree(result), ".text>f 20 #0\n.text>g 2 #0\n");
-    EXPECT_EQ(treePicture(result).meaning().coloring, TreeMeaning::Coloring::ByKind);
+    EXPECT_EQ(treeOf(result).meaning().coloring, TreeMeaning::Coloring::ByKind);
 }
 
 TEST(SizeImport, has_the_size_of_bloaty_that_is_asked_for)
@@ -94,8 +94,7 @@ TEST(SizeImport, has_the_size_of_bloaty_that_is_asked_for)
               "src>a.cc 10\nb.cc 1\n");
     EXPECT_EQ(toldSizes(table, {.engine = u"treemap"_s, .area = "x"}),
               "1: --area can be vmsize or filesize, not 'x'");
-    EXPECT_EQ(treePicture(readBytes(readSize, table)).meaning().coloring,
-              TreeMeaning::Coloring::ByTop);
+    EXPECT_EQ(treeOf(readBytes(readSize, table)).meaning().coloring, TreeMeaning::Coloring::ByTop);
 }
 
 TEST(SizeImport, passes_over_rows_of_bloaty_below_zero_and_says_so)
@@ -127,16 +126,16 @@ TEST(SizeImport, tells_options_that_are_for_others)
 
 TEST(SizeImport, reads_a_table_of_bloaty)
 {
-    const ImportResult result = readBytes(readSize, importData(u"size/sections.csv"_s));
+    const ImportResult result = readBytes(readSize, dataFile(u"size/sections.csv"_s));
     ASSERT_TRUE(result.picture) << qPrintable(toldFault(result));
-    EXPECT_GT(weightOfAll(result), 10'000);
+    EXPECT_GT(wholeWeight(result), 10'000);
 }
 
 TEST(SizeImport, knows_its_formats)
 {
     for (const QString &name :
          {u"read_graph.map"_s, u"read_graph.size"_s, u"sections.csv"_s, u"objects.txt"_s})
-        EXPECT_EQ(likenessOfSize(importData("size/"_L1 + name)), 100) << qPrintable(name);
+        EXPECT_EQ(likenessOfSize(dataFile("size/"_L1 + name)), 100) << qPrintable(name);
     for (const char *text : {"", "digraph {}", "a,b,c\n1,2,3\n", "{}", "section size addr\n"})
         EXPECT_EQ(likenessOfSize(text), 0) << text;
 }

@@ -19,7 +19,7 @@ QByteArray pathIn(const WeightTree &tree, WeightTree::Item item)
     return path;
 }
 
-QByteArray shortNumber(double value)
+QByteArray shortDecimal(double value)
 {
     return QByteArray::number(value, 'g', 6);
 }
@@ -41,14 +41,14 @@ ImportResult readAll(ImportReader read, const QList<QByteArray> &inputs,
     return read(sources, options);
 }
 
-QByteArray importData(const QString &name)
+QByteArray dataFile(const QString &name)
 {
     QFile file(QStringLiteral(ORR_TEST_FOLDER) + "/data/"_L1 + name);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(name);
     return file.readAll();
 }
 
-const TreePicture &treePicture(const ImportResult &result)
+const TreePicture &treeOf(const ImportResult &result)
 {
     return dynamic_cast<const TreePicture &>(*result.picture);
 }
@@ -57,15 +57,15 @@ std::string toldTree(const ImportResult &result)
 {
     if (!result.picture)
         return toldFault(result).toStdString();
-    const WeightTree &tree = treePicture(result).tree();
+    const WeightTree &tree = treeOf(result).tree();
     QByteArray told;
     for (WeightTree::Item item = 1; item < tree.size(); ++item) {
         const bool isTold = tree.ownWeight(item) > 0 || tree.whole(item) > 0;
         if (!isTold)
             continue;
-        told += pathIn(tree, item) + ' ' + shortNumber(tree.ownWeight(item));
+        told += pathIn(tree, item) + ' ' + shortDecimal(tree.ownWeight(item));
         if (tree.whole(item) > 0)
-            told += ' ' + shortNumber(tree.part(item)) + '/' + shortNumber(tree.whole(item));
+            told += ' ' + shortDecimal(tree.part(item)) + '/' + shortDecimal(tree.whole(item));
         if (tree.kind(item) >= 0)
             told += " #" + QByteArray::number(tree.kind(item));
         told += '\n';
@@ -86,11 +86,11 @@ QString toldFault(const ImportResult &result)
     return told + result.fault->sentence;
 }
 
-double weightOfAll(const ImportResult &result)
+double wholeWeight(const ImportResult &result)
 {
     if (!result.picture)
         return -1;
-    const WeightTree &tree = treePicture(result).tree();
+    const WeightTree &tree = treeOf(result).tree();
     double sum = 0;
     for (WeightTree::Item item = 0; item < tree.size(); ++item)
         sum += tree.ownWeight(item);

@@ -20,9 +20,9 @@ Companion::ImportResult readAll(ImportReader read, const QList<QByteArray> &inpu
                                     .engine = QStringLiteral("treemap")});
 
 // A file of the folder data.
-QByteArray importData(const QString &name);
+QByteArray dataFile(const QString &name);
 
-const Companion::TreePicture &treePicture(const Companion::ImportResult &result);
+const Companion::TreePicture &treeOf(const Companion::ImportResult &result);
 
 // Each thing that has a weight or a share, a line each: its path with ">" between, then
 // what it has: "src>a.cpp 10 7/10 #2" (its kind). If there is a fault, that.
@@ -31,6 +31,6 @@ std::string toldTree(const Companion::ImportResult &result);
 // "3: sentence", "@12 $.a: sentence"; empty if there is no fault.
 QString toldFault(const Companion::ImportResult &result);
 
-double weightOfAll(const Companion::ImportResult &result);
+double wholeWeight(const Companion::ImportResult &result);
 
 } // namespace ORR::Testing

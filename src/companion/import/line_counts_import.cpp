@@ -36,9 +36,9 @@ public:
     {
         return add(tree->child(WeightTree::root, name), place, name, code);
     }
-    CountsFault fault(const JsonValue &value, const QString &sentence) const
+    CountsFault fault(const JsonValue &value, const QString &words) const
     {
-        return document->faultAt(value, sentence);
+        return document->faultAt(value, words);
     }
 
 private:
