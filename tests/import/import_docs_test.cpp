@@ -1,7 +1,6 @@
 // docs/import.md and docs/new.md: their lines for a shell work, and their pictures are what comes
 // of them.
 #include "companion/doc_page.h"
-#include "companion/findings/nearest_word.h"
 #include "companion/import/import_format.h"
 #include "driver/program_run.h"
 
@@ -80,13 +79,14 @@ protected:
             {.arguments = {u"-c"_s, u"PATH=$PWD/bin:$PATH; "_s + command}, .command = u"sh"_s});
     }
 
-    // The line with its drawing as an image, and that image beside the one of the page.
+    // The lines with their drawings as images, and that of the first one beside the one of the
+    // page.
     void compare(const ShownLine &shown) const
     {
         static const QRegularExpression output(u"-o (out/[\\w-]+)\\.\\w+"_s);
         const QString file = output.match(shown.command).captured(1) + u".png"_s;
         QString command = shown.command;
-        command.replace(output, u"-o "_s + file);
+        command.replace(output, u"-o \\1.png"_s);
         SCOPED_TRACE(command.toStdString());
         const ProgramRun made = line(command);
         EXPECT_EQ(made.status, 0) << made.errors.toStdString();

@@ -51,7 +51,7 @@ TEST_F(ImportProgram, writes_what_the_suffix_says)
         {u"a.pdf"_s, "%PDF"},
         {u"a.vsdx"_s, "PK"},
         {u"a.vdx"_s, "<?xml"},
-        {u"a.dot"_s, "digraph {"},
+        {u"a.dot"_s, "digraph \"src\" {"},
         {u"a.xdot"_s, "digraph \"name\" {"},
         {u"a.html"_s, "<!DOCTYPE html>"},
     };
@@ -74,7 +74,7 @@ TEST_F(ImportProgram, tells_wrong_use)
 {
     expectWrongUse({}, "a format is missing");
     expectWrongUse({u"du"_s, u"-K"_s, u"umlseq"_s},
-                   "du is drawn as treemap, sunburst, flatbubble, not as 'umlseq'");
+                   "du is drawn as treemap, sunburst, flatbubble, bar, gftree, not as 'umlseq'");
     expectWrongUse({u"du"_s, u"--layout"_s, u"dot"_s}, "--layout is no option of du");
     expectWrongUse({u"cvs"_s}, "there is no format 'cvs'; did you mean 'csv'?");
     expectWrongUse({u"du"_s, u"-o"_s, u"a.bmp"_s},
