@@ -34,7 +34,7 @@ SETTINGS := -DORR_WERROR=$(if $(filter true,$(CI)),ON,OFF) \
 all: release
 
 demo: release
-	examples/draw_all build/release/bin/orrlayout out
+	examples/draw_all build/release/bin/orrlayout build/release/bin/orr out
 
 check: release-tests asan-tests
 

@@ -32,7 +32,7 @@ TEST_F(NewProgram, has_an_input_for_every_engine_that_draws_and_has_no_findings)
                                         .input = made.output,
                                         .command = QStringLiteral(ORR_LAYOUT_PROGRAM)});
         EXPECT_TRUE(succeeded(drawing));
-        EXPECT_GT(drawing.output.count('\n'), 20);
+        EXPECT_GT(drawing.output.count('\n'), 10);
         const ProgramRun checked = run({.arguments = {u"check"_s, u"-K"_s, engine},
                                         .input = made.output,
                                         .command = QStringLiteral(ORR_PROGRAM)});

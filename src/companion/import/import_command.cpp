@@ -79,7 +79,7 @@ std::optional<int> readArguments(const CommandCall &call, Asked *asked)
         &asked->most);
     line.add({"--title", "Else what the data is called", "TITLE"}, &asked->title);
     line.add({"--by", "What is counted by, of some formats", "WORD"}, &own.by);
-    line.add({"--layout", "Of dot: dot, neato, fdp or circo lays it out", "NAME"}, &own.layout);
+    line.add({"--layout", "Of dot: dot, neato, fdp, circo or kept", "NAME"}, &own.layout);
     line.add({"--path", "Of csv: these are columns, by name or number", "COLUMN"}, &own.path);
     line.add({"--area", "", "COLUMN"}, &own.area);
     line.add({"--color", "", "COLUMN"}, &own.color);

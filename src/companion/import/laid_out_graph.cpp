@@ -21,6 +21,7 @@ constexpr int longestRun = 60'000; // milliseconds
 constexpr qsizetype longestSaid = 300;
 
 constexpr std::array layoutPrograms{"dot", "neato", "fdp", "circo"};
+constexpr char keptLayout[] = "kept";
 
 // What is drawn of an object, and what the operations begin with.
 constexpr std::array drawingNames{"_draw_", "_hdraw_", "_tdraw_"};
@@ -181,11 +182,17 @@ std::unique_ptr<Picture> layOutForeignGraph(const QByteArray &text, const std::s
         *fault = ImportFault{{.source = source}, sentence};
         return nullptr;
     };
+    const auto drawn = [&](const QByteArray &xdot, const std::string &origin) {
+        const auto replay = replayableText(xdot, origin, fault);
+        return replay ? std::make_unique<LaidOutPicture>(*replay) : nullptr;
+    };
+    if (program == keptLayout)
+        return drawn(text, source);
     const QString name = QString::fromStdString(program);
     const bool isKnown = std::any_of(layoutPrograms.begin(), layoutPrograms.end(),
                                      [&](const char *known) { return program == known; });
     if (!isKnown)
-        return failed(u"'%1' is none of the layouts dot, neato, fdp and circo"_s.arg(name));
+        return failed(u"'%1' is none of the layouts dot, neato, fdp, circo and kept"_s.arg(name));
     const QString path = QStandardPaths::findExecutable(name);
     if (path.isEmpty())
         return failed(u"there is no '%1' in PATH; it is one of Graphviz' programs"_s.arg(name));
@@ -193,8 +200,7 @@ std::unique_ptr<Picture> layOutForeignGraph(const QByteArray &text, const std::s
     const auto output = outputOf(path, text, &why);
     if (!output)
         return failed(u"'%1' did not lay the graph out: %2"_s.arg(name, why.simplified()));
-    const auto replay = replayableText(*output, program, fault);
-    return replay ? std::make_unique<LaidOutPicture>(*replay) : nullptr;
+    return drawn(*output, program);
 }
 
 } // namespace ORR::Companion
