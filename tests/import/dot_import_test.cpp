@@ -131,7 +131,7 @@ TEST(DotImport, draws_what_tools_wrote)
 TEST(DotImport, refuses_other_layouts)
 {
     EXPECT_EQ(faultOf(importedBytes("dot", "digraph { a }", {.layout = "sh -c"})),
-              "'sh -c' is none of the layouts dot, neato, fdp and circo");
+              "'sh -c' is none of the layouts dot, neato, fdp, circo and kept");
 }
 
 TEST(DotImport, replays_what_another_program_laid_out)
@@ -148,6 +148,19 @@ TEST(DotImport, replays_what_another_program_laid_out)
         EXPECT_TRUE(drawn.notes.isEmpty()) << layout;
         EXPECT_EQ(drawnImport(*result.picture, "gftree", 50, 50).notes.size(), 1) << layout;
     }
+}
+
+TEST(DotImport, keeps_a_layout_that_is_there)
+{
+    const auto result =
+        importedBytes("dot", R"(strict graph { graph [bb="0,0,50,60" xdotversion=1.4];
+a [pos="9,9" _draw_="e 9 9 5 5 "]; a:port -- b [_draw_="B 4 0 0 0 9 9 9 9 0 "]; })",
+                      {.layout = "kept"});
+    ASSERT_TRUE(result.picture) << faultOf(result).toStdString();
+    const auto drawn = drawnImport(*result.picture, "gftree");
+    EXPECT_TRUE(drawn.text.contains("e 9 9 5 5")) << drawn.text.data();
+    EXPECT_EQ(drawn.size.height(), 60);
+    EXPECT_FALSE(importedBytes("dot", "digraph {", {.layout = "kept"}).picture);
 }
 
 TEST(DotImport, tells_why_another_program_laid_nothing_out)
