@@ -159,7 +159,7 @@ a [pos="9,9" _draw_="e 9 9 5 5 "]; a:port -- b [_draw_="B 4 0 0 0 9 9 9 9 0 "]; 
     ASSERT_TRUE(result.picture) << faultOf(result).toStdString();
     const auto drawn = drawnImport(*result.picture, "gftree");
     EXPECT_TRUE(drawn.text.contains("e 9 9 5 5")) << drawn.text.data();
-    EXPECT_EQ(drawn.size.height(), 60);
+    EXPECT_EQ(drawn.size.height(), 68);
     EXPECT_FALSE(importedBytes("dot", "digraph {", {.layout = "kept"}).picture);
 }
 

@@ -24,7 +24,7 @@ QSizeF drawnSize(const QByteArray &text, const QString &engine)
         Drawing::draw(job, Drawing::inMemory(&drawing, Drawing::Format::Svg));
     if (outcome.fault != Drawing::Outcome::None)
         return {};
-    const QByteArrayView head = QByteArrayView(drawing).sliced(drawing.indexOf("<svg")).first(100);
+    const QByteArrayView head = QByteArrayView(drawing).sliced(drawing.indexOf("<svg"));
     return {valueIn(head, "width=\""), valueIn(head, "height=\"")};
 }
 

@@ -10,7 +10,8 @@ namespace {
 
 constexpr double largest = std::numeric_limits<double>::max();
 
-// FNV-1a, eight bytes at a time; the same on every run.
+// FNV-1a, eight bytes at a time, and the mixing of MurmurHash3 (Appleby) at the end, without which
+// names that are numbered lie in a row; the same on every run.
 quint32 hashOf(qint32 parent, QByteArrayView name)
 {
     constexpr quint64 prime = 0x100000001b3;
@@ -25,7 +26,9 @@ quint32 hashOf(qint32 parent, QByteArrayView name)
     }
     for (; left > 0; --left, ++bytes)
         hash = (hash ^ quint8(*bytes)) * prime;
-    return quint32(hash ^ (hash >> 32));
+    hash = (hash ^ (hash >> 33)) * 0xff51afd7ed558ccd;
+    hash = (hash ^ (hash >> 33)) * 0xc4ceb9fe1a85ec53;
+    return quint32(hash ^ (hash >> 33));
 }
 
 } // namespace
