@@ -11,8 +11,8 @@ namespace ORR::Companion {
 
 // Has one of Graphviz' programs (dot, neato, fdp, circo; https://graphviz.org/docs/layouts/) lay a
 // graph out and makes of what it writes with -Txdot1.2 a drawing that replays. The program is
-// looked for in PATH, started without a shell, and ended after a minute. With "kept" the text is such
-// an xdot already.
+// looked for in PATH, started without a shell, and ended after a minute. With "kept" the text is
+// such an xdot already.
 std::unique_ptr<Picture> layOutForeignGraph(const QByteArray &text, const std::string &program,
                                             const std::string &source,
                                             std::optional<ImportFault> *fault);

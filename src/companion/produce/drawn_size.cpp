@@ -24,7 +24,10 @@ QSizeF drawnSize(const QByteArray &text, const QString &engine)
         Drawing::draw(job, Drawing::inMemory(&drawing, Drawing::Format::Svg));
     if (outcome.fault != Drawing::Outcome::None)
         return {};
-    const QByteArrayView head = QByteArrayView(drawing).sliced(drawing.indexOf("<svg"));
+    const qsizetype start = drawing.indexOf("<svg");
+    if (start < 0)
+        return {};
+    const QByteArrayView head = QByteArrayView(drawing).sliced(start);
     return {valueIn(head, "width=\""), valueIn(head, "height=\"")};
 }
 
