@@ -92,7 +92,16 @@ TEST_F(ImportProgram, tells_what_a_file_looks_like)
     expectWrongUse({u"sizes"_s}, "'sizes' is no format but looks like du: try 'du sizes'");
     const ProgramRun other = import({u"lcov"_s, u"sizes"_s});
     EXPECT_EQ(other.status, 1);
-    EXPECT_EQ(other.errors, "orr import lcov: this looks like du; try 'orr import du'\n");
+    EXPECT_EQ(other.errors, "orr import lcov: sizes looks like du; try 'orr import du'\n");
+}
+
+TEST_F(ImportProgram, passes_over_the_mark_of_an_encoding)
+{
+    EXPECT_EQ(import({u"du"_s}, QByteArray("\xef\xbb\xbf") + sizes).output,
+              import({u"du"_s}).output);
+    EXPECT_TRUE(succeeded(import({u"deps"_s},
+                                 "\xef\xbb\xbf"
+                                 "a\tb\nb\tc\n")));
 }
 
 TEST_F(ImportProgram, tells_what_can_not_be_read)

@@ -176,6 +176,8 @@ std::string shown(const std::string &source)
 // "coverage.info:12: " or "tags.json: byte 120 ($.a[3]): ".
 std::string shown(const ImportPlace &place)
 {
+    if (place.source.empty())
+        return {};
     std::string text = shown(place.source);
     if (place.line > 0)
         text += ':' + std::to_string(place.line);
@@ -192,18 +194,28 @@ void tellOf(const CommandCall &call, const ImportFault &fault)
          + Graph::printableMessage(fault.sentence).toStdString() + '\n');
 }
 
-// Another format that the input looks like more than like the one that was asked for.
-const ImportFormat *betterFormat(std::vector<ImportSource> &sources, const ImportFormat &format)
+// An input that is not of the format that was asked for, and what it looks like.
+struct Misfit
+{
+    std::string source;
+    const ImportFormat *likely;
+};
+
+// Any text may be a table: so much has to speak for the other format.
+constexpr int surelyAlike = 80;
+
+std::optional<Misfit> misfitOf(std::vector<ImportSource> &sources, const ImportFormat &format)
 {
     for (ImportSource &source : sources) {
         if (source.isFolder())
             continue; // some formats look for their files in it
         const QByteArrayView beginning = source.beginning();
         const ImportFormat *const likely = likelyFormat(beginning);
-        if (likely && likely != &format && format.likeness(beginning) == 0)
-            return likely;
+        if (likely && likely != &format && format.likeness(beginning) == 0
+            && likely->likeness(beginning) >= surelyAlike)
+            return Misfit{source.name(), likely};
     }
-    return nullptr;
+    return std::nullopt;
 }
 
 bool startDrawing(const CommandCall &call)
@@ -248,7 +260,9 @@ std::optional<int> open(const CommandCall &call, const std::vector<std::string> 
         }
         sources->emplace_back(file);
         if (const std::string fault = sources->back().fault(); !fault.empty()) {
-            tell(call.name + ": '" + file + "' can't be read: " + fault + '\n');
+            std::string message = call.name;
+            message.append(": '").append(file).append("' can't be read: ").append(fault);
+            tell(message.append("\n"));
             return WrongUse;
         }
     }
@@ -308,9 +322,10 @@ int runImport(const CommandCall &call)
     std::vector<ImportSource> sources;
     if (const std::optional<int> status = open(inner, asked.files, &sources))
         return *status;
-    if (const ImportFormat *const better = betterFormat(sources, *format)) {
-        tell(inner.name + ": this looks like " + better->name + "; try '" + call.name + ' '
-             + better->name + "'\n");
+    if (const std::optional<Misfit> misfit = misfitOf(sources, *format)) {
+        const std::string likely = misfit->likely->name;
+        tell(inner.name + ": " + shown(misfit->source) + " looks like " + likely + "; try '"
+             + call.name + ' ' + likely + "'\n");
         return Failed;
     }
     if (!startDrawing(inner))

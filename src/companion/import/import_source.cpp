@@ -70,8 +70,19 @@ bool ImportSource::readMore()
     return count > 0;
 }
 
+void ImportSource::skipMark()
+{
+    constexpr QByteArrayView mark = "\xef\xbb\xbf";
+    if (std::exchange(hasBegun, true))
+        return;
+    while (buffer.size() < mark.size() && readMore()) { }
+    if (buffer.startsWith(mark))
+        start = mark.size();
+}
+
 QByteArrayView ImportSource::beginning()
 {
+    skipMark();
     while (buffer.size() - start < beginningSize && readMore()) { }
     const QByteArrayView left = QByteArrayView(buffer).sliced(start);
     return left.first(std::min(left.size(), beginningSize));
@@ -79,6 +90,7 @@ QByteArrayView ImportSource::beginning()
 
 bool ImportSource::nextLine(QByteArrayView *line)
 {
+    skipMark();
     qsizetype searched = start;
     qsizetype end = -1;
     while ((end = buffer.indexOf(separator, searched)) < 0) {
@@ -101,6 +113,7 @@ bool ImportSource::nextLine(QByteArrayView *line)
 
 QByteArray ImportSource::rest()
 {
+    skipMark();
     while (readMore()) { }
     QByteArray all = std::exchange(buffer, {});
     all.remove(0, std::exchange(start, 0));

@@ -11,7 +11,8 @@
 
 namespace ORR::Companion {
 
-// One input, read once from its beginning to its end in pieces: it may be longer than memory.
+// One input, read once from its beginning to its end in pieces: it may be longer than memory. The
+// mark of UTF-8 that some systems put in front is no part of it.
 class ImportSource
 {
 public:
@@ -47,6 +48,7 @@ public:
 
 private:
     bool readMore();
+    void skipMark();
 
     std::string sourceName;
     std::string readFault;
@@ -57,6 +59,7 @@ private:
     qint64 linesGiven = 0;
     char separator = '\n';
     bool hasFiles = false;
+    bool hasBegun = false;
 };
 
 } // namespace ORR::Companion

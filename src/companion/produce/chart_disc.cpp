@@ -38,9 +38,8 @@ DiscRoom discRoom(const TreeJob &job, const ShownTree &tree, const TreePaint &pa
     const int side = std::min(page.width(), page.height());
     if (std::max(besideDiameter, belowDiameter) < side / 3) {
         beside.leaveOut();
-        return {std::move(beside),
-                largestDisc(beside, page, margin),
-                {u"the page has no room for the legend"_s}};
+        const int diameter = largestDisc(beside, page, margin);
+        return {std::move(beside), diameter, {u"the page has no room for the legend"_s}};
     }
     if (besideDiameter >= belowDiameter)
         return {std::move(beside), besideDiameter};

@@ -87,7 +87,7 @@ GraphText::GraphText(QStringView name)
 
 void GraphText::indent()
 {
-    written.append(2 * std::min(depth, deepestIndent), ' ');
+    written.append(qsizetype(2) * std::min(depth, deepestIndent), ' ');
 }
 
 void GraphText::statement(QByteArrayView word, const Attributes &attributes)
