@@ -11,10 +11,10 @@
 # To build; to draw the same letters everywhere; to test, with readers and renderers of other hands.
 PACKAGES := cmake ninja-build g++ pkg-config \
             qt6-base-dev qt6-svg-dev qt6-httpserver-dev qt6-websockets-dev \
-            libgl-dev libfontconfig-dev libminizip-dev zlib1g-dev \
+            libgl-dev libfontconfig-dev libgraphviz-dev libminizip-dev nlohmann-json3-dev zlib1g-dev \
             libcli11-dev fonts-liberation python3 \
             libgtest-dev libvisio-tools libxml2-utils librsvg2-bin poppler-utils qpdf locales strace \
-            python3-jsonschema pre-commit git
+            python3-jsonschema pre-commit git graphviz
 
 # To test pages where they are read. An npm that is there already may not be Debian's.
 BROWSER_PACKAGES := chromium chromium-driver
@@ -34,7 +34,7 @@ SETTINGS := -DORR_WERROR=$(if $(filter true,$(CI)),ON,OFF) \
 all: release
 
 demo: release
-	examples/draw_all build/release/bin/orrlayout out
+	examples/draw_all build/release/bin/orrlayout build/release/bin/orr out
 
 check: release-tests asan-tests
 
@@ -62,6 +62,7 @@ form: packages
 lint: PACKAGES += $(LINT_PACKAGES)
 lint: form
 	cmake --preset lint
+	cmake --build build/lint --target joined_sources
 	run-clang-tidy-14 -p build/lint -quiet -j "$$(nproc)" -header-filter='/src/.*' 'lint/src/.*/Unity/|/src/.*main\.cpp' \
 	        >build/lint/findings 2>&1 || { cat build/lint/findings; exit 1; }
 

@@ -19,8 +19,13 @@ if(ORR_WERROR)
     target_compile_options(orr_options INTERFACE -Werror)
 endif()
 if(ORR_SANITIZE)
-    target_compile_options(orr_options INTERFACE -fsanitize=address,undefined
-                                                 -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    # What a target is checked for: for both unless its property ORR_CHECKS says "address" or "nothing".
+    set(checks "$<TARGET_PROPERTY:ORR_CHECKS>")
+    target_compile_options(
+        orr_options
+        INTERFACE "$<$<STREQUAL:${checks},>:-fsanitize=address,undefined>"
+                  "$<$<STREQUAL:${checks},address>:-fsanitize=address>"
+                  -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(orr_options INTERFACE -fsanitize=address,undefined)
     set(ORR_SANITIZER_SOURCES "${PROJECT_SOURCE_DIR}/cmake/sanitizer_options.cpp")
 endif()

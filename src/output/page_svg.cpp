@@ -53,6 +53,19 @@ Device::Node *PageSvg::createNode(DotNode *node)
     return nullptr;
 }
 
+void PageSvg::drawRect(QPoint topLeft, QPoint bottomRight, int radius, Pen *pen, Color *fill)
+{
+    const QPoint corner(std::max(topLeft.x(), bottomRight.x()),
+                        std::max(topLeft.y(), bottomRight.y()));
+    const bool isSeen = corner.x() > topLeft.x() && corner.y() > topLeft.y();
+    if (isSeen && radius == 0) {
+        drawPolygon({topLeft, {corner.x(), topLeft.y()}, corner, {topLeft.x(), corner.y()}}, pen,
+                    fill);
+    } else {
+        GroupedSvg::drawRect(topLeft, corner, radius, pen, fill);
+    }
+}
+
 void PageSvg::primitiveComes(const std::function<CoveredBox()> &box)
 {
     if (!openObjects.empty())

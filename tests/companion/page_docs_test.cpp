@@ -55,9 +55,11 @@ TEST(PagePictures, that_are_shown_are_there_and_small)
 {
     static const QRegularExpression picture(u"\\]\\((pictures/[^)]+)\\)"_s);
     QStringList shown;
-    for (const QRegularExpressionMatch &match : picture.globalMatch(docPage(u"page.md"_s)))
-        shown += match.captured(1);
-    EXPECT_GT(shown.size(), 3);
+    for (const QString &page : {u"page.md"_s, u"serve.md"_s}) {
+        for (const QRegularExpressionMatch &match : picture.globalMatch(docPage(page)))
+            shown += match.captured(1);
+    }
+    EXPECT_GT(shown.size(), 5);
     for (const QString &file : std::as_const(shown))
         EXPECT_GT(QFileInfo(projectFile(u"docs/"_s + file)).size(), 1000) << file.toStdString();
     qint64 bytes = 0;

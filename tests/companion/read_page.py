@@ -1,12 +1,17 @@
 """Reads a page of standard input as HTML and prints what it saw as a line of JSON.
 
 The elements in their order with the names of their attributes, the title, the texts of scripts and
-styles, the ids and labels of the drawing, and the data as a reader of JSON has them.
+styles, the ids and labels of the drawing, and the data as a reader of JSON has them, with the own attributes of each
+object unpacked.
 """
 
 import html.parser
 import json
+import pathlib
 import sys
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / 'page'))
+from packed import own_attributes  # noqa: E402
 
 
 class Page(html.parser.HTMLParser):
@@ -48,7 +53,10 @@ class Page(html.parser.HTMLParser):
 page = Page()
 page.feed(sys.stdin.buffer.read().decode('utf-8'))
 page.close()
+data = json.loads(page.kept['data'])
+if 'sets' in data:
+    data['attributes'] = own_attributes(data)
 print(json.dumps({
     'elements': page.elements, 'ids': page.ids, 'policy': page.policy, 'name': page.name,
     'title': page.kept.get('title', ''), 'script': page.kept['script'], 'style': page.kept['style'],
-    'data': json.loads(page.kept['data'])}))
+    'data': data}))

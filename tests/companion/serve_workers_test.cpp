@@ -3,10 +3,12 @@
 #include "support/golden.h"
 
 #include <QElapsedTimer>
+#include <QFile>
 #include <QJsonArray>
 
 #include <csignal>
 
+#include <sys/resource.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -35,6 +37,14 @@ protected:
             ::usleep(1000);
         }
         return testing::AssertionSuccess();
+    }
+
+    // Bytes of the addresses that a process has.
+    static rlim_t addressesOf(qint64 process)
+    {
+        QFile file(u"/proc/%1/statm"_s.arg(process));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll().split(' ').constFirst().toULongLong() * rlim_t(::getpagesize());
     }
 
     // The program, with a page that shows "v1" and workers that do nothing from now on.
@@ -100,6 +110,40 @@ TEST_F(ServeWorkersTest, that_crash_cost_a_message)
     });
 }
 
+// The limit of a worker is lowered from outside: to reach the one that it has takes long.
+TEST_F(ServeWorkersTest, that_run_out_of_memory_cost_a_message)
+{
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "a sanitizer takes more addresses than any limit allows, so that there is none";
+#endif
+    start({});
+    edit(labelled("v1"));
+    waitForLabel("v1");
+    waitFor([](const QJsonObject &now) { return !now[u"busy"_s].toBool(); });
+    ASSERT_TRUE(hasChildren(2));
+    for (const qint64 child : children()) {
+        rlimit limit = {.rlim_cur = RLIM_INFINITY, .rlim_max = RLIM_INFINITY};
+        for (int i = 0; i < 20'000 && limit.rlim_cur == RLIM_INFINITY; ++i) {
+            ASSERT_EQ(::prlimit(pid_t(child), RLIMIT_AS, nullptr, &limit), 0);
+            ::usleep(1000); // it may be starting still
+        }
+        EXPECT_LE(limit.rlim_cur, rlim_t(4) << 30);
+        EXPECT_GE(limit.rlim_cur, rlim_t(1) << 30);
+        limit.rlim_cur = addressesOf(child) + (24 << 20);
+        ASSERT_EQ(::prlimit(pid_t(child), RLIMIT_AS, &limit, nullptr), 0);
+    }
+    QByteArray large = "digraph {";
+    for (int i = 0; i < 100'000; ++i)
+        large += 'n' + QByteArray::number(i) + " [area=1];\n";
+    edit(large + '}');
+    const QJsonObject now =
+        waitFor([](const QJsonObject &one) { return !one[u"fault"_s].toString().isEmpty(); });
+    EXPECT_EQ(now[u"fault"_s].toString(), u"Out of memory"_s);
+    EXPECT_TRUE(page(now).contains(">v1<"));
+    edit(labelled("v2"));
+    waitForLabel("v2");
+}
+
 TEST_F(ServeWorkersTest, are_replaced_while_they_have_nothing_to_do)
 {
     start({});
@@ -137,6 +181,25 @@ TEST_F(ServeWorkersTest, end_with_the_program_and_leave_no_file)
         expectGone(processes);
         EXPECT_EQ(allFiles(), QStringList());
     }
+}
+
+// Ctrl-C is not held up by workers that hear nothing.
+TEST_F(ServeWorkersTest, that_stand_still_do_not_hold_up_the_end)
+{
+    constexpr qint64 patience = 1800; // of 0.3 s for each; a busy machine has three tries
+    qint64 elapsed = patience;
+    for (int i = 0; i < 3 && elapsed >= patience; ++i) {
+        standStill();
+        edit(labelled("v2"));
+        const QList<qint64> processes = children();
+        QElapsedTimer timer;
+        timer.start();
+        end(SIGINT);
+        elapsed = timer.elapsed();
+        for (const qint64 process : processes)
+            ::kill(pid_t(process), SIGKILL); // one with nothing to do stands still
+    }
+    EXPECT_LT(elapsed, patience);
 }
 
 TEST_F(ServeWorkersTest, end_when_the_program_is_killed)

@@ -4,6 +4,7 @@
 #include "drawn.h"
 #include "reference_drawing.h"
 #include "support/golden.h"
+#include "support/page_rects.h"
 
 #include <QRegularExpression>
 
@@ -170,7 +171,26 @@ TEST_F(PageSvgTest, has_the_primitives_of_svg)
         return primitives.mid(primitives.indexOf(u'\n')).remove(groups).remove(prefix);
     };
     EXPECT_GT(inner(plain).size(), 1000);
-    EXPECT_EQ(inner(bytes), inner(plain));
+    EXPECT_EQ(inner(bytes), inner(withRectsOfPages(plain)));
+}
+
+TEST_F(PageSvgTest, has_corners_of_rectangles_and_no_side_below_zero)
+{
+    EXPECT_EQ(
+        paged([&] {
+            device.drawRect({10, 20}, {13, 25}, 0, nullptr, nullptr);
+            device.drawRect({10, 20}, {13, 25}, 2, nullptr, nullptr);
+            device.drawRect({10, 20}, {13, 19}, 0, nullptr, nullptr);
+            device.drawRect({10, 20}, {9, 25}, 2, nullptr, nullptr);
+            device.drawRect({10, 20}, {10, 25}, 0, nullptr, nullptr);
+        }),
+        " <polygon points=\"10,20 13,20 13,25 10,25\" stroke=\"none\" fill=\"none\"/>\n"
+        " <rect x=\"10\" y=\"20\" width=\"3\" height=\"5\" rx=\"2\" stroke=\"none\" "
+        "fill=\"none\"/>\n"
+        " <rect x=\"10\" y=\"20\" width=\"3\" height=\"0\" stroke=\"none\" fill=\"none\"/>\n"
+        " <rect x=\"10\" y=\"20\" width=\"0\" height=\"5\" rx=\"2\" stroke=\"none\" "
+        "fill=\"none\"/>\n"
+        " <rect x=\"10\" y=\"20\" width=\"0\" height=\"5\" stroke=\"none\" fill=\"none\"/>\n");
 }
 
 // Groups go down to a depth that browsers take; below it objects lie in the last of them.

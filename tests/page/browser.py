@@ -193,6 +193,13 @@ class Browser:
     def panel(self):
         return self.text('#panel')
 
+    def accessible(self, selector):
+        """The role and the name of an element as assistive software has them."""
+        root = self.command('DOM.getDocument', depth=0)['root']['nodeId']
+        node = self.command('DOM.querySelector', nodeId=root, selector=selector)['nodeId']
+        [seen] = self.command('Accessibility.getPartialAXTree', nodeId=node, fetchRelatives=False)['nodes']
+        return None if seen['ignored'] else (seen['role']['value'], seen['name']['value'])
+
     def audit(self, axe):
         """The violations that axe-core finds, given by the path of its `axe.min.js`."""
         # Evaluated by the protocol: the page's own policy lets no other script in.
@@ -208,5 +215,12 @@ class Browser:
 
     def pages_when_printed(self):
         """The number of pages of the printout."""
-        pdf = base64.b64decode(self._send('POST', '/print', {}))
-        return len(re.findall(rb'/Type\s*/Page\b', pdf))
+        return len(re.findall(rb'/Type\s*/Page\b', self._printed()))
+
+    def printed_text(self):
+        """What can be read on the printout, by poppler's pdftotext."""
+        return subprocess.run(['pdftotext', '-', '-'], input=self._printed(), check=True,
+                              capture_output=True).stdout.decode()
+
+    def _printed(self):
+        return base64.b64decode(self._send('POST', '/print', {}))

@@ -5,9 +5,12 @@
 
 Of each engine the page of an example (treemap.html) and one with hostile texts everywhere
 (hostile-treemap.html), that of a finished drawing with an object in two pieces (pieces.html), and what a dark
-page has to look at: a finished drawing (lights.html), and heads of lifelines and calls without a fill (heads.html, calls.html).
+page has to look at: a finished drawing (lights.html), one with rich texts (rich.html), and heads of lifelines and
+calls without a fill (heads.html, calls.html). Then one with many texts (many.html), one with defaults (defaults.html) and one with an activation that has
+no height (thin.html).
 """
 
+import os
 import pathlib
 import subprocess
 import sys
@@ -52,11 +55,29 @@ HEADS = '''digraph { node [uml="object", row="0", fillcolor="none"];
     first -> second [uml="message", label="asks"]; }
 '''
 
+RICH = '''digraph { graph [xdotversion="1.2", bb="0,0,300,100"];
+    fill [_draw_="c 7 -#000000 C 7 -#ffff00 P 4 10 10 10 90 140 90 140 10 ",
+          _ldraw_="F 12 5 -Arial c 7 -#000000 T 40 60 0 60 11 -<b>over</b> "];
+    page [_ldraw_="F 12 5 -Arial c 7 -#000000 T 200 60 0 100 61 -<b>bold</b> <font color='#800000'>red</font> <u>under</u>"];
+    table [_ldraw_="F 12 5 -Arial c 7 -#000000 T 200 90 0 100 57 -<table bgcolor='#ffff00'><tr><td>cell</td></tr></table>"]; }
+'''
+
+THIN = 'digraph { a [uml="object", row="0", col="0"]; b [uml="activation", row="1", col="0"]; }'
+
+DEFAULTS = '''digraph { graph [owner="everybody", url="https://a.example/"]; node [kind="part"]; edge [kind="call"];
+    subgraph cluster_c { graph [team="red team"]; node [level="two"]; subgraph cluster_d { a [kind="whole"]; } b; }
+    c; a -> b; }
+'''
+
+# The cells have room for their labels, in a drawing that is far larger than a window.
+MANY = 'digraph { graph [width="9600", height="7200"];\n' + ''.join(
+    f'n{i} [label="cell {i}", area="1", fillcolor="none"];\n' for i in range(2500)) + '}'
+
 CALLS = 'digraph { node [fillcolor="none"]; a [label="caller"]; b [label="callee"]; a -> b [label="asks"]; }'
 
 
-def make_page(orr, text, page, *options):
-    subprocess.run([orr, 'page', *options, '-o', page], input=text, check=True)
+def make_page(orr, text, page, *options, **variables):
+    subprocess.run([orr, 'page', *options, '-o', page], input=text, check=True, env=os.environ | variables)
 
 
 def main():
@@ -72,6 +93,10 @@ def main():
     make_page(orr, PIECES.encode(), folder / 'pieces.html')
     make_page(orr, LIGHTS.encode(), folder / 'lights.html')
     make_page(orr, HEADS.encode(), folder / 'heads.html', '-K', 'umlseq')
+    make_page(orr, RICH.encode(), folder / 'rich.html', ORR_GVLAYOUT_USE_HTML='1')
+    make_page(orr, THIN.encode(), folder / 'thin.html', '-K', 'umlseq')
+    make_page(orr, DEFAULTS.encode(), folder / 'defaults.html', '-K', 'gfdecl')
+    make_page(orr, MANY.encode(), folder / 'many.html', '-K', 'treemap')
     make_page(orr, CALLS.encode(), folder / 'calls.html', '-K', 'gftree')
 
 

@@ -19,6 +19,7 @@ import unittest
 import urllib.parse
 
 from browser import Browser, missing_programs
+from packed import all_attributes, own_attributes
 
 ENGINES = ['treemap', 'sunburst', 'flatbubble', 'bar', 'matrix', 'umlseq', 'gftree', 'gfdecl']
 CHARTS = ENGINES[:4]
@@ -114,8 +115,7 @@ class PageCase(unittest.TestCase):
         return (view['x'] + (x + width / 2) * view['scale'], view['y'] + (y + height / 2) * view['scale'])
 
     def attributes(self, i):
-        listed = self.data['attributes'][i] or []
-        return {self.data['names'][k]: value for k, value in zip(listed[::2], listed[1::2])}
+        return all_attributes(self.data, i)
 
     def identity(self, i):
         return self.browser.run(
@@ -211,8 +211,14 @@ class EveryPage(PageCase):
         self.assertEqual(self.view(), fitted)
 
     @of_each_engine
+    def test_drawing_has_a_role_and_its_title_as_name(self, engine):
+        title = self.browser.run('return document.title;')
+        self.assertGreater(len(title), 3)
+        self.assertEqual(self.browser.accessible('#drawing'), ('group', title))
+
+    @of_each_engine
     def test_needs_nothing_else(self, engine):
-        self.assertNotRegex(self.text_of_page, r'<(?:script|link|img|iframe|object|embed)[^>]*(?:src|href)=')
+        self.assertNotRegex(self.text_of_page, r'<(?:script|link|img|iframe|object|embed)[^>]*(?:src|href)="(?!#)')
         self.assertIn("default-src 'none'", self.text_of_page)
         loaded = self.browser.run("return performance.getEntriesByType('resource').map(e => e.name);")
         self.assertEqual(loaded, [])
@@ -224,7 +230,7 @@ class EveryPage(PageCase):
             return all.findIndex((one, i) => filled[i] && document.elementFromPoint(
                 view.x + (boxes[4 * i] + boxes[4 * i + 2] / 2) * view.scale,
                 view.y + (boxes[4 * i + 1] + boxes[4 * i + 3] / 2) * view.scale)?.closest('g[data-kind]') === one);''',
-                             self.view(), self.data['box'], [bool(one) for one in self.data['attributes']])
+                             self.view(), self.data['box'], [bool(one) for one in own_attributes(self.data)])
         self.assertGreaterEqual(i, 0, 'nothing can be pointed at')
         self.point_at(i)
         panel = self.browser.panel()
@@ -447,6 +453,19 @@ class Address(PageCase):
         self.assertEqual(self.browser.count('#lit g[data-kind]'), lit)
         self.assertEqual(self.browser.count('#drawing [aria-pressed=true]'), 1)
 
+    def test_transparent_entry_of_a_legend_is_no_colour(self):
+        text = self.path('treemap').read_text('utf-8')
+        self.open('treemap')
+        fill = self.browser.run('''return document.querySelector('#drawing [aria-pressed] > polygon').getAttribute('fill');''')
+        folder = self.enterContext(tempfile.TemporaryDirectory())
+        page = pathlib.Path(folder) / 'transparent.html'
+        page.write_text(text.replace(f'fill="{fill}"', f'fill-opacity="0" fill="{fill}"'), 'utf-8')
+        before = self.browser.count('#drawing [aria-pressed]')
+        self.browser.open(page, f'#color={urllib.parse.quote(fill)}')
+        self.frames()
+        self.assertEqual(self.browser.count('#drawing [aria-pressed]'), before - 1)
+        self.assertEqual(self.browser.count('#drawing.dimmed'), 0)
+
     def test_colour_that_no_legend_has_lights_nothing(self):
         for engine, color in (('treemap', '%23F4F6F8'), ('treemap', 'none'), ('treemap', 'url(x)'), ('gftree', '%23E8EAED')):
             with self.subTest(engine=engine, color=color):
@@ -544,6 +563,41 @@ class PanelAndSearch(PageCase):
         # All in one place, which one dot of constant size is enough for.
         self.assertGreater(self.dots(), 40)
         self.assertLess(self.dots(), 400)
+
+
+class Defaults(PageCase):
+    """Of `node [...]`, `edge [...]` and `graph [...]`, and what the graph itself was given."""
+
+    def setUp(self):
+        super().setUp()
+        self.open('defaults')
+
+    def described(self, kind, name):
+        self.browser.run('location.hash = arguments[0];', f'#chosen=-.{kind}.{name}')
+        self.assertTrue(self.browser.wait("return document.querySelector('#panel.held p') !== null;"))
+        self.frames()
+        return dict(self.browser.run("""return [...document.querySelectorAll('#panel dl dt')]
+            .map(dt => [dt.textContent, dt.nextElementSibling.textContent]);"""))
+
+    def test_are_shown_of_each_object(self):
+        a = self.described('node', 'a')
+        self.assertEqual((a['kind'], a['level']), ('whole', 'two'))
+        c = self.described('node', 'c')
+        self.assertEqual(c['kind'], 'part')
+        self.assertNotIn('level', c)
+        self.assertEqual(self.described('edge', 'a->b')['kind'], 'call')
+        inner = self.described('cluster', 'cluster_d')
+        self.assertEqual((inner['team'], inner['owner']), ('red team', 'everybody'))
+
+    def test_of_the_graph_are_shown_where_no_object_is(self):
+        self.assertIn('everybody', self.browser.panel())
+        self.assertEqual(self.browser.run("return document.querySelector('#panel a').href;"), 'https://a.example/')
+
+    def test_are_found(self):
+        for query, count in (('two', 2), ('part', 2), ('call', 1), ('red team', 2)):
+            self.browser.run('location.hash = arguments[0];', f'#query={query}')
+            self.assertTrue(self.browser.wait("return document.getElementById('count').textContent === arguments[0];",
+                                              f'{count} found'), (query, self.browser.text('#count')))
 
 
 class ObjectTable(PageCase):
@@ -665,6 +719,28 @@ class Keyboard(PageCase):
             return line ? parseFloat(getComputedStyle(line).strokeWidth) : 0;''')
         self.assertGreaterEqual(width, 2)
 
+    def test_keys_of_one_character_can_be_off(self):
+        self.open('treemap')
+        self.press('?')
+        self.click('#letters')
+        self.press('Escape')
+        before = self.view()
+        self.press('t', '+', 'n', '?')
+        self.assertEqual(self.view(), before)
+        self.assertEqual(self.browser.text('#table'), '')
+        self.assertEqual(self.browser.run("return document.querySelectorAll('dialog[open]').length;"), 0)
+        self.press('ArrowLeft')
+        self.assertNotEqual(self.view(), before)
+        self.assertTrue(self.browser.wait("return location.hash.includes('keys=off');"))
+        self.open('treemap', '#keys=off')
+        self.press('t')
+        self.assertEqual(self.browser.text('#table'), '')
+        self.click('#help-button')
+        self.click('#letters')
+        self.press('Escape')
+        self.press('t')
+        self.assertNotEqual(self.browser.text('#table'), '')
+
     def test_help_lists_the_keys_and_closes(self):
         self.open('treemap')
         self.press('?')
@@ -703,7 +779,8 @@ class Themes(PageCase):
                 .map(v => v <= 0.04045 ? v / 12.92 : ((v + 0.055) / 1.055) ** 2.4);
                 return 0.2126 * r + 0.7152 * g + 0.0722 * b + 0.05; };
             const page = light(getComputedStyle(document.body).backgroundColor);
-            const seen = [...document.querySelectorAll('#drawing [data-kind] > *')].filter(one => one.localName !== 'g');
+            const seen = [...document.querySelectorAll('#drawing [data-kind] *')]
+                .filter(one => one instanceof SVGGeometryElement || one.localName === 'text');
             const fills = [], found = [];
             for (const one of seen) {
                 const style = getComputedStyle(one), box = one.getBBox();
@@ -712,8 +789,9 @@ class Themes(PageCase):
                         fills.unshift([one, light(style.fill)]);
                     continue;
                 }
-                const middle = new DOMPoint(box.x + box.width / 2, box.y + box.height / 2);
-                const below = fills.find(([shape]) => shape.isPointInFill(middle))?.[1] ?? page;
+                const middle = new DOMPoint(box.x + box.width / 2, box.y + box.height / 2).matrixTransform(one.getCTM());
+                const below = fills.find(([shape]) =>
+                    shape.isPointInFill(middle.matrixTransform(shape.getCTM().inverse())))?.[1] ?? page;
                 const text = light(style.fill);
                 found.push([one.textContent, Math.max(text, below) / Math.min(text, below), below !== page]);
             }
@@ -721,7 +799,7 @@ class Themes(PageCase):
 
     def test_texts_on_a_dark_page_are_read(self):
         seen = {True: 0, False: 0}
-        for page in [*ENGINES, 'lights', 'heads', 'calls']:
+        for page in [*ENGINES, 'lights', 'rich', 'heads', 'calls']:
             with self.subTest(page):
                 self.open(page, '#theme=dark')
                 found = self.contrasts()
@@ -766,6 +844,20 @@ class Themes(PageCase):
             self.assertEqual((red, green), (green, blue))
             self.assertGreater(red, 150)
 
+    def test_rich_texts_turn_where_they_lie_on_the_page(self):
+        self.open('rich', '#theme=dark')
+        def texts(name, part='text'):
+            return self.browser.run('''return [...document.querySelectorAll(`#drawing [data-id=${arguments[0]}] ${arguments[1]}`)]
+                .filter(one => one.localName !== 'text' || one.textContent.trim() !== '')
+                .map(one => getComputedStyle(one)[one.localName === 'text' ? 'fill' : 'stroke']);''', name, part)
+        self.assertEqual(set(texts('fill')), {'rgb(0, 0, 0)'})
+        self.assertEqual(set(texts('table')), {'rgb(0, 0, 0)'})
+        self.assertGreaterEqual(len(texts('page')), 3)
+        self.assertNotIn('rgb(0, 0, 0)', texts('page'))
+        self.assertNotIn('rgb(128, 0, 0)', texts('page'))
+        self.assertNotIn('rgb(0, 0, 0)', texts('page', 'polyline'))
+        self.assertGreater(len(texts('page', 'polyline')), 0)
+
     def assert_copies_are_as_drawn(self, layer):
         """What lies over the drawing has the colours of what it was copied from, and some have turned."""
         self.frames()
@@ -807,7 +899,7 @@ class Themes(PageCase):
         self.assertEqual(set(numbers), {'rgb(0, 0, 0)'})
 
     def test_fills_stay(self):
-        fills = '''return [...document.querySelectorAll('#drawing rect[fill]')]
+        fills = '''return [...document.querySelectorAll('#drawing polygon[fill]')]
             .filter(one => one.getAttribute('fill') !== 'none').map(one => getComputedStyle(one).fill);'''
         self.open('treemap', '#theme=light')
         light = self.browser.run(fills)
@@ -964,6 +1056,56 @@ class Pieces(PageCase):
         self.assertEqual(self.browser.count('#marks .chosen .line'), 2)
 
 
+class ManyTexts(PageCase):
+    """Of 2,500 texts in a drawing that is far larger than the window."""
+
+    SHOWN = "return [...document.querySelectorAll('#drawing text')].filter(text => text.checkVisibility()).length;"
+
+    def zoom_in(self):
+        self.press('n', 'z')
+        self.assertTrue(self.browser.wait(self.SHOWN.replace('.length', '.length > 0')))
+        self.frames()
+
+    def test_are_out_while_they_are_too_small(self):
+        self.open('many')
+        self.assertEqual(self.browser.count('#drawing text'), 2500)
+        self.assertEqual(self.browser.run(self.SHOWN), 0)
+        self.zoom_in()
+        self.assertIn('cell 0', self.browser.run(
+            "return [...document.querySelectorAll('#drawing text.shown')].map(text => text.textContent);"))
+        self.assertLess(self.browser.run(self.SHOWN), 100)
+        self.assertEqual(self.browser.console(), [])
+
+    def test_come_some_at_a_time(self):
+        self.browser.resize(2600, 1800)
+        self.open('many', '#view=4800,3600,0.26')
+        self.assertTrue(self.browser.wait(self.SHOWN.replace('.length', '.length > 1000')))
+        self.assertTrue(self.browser.wait('''const { left, top, right, bottom } = document.getElementById('stage').getBoundingClientRect();
+            return [...document.querySelectorAll('#drawing g[data-kind]')].filter(one => {
+                const box = one.getBoundingClientRect();
+                return box.left > left && box.right < right && box.top > top && box.bottom < bottom;
+            }).every(one => one.lastElementChild.checkVisibility());'''))
+
+    def test_are_all_on_paper(self):
+        self.open('many')
+        self.browser.prefer(media='print')
+        self.assertEqual(self.browser.run(self.SHOWN), 2500)
+
+    def test_turn_dark_when_they_come(self):
+        self.open('many', '#theme=dark')
+        self.assertEqual(self.browser.run(self.SHOWN), 0)
+        self.zoom_in()
+        fills = self.browser.run('''return [...document.querySelectorAll('#drawing text.shown')]
+            .map(text => getComputedStyle(text).fill);''')
+        self.assertGreater(len(fills), 0)
+        self.assertNotIn('rgb(0, 0, 0)', fills)
+
+    def test_are_found_by_the_search(self):
+        self.open('many', '#query=cell 77')
+        self.frames()
+        self.assertEqual(self.browser.text('#count'), f"{sum('77' in str(i) for i in range(2500))} found")
+
+
 class Trouble(PageCase):
 
     def changed(self, change):
@@ -992,6 +1134,20 @@ class Trouble(PageCase):
                 self.assertGreater(self.view()['scale'], before['scale'])
                 self.assertEqual(self.browser.console(), [])
 
+    def test_all_texts_are_there_without_a_table(self):
+        text = self.path('many').read_text('utf-8')
+        folder = self.enterContext(tempfile.TemporaryDirectory())
+        page = pathlib.Path(folder) / 'changed.html'
+        page.write_text(text.replace('"parent":', '"parents":'), 'utf-8')
+        self.browser.open(page)
+        self.assertEqual(self.browser.run(ManyTexts.SHOWN), 2500)
+
+    def test_side_below_zero_is_no_fault(self):
+        self.open('thin')
+        self.frames()
+        self.assertEqual(self.browser.console(), [])
+        self.assertGreater(self.browser.count('#drawing rect[height="0"]'), 0)
+
     def test_drawing_shows_without_script(self):
         self.browser.command('Emulation.setScriptExecutionDisabled', value=True)
         self.addCleanup(self.browser.command, 'Emulation.setScriptExecutionDisabled', value=False)
@@ -1014,7 +1170,8 @@ class Trouble(PageCase):
             self.press('n', 'Enter')
         self.press('t')
         self.assertEqual(self.browser.console(), [])
-        self.assertEqual(self.browser.count('img, iframe, object, embed, link, base, video, form'), 0)
+        self.assertEqual(self.browser.count('img, iframe, object, embed, base, video, form'), 0)
+        self.assertEqual(self.browser.count('link:not([rel="expect"][href^="#"])'), 0)
         self.assertEqual(self.browser.count('script'), 2)
         self.assertEqual(self.browser.count('style'), 1)
         self.assertEqual(self.browser.run('''return [...document.querySelectorAll('*')].flatMap(element =>
@@ -1039,7 +1196,9 @@ class Trouble(PageCase):
         def change(text):
             data = json.loads(re.search(r'id="page-data">(.*?)</script>', text, re.S).group(1))
             data['names'] += ['url']
-            data['attributes'][0] = [part for value in values for part in (len(data['names']) - 1, value)]
+            data['values'] = ['#' + value for value in values]
+            data['sets'] = [[-1] + [len(data['names']) - 1] * len(values), [-1]]
+            data['set'] = [0] + [1] * (len(data['set']) - 1)
             written = json.dumps(data).replace('<', '\\u003c')
             return re.sub(r'(id="page-data">).*?(</script>)', lambda m: m.group(1) + written + m.group(2), text, flags=re.S)
         self.browser.open(self.changed(change))

@@ -11,6 +11,7 @@ import argparse
 import os
 import pathlib
 import re
+import shutil
 import signal
 import subprocess
 import sys
@@ -621,6 +622,21 @@ class Looks(ServeCase):
         left, _, right, _ = self.browser.box('#splitter')
         self.browser.drag(((left + right) / 2, 400), (800, 420))
         self.assertAlmostEqual(width(), 800, delta=8)
+
+    def test_prints_the_drawing_alone_on_one_page(self):
+        labels = [f'label{i}' for i in range(60)]
+        self.serve(graph(*labels))
+        self.assertEqual(self.browser.pages_when_printed(), 1)
+        if shutil.which('pdftotext'):
+            printed = self.browser.printed_text()
+            self.assertEqual([label for label in labels if label not in printed], [])
+            for word in ('Engine', 'Findings', 'digraph', 'Search'):
+                self.assertNotIn(word, printed)
+        self.browser.prefer(media='print')
+        fits = self.browser.run(PAGE + """
+            const box = page.getElementById('drawing').getBoundingClientRect();
+            return box.width > 50 && box.right <= page.defaultView.innerWidth && box.bottom <= page.defaultView.innerHeight;""")
+        self.assertTrue(fits)
 
     def test_parts_do_not_overlap(self):
         self.serve(self.TEXT)

@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QProcess>
 #include <QRegularExpression>
 
 using namespace ORR::Graph;
@@ -16,23 +15,6 @@ namespace {
 QString examplePath(const QString &name)
 {
     return QStringLiteral(ORR_TEST_FOLDER "/../../examples/umlseq/") + name;
-}
-
-struct Finished
-{
-    int status;
-    QByteArray output;
-    QByteArray errors;
-};
-
-Finished trace2dot(const QStringList &arguments, const QByteArray &input = {})
-{
-    QProcess process;
-    process.start(examplePath(u"trace2dot"_s), arguments);
-    process.write(input);
-    process.closeWriteChannel();
-    process.waitForFinished();
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
 }
 
 class SequenceExample : public testing::TestWithParam<const char *>
@@ -93,52 +75,4 @@ TEST(SequenceGuide, shows_a_diagram_that_is_drawn_as_written)
     EXPECT_EQ(drawing.result, u""_s);
     EXPECT_EQ(drawing.parts.nodes.size(), 6);
     EXPECT_EQ(drawing.parts.edges.size(), 7);
-}
-
-TEST(Trace2dot, turns_the_sample_trace_into_the_sample_diagram)
-{
-    const Finished run = trace2dot({examplePath(u"order.trace"_s)});
-    EXPECT_EQ(run.status, 0) << run.errors.toStdString();
-    EXPECT_EQ(run.output, readTestFile(examplePath(u"order.dot"_s)));
-}
-
-TEST(Trace2dot, reads_standard_input)
-{
-    const QByteArray trace = readTestFile(examplePath(u"order.trace"_s));
-    EXPECT_EQ(trace2dot({}, trace).output, readTestFile(examplePath(u"order.dot"_s)));
-}
-
-TEST(Trace2dot, quotes_whatever_a_name_holds)
-{
-    const Finished run = trace2dot({}, "\"a \"\"b\"\" \\\",c,\"x, \\\"\n");
-    const Drawing drawing(run.output);
-    ASSERT_TRUE(drawing.graph) << run.output.toStdString();
-    const QStringList texts = drawing.calls(u"text"_s);
-    ASSERT_EQ(texts.size(), 3);
-    EXPECT_TRUE(texts.at(0).contains("\"a \"b\" \\ \""_L1)) << texts.at(0).toStdString();
-    EXPECT_TRUE(texts.at(2).contains("\"x, \\ \""_L1)) << texts.at(2).toStdString();
-}
-
-TEST(Trace2dot, takes_an_empty_trace)
-{
-    const Finished run = trace2dot({}, "");
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(Drawing(run.output).device.calls().constFirst(), u"begin 5 5"_s);
-}
-
-TEST(Trace2dot, names_the_line_that_is_wrong)
-{
-    const Finished many = trace2dot({}, "# comment\na,b\na,b,c,d,e\n");
-    EXPECT_EQ(many.status, 1);
-    EXPECT_EQ(many.errors, "trace2dot: line 3: at most four fields are wanted, not 5\n");
-    const Finished nobody = trace2dot({}, "a,*\n");
-    EXPECT_EQ(nobody.status, 1);
-    EXPECT_EQ(nobody.errors, "trace2dot: line 1: nobody is called\n");
-}
-
-TEST(Trace2dot, explains_itself)
-{
-    const Finished run = trace2dot({u"--help"_s});
-    EXPECT_EQ(run.status, 0);
-    EXPECT_TRUE(run.output.contains("caller, callee, name, return"));
 }

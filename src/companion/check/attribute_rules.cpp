@@ -140,17 +140,20 @@ void AttributeCheck::check(const CheckedAttribute &attribute, AttributePlace pla
 {
     const AttributeUse *use = uses.find(attribute.name);
     if (!use)
-        addUnknown(attribute, place);
-    else if (uses.isOfEngine() && isLegend(attribute.name) && !use->at(place).isRead)
+        return addUnknown(attribute, place);
+    if (use->at(place).isRead) {
+        if (const QString *value = values.find(attribute.name))
+            checkValue(attribute, use->at(place), *value);
         return;
-    else if (!use->at(place).isRead && use->at(place).isSet)
+    }
+    if (uses.isOfEngine() && isLegend(attribute.name))
+        return;
+    if (use->at(place).isSet)
         addSet(attribute, place, use->at(place).isTaken);
-    else if (!use->at(place).isRead && !use->readers)
+    else if (!use->readers)
         addUnknown(attribute, place); // its name is one for what engines hand on, elsewhere
-    else if (!use->at(place).isRead)
+    else
         addUnread(attribute, place, *use);
-    else if (const QString *value = values.find(attribute.name))
-        checkValue(attribute, use->at(place), *value);
 }
 
 void AttributeCheck::addUnknown(const CheckedAttribute &attribute, AttributePlace place)

@@ -278,7 +278,7 @@ void DrawRun::beginDrawing(PlannedDrawing drawing)
         drawing.task.output.clear();
     pool.add(nextNumber, drawing.task);
     drawing.task.input.clear();
-    begun.insert(nextNumber++, std::move(drawing));
+    begun.insert(nextNumber++, drawing);
 }
 
 void DrawRun::wait(const EndingSignals &signals)

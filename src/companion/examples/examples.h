@@ -17,4 +17,7 @@ struct Example
 // examples/ of the project those that list.txt names, as the build puts them into the program.
 std::span<const Example> examples();
 
+// A small one for each engine, styled, for whoever begins his own: starters/.
+std::span<const Example> starters();
+
 } // namespace ORR::Companion

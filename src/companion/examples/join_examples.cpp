@@ -1,7 +1,8 @@
 // Makes C++ of inputs that the program holds. Part of the build.
 //
-//   join_examples LIST FOLDER OUTPUT
+//   join_examples LIST FOLDER OUTPUT FUNCTION
 //
+// The function of examples.h gives them.
 // A line of the list is an engine, a file below the folder and a title.
 #include "companion/page/text_constant.h"
 
@@ -23,7 +24,7 @@ std::string contentOf(const std::filesystem::path &path)
 }
 
 void write(const std::filesystem::path &list, const std::filesystem::path &folder,
-           const std::filesystem::path &output)
+           const std::filesystem::path &output, const std::string &function)
 {
     std::string constants;
     std::string rows;
@@ -36,7 +37,7 @@ void write(const std::filesystem::path &list, const std::filesystem::path &folde
     std::ofstream file(output, std::ios::binary | std::ios::trunc);
     file << "#include \"companion/examples/examples.h\"\n\nnamespace ORR::Companion {\n\n"
          << "namespace {\n\n"
-         << constants << "} // namespace\n\nstd::span<const Example> examples()\n{\n"
+         << constants << "} // namespace\n\nstd::span<const Example> " << function << "()\n{\n"
          << "    static const Example table[] = {\n"
          << rows << "    };\n    return table;\n}\n\n} // namespace ORR::Companion\n";
     file.close();
@@ -48,9 +49,9 @@ void write(const std::filesystem::path &list, const std::filesystem::path &folde
 
 int main(int argc, char **argv)
 try {
-    if (argc != 4)
-        throw std::runtime_error("a list, a folder and an output are needed");
-    write(argv[1], argv[2], argv[3]);
+    if (argc != 5)
+        throw std::runtime_error("a list, a folder, an output and a function are needed");
+    write(argv[1], argv[2], argv[3], argv[4]);
     return 0;
 } catch (const std::exception &fault) {
     std::fprintf(stderr, "join_examples: %s\n", fault.what());

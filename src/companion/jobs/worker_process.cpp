@@ -22,8 +22,9 @@ namespace {
 // The task that it is at, and one for it to go on with while the answer is on its way.
 constexpr size_t mostTasks = 2;
 
-// What a process may take to end that was asked to.
-constexpr std::chrono::milliseconds patience{1000};
+// What a process may take to end that was asked to: to remove its files takes a hundredth of it.
+// One that does not end holds up whoever interrupts the program.
+constexpr std::chrono::milliseconds patience{300};
 
 // The same program, under the name that it was called by: that is where it looks for the
 // installation. It is found by what runs, so that a new one in its place changes nothing meanwhile.

@@ -37,7 +37,7 @@ QSet<QString> wordsOfReplays()
 }
 
 template <typename Leaves>
-AttributeMap without(const AttributeMap &attributes, Leaves leaves)
+AttributeMap without(const AttributeMap &attributes, const Leaves &leaves)
 {
     if (std::none_of(attributes.begin(), attributes.end(), leaves))
         return attributes;
@@ -49,38 +49,78 @@ AttributeMap without(const AttributeMap &attributes, Leaves leaves)
     return kept;
 }
 
+// The defaults within a subgraph, -1 for none.
+struct Inner
+{
+    int subgraphs = -1;
+    int nodes = -1;
+    int edges = -1;
+};
+
 } // namespace
 
 GivenAttributes::GivenAttributes(const DotGraph &graph)
 {
     const DotGraph fresh;
-    const AttributeMap &defaults = fresh.root()->attributes;
     const bool isReplayed = graph.root()->attributes.contains("xdotversion"_attribute);
     const QSet<QString> words = isReplayed ? wordsOfReplays() : QSet<QString>();
-    const auto isReplays = [&](const AttributeMap::Entry &entry) {
-        return words.contains(entry.name.text());
+    const auto givenOf = [&](const AttributeMap &map) {
+        return isReplayed
+            ? without(map, [&](const auto &entry) { return words.contains(entry.name.text()); })
+            : map;
     };
-    const auto isDefault = [&](const AttributeMap::Entry &entry) {
-        const QString *value = defaults.find(entry.name);
-        return value && *value == entry.value;
+    // Those of the root start with what every graph has.
+    const auto ownOf = [&](const DotSubgraph *subgraph, AttributeMap DotSubgraph::*map) {
+        const AttributeMap &known = fresh.root()->*map;
+        const auto isKnown = [&](const AttributeMap::Entry &entry) {
+            const QString *value = known.find(entry.name);
+            return value && *value == entry.value;
+        };
+        const AttributeMap own = givenOf(subgraph->*map);
+        return subgraph->parent ? own : without(own, isKnown);
     };
-    const auto keepOf = [&](const DotObject *object) {
-        keep(object, isReplayed ? without(object->attributes, isReplays) : object->attributes);
-    };
+
+    QHash<const DotSubgraph *, Inner> inner;
     for (const DotSubgraph *subgraph : subgraphsInPreorder(graph.root())) {
-        keepOf(subgraph);
-        std::for_each(subgraph->nodes.cbegin(), subgraph->nodes.cend(), keepOf);
-        std::for_each(subgraph->edges.cbegin(), subgraph->edges.cend(), keepOf);
+        const Inner outer = inner.value(subgraph->parent);
+        const AttributeMap own = ownOf(subgraph, &DotSubgraph::attributes);
+        keep(subgraph, own);
+        keepDefaults(subgraph, outer.subgraphs);
+        const Inner its{subgraph->subgraphs.isEmpty() ? outer.subgraphs
+                                                      : nested(outer.subgraphs, own),
+                        nested(outer.nodes, ownOf(subgraph, &DotSubgraph::nodeDefaults)),
+                        nested(outer.edges, ownOf(subgraph, &DotSubgraph::edgeDefaults))};
+        inner.insert(subgraph, its);
+        for (const DotNode *node : subgraph->nodes) {
+            keep(node, givenOf(node->attributes));
+            keepDefaults(node, its.nodes);
+        }
+        for (const DotEdge *edge : subgraph->edges) {
+            keep(edge, givenOf(edge->attributes));
+            keepDefaults(edge, its.edges);
+        }
     }
-    keep(graph.root(), without(of(graph.root()), isDefault));
 }
 
 void GivenAttributes::keep(const DotObject *object, const AttributeMap &attributes)
 {
-    if (attributes.isEmpty())
-        given.remove(object);
-    else
+    if (!attributes.isEmpty())
         given.insert(object, attributes);
+}
+
+// The defaults with these within them.
+int GivenAttributes::nested(int outer, const AttributeMap &attributes)
+{
+    if (attributes.isEmpty())
+        return outer;
+    allDefaults.push_back({outer, attributes});
+    return int(allDefaults.size() - 1);
+}
+
+void GivenAttributes::keepDefaults(const DotObject *object, int defaults)
+{
+    if (defaults >= 0)
+        innermost.insert(object, defaults);
 }
 
 } // namespace ORR::Companion

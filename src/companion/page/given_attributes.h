@@ -4,9 +4,11 @@
 
 #include <QHash>
 
+#include <vector>
+
 namespace ORR::Companion {
 
-// What the author of a graph gave each object itself, without defaults. Made before an engine runs,
+// What the author of a graph gave each object, itself and by defaults. Made before an engine runs,
 // which writes its own numbers on the objects.
 //
 // A text that is replayed has them already: what the engines and the drawing operations of xdot
@@ -17,13 +19,31 @@ public:
     // Keeps nothing of the graph but the addresses of its objects.
     explicit GivenAttributes(const Graph::DotGraph &graph);
 
-    // In the order of the text; empty for an object of no graph.
+    // What one subgraph says for all objects of a kind in it, where those around it say something
+    // else or nothing.
+    struct Defaults
+    {
+        int outer = -1; // those of the subgraphs around, -1 for none
+        Graph::AttributeMap attributes;
+    };
+
+    // What it was given itself, in the order of the text; empty for an object of no graph.
     Graph::AttributeMap of(const Graph::DotObject *object) const { return given.value(object); }
+    // A subgraph has its defaults from the attributes of those around it.
+    const std::vector<Defaults> &defaults() const { return allDefaults; }
+    // The innermost ones of an object, -1 for none.
+    int defaultsOf(const Graph::DotObject *object) const { return innermost.value(object, -1); }
 
 private:
-    void keep(const Graph::DotObject *object, const Graph::AttributeMap &attributes);
+    using Map = Graph::AttributeMap;
 
-    QHash<const Graph::DotObject *, Graph::AttributeMap> given; // without those that have none
+    void keep(const Graph::DotObject *object, const Map &attributes);
+    int nested(int outer, const Map &attributes);
+    void keepDefaults(const Graph::DotObject *object, int defaults);
+
+    QHash<const Graph::DotObject *, Map> given; // without those that have none
+    std::vector<Defaults> allDefaults;
+    QHash<const Graph::DotObject *, int> innermost; // likewise
 };
 
 } // namespace ORR::Companion

@@ -9,6 +9,7 @@
 // The modules stand in the order of order.txt, each behind those that it imports. Import lines go,
 // and so do the word "export", blanks that say nothing and comments: those that begin a line, and
 // `/** */` anywhere. What would not work joined is a fault: see `Module`.
+#include "companion/page/compact_lines.h"
 #include "companion/page/text_constant.h"
 
 #include <cctype>
@@ -136,23 +137,6 @@ std::string declaredIn(const std::string &line)
     return {};
 }
 
-// The line without blanks beside signs, where none counts. One with a text or a regular expression
-// is left as it is.
-std::string withoutBlanks(const std::string &line)
-{
-    constexpr std::string_view signs = "=>?:,;{}()[]&|*";
-    if (line.find_first_of("'\"`/") != std::string::npos)
-        return line;
-    std::string kept;
-    for (size_t i = 0; i < line.size(); ++i) {
-        const bool isBeside = line[i] == ' ' && i > 0 && i + 1 < line.size()
-            && (signs.find(line[i - 1]) != signs.npos || signs.find(line[i + 1]) != signs.npos);
-        if (!isBeside)
-            kept += line[i];
-    }
-    return kept;
-}
-
 // One module as it is joined.
 class Module
 {
@@ -201,7 +185,15 @@ private:
         const bool isPattern = line.starts_with("const {") || line.starts_with("const [");
         if (isTopLevel && isPattern)
             refuse(file, "declares several names at once: " + line);
-        text += withoutBlanks(line) + '\n';
+        // Constants in a row are declared at once.
+        const bool isConstant = line.starts_with("const ") && line.ends_with(';');
+        if (line.starts_with("const ") && endsWithConstant) {
+            text.pop_back();
+            line.erase(0, std::string_view("const").size());
+            line.front() = ',';
+        }
+        endsWithConstant = isConstant;
+        ORR::Companion::addScriptLine(line, &text);
     }
 
     // import { a, b } from './x.js';
@@ -224,6 +216,7 @@ private:
 
     std::string file;
     std::string text;
+    bool endsWithConstant = false; // all of which stands in one line
     Names declaredNames;
     Names exportedNames;
     std::vector<std::pair<std::string, std::string>> imports; // file and name
@@ -250,24 +243,12 @@ std::string joined(const std::filesystem::path &folder)
                 refuse(name, "declares " + one + ", as a module before it does");
         }
         exports[name] = module.exported();
-        code += module.code();
+        code += module.code() + '\n';
         unlisted.erase(name);
     }
     if (!unlisted.empty())
         refuse("order.txt", "misses " + *unlisted.begin());
     return code + "})();\n";
-}
-
-// A line of the theme without blanks and an end that say nothing.
-std::string compactRule(std::string line)
-{
-    if (line.ends_with(" {"))
-        return line.erase(line.size() - 2, 1) + '\n';
-    if (!line.ends_with(';'))
-        return line + '\n';
-    if (const size_t colon = line.find(": "); colon != std::string::npos)
-        line.erase(colon + 1, 1);
-    return line;
 }
 
 std::string themeOf(const std::filesystem::path &path)
@@ -276,7 +257,8 @@ std::string themeOf(const std::filesystem::path &path)
     std::string theme;
     for (const std::string &line : linesOf(contentOf(path))) {
         const std::string kept = stripper.stripped(line);
-        theme += kept.empty() ? kept : compactRule(kept);
+        if (!kept.empty())
+            ORR::Companion::addThemeLine(kept, &theme);
     }
     return theme;
 }
@@ -301,6 +283,16 @@ struct Call
     std::vector<std::string> places;
 };
 
+// Without line ends between elements of the body, each of which would be a node there.
+std::string templateOf(const std::filesystem::path &path)
+{
+    std::string text = contentOf(path);
+    size_t at = text.find("<body>");
+    while ((at = text.find(">\n<", at)) != std::string::npos)
+        text.erase(at + 1, 1);
+    return text;
+}
+
 const std::string &checkedTemplate(const std::string &text, const std::vector<std::string> &places)
 {
     for (const std::string &place : places) {
@@ -313,7 +305,7 @@ const std::string &checkedTemplate(const std::string &text, const std::vector<st
 void write(const Call &call)
 {
     using ORR::Companion::textConstant;
-    const std::string page = contentOf(call.folder / "page.html");
+    const std::string page = templateOf(call.folder / "page.html");
     std::ofstream file(call.output, std::ios::binary | std::ios::trunc);
     file << "#include \"" << call.header << "\"\n\nnamespace ORR::Companion {\n\n"
          << textConstant(call.prefix + "Template", checkedTemplate(page, call.places))

@@ -4,6 +4,7 @@
 #include "companion/page/chart_values.h"
 #include "companion/page/drawn_table.h"
 #include "companion/page/json_text.h"
+#include "companion/page/packed_attributes.h"
 #include "companion/page/plain_label.h"
 #include "layout/attribute_tables.h"
 #include "layout/charts/chart_legend.h"
@@ -97,11 +98,15 @@ private:
             const bool isTold = label.isEmpty() || label == drawing.objects()[i].id;
             return isTold ? QByteArray("0") : jsonText(label);
         });
-        addColumn("attributes", [&](size_t, const auto &row) { return attributes(row); });
-        QByteArray list;
-        for (const QString &name : std::as_const(names))
-            list += (list.isEmpty() ? "" : ",") + jsonText(name);
-        add("names", '[' + list + ']');
+        PackedAttributes packed(given);
+        for (const DrawnTable::Row &row : table.rows())
+            packed.add(row.object(), attributes(row));
+        add("values", packed.values());
+        add("set", packed.setOfEach());
+        add("sets", packed.sets());
+        add("defaults", packed.defaults());
+        add("root", packed.pairs(given.of(graph.root())));
+        add("names", packed.names());
     }
 
     QString plainLabelOf(const DrawnTable::Row &row) const
@@ -110,26 +115,18 @@ private:
         return label ? plainLabel(*label, graph.htmlLabels()) : QString();
     }
 
-    QByteArray attributes(const DrawnTable::Row &row)
+    AttributeMap attributes(const DrawnTable::Row &row) const
     {
-        QByteArray list;
-        for (const AttributeMap::Entry &entry : given.of(row.object())) {
-            if (entry.name == "label"_attribute && entry.value == plainLabelOf(row))
-                continue;
-            list += (list.isEmpty() ? "" : ",") + QByteArray::number(numberOf(entry.name)) + ','
-                + jsonText(entry.value);
+        const AttributeMap all = given.of(row.object());
+        const QString *label = all.find("label"_attribute);
+        if (!label || *label != plainLabelOf(row))
+            return all;
+        AttributeMap others;
+        for (const AttributeMap::Entry &entry : all) {
+            if (entry.name != "label"_attribute)
+                others.insert(entry.name, entry.value);
         }
-        return list.isEmpty() ? "0" : '[' + list + ']';
-    }
-
-    // The place of a name in the list of them.
-    qsizetype numberOf(const AttributeName &name)
-    {
-        const auto known = numbers.constFind(name.text());
-        if (known != numbers.cend())
-            return *known;
-        names.append(name.text());
-        return *numbers.insert(name.text(), names.size() - 1);
+        return others;
     }
 
     void addEnds()
@@ -197,8 +194,6 @@ private:
     const GivenAttributes &given;
     const PageSvg &drawing;
     DrawnTable table;
-    QStringList names; // of attributes, as they came
-    QHash<QString, qsizetype> numbers;
     QByteArray json;
 };
 

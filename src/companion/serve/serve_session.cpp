@@ -29,7 +29,7 @@ QJsonArray findingsOf(const QByteArray &document)
     QJsonArray all;
     const QJsonObject file =
         QJsonDocument::fromJson(document).object()[u"files"_s].toArray().first().toObject();
-    for (const QJsonValue &found : file[u"findings"_s].toArray()) {
+    for (const auto &found : file[u"findings"_s].toArray()) {
         QJsonObject finding = found.toObject();
         for (const QString &number : {u"line"_s, u"column"_s})
             finding.insert(number, finding[number].toInteger());
@@ -227,10 +227,11 @@ void ServeSession::finishDownload(const FinishedTask &task)
 void ServeSession::callBack()
 {
     const auto now = Clock::now();
-    const auto due = std::ranges::partition(
-        waiting, [&](const Waiting &one) { return one.version == stateVersion && one.end > now; });
-    const std::vector<Waiting> over(due.begin(), due.end());
-    waiting.erase(due.begin(), due.end());
+    const auto due = std::partition(waiting.begin(), waiting.end(), [&](const Waiting &one) {
+        return one.version == stateVersion && one.end > now;
+    });
+    const std::vector<Waiting> over(due, waiting.end());
+    waiting.erase(due, waiting.end());
     for (const Waiting &one : over)
         one.then();
 }

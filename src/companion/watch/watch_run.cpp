@@ -143,7 +143,7 @@ void WatchRun::beginRound(qsizetype index, const QByteArray &bytes)
 {
     Input &input = inputs[size_t(index)];
     input.hasFailed = false;
-    input.round.emplace();
+    input.round = Round();
     input.round->bytes = bytes;
     input.round->left = input.drawings.size();
     input.round->answers.resize(input.drawings.size());

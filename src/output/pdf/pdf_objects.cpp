@@ -151,8 +151,7 @@ QByteArray PdfObjects::written() const
     trailer +=
         "\n/Root " + QByteArray::number(rootNumber) + " 0 R\n/ID [" + hash + hash + "]\n>>\n";
     const qsizetype place = file.size();
-    return std::move(file) + table + trailer + "startxref\n" + QByteArray::number(place)
-        + "\n%%EOF\n";
+    return file + table + trailer + "startxref\n" + QByteArray::number(place) + "\n%%EOF\n";
 }
 
 } // namespace ORR::Graph

@@ -17,5 +17,5 @@ done
 dot -Txdot1.4 -o gradients_later.xdot gradients.gv
 mkdir -p converted
 for name in fonts html ranks records undirected; do
-    ../../../examples/xdot/from_graphviz "$name.xdot" >"converted/$name.xdot"
+    ../converter/from_graphviz "$name.xdot" >"converted/$name.xdot"
 done

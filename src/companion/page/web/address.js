@@ -30,7 +30,7 @@ export function mirrorAddress(objects, view, state) {
             state.change(valuesOf(location.hash.slice(1), objects, view));
     };
     read();
-    state.follow(['view', 'fitted', 'chosen', 'group', 'query', 'color', 'theme', 'table'],
+    state.follow(['view', 'fitted', 'chosen', 'group', 'query', 'color', 'theme', 'table', 'keys'],
                  afterPause(write, writingPause));
     addEventListener('hashchange', read);
 }
@@ -48,10 +48,10 @@ function fragmentOf(objects, now) {
         fields.set('chosen', objects.key(now.chosen));
     if (now.group >= 0)
         fields.set('group', objects.key(now.group));
-    if (now.query !== '')
-        fields.set('query', now.query);
-    if (now.color !== '')
-        fields.set('color', now.color);
+    for (const name of /** @type {const} */ (['query', 'color', 'keys'])) {
+        if (now[name] !== '')
+            fields.set(name, now[name]);
+    }
     if (now.theme !== 'auto')
         fields.set('theme', now.theme);
     if (now.table)
@@ -83,5 +83,6 @@ function valuesOf(fragment, objects, view) {
         color: isLegendColor(objects, color) ? color : '',
         theme: theme !== null && isTheme(theme) ? theme : 'auto',
         table: fields.get('table') === '1',
+        keys: fields.get('keys') === 'off' ? 'off' : '',
     };
 }

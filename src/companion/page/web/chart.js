@@ -1,6 +1,6 @@
 /** The shares of a chart's objects: of the group around them and of the whole. */
 
-import { create } from './elements.js';
+import { create, entry, figure } from './elements.js';
 
 /** @import {Objects} from './objects.js' */
 
@@ -31,7 +31,7 @@ export function percent(part, whole) {
     const share = 100 * part / whole;
     if (!Number.isFinite(share))
         return 'none';
-    return `${Number(share.toPrecision(share >= 10 ? 3 : 2)).toLocaleString('en')} %`;
+    return `${figure(Number(share.toPrecision(share >= 10 ? 3 : 2)))} %`;
 }
 
 /**
@@ -46,12 +46,10 @@ export function shareLines(objects) {
         const value = objects.data.value?.[i] ?? 0;
         const parent = objects.parent(i);
         const list = create('dl', { class: 'shares' });
-        const add = (/** @type {string} */ name, /** @type {number} */ whole) =>
-            list.append(create('dt', {}, name), create('dd', {}, percent(value, whole)));
-        list.append(create('dt', {}, 'value'), create('dd', {}, value.toLocaleString('en')));
+        list.append(...entry('value', figure(value)));
         if (parent >= 0)
-            add(`of ${objects.name(parent)}`, objects.data.value?.[parent] ?? 0);
-        add('of the whole', total);
+            list.append(...entry(`of ${objects.name(parent)}`, percent(value, objects.data.value?.[parent] ?? 0)));
+        list.append(...entry('of the whole', percent(value, total)));
         return [list];
     };
 }

@@ -1,6 +1,7 @@
 /** The columns of the table of objects: what an object has in each, and which way that sorts. */
 
 import { hasShare, percent } from './chart.js';
+import { figure } from './elements.js';
 
 /** @import {Objects} from './objects.js' */
 
@@ -47,8 +48,8 @@ function textColumn(name, text) {
 function valueColumn(objects) {
     const { value = [], total = 0 } = objects.data;
     const text = (/** @type {number} */ i) => !hasShare(objects, i) ? ''
-        : total > 0 ? `${value[i].toLocaleString('en')} (${percent(value[i], total)})`
-        : value[i].toLocaleString('en');
+        : total > 0 ? `${figure(value[i])} (${percent(value[i], total)})`
+        : figure(value[i]);
     return { name: 'Value', isNumber: true, text, key: i => hasShare(objects, i) ? value[i] : -Infinity };
 }
 
@@ -59,34 +60,23 @@ function valueColumn(objects) {
  * @returns {Column[]}
  */
 function attributeColumns(objects) {
-    const { names, attributes } = objects.data;
-    const counts = names.map((name, k) => ({ name, k, count: name === 'label' ? 0 : 1 }));
-    for (const list of attributes) {
-        for (let k = 0; list && k + 1 < list.length; k += 2) {
-            const count = counts[Number(list[k])];
-            count.count += count.count > 0 ? 1 : 0;
-        }
-    }
-    const fewest = 1 + objects.count * rareShare;
-    return counts.filter(({ count }) => count > fewest).sort((a, b) => b.count - a.count)
-        .slice(0, mostAttributes).map(({ name, k }) => attributeColumn(objects, name, k));
+    const counts = objects.data.names.map((name, k) => ({ name, k, count: 0 }));
+    // What is given by default to many says less than what each was given.
+    for (let i = 0; i < objects.count; ++i)
+        objects.setOf(i).slice(1).forEach(k => ++counts[k].count);
+    const fewest = objects.count * rareShare;
+    return counts.filter(({ name, count }) => name !== 'label' && count > fewest).sort((a, b) => b.count - a.count)
+        .slice(0, mostAttributes).map(({ name }) => attributeColumn(objects, name));
 }
 
 /**
  * @param {Objects} objects
  * @param {string} name
- * @param {number} k index of the name
  * @returns {Column}
  */
-function attributeColumn(objects, name, k) {
-    const text = (/** @type {number} */ i) => {
-        const list = objects.data.attributes[i] || [];
-        for (let at = 0; at + 1 < list.length; at += 2) {
-            if (list[at] === k)
-                return String(list[at + 1]);
-        }
-        return '';
-    };
+function attributeColumn(objects, name) {
+    const text = (/** @type {number} */ i) =>
+        objects.attributes(i).find(([its]) => its === name)?.[1] ?? '';
     const number = (/** @type {number} */ i) => text(i).trim() === '' ? -Infinity : Number(text(i));
     let isNumber = true;
     for (let i = 0; isNumber && i < objects.count; ++i)

@@ -13,7 +13,7 @@ const haloRadius = 5.5;
 // Of dots that lie as close as this one is enough.
 const leastDistance = 6;
 const largeEnough = 24;
-const restTime = 100;
+export const restTime = 100;
 
 /**
  * @typedef {object} Dot

@@ -47,6 +47,25 @@ function setAttributes(element, attributes) {
 }
 
 /**
+ * An entry of a list of descriptions.
+ *
+ * @param {string} name
+ * @param {...(Node | string)} nodes
+ */
+export function entry(name, ...nodes) {
+    return [create('dt', {}, name), create('dd', {}, ...nodes)];
+}
+
+/**
+ * A number as readers expect it, with its thousands apart.
+ *
+ * @param {number} number
+ */
+export function figure(number) {
+    return number.toLocaleString('en');
+}
+
+/**
  * A button with a text that does something.
  *
  * @param {string} text
@@ -54,8 +73,8 @@ function setAttributes(element, attributes) {
  * @param {Record<string, string | undefined>} [attributes]
  */
 export function createButton(text, action, attributes = {}) {
-    const button = create('button', { type: 'button', ...attributes }, text);
-    button.addEventListener('click', action);
+    const button = create('button', attributes, text);
+    button.onclick = action;
     return button;
 }
 

@@ -70,8 +70,8 @@ function followPointers(stage, view) {
         moveFinger(view, before, now, other);
     });
     const release = (/** @type {PointerEvent} */ event) => fingers.delete(event.pointerId);
-    stage.addEventListener('pointerup', release);
-    stage.addEventListener('pointercancel', release);
+    stage.onpointerup = release;
+    stage.onpointercancel = release;
     return drag;
 }
 

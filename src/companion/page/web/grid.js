@@ -77,6 +77,11 @@ export class Grid {
     }
 }
 
+/** @param {Box} box */
+export function middleOf({ x, y, width, height }) {
+    return new DOMPoint(x + width / 2, y + height / 2);
+}
+
 /**
  * @param {Box | null} a
  * @param {Box} b

@@ -2,6 +2,7 @@
 
 import { create, part } from './elements.js';
 
+/** @import {State} from './state.js' */
 /** @import {View} from './view.js' */
 
 const panStep = 60;
@@ -52,9 +53,14 @@ function isTaken(event, row) {
     return row.inDrawing === true && target !== document.body && !target?.closest('#stage');
 }
 
-/** @param {KeyRow[]} rows */
-export function followKeys(rows) {
+/**
+ * @param {KeyRow[]} rows
+ * @param {State} state
+ */
+export function followKeys(rows, state) {
     addEventListener('keydown', event => {
+        if (state.now.keys === 'off' && event.key.length === 1)
+            return;
         if (event.ctrlKey || event.metaKey || event.altKey || document.querySelector('dialog[open]'))
             return;
         const row = rows.find(({ keys }) => keys.includes(event.key));
@@ -65,13 +71,21 @@ export function followKeys(rows) {
     });
 }
 
-/** @param {KeyRow[]} rows */
-export function prepareHelp(rows) {
+/**
+ * @param {KeyRow[]} rows
+ * @param {State} state
+ */
+export function prepareHelp(rows, state) {
     const dialog = /** @type {HTMLDialogElement} */ (part('help'));
     const lines = rows.filter(({ shown }) => shown !== '').map(({ shown, meaning }) =>
         create('tr', {}, create('th', { scope: 'row' }, shown), create('td', {}, meaning)));
     part('help-keys').replaceChildren(...lines);
-    part('help-close').addEventListener('click', () => dialog.close());
-    part('help-button').addEventListener('click', () => dialog.showModal());
-    return () => dialog.showModal();
+    // Who dictates, or hits keys by accident, has those of one character off.
+    const letters = /** @type {HTMLInputElement} */ (part('letters'));
+    letters.onchange = () => state.change({ keys: letters.checked ? '' : 'off' });
+    state.follow(['keys'], () => {
+        letters.checked = state.now.keys === '';
+    });
+    part('help-close').onclick = () => dialog.close();
+    return part('help-button').onclick = () => dialog.showModal();
 }

@@ -1,6 +1,6 @@
 /** The entries of a chart's legend are switches, each of which lights what has its colour. */
 
-import { shapesOf } from './marks.js';
+import { isSeen, shapesOf } from './marks.js';
 
 /** @import {State} from './state.js' */
 /** @import {Objects} from './objects.js' */
@@ -13,8 +13,8 @@ import { shapesOf } from './marks.js';
  * @param {number} i
  */
 function colorOf(objects, i) {
-    const fill = shapesOf(objects.elements[i])[0]?.getAttribute('fill') ?? 'none';
-    return fill === 'none' ? '' : fill;
+    const [shape] = shapesOf(objects.elements[i]);
+    return shape && isSeen(shape) ? shape.getAttribute('fill') ?? '' : '';
 }
 
 /**

@@ -1,6 +1,7 @@
 /** Sequence diagrams: the heads of the lifelines stay at the upper side of the stage. */
 
 import { createDrawn, oncePerFrame } from './elements.js';
+import { middleOf } from './grid.js';
 import { copyOf, rectOf } from './marks.js';
 
 /** @import {State} from './state.js' */
@@ -37,8 +38,7 @@ export function keepHeads(layer, objects, view, state) {
         for (const { box, copy } of heads) {
             const isAbove = box.y * scale + view.top < gap;
             copy.classList.toggle('away', !isAbove);
-            const middle = (box.x + box.width / 2) * scale + view.left;
-            const x = middle - (box.x + box.width / 2) * size;
+            const x = middleOf(box).x * (scale - size) + view.left;
             copy.setAttribute('transform', `matrix(${size} 0 0 ${size} ${x} ${gap - (box.y - gap) * size})`);
         }
     };

@@ -3,10 +3,10 @@
  * darker they are; what lies on the fill of an object stays, and so do all fills of nodes and groups.
  */
 
-import { Grid, holds, overlap } from './grid.js';
-import { isFilled, shapesOf } from './marks.js';
+import { Grid, holds, middleOf, overlap } from './grid.js';
+import { isFilled, leavesOf, paintOf } from './marks.js';
 
-/** @import {Objects} from './objects.js' */
+/** @import {Box, Objects} from './objects.js' */
 
 const pageLuminance = 0.009;
 // The contrast with the dark page: what WCAG 2 asks for, and as much as there is with white.
@@ -55,26 +55,29 @@ function lightened(parts, white, least) {
     return mixed.map(part => Math.ceil(255 * part).toString(16).padStart(2, '0')).join('');
 }
 
-class Turning {
+export class Turning {
     /** @param {Objects} objects */
     constructor(objects) {
         this.objects = objects;
-        /** @type {SVGGeometryElement[][]} */
+        /** @type {SVGGraphicsElement[][]} */
         this.fills = [];
         for (let i = 0; i < objects.count; ++i) {
             // What an edge has filled is the head of its line, unless it is a square of a matrix.
-            this.fills.push(shapesOf(objects.elements[i]).filter(shape =>
-                isFilled(shape) && (objects.kind(i) !== 'edge' || shape instanceof SVGRectElement)));
+            const hasFills = objects.kind(i) !== 'edge' || objects.engine === 'matrix';
+            this.fills.push(!hasFills ? [] : leavesOf(objects.elements[i]).filter(leaf =>
+                leaf instanceof SVGGeometryElement && isFilled(leaf)));
         }
         this.filled = new Set(this.fills.flat());
         this.grid = new Grid(objects, i => this.fills[i].length > 0);
         /** @type {{child: Element, paint: string, color: string}[]} */
         this.turned = [];
+        /** @type {Set<string>} */
+        this.named = new Set();
     }
 
     /** @param {number} i */
     look(i) {
-        const lost = [...this.objects.elements[i].children].flatMap(child => this.lostOf(i, child));
+        const lost = leavesOf(this.objects.elements[i]).flatMap(child => this.lostOf(i, child));
         const below = lost.length > 0 ? this.fillsBelow(i) : [];
         for (const { child, paint, parts, least } of lost) {
             const place = placeOf(child, below);
@@ -90,18 +93,17 @@ class Turning {
      * What of a text or line would hardly be seen on the page.
      *
      * @param {number} i
-     * @param {Element} element
+     * @param {SVGGraphicsElement} child
      */
-    lostOf(i, element) {
-        const child = /** @type {SVGGeometryElement} */ (element);
-        // The line around a fill stays with it.
-        if (this.filled.has(child))
+    lostOf(i, child) {
+        // The line around a fill stays with it. A text that is out is looked at when it comes.
+        if (this.filled.has(child) || child.matches('.many text:not(.shown)'))
             return [];
         const least = isText(child) ? leastOfTexts : leastOfLines;
         // The fill of a shape stays, also one that things below shine through.
         const paints = isText(child) || this.objects.kind(i) === 'edge' ? ['fill', 'stroke'] : ['stroke'];
         return paints.flatMap(paint => {
-            const parts = partsOf(child.getAttribute(paint));
+            const parts = partsOf(paintOf(child, paint));
             return parts && contrastOf(parts) < least ? [{ child, paint, parts, least }] : [];
         });
     }
@@ -111,43 +113,64 @@ class Turning {
         const box = this.objects.box(i);
         return box ? this.grid.touching(box).filter(j => j <= i).flatMap(j => this.fills[j]) : [];
     }
+
+    /**
+     * Gives a class to what turns of some objects, and each class its colour on a dark page.
+     *
+     * @param {Iterable<number>} list
+     */
+    turn(list) {
+        this.turned = [];
+        for (const i of list)
+            this.look(i);
+        // Changed only now: boxes would have to be found anew after each change.
+        for (const { child, paint, color } of this.turned) {
+            const name = `${paint}-${color}`;
+            child.classList.add(name);
+            if (!this.named.has(name))
+                document.styleSheets[0].insertRule(
+                    `@media screen { [data-theme="dark"] .${name} { ${paint}: #${color} } }`);
+            this.named.add(name);
+        }
+    }
+}
+
+/**
+ * What leads from the drawing to the plane of a part: rich texts have their own.
+ *
+ * @param {SVGGraphicsElement} leaf
+ */
+function planeOf(leaf) {
+    const isRich = !leaf.parentElement?.hasAttribute('data-kind');
+    return isRich && leaf.getCTM()?.inverse() || new DOMMatrix();
+}
+
+/**
+ * @param {SVGGraphicsElement} leaf
+ * @returns {Box} in the drawing
+ */
+function boxOf(leaf) {
+    const { x, y, width, height } = leaf.getBBox();
+    const plane = planeOf(leaf);
+    return { x: x - plane.e, y: y - plane.f, width, height };
 }
 
 /**
  * Whether a text or line lies on the page, on a fill or on both. A text may be larger than its fill.
  *
  * @param {SVGGraphicsElement} child
- * @param {SVGGeometryElement[]} fills
+ * @param {SVGGraphicsElement[]} fills
  */
 function placeOf(child, fills) {
-    const box = child.getBBox();
+    const box = boxOf(child);
     if (isText(child)) {
-        const middle = new DOMPoint(box.x + box.width / 2, box.y + box.height / 2);
-        return fills.some(fill => fill.isPointInFill(middle)) ? 'fill' : 'page';
+        const middle = middleOf(box);
+        const holdsIt = (/** @type {SVGGraphicsElement} */ fill) => fill instanceof SVGGeometryElement
+            && fill.isPointInFill(middle.matrixTransform(planeOf(fill)));
+        return fills.some(holdsIt) ? 'fill' : 'page';
     }
-    const boxes = fills.map(fill => fill.getBBox());
+    const boxes = fills.map(boxOf);
     if (boxes.some(fill => holds(fill, box)))
         return 'fill';
     return boxes.some(fill => overlap(fill, box)) ? 'both' : 'page';
-}
-
-/**
- * Gives a class to all that turns, and each class its colour on a dark page.
- *
- * @param {Objects} objects
- */
-export function turnLines(objects) {
-    const turning = new Turning(objects);
-    for (let i = 0; i < objects.count; ++i)
-        turning.look(i);
-    const [sheet] = document.styleSheets;
-    const named = new Set();
-    // Changed only now: boxes would have to be found anew after each change.
-    for (const { child, paint, color } of turning.turned) {
-        const name = `${paint}-${color}`;
-        child.classList.add(name);
-        if (!named.has(name))
-            sheet.insertRule(`@media screen { [data-theme="dark"] .${name} { ${paint}: #${color} } }`);
-        named.add(name);
-    }
 }

@@ -5,6 +5,7 @@
  */
 
 import { createDrawn, oncePerFrame } from './elements.js';
+import { middleOf } from './grid.js';
 
 /** @import {State} from './state.js' */
 /** @import {Objects, Box} from './objects.js' */
@@ -74,12 +75,44 @@ export function shapesOf(element) {
 }
 
 /**
+ * The texts and shapes of an object itself, those of rich texts as well.
+ *
+ * @param {Element} element
+ * @returns {SVGGraphicsElement[]}
+ */
+export function leavesOf(element) {
+    const leaves = [...element.children].flatMap(child => child.localName !== 'g' ? [child]
+        : child.hasAttribute('data-kind') ? [] : [...child.querySelectorAll(':not(g, defs, defs *)')]);
+    return leaves.filter(leaf => leaf instanceof SVGGraphicsElement);
+}
+
+/**
+ * A paint of a shape or text, which parts of rich texts have from the groups around.
+ *
+ * @param {Element} leaf
+ * @param {string} paint fill or stroke, or its opacity
+ */
+export function paintOf(leaf, paint) {
+    return leaf.closest(`[${paint}]`)?.getAttribute(paint) ?? null;
+}
+
+/**
+ * Whether a shape has a fill that is seen, or one with more than a part.
+ *
+ * @param {Element} shape
+ * @param {number} [opacity]
+ */
+export function isSeen(shape, opacity = 0) {
+    return paintOf(shape, 'fill') !== 'none' && Number(paintOf(shape, 'fill-opacity') ?? 1) > opacity;
+}
+
+/**
  * Whether a shape hides what lies below it; one with half of its fill or less does not.
  *
- * @param {SVGGeometryElement} shape
+ * @param {Element} shape
  */
 export function isFilled(shape) {
-    return shape.getAttribute('fill') !== 'none' && Number(shape.getAttribute('fill-opacity') ?? 1) > 0.5;
+    return isSeen(shape, 0.5);
 }
 
 /** @param {SVGGeometryElement} shape */
@@ -112,7 +145,7 @@ export function anchorOf(objects, i, exact) {
     const box = objects.box(i);
     if (!box)
         return null;
-    const middle = new DOMPoint(box.x + box.width / 2, box.y + box.height / 2);
+    const middle = middleOf(box);
     const shape = exact ? shapesOf(objects.elements[i])[0] : undefined;
     if (!shape || shape instanceof SVGRectElement || shape.isPointInFill(middle))
         return middle;
@@ -141,12 +174,13 @@ export class Veil {
     constructor(layer, drawing, objects, state) {
         for (const name of ['width', 'height', 'viewBox'])
             layer.setAttribute(name, drawing.getAttribute(name) ?? '');
+        layer.classList.toggle('many', drawing.matches('.many'));
         this.layer = layer;
         this.drawing = drawing;
         this.objects = objects;
         /** @type {number[] | null} */
         this.lit = null;
-        state.follow(['turned'], () => this.show(this.lit));
+        state.follow(['turned', 'revealed'], () => this.show(this.lit));
     }
 
     /**

@@ -1,5 +1,6 @@
 /** Dependency matrix: a band along the row and one along the column of the pointer. */
 
+import { middleOf } from './grid.js';
 import { rectOf } from './marks.js';
 
 /** @import {State} from './state.js' */
@@ -26,7 +27,7 @@ export function followMatrix(objects, state, marks) {
         return;
     const boxes = [];
     for (let i = 0; i < objects.count; ++i) {
-        const box = objects.kind(i) === 'edge' ? objects.box(i) : null;
+        const box = objects.ends(i) ? objects.box(i) : null;
         if (box)
             boxes.push(box);
     }
@@ -36,7 +37,8 @@ export function followMatrix(objects, state, marks) {
     const rows = linesOf(boxes.map(box => box.y), Math.min(...boxes.map(box => box.height)));
     const [width, height] = objects.data.size;
     state.follow(['spot', 'pointed'], () => {
-        const spot = state.now.spot ?? middleOf(objects, state.now.pointed);
+        const box = objects.box(state.now.pointed);
+        const spot = state.now.spot ?? (box && middleOf(box));
         const x = spot && lineAt(columns, spot.x);
         const y = spot && lineAt(rows, spot.y);
         const bands = [];
@@ -76,13 +78,4 @@ function linesOf(places, size) {
 function lineAt({ first, last, step, size }, place) {
     const line = first + Math.floor((place - first) / step) * step;
     return line < first || line > last || place > line + Math.max(size, step) ? null : line;
-}
-
-/**
- * @param {Objects} objects
- * @param {number} i
- */
-function middleOf(objects, i) {
-    const box = i < 0 ? null : objects.box(i);
-    return box && { x: box.x + box.width / 2, y: box.y + box.height / 2 };
 }

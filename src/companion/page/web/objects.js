@@ -4,7 +4,8 @@
  */
 
 /**
- * The table as it stands in the page. All lists but `names` have an entry for each object.
+ * The table as it stands in the page. Names of attributes are
+ * told by their places in `names`. Lists of which nothing else is said have an entry for each object.
  *
  * @typedef {object} PageData
  * @property {string} engine empty for a replayed text
@@ -13,7 +14,11 @@
  * @property {number[]} parent
  * @property {(string | 0)[]} label 0 where there is none, or where it is the id
  * @property {string[]} names of attributes
- * @property {((number | string)[] | 0)[]} attributes an index into the names, a value, and so on
+ * @property {(number | string)[]} values of own attributes, packed as unpacked() says
+ * @property {number[]} set of each object
+ * @property {number[][]} sets their defaults, -1 for none, and the names of own attributes
+ * @property {(number | string)[][]} defaults those around them, -1 for none, a name, a value, and so on
+ * @property {(number | string)[]} root what the graph itself was given: a name, a value, and so on
  * @property {Record<string, [number, number]>} ends
  * @property {number[]} [value] of charts
  * @property {number} [total] the sum of all values of a chart, also of what was not drawn
@@ -25,7 +30,8 @@
 /** @typedef {{x: number, y: number, width: number, height: number}} Box */
 
 const empty = /** @type {PageData} */ ({
-    engine: '', size: [0, 0], box: [], parent: [], label: [], names: [], attributes: [], ends: {}, legend: -1,
+    engine: '', size: [0, 0], box: [], parent: [], label: [], names: [], values: [], set: [],
+    sets: [], defaults: [], root: [], ends: {}, legend: -1,
 });
 
 export class Objects {
@@ -37,10 +43,10 @@ export class Objects {
         this.elements = elements;
         this.data = data;
         this.count = data.parent.length;
-        /** @type {Map<Element, number>} */
-        this.places = new Map();
-        for (let i = 0; i < this.count; ++i)
-            this.places.set(elements[i], i);
+        /** @type {Map<Element, number> | null} */
+        this.places = null;
+        /** @type {string[][] | null} */
+        this.values = null;
         /** @type {Map<number, number[]> | null} */
         this.membersOf = null;
         /** @type {Map<number, number[]> | null} */
@@ -63,6 +69,8 @@ export class Objects {
      */
     at(target) {
         const element = target instanceof Element ? target.closest('g[data-kind]') : null;
+        // Made at the first question: each element that a script looks at takes time.
+        this.places ??= new Map(Array.from(this.elements, (one, i) => [one, i]));
         const place = element ? this.places.get(element) : undefined;
         return place === undefined ? -1 : this.whole(place);
     }
@@ -127,14 +135,14 @@ export class Objects {
     }
 
     /**
-     * Null where nothing was drawn.
+     * Null where nothing was drawn, and for no object.
      *
      * @param {number} i
      * @returns {Box | null}
      */
     box(i) {
         const [x, y, width, height] = this.data.box.slice(4 * i, 4 * i + 4);
-        return width < 0 ? null : { x, y, width, height };
+        return width >= 0 ? { x, y, width, height } : null;
     }
 
     /** @param {number} i */
@@ -154,19 +162,57 @@ export class Objects {
         return groups;
     }
 
+    /** The numbers of the defaults of an object and of its own attributes. @param {number} i */
+    setOf(i) {
+        return this.data.sets[this.data.set[i]];
+    }
+
+    /** The values of own attributes of each object, made when they are first asked for. */
+    unpacked() {
+        /** @type {string[]} */
+        const texts = [];
+        /** @type {string[]} */
+        const last = [];
+        let at = 0;
+        return this.data.set.map(set => this.data.sets[set].slice(1).map(name => {
+            const packed = this.data.values[at++];
+            if (typeof packed === 'number')
+                return last[name] = texts[packed];
+            // So many characters are those of the last value of this name.
+            last[name] = (last[name] ?? '').slice(0, packed.charCodeAt(0) - 35) + packed.slice(1);
+            texts.push(last[name]);
+            return last[name];
+        }));
+    }
+
     /**
-     * Names and values, in the order of the input.
+     * Names and values in the order of the input: its own, then those by default, the innermost first.
      *
      * @param {number} i
      * @returns {[string, string][]}
      */
     attributes(i) {
-        const list = this.data.attributes[i] || [];
-        /** @type {[string, string][]} */
-        const pairs = [];
-        for (let k = 0; k + 1 < list.length; k += 2)
-            pairs.push([this.data.names[Number(list[k])], String(list[k + 1])]);
-        return pairs;
+        this.values ??= this.unpacked();
+        const { defaults, names } = this.data;
+        const values = this.values[i];
+        const [first, ...own] = this.setOf(i);
+        /** @type {[number, string][]} */
+        const pairs = own.map((name, k) => [name, values[k]]);
+        for (let at = first; at >= 0; at = Number(defaults[at][0])) {
+            const further = pairsOf(defaults[at].slice(1)).filter(([name]) =>
+                names[name] !== 'label' && !pairs.some(pair => pair[0] === name));
+            pairs.push(...further);
+        }
+        return pairs.map(([name, value]) => [names[name], value]);
+    }
+
+    /**
+     * What the graph itself was given.
+     *
+     * @returns {[string, string][]}
+     */
+    get rootAttributes() {
+        return pairsOf(this.data.root).map(([name, value]) => [this.data.names[name], value]);
     }
 
     /**
@@ -252,23 +298,31 @@ export class Objects {
 }
 
 /**
- * What is wrong with a table, in a sentence; empty if it fits the drawing.
+ * @param {(number | string)[]} list a name, a value, and so on
+ * @returns {[number, string][]}
+ */
+function pairsOf(list) {
+    return list.flatMap((name, k) => k % 2 === 0 ? [[Number(name), String(list[k + 1])]] : []);
+}
+
+/**
+ * What is wrong with a table; empty if it fits the drawing.
  *
  * @param {any} data
  * @param {number} count of elements
  */
 function faultOf(data, count) {
-    const lists = [data?.box, data?.parent, data?.label, data?.names, data?.attributes];
+    const lists = ['box', 'parent', 'label', 'names', 'values', 'set', 'sets', 'defaults', 'root'].map(name => data?.[name]);
     if (!lists.every(Array.isArray) || typeof data.ends !== 'object' || data.ends === null)
-        return 'The table of objects is incomplete.';
-    const sizes = [data.box.length / 4, data.parent.length, data.label.length, data.attributes.length];
+        return 'is incomplete';
+    const sizes = [data.box.length / 4, data.parent.length, data.label.length, data.set.length];
     if (sizes.some(size => size !== count))
-        return `The table of objects does not fit the drawing, which has ${count} objects.`;
+        return `does not fit the drawing, which has ${count} objects`;
     return '';
 }
 
 /**
- * The table and the drawing together. If the table can't be read there is a sentence that says so, and
+ * The table and the drawing together. If the table can't be read there are words that say so, and
  * the drawing has no objects.
  *
  * @param {Element} drawing
@@ -284,7 +338,7 @@ export function readObjects(drawing, text) {
         if (fault === '')
             return { objects: new Objects(elements, data), fault };
     } catch {
-        fault = text === '' ? 'The table of objects is missing.' : 'The table of objects is damaged.';
+        fault = text === '' ? 'is missing' : 'is damaged';
     }
     return { objects: new Objects([], empty), fault };
 }

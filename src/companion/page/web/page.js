@@ -8,6 +8,7 @@ import { followGestures } from './gestures.js';
 import { Pointing } from './pointing.js';
 import { Marks, Veil, outlineOf } from './marks.js';
 import { Dots } from './dots.js';
+import { Texts } from './texts.js';
 import { Panel } from './panel.js';
 import { shareLines } from './chart.js';
 import { Legend } from './legend.js';
@@ -45,14 +46,14 @@ function sizeOf(drawing) {
 }
 
 /**
- * Says in the page that something is not as it should be.
+ * Says in the page that the table is not as it should be.
  *
- * @param {string} sentence empty for nothing
+ * @param {string} fault empty for none
  */
-function tell(sentence) {
+function tell(fault) {
     const notice = part('notice');
-    notice.textContent = sentence === '' ? '' : `${sentence} The drawing can be looked at, but not searched.`;
-    notice.hidden = sentence === '';
+    notice.textContent = `The table of objects ${fault}. The drawing can be looked at, but not searched.`;
+    notice.hidden = fault === '';
 }
 
 /**
@@ -91,6 +92,7 @@ function prepareParts(objects, state, view) {
     followRelations(objects, state, veil, panel);
     followMatrix(objects, state, marks);
     keepHeads(drawnPart('heads'), objects, view, state);
+    new Texts(drawing, objects, view, state);
     const dots = new Dots(/** @type {HTMLCanvasElement} */ (part('dots')), view, state);
     markFound(objects, state, matches, marks, dots);
     outlineWhatIsMeant(objects, state, marks);
@@ -144,7 +146,7 @@ function followClicks(state, view, { legend, trail, search, pointing, roving }) 
         'table-button': () => state.change({ table: !state.now.table }),
     };
     for (const [id, action] of Object.entries(buttons))
-        part(id).addEventListener('click', action);
+        part(id).onclick = action;
     state.follow(['table'], () => part('table-button').setAttribute('aria-pressed', String(state.now.table)));
 }
 
@@ -204,8 +206,8 @@ function openPage() {
     followGestures(part('stage'), view);
     followClicks(state, view, parts);
     const rows = keyRows(state, view, parts);
-    const showHelp = prepareHelp(rows);
-    followKeys([...rows, keyRow('', '', showHelp, ['?'])]);
+    const showHelp = prepareHelp(rows, state);
+    followKeys([...rows, keyRow('', '', showHelp, ['?'])], state);
     followTheme(part('theme'), objects, state);
     mirrorAddress(objects, view, state);
     parts.panel.update();

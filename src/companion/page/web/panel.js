@@ -1,6 +1,6 @@
 /** Tells of one object: the one that was chosen, or else the one under the pointer. */
 
-import { create, createButton } from './elements.js';
+import { create, createButton, entry, figure } from './elements.js';
 import { valueNode } from './links.js';
 
 /** @import {State} from './state.js' */
@@ -46,18 +46,20 @@ export class Panel {
             create('p', {}, this.objects.engine === '' ? '' : `${this.objects.engine}: `, this.counts),
             create('p', { class: 'soft' }, 'Point at an object to read about it, and click to hold it. ',
                    'Press ? for the keys.'),
+            create('dl', {}, ...attributeEntries(this.objects.rootAttributes)),
         ];
     }
 
     /** How many objects there are of each kind. */
     counted() {
-        const counts = new Map([['node', 0], ['edge', 0], ['group', 0]]);
-        for (let i = 0; i < this.objects.count; ++i) {
-            const kind = this.objects.kindName(i);
-            counts.set(kind, (counts.get(kind) ?? 0) + (this.objects.isPiece(i) ? 0 : 1));
-        }
-        return [...counts].filter(([, count]) => count > 0)
-            .map(([kind, count]) => `${count.toLocaleString('en')} ${kind}${count === 1 ? '' : 's'}`).join(', ');
+        const pieces = Object.keys(this.objects.data.same ?? {}).map(piece => this.objects.kind(Number(piece)));
+        const counts = ['node', 'edge', 'cluster'].map(kind => {
+            const elements = this.objects.count && document.querySelectorAll(`#drawing [data-kind=${kind}]`).length;
+            const count = elements - pieces.filter(its => its === kind).length;
+            const name = kind === 'cluster' ? 'group' : kind;
+            return count > 0 ? `${figure(count)} ${name}${count === 1 ? '' : 's'}` : '';
+        });
+        return counts.filter(text => text !== '').join(', ');
     }
 
     /** @param {number} i */
@@ -79,20 +81,16 @@ export class Panel {
     /** @param {number} i */
     list(i) {
         const list = create('dl');
-        const add = (/** @type {string} */ name, /** @type {Node[]} */ ...nodes) =>
-            list.append(create('dt', {}, name), create('dd', {}, ...nodes));
         if (this.objects.id(i) !== '')
-            add('id', document.createTextNode(this.objects.id(i)));
+            list.append(...entry('id', this.objects.id(i)));
         const path = this.objects.path(i);
         if (path.length > 0)
-            add('in', ...path.map(group => this.button(group)));
-        const ends = this.objects.ends(i);
-        ends?.forEach((end, k) => {
+            list.append(...entry('in', ...path.map(group => this.button(group))));
+        this.objects.ends(i)?.forEach((end, k) => {
             if (end >= 0)
-                add(k === 0 ? 'from' : 'to', this.button(end));
+                list.append(...entry(k === 0 ? 'from' : 'to', this.button(end)));
         });
-        for (const [name, value] of this.objects.attributes(i))
-            add(name, valueNode(name, value));
+        list.append(...attributeEntries(this.objects.attributes(i)));
         return list;
     }
 
@@ -120,4 +118,9 @@ export class Panel {
             return [];
         return [create('h3', {}, `${title} (${list.length})`), create('ul', {}, ...items)];
     }
+}
+
+/** @param {[string, string][]} attributes */
+function attributeEntries(attributes) {
+    return attributes.flatMap(([name, value]) => entry(name, valueNode(name, value)));
 }

@@ -23,7 +23,7 @@ export class Roving {
         stage.addEventListener('focusin', event => this.focused(objects.at(event.target)));
         stage.addEventListener('focusout', () => state.change({ pointed: -1, focused: false }));
         state.follow(['chosen'], () => this.stopAt(state.now.chosen));
-        this.stopAt(objects.members(-1)[0] ?? -1);
+        this.stopAt(objects.data.parent.indexOf(-1));
     }
 
     /** @param {number} i */
@@ -80,10 +80,8 @@ export class Roving {
      */
     toSibling(direction) {
         const { current } = this;
-        if (current < 0) {
-            this.moveTo(this.stop);
-            return;
-        }
+        if (current < 0)
+            return this.moveTo(this.stop);
         const siblings = this.objects.members(this.objects.parent(current));
         const next = siblings.indexOf(current) + direction + siblings.length;
         this.moveTo(siblings[next % siblings.length]);
@@ -92,13 +90,10 @@ export class Roving {
     /** To the first object of a group, the first callee of a node, the head of an edge. */
     into() {
         const { current } = this;
-        if (current < 0) {
-            this.moveTo(this.stop);
-            return;
-        }
-        const first = this.objects.members(current)[0] ?? this.objects.ends(current)?.[1]
-            ?? neighboursOf(this.objects, current).callees[0] ?? -1;
-        this.moveTo(first);
+        if (current < 0)
+            return this.moveTo(this.stop);
+        this.moveTo(this.objects.members(current)[0] ?? this.objects.ends(current)?.[1]
+            ?? neighboursOf(this.objects, current).callees[0] ?? -1);
     }
 
     /** To the group around; outside of groups to the tail of an edge, the first caller of a node. */

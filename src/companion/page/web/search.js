@@ -1,6 +1,6 @@
 /** The search field: how many objects are found, the way from one to the next, and their marks. */
 
-import { afterPause } from './elements.js';
+import { afterPause, figure } from './elements.js';
 import { anchorOf, outlineOf } from './marks.js';
 
 /** @import {State} from './state.js' */
@@ -26,8 +26,8 @@ export class Search {
         this.state = state;
         this.matches = matches;
         this.choose = choose;
-        field.addEventListener('input', afterPause(() => state.change({ query: field.value }), typingPause));
-        field.addEventListener('keydown', event => this.keyPressed(event));
+        field.oninput = afterPause(() => state.change({ query: field.value }), typingPause);
+        field.onkeydown = event => this.keyPressed(event);
         state.follow(['query', 'chosen'], () => {
             if (document.activeElement !== field)
                 field.value = state.now.query;
@@ -58,8 +58,8 @@ export class Search {
         if (query.trim() === '')
             return '';
         const place = found.indexOf(chosen);
-        return place < 0 ? `${found.length.toLocaleString('en')} found`
-            : `${(place + 1).toLocaleString('en')} of ${found.length.toLocaleString('en')}`;
+        return place < 0 ? `${figure(found.length)} found`
+            : `${figure(place + 1)} of ${figure(found.length)}`;
     }
 
     /**

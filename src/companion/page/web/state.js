@@ -23,7 +23,9 @@
  * @property {string} color fill of the objects that a legend lights, empty for none
  * @property {boolean} table whether the table stands in the place of the drawing
  * @property {string} theme auto, light or dark
- * @property {boolean} turned whether lines and texts have been made ready for a dark page
+ * @property {string} keys off if those of one character do nothing, else empty
+ * @property {number} turned how often lines and texts have been made ready for a dark page
+ * @property {number[]} revealed objects some texts of which have just come, of a drawing with many
  */
 
 /** @type {Values} */
@@ -39,7 +41,9 @@ const initialValues = {
     color: '',
     table: false,
     theme: 'auto',
-    turned: false,
+    keys: '',
+    turned: 0,
+    revealed: [],
 };
 
 export class State {

@@ -3,7 +3,7 @@
  * search finds, or everything, and has pages, so that it stays quick however many objects there are.
  */
 
-import { create, createButton } from './elements.js';
+import { create, createButton, figure } from './elements.js';
 import { columnsOf } from './columns.js';
 import { valueNode } from './links.js';
 
@@ -87,8 +87,8 @@ export class Table {
         const rows = this.rows.slice(first, first + rowsOfPage);
         const last = first + rows.length;
         const told = this.rows.length === 0 ? 'No objects'
-            : `Objects ${(first + 1).toLocaleString('en')} to ${last.toLocaleString('en')}`
-                + ` of ${this.rows.length.toLocaleString('en')}`;
+            : `Objects ${figure(first + 1)} to ${figure(last)}`
+                + ` of ${figure(this.rows.length)}`;
         this.section.replaceChildren(
             this.turner(told),
             create('table', {}, create('caption', { class: 'unseen' }, 'Objects of the drawing'), this.head(),

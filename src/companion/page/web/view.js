@@ -4,6 +4,7 @@
  */
 
 import { oncePerFrame } from './elements.js';
+import { middleOf } from './grid.js';
 
 /** @import {State, Place} from './state.js' */
 /** @import {Box} from './objects.js' */
@@ -48,6 +49,13 @@ export class View {
         return this.bounds.height / 2 - y * scale;
     }
 
+    /** What of the drawing's plane is to be seen. */
+    get area() {
+        const { scale } = this.state.now.view;
+        const { width, height } = this.bounds;
+        return { x: -this.left / scale, y: -this.top / scale, width: width / scale, height: height / scale };
+    }
+
     resized() {
         this.bounds = this.stage.getBoundingClientRect();
         const { fitted, view } = this.state.now;
@@ -79,7 +87,8 @@ export class View {
         const across = (this.bounds.width - 2 * border) / Math.max(box.width, 1);
         const down = (this.bounds.height - 2 * border) / Math.max(box.height, 1);
         const scale = this.allowed(Math.min(across, down, most));
-        return { x: box.x + box.width / 2, y: box.y + box.height / 2, scale };
+        const { x, y } = middleOf(box);
+        return { x, y, scale };
     }
 
     /** @param {number} scale */
@@ -123,9 +132,9 @@ export class View {
         const { width, height } = this.bounds;
         if (readable && isWithin(x, box.width * scale, width) && isWithin(y, box.height * scale, height))
             return;
-        const centre = { x: box.x + box.width / 2, y: box.y + box.height / 2 };
         const wanted = readable ? scale : 24 / Math.max(box.width, box.height, 1);
-        this.flyTo({ ...centre, scale: this.allowed(wanted) });
+        const centre = middleOf(box);
+        this.flyTo({ x: centre.x, y: centre.y, scale: this.allowed(wanted) });
     }
 
     /**

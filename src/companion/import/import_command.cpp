@@ -1,0 +1,336 @@
+#include "companion/import/import_command.h"
+
+#include "companion/command/command_line.h"
+#include "companion/command/streams.h"
+#include "companion/findings/nearest_word.h"
+#include "companion/import/import_format.h"
+#include "companion/import/import_output.h"
+#include "drawing/environment.h"
+#include "drawing/sudden_end.h"
+#include "drawing/toolkit.h"
+#include "graph/message_text.h"
+#include "output/files/file_name.h"
+#include "output/output.h"
+
+#include <algorithm>
+#include <filesystem>
+
+using namespace Qt::StringLiterals;
+
+namespace ORR::Companion {
+
+namespace {
+
+namespace Files = std::filesystem;
+
+constexpr char sentence[] = "Make a graph, or a drawing, of what another tool wrote.";
+constexpr char examples[] = "The formats, with their engines and options: orr import --formats\n\n"
+                            "Examples:\n"
+                            "  du -ab src | orr import du -o sizes.svg\n"
+                            "  orr import lcov coverage.info -o coverage.html";
+
+struct Asked
+{
+    std::string format;
+    std::vector<std::string> files;
+    std::string output = "-";
+    std::string engine;
+    std::string size = "1200x800";
+    int most = 2000;
+    std::string title;
+    ImportOptions options;
+    bool listsFormats = false;
+};
+
+// The two numbers of "1200x800"; nothing if it is something else.
+std::optional<std::pair<double, double>> sizeOf(const std::string &text)
+{
+    const QStringList parts = QString::fromStdString(text).split(u'x');
+    bool isWidth = false;
+    bool isHeight = false;
+    const int width = parts.first().toInt(&isWidth);
+    const int height = parts.last().toInt(&isHeight);
+    constexpr int least = 100;
+    constexpr int greatest = 100'000;
+    if (parts.size() != 2 || !isWidth || !isHeight || std::min(width, height) < least
+        || std::max(width, height) > greatest)
+        return std::nullopt;
+    return std::pair<double, double>(width, height);
+}
+
+QString sizeFault(const std::string &value)
+{
+    return sizeOf(value) ? QString()
+                         : u"has to be WIDTHxHEIGHT in points, 100 to 100000 each, like 1200x800"_s;
+}
+
+std::optional<int> readArguments(const CommandCall &call, Asked *asked)
+{
+    CommandLine line(call, sentence, examples);
+    ImportOptions &own = asked->options;
+    line.setName("orr import FORMAT");
+    line.keepHelpShort();
+    line.add({"-o", "A graph (.dot), a drawing (by its suffix) or a page (.html)", "FILE"},
+             &asked->output);
+    line.add({"-K", "Engine; else the best one for the format", "ENGINE"}, &asked->engine);
+    line.add({"--size", "The page, in points; 1200x800", "WxH", sizeFault}, &asked->size);
+    line.add(
+        {"--max", "Things drawn, smaller ones together; 2000", "N", isWholeNumber(1, 1'000'000)},
+        &asked->most);
+    line.add({"--title", "Else what the data is called", "TITLE"}, &asked->title);
+    line.add({"--by", "What is counted by, of some formats", "WORD"}, &own.by);
+    line.add({"--layout", "Of dot: dot, neato, fdp, circo or kept", "NAME"}, &own.layout);
+    line.add({"--path", "Of csv: these are columns, by name or number", "COLUMN"}, &own.path);
+    line.add({"--area", "", "COLUMN"}, &own.area);
+    line.add({"--color", "", "COLUMN"}, &own.color);
+    line.add({"--separator", "Of csv: between columns, else found", "C"}, &own.separator);
+    line.addFlag({"--formats", "List the formats"}, &asked->listsFormats);
+    line.add({"FORMAT", "What the input is"}, &asked->format);
+    line.add({"FILE", "Inputs; - or none for standard input"}, &asked->files);
+    return line.read();
+}
+
+QStringList words(const char *text)
+{
+    return QString::fromLatin1(text).split(u' ', Qt::SkipEmptyParts);
+}
+
+int listFormats(const CommandCall &call)
+{
+    QByteArray list;
+    for (const ImportFormat &format : importFormats()) {
+        list += QByteArray(format.name).leftJustified(10) + format.origin + '\n';
+        list += QByteArray(10, ' ') + "drawn as " + words(format.engines).join(u", "_s).toUtf8();
+        if (*format.area)
+            list += QByteArray("; area: ") + format.area;
+        if (*format.color)
+            list += QByteArray("; colour: ") + format.color;
+        if (*format.options)
+            list += QByteArray("; takes ") + words(format.options).join(u", "_s).toUtf8();
+        list += '\n';
+    }
+    return print(call, list) ? AllWell : WrongUse;
+}
+
+// Of a file that was given where a format belongs, too.
+std::string unknownFormat(const std::string &name)
+{
+    std::error_code ignored;
+    if (Files::is_regular_file(name, ignored)) {
+        ImportSource source(name);
+        if (const ImportFormat *const likely = likelyFormat(source.beginning()))
+            return '\'' + name + "' is no format but looks like " + likely->name + ": try '"
+                + likely->name + ' ' + name + '\'';
+    }
+    QStringList names;
+    for (const ImportFormat &format : importFormats())
+        names += QString::fromLatin1(format.name);
+    const QString meant = didYouMean(QString::fromStdString(name), names);
+    return "there is no format '" + name + "'; "
+        + (meant.isEmpty() ? "the formats are " + names.join(u", "_s).toStdString()
+                           : meant.toStdString());
+}
+
+// An option that belongs to other formats; empty if there is none.
+std::string strangeOption(const ImportOptions &options, const ImportFormat &format)
+{
+    const std::pair<const char *, const std::string &> all[] = {
+        {"--layout", options.layout}, {"--by", options.by},
+        {"--path", options.path},     {"--area", options.area},
+        {"--color", options.color},   {"--separator", options.separator},
+    };
+    for (const auto &[name, value] : all) {
+        if (!value.empty() && !words(format.options).contains(QLatin1StringView(name)))
+            return std::string(name) + " is no option of " + format.name;
+    }
+    return {};
+}
+
+// What is wrong with the call; empty if nothing is.
+std::string contradiction(const Asked &asked, const ImportFormat *format)
+{
+    if (asked.format.empty())
+        return "a format is missing";
+    if (!format)
+        return unknownFormat(asked.format);
+    const QStringList engines = words(format->engines);
+    const QString engine = QString::fromStdString(asked.engine).toLower();
+    if (!engine.isEmpty() && !engines.contains(engine))
+        return asked.format + " is drawn as " + engines.join(u", "_s).toStdString() + ", not as '"
+            + asked.engine + '\'';
+    if (importTarget(asked.output) == ImportTarget::Unknown)
+        return '\'' + asked.output + "' ends in none of " + importSuffixes();
+    std::error_code ignored;
+    for (const std::string &file : asked.files) {
+        if (file != "-" && asked.output != "-" && Files::equivalent(file, asked.output, ignored))
+            return '\'' + asked.output + "' is an input and would be written over";
+    }
+    return strangeOption(asked.options, *format);
+}
+
+std::string shown(const std::string &source)
+{
+    return source == "-" ? "standard input" : source;
+}
+
+// "coverage.info:12: " or "tags.json: byte 120 ($.a[3]): ".
+std::string shown(const ImportPlace &place)
+{
+    if (place.source.empty())
+        return {};
+    std::string text = shown(place.source);
+    if (place.line > 0)
+        text += ':' + std::to_string(place.line);
+    if (place.offset >= 0)
+        text += ": byte " + std::to_string(place.offset);
+    if (!place.path.isEmpty())
+        text += " (" + place.path.toStdString() + ')';
+    return text + ": ";
+}
+
+void tellOf(const CommandCall &call, const ImportFault &fault)
+{
+    tell(call.name + ": " + shown(fault.place)
+         + Graph::printableMessage(fault.sentence).toStdString() + '\n');
+}
+
+// An input that is not of the format that was asked for, and what it looks like.
+struct Misfit
+{
+    std::string source;
+    const ImportFormat *likely;
+};
+
+// Any text may be a table: so much has to speak for the other format.
+constexpr int surelyAlike = 80;
+
+std::optional<Misfit> misfitOf(std::vector<ImportSource> &sources, const ImportFormat &format)
+{
+    for (ImportSource &source : sources) {
+        if (source.isFolder())
+            continue; // some formats look for their files in it
+        const QByteArrayView beginning = source.beginning();
+        const ImportFormat *const likely = likelyFormat(beginning);
+        if (likely && likely != &format && format.likeness(beginning) == 0
+            && likely->likeness(beginning) >= surelyAlike)
+            return Misfit{source.name(), likely};
+    }
+    return std::nullopt;
+}
+
+bool startDrawing(const CommandCall &call)
+{
+    Drawing::startToolkit("orr");
+    Drawing::startApplication(u"orrlayout"_s);
+    const QString fault = Drawing::fontFault();
+    if (!fault.isEmpty())
+        tell(call.name + ": " + fault.trimmed().toStdString() + '\n');
+    return fault.isEmpty();
+}
+
+int write(const CommandCall &call, const std::string &output, const QByteArray &bytes)
+{
+    if (output == "-")
+        return print(call, bytes) ? AllWell : WrongUse;
+    if (Graph::writeOutput(Graph::fileNameText(QByteArray::fromStdString(output)), bytes))
+        return AllWell;
+    tell(call.name + ": '" + output + "' can't be written\n");
+    return WrongUse;
+}
+
+PictureRequest requestOf(const Asked &asked, const ImportFormat &format)
+{
+    const auto [width, height] = *sizeOf(asked.size);
+    const QString engine = QString::fromStdString(asked.engine).toLower();
+    return {.engine = engine.isEmpty() ? words(format.engines).first() : engine,
+            .width = width,
+            .height = height,
+            .most = asked.most,
+            .title = QString::fromStdString(asked.title)};
+}
+
+// Opens all; the status to end with if that is not possible.
+std::optional<int> open(const CommandCall &call, const std::vector<std::string> &files,
+                        std::vector<ImportSource> *sources)
+{
+    for (const std::string &file : files) {
+        if (file == "-" && !call.hasInput) {
+            tell(call.name + ": standard input can't be read: it is closed\n");
+            return WrongUse;
+        }
+        sources->emplace_back(file);
+        if (const std::string fault = sources->back().fault(); !fault.empty()) {
+            std::string message = call.name;
+            message.append(": '").append(file).append("' can't be read: ").append(fault);
+            tell(message.append("\n"));
+            return WrongUse;
+        }
+    }
+    return std::nullopt;
+}
+
+int import(const CommandCall &call, const Asked &asked, const ImportFormat &format,
+           std::vector<ImportSource> &sources)
+{
+    const PictureRequest request = requestOf(asked, format);
+    ImportOptions options = asked.options;
+    options.engine = request.engine;
+    const ImportResult result = format.read(sources, options);
+    for (const ImportSource &source : sources) {
+        if (!source.fault().empty()) {
+            tell(call.name + ": " + shown(source.name()) + " can't be read: " + source.fault()
+                 + '\n');
+            return WrongUse;
+        }
+    }
+    for (const ImportFault &note : result.notes)
+        tellOf(call, note);
+    if (result.fault || !result.picture) {
+        tellOf(call, result.fault.value_or(ImportFault{{}, u"there is nothing to draw"_s}));
+        return Failed;
+    }
+    const WrittenGraph graph = result.picture->write(request);
+    for (const QString &note : graph.notes)
+        tell(call.name + ": " + Graph::printableMessage(note).toStdString() + '\n');
+    const ImportedBytes made = importedBytes(graph, request, asked.output);
+    if (made.bytes.isEmpty()) {
+        tell(call.name + ": " + Graph::printableMessage(made.fault).toStdString() + '\n');
+        return Failed;
+    }
+    return write(call, asked.output, made.bytes);
+}
+
+} // namespace
+
+int runImport(const CommandCall &call)
+{
+    Asked asked;
+    if (const std::optional<int> status = readArguments(call, &asked))
+        return *status;
+    if (asked.listsFormats)
+        return listFormats(call);
+    const ImportFormat *const format = importFormat(QString::fromStdString(asked.format));
+    const std::string wrong = contradiction(asked, format);
+    if (!wrong.empty())
+        return wrongUse(call, wrong);
+    if (asked.files.empty())
+        asked.files.emplace_back("-");
+    Drawing::prepareForSuddenEnd();
+    Drawing::prepareToolkit();
+    CommandCall inner = call;
+    inner.name += std::string(" ") + format->name;
+    std::vector<ImportSource> sources;
+    if (const std::optional<int> status = open(inner, asked.files, &sources))
+        return *status;
+    if (const std::optional<Misfit> misfit = misfitOf(sources, *format)) {
+        const std::string likely = misfit->likely->name;
+        tell(inner.name + ": " + shown(misfit->source) + " looks like " + likely + "; try '"
+             + call.name + ' ' + likely + "'\n");
+        return Failed;
+    }
+    if (!startDrawing(inner))
+        return Failed;
+    return import(inner, asked, *format, sources);
+}
+
+} // namespace ORR::Companion

@@ -1,0 +1,144 @@
+#include "companion/produce/slot_tree.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace ORR::Companion {
+
+namespace {
+
+void addSaturated(double *sum, double value)
+{
+    *sum = std::min(std::numeric_limits<double>::max(), *sum + value);
+}
+
+} // namespace
+
+SlotTree::SlotTree(const WeightTree &weights, bool ownAsChildren) : tree(weights)
+{
+    firstOwn = Slot(tree.size());
+    sumUp();
+    if (ownAsChildren)
+        addOwnSlots();
+    findRoot();
+    joinChains();
+}
+
+// The children of a tree are made after what they are in.
+void SlotTree::sumUp()
+{
+    sums.resize(tree.size());
+    members.fill(0, tree.size());
+    for (Slot slot = 0; slot < tree.size(); ++slot)
+        sums[slot] = {tree.ownWeight(slot), tree.part(slot), tree.whole(slot)};
+    for (Slot slot = Slot(tree.size()) - 1; slot > 0; --slot) {
+        const Sum &sum = sums.at(slot);
+        Sum &parent = sums[tree.parent(slot)];
+        addSaturated(&parent.weight, sum.weight);
+        addSaturated(&parent.part, sum.part);
+        addSaturated(&parent.whole, sum.whole);
+        members[tree.parent(slot)] += sum.weight > 0;
+    }
+}
+
+void SlotTree::addOwnSlots()
+{
+    for (WeightTree::Item item = 0; item < tree.size(); ++item) {
+        if (tree.ownWeight(item) <= 0 || members.at(item) == 0)
+            continue;
+        owners.append(item);
+        sums.append({tree.ownWeight(item), tree.part(item), tree.whole(item)});
+        members.append(0);
+        ++members[item];
+    }
+}
+
+double SlotTree::ownWeight(Slot slot) const
+{
+    const WeightTree::Item item = itemOf(slot);
+    const bool hasOwnSlot = !owners.isEmpty() && !isOwn(slot) && members[slot] > 0;
+    return hasOwnSlot ? 0 : tree.ownWeight(item);
+}
+
+bool SlotTree::isLink(Slot slot) const
+{
+    return slot != top && members[slot] == 1 && tree.ownWeight(itemOf(slot)) <= 0;
+}
+
+void SlotTree::findRoot()
+{
+    top = -1; // so that the root of the tree may be a link, too
+    Slot slot = WeightTree::root;
+    while (isLink(slot)) {
+        WeightTree::Item child = tree.firstChild(slot);
+        while (sums.at(child).weight <= 0)
+            child = tree.nextSibling(child);
+        if (members.at(child) == 0)
+            break;
+        slot = child;
+    }
+    top = slot;
+}
+
+void SlotTree::joinChains()
+{
+    above.fill(-1, size());
+    for (Slot slot = 1; slot < size(); ++slot) {
+        const Slot parent = parentOf(slot);
+        above[slot] = isLink(parent) ? above.at(parent) : parent;
+    }
+}
+
+bool SlotTree::isShownAtAll(Slot slot) const
+{
+    return slot != top && above[slot] >= 0 && sums[slot].weight > 0 && !isLink(slot);
+}
+
+void SlotTree::keep(qint64 most, double least)
+{
+    kept.fill(false, size());
+    open.fill(false, size());
+    QList<qint32> left(size(), 0); // of the slots right in one, those that are not kept
+    QList<Slot> slots;
+    for (Slot slot = 0; slot < size(); ++slot) {
+        if (!isShownAtAll(slot))
+            continue;
+        slots.append(slot);
+        ++left[above.at(slot)];
+    }
+    const qsizetype sorted = std::min<qint64>(slots.size(), std::max<qint64>(most, 1));
+    std::partial_sort(slots.begin(), slots.begin() + sorted, slots.end(), [this](Slot a, Slot b) {
+        const double first = sums.at(a).weight;
+        const double second = sums.at(b).weight;
+        return first != second ? first > second : a < b;
+    });
+
+    // What is folded counts, too; the more is kept of one slot's members, the less.
+    QList<qint32> rest = left;
+    qsizetype best = std::min<qsizetype>(sorted, 1);
+    qint64 others = 0;
+    for (qsizetype i = 0; i < sorted; ++i) {
+        const Slot parent = above.at(slots.at(i));
+        if (i > 0 && sums.at(slots.at(i)).weight < least)
+            break;
+        const bool wasOpen = rest.at(parent) < left.at(parent);
+        --rest[parent];
+        others += (rest.at(parent) > 0) - (wasOpen ? 1 : 0);
+        if (i + 1 + others <= most)
+            best = i + 1;
+    }
+    for (qsizetype i = 0; i < best; ++i) {
+        const Slot parent = above.at(slots.at(i));
+        kept[slots.at(i)] = true;
+        open[parent] = true;
+        --left[parent];
+    }
+    // One alone is no others.
+    for (const Slot slot : std::as_const(slots)) {
+        const Slot parent = above.at(slot);
+        if (!kept.at(slot) && open.at(parent) && left.at(parent) == 1)
+            kept[slot] = true;
+    }
+}
+
+} // namespace ORR::Companion

@@ -1,0 +1,185 @@
+#include "companion/import/deps_import.h"
+
+#include "companion/import/deps_lists.h"
+#include "companion/produce/dependency_picture.h"
+#include "import/imported.h"
+
+#include <gtest/gtest.h>
+
+using namespace ORR::Companion;
+
+namespace {
+
+const Dependencies &dependenciesOf(const ImportResult &result)
+{
+    return static_cast<const DependencyPicture &>(*result.picture).dependencies();
+}
+
+// "tail > head x weight", sorted.
+QStringList needsIn(const ImportResult &result)
+{
+    QStringList needs;
+    const Dependencies &dependencies = dependenciesOf(result);
+    for (const Dependencies::Edge &edge : dependencies.edges())
+        needs.append(QStringLiteral("%1 > %2 x %3")
+                         .arg(dependencies.path(edge.tail), dependencies.path(edge.head))
+                         .arg(edge.weight));
+    needs.sort();
+    return needs;
+}
+
+} // namespace
+
+TEST(DepsLine, is_two_names_and_maybe_a_number)
+{
+    struct Case
+    {
+        const char *line, *tail, *head;
+        double weight;
+    };
+    for (const Case &expected :
+         {Case{"a -> b", "a", "b", 1}, Case{"a b -> c d;", "a b", "c d", 1},
+          Case{"a\tb c\t3", "a", "b c", 3}, Case{"a b 2.5", "a", "b", 2.5},
+          Case{"\"a b\" c", "a b", "c", 1}, Case{"\"a\" -> \"b -> c\" 7", "a", "b -> c", 7},
+          Case{"a\tb\t1e999", "a", "b", 1.7976931348623157e308}}) {
+        DepsLine read;
+        ASSERT_TRUE(readDepsLine(expected.line, &read)) << expected.line;
+        EXPECT_EQ(read.tail, expected.tail) << expected.line;
+        EXPECT_EQ(read.head, expected.head) << expected.line;
+        EXPECT_EQ(read.weight, expected.weight) << expected.line;
+    }
+}
+
+TEST(DepsLine, is_nothing_else)
+{
+    for (const char *line : {"a", "a -> ", " -> b", "a b c", "a b -1", "a b nan", "\"\" b"}) {
+        DepsLine read;
+        EXPECT_FALSE(readDepsLine(line, &read)) << line;
+    }
+}
+
+TEST(DepsImport, reads_lists)
+{
+    const auto result = importedBytes("deps", "# who\na/x -> b\n\na/x -> b\r\nb -> c\n");
+    ASSERT_TRUE(result.picture) << faultOf(result).toStdString();
+    EXPECT_EQ(needsIn(result), (QStringList{"a/x > b x 2", "b > c x 1"}));
+}
+
+TEST(DepsImport, tells_the_line_that_is_broken)
+{
+    const auto result = importedBytes("deps", "a -> b\nrubbish\n");
+    EXPECT_FALSE(result.picture);
+    ASSERT_TRUE(result.fault);
+    EXPECT_EQ(result.fault->place.line, 2);
+    EXPECT_TRUE(faultOf(result).startsWith("'rubbish' is no dependency")) << faultOf(result).data();
+}
+
+TEST(DepsImport, reads_npm_locks_with_the_copy_that_each_package_gets)
+{
+    const auto result = importedFile("deps", "deps/package-lock.json");
+    ASSERT_TRUE(result.picture) << faultOf(result).toStdString();
+    const QStringList needs = needsIn(result);
+    EXPECT_TRUE(needs.contains("ex > express x 1"));
+    EXPECT_TRUE(needs.contains("debug > ms x 1"));
+    EXPECT_TRUE(needs.contains("send > ms 2.1.3 x 1")) << needs.join('\n').toStdString();
+    EXPECT_TRUE(result.notes.isEmpty());
+}
+
+TEST(DepsImport, refuses_locks_of_the_first_version)
+{
+    const auto result = importedBytes("deps", R"({"lockfileVersion": 1, "dependencies": {}})");
+    EXPECT_TRUE(faultOf(result).contains("lockfileVersion 2"));
+}
+
+TEST(DepsImport, reads_what_cargo_resolved)
+{
+    const auto result = importedFile("deps", "deps/cargo.json");
+    ASSERT_TRUE(result.picture) << faultOf(result).toStdString();
+    EXPECT_EQ(needsIn(result),
+              (QStringList{"workspace/counts > workspace/lines x 1",
+                           "workspace/counts > workspace/words x 1",
+                           "workspace/report > workspace/counts x 1",
+                           "workspace/report > workspace/words x 1",
+                           "workspace/words > workspace/lines x 1"}));
+}
+
+TEST(DepsImport, reads_the_rules_beside_the_objects_of_a_build)
+{
+    const auto result = importedFile("deps", "deps/shapes");
+    ASSERT_TRUE(result.picture) << faultOf(result).toStdString();
+    const QStringList needs = needsIn(result);
+    EXPECT_TRUE(needs.contains("tmp/shapes/draw/svg.cpp > tmp/shapes/base/files.h x 1"))
+        << needs.join('\n').toStdString();
+    EXPECT_FALSE(needs.join(' ').contains("/usr/"));
+    EXPECT_EQ(dependenciesOf(result).thingCount(), 12);
+}
+
+TEST(DepsImport, reads_targets_of_the_file_api)
+{
+    const auto result = importedFile("deps", "deps/shapes", {.by = "targets"});
+    ASSERT_TRUE(result.picture) << faultOf(result).toStdString();
+    EXPECT_TRUE(needsIn(result).contains("app/show > draw/svg x 1"));
+    ASSERT_EQ(result.notes.size(), 1);
+    EXPECT_EQ(result.notes[0].sentence, u"1 targets that only run commands are left out");
+}
+
+TEST(DepsImport, reads_what_ninja_keeps)
+{
+    const auto result = importedFile("deps", "deps/includes.deps");
+    ASSERT_TRUE(result.picture) << faultOf(result).toStdString();
+    EXPECT_TRUE(needsIn(result).contains("src/output/svg.cpp > src/output/svg.h x 1"));
+}
+
+TEST(DepsImport, reads_rules_with_escapes)
+{
+    const auto result = importedBytes("deps", "a.o: a\\ b.c \\\n  h$$.h \\\r\n /usr/include/x.h\n");
+    ASSERT_TRUE(result.picture) << faultOf(result).toStdString();
+    EXPECT_EQ(needsIn(result), (QStringList{"a b.c > h$.h x 1"}));
+}
+
+TEST(DepsImport, tells_what_json_is_none_of)
+{
+    EXPECT_TRUE(faultOf(importedBytes("deps", "{\"a\": 1}")).startsWith("this is none of: "));
+    const auto broken = importedBytes("deps", "{\"a\": ");
+    ASSERT_TRUE(broken.fault);
+    EXPECT_GE(broken.fault->place.offset, 0);
+}
+
+TEST(DepsImport, tells_commands_without_rules)
+{
+    const auto result = importedBytes(
+        "deps", R"([{"directory": "/nowhere", "file": "a.c", "command": "cc -c a.c -o a.o"}])");
+    EXPECT_TRUE(faultOf(result).contains("ninja -t deps"));
+}
+
+TEST(DepsImport, is_told_by_its_look)
+{
+    for (const char *name : {"deps/package-lock.json", "deps/cargo.json", "deps/includes.deps",
+                             "deps/shapes/compile_commands.json"})
+        EXPECT_GT(likenessOfDeps(importDataBytes(name)), 50) << name;
+    EXPECT_GT(likenessOfDeps("a -> b\nb -> c\n"), 50);
+    EXPECT_EQ(likenessOfDeps("main;draw;fill 12\n"), 0);
+    EXPECT_EQ(likenessOfDeps("digraph { a -> b }"), 0);
+}
+
+TEST(DepsImport, ends_no_process_whatever_it_reads)
+{
+    EXPECT_GT(readBrokenImports("deps", "matrix", importDataBytes("deps/cargo.json")), 100);
+    readBrokenImports("deps", "gftree", importDataBytes("deps/includes.deps").first(3000));
+    readBrokenImports("deps", "matrix", importDataBytes("deps/package-lock.json").first(4000));
+    EXPECT_GT(readBrokenImports("deps", "matrix", "a -> b\nc/d -> e\nx\ty\t12\n"), 0);
+}
+
+TEST(DepsImport, keeps_the_page_with_what_tools_wrote)
+{
+    for (const char *name : {"deps/package-lock.json", "deps/includes.deps"}) {
+        for (const char *engine : {"matrix", "gftree"}) {
+            const auto result = importedFile("deps", name);
+            ASSERT_TRUE(result.picture);
+            const auto drawn = drawnImport(*result.picture, engine);
+            EXPECT_TRUE(drawn.size.isValid()) << name << engine;
+            EXPECT_LE(drawn.size.width(), 1200) << name << engine;
+            EXPECT_LE(drawn.size.height(), 800) << name << engine;
+        }
+    }
+}

@@ -1,0 +1,203 @@
+#include "companion/import/dot_import.h"
+
+#include "companion/import/foreign_graph.h"
+#include "companion/import/foreign_looks.h"
+#include "companion/import/laid_out_graph.h"
+#include "companion/produce/dependency_picture.h"
+#include "drawing/job.h"
+#include "import/imported.h"
+
+#include <gtest/gtest.h>
+
+#include <QStandardPaths>
+
+using namespace ORR::Companion;
+
+namespace {
+
+const Dependencies &edgesOf(const ImportResult &result)
+{
+    return static_cast<const DependencyPicture &>(*result.picture).dependencies();
+}
+
+QStringList labelsIn(const ImportResult &result)
+{
+    QStringList labels;
+    const Dependencies &all = edgesOf(result);
+    for (Dependencies::Item item = 1; item < all.items().size(); ++item)
+        labels.append(all.label(item));
+    return labels;
+}
+
+} // namespace
+
+TEST(DotImport, reads_what_the_dialect_refuses)
+{
+    const auto result = importedBytes("dot", R"(// a comment
+strict graph "g" {
+  a:port:n -- b -- { c d }; a -- b
+  subgraph cluster_x { label="The group"; e [label=<<b>bold</b> text<br/>below &lt;1&gt;>] }
+  f [shape=record label="{<in> one|two}" + "|three"]; h [label="\N of \G\lleft"]
+})");
+    ASSERT_TRUE(result.picture) << faultOf(result).toStdString();
+    EXPECT_EQ(edgesOf(result).edges().size(), 3);
+    const QStringList labels = labelsIn(result);
+    for (const char *label :
+         {"The group", "bold text\nbelow <1>", "one\ntwo\nthree", "h of g\nleft"})
+        EXPECT_TRUE(labels.contains(QString::fromLatin1(label)))
+            << label << " is not in " << labels.join(u'|').toStdString();
+    ASSERT_EQ(result.notes.size(), 1);
+    EXPECT_TRUE(result.notes[0].sentence.startsWith(u"the graph has no directions"));
+}
+
+TEST(DotImport, maps_looks)
+{
+    const auto result = importedBytes(
+        "dot",
+        "digraph { a [shape=doublecircle style=filled color=lightblue1 fontcolor=\"0,1,1\"] }");
+    ASSERT_TRUE(result.picture);
+    const ThingLook look = edgesOf(result).look(1);
+    EXPECT_EQ(look.shape, u"oval");
+    EXPECT_TRUE(look.twoLines);
+    EXPECT_EQ(look.fill, u"#add8e6");
+    EXPECT_EQ(look.letters, u"#ff0000");
+}
+
+TEST(DotImport, knows_colours)
+{
+    EXPECT_EQ(foreignColor("transparent"), u"none");
+    EXPECT_EQ(foreignColor("red:blue;0.5"), u"#ff0000");
+    EXPECT_EQ(foreignColor("/blues9/navy"), u"#000080");
+    EXPECT_EQ(foreignColor("#12345678"), u"#12345678");
+    EXPECT_EQ(foreignColor("nonsense"), u"");
+    EXPECT_EQ(foreignColor("9 9"), u"");
+}
+
+TEST(DotImport, tells_the_line_of_a_fault)
+{
+    const auto result = importedBytes("dot", "digraph {\n a -> ;\n}");
+    ASSERT_TRUE(result.fault);
+    EXPECT_EQ(result.fault->place.line, 2);
+    EXPECT_EQ(faultOf(result), "this is no DOT: syntax error in line 2 near ';'");
+}
+
+TEST(DotImport, refuses_what_the_library_would_not_survive)
+{
+    const QByteArray deep = "digraph {" + QByteArray("subgraph {").repeated(100'000)
+        + QByteArray("}").repeated(100'001);
+    EXPECT_EQ(faultOf(importedBytes("dot", deep)),
+              "braces or HTML are nested deeper than 1000 levels");
+    EXPECT_EQ(faultOf(importedBytes("dot", QByteArray("digraph { a\0 }", 14))),
+              "this is no DOT: there is a NUL byte in it");
+    EXPECT_EQ(
+        faultOf(importedBytes("dot", "digraph { a [label=\"" + QByteArray(1 << 21, 'x') + "\"] }")),
+        "a string is longer than a megabyte");
+    EXPECT_TRUE(importedBytes("dot", "digraph { a [label=\"{{{{\"] /* {{ */ }").picture);
+}
+
+TEST(DotImport, reads_nine_hundred_subgraphs_in_each_other)
+{
+    const QByteArray deep = "digraph {" + QByteArray("subgraph {").repeated(900) + "a -> b"
+        + QByteArray("}").repeated(901);
+    const auto result = importedBytes("dot", deep);
+    ASSERT_TRUE(result.picture) << faultOf(result).toStdString();
+    EXPECT_EQ(edgesOf(result).edges().size(), 1);
+}
+
+TEST(DotImport, takes_names_of_any_bytes)
+{
+    const auto result = importedBytes("dot", "digraph { \"\xff\x01\" -> \"b\\\\ \" }");
+    ASSERT_TRUE(result.picture) << faultOf(result).toStdString();
+    EXPECT_TRUE(drawnImport(*result.picture, "gftree").size.isValid());
+    EXPECT_TRUE(drawnImport(*result.picture, "matrix").size.isValid());
+    EXPECT_EQ(labelsIn(importedBytes("dot", "digraph { charset=latin1 \"caf\xe9\" }")),
+              (QStringList{QString::fromUtf8("caf\xc3\xa9")}));
+}
+
+TEST(DotImport, draws_what_tools_wrote)
+{
+    for (const char *name : {"dot/targets.dot", "dot/packages.dot"}) {
+        const auto result = importedFile("dot", name);
+        ASSERT_TRUE(result.picture) << name;
+        for (const char *engine : {"gftree", "matrix"}) {
+            const auto drawn = drawnImport(*result.picture, engine);
+            EXPECT_TRUE(drawn.size.isValid()) << name;
+            EXPECT_LE(drawn.size.width(), 1200) << name;
+            EXPECT_LE(drawn.size.height(), 800) << name;
+        }
+    }
+}
+
+TEST(DotImport, refuses_other_layouts)
+{
+    EXPECT_EQ(faultOf(importedBytes("dot", "digraph { a }", {.layout = "sh -c"})),
+              "'sh -c' is none of the layouts dot, neato, fdp, circo and kept");
+}
+
+TEST(DotImport, replays_what_another_program_laid_out)
+{
+    if (QStandardPaths::findExecutable("dot").isEmpty())
+        GTEST_SKIP() << "there is no dot";
+    for (const char *layout : {"dot", "neato", "fdp", "circo"}) {
+        const auto result = importedFile("dot", "dot/targets.dot", {.layout = layout});
+        ASSERT_TRUE(result.picture) << faultOf(result).toStdString();
+        const auto drawn = drawnImport(*result.picture, "gftree", 5000, 5000);
+        EXPECT_TRUE(drawn.text.contains("xdotversion=\"1.2\"")) << layout;
+        EXPECT_TRUE(drawn.text.contains("-numbers")) << layout;
+        EXPECT_GT(drawn.size.width(), 200) << layout;
+        EXPECT_TRUE(drawn.notes.isEmpty()) << layout;
+        EXPECT_EQ(drawnImport(*result.picture, "gftree", 50, 50).notes.size(), 1) << layout;
+    }
+}
+
+TEST(DotImport, keeps_a_layout_that_is_there)
+{
+    const auto result =
+        importedBytes("dot", R"(strict graph { graph [bb="0,0,50,60" xdotversion=1.4];
+a [pos="9,9" _draw_="e 9 9 5 5 "]; a:port -- b [_draw_="B 4 0 0 0 9 9 9 9 0 "]; })",
+                      {.layout = "kept"});
+    ASSERT_TRUE(result.picture) << faultOf(result).toStdString();
+    const auto drawn = drawnImport(*result.picture, "gftree");
+    EXPECT_TRUE(drawn.text.contains("e 9 9 5 5")) << drawn.text.data();
+    EXPECT_EQ(drawn.size.height(), 68);
+    EXPECT_FALSE(importedBytes("dot", "digraph {", {.layout = "kept"}).picture);
+}
+
+TEST(DotImport, tells_why_another_program_laid_nothing_out)
+{
+    if (QStandardPaths::findExecutable("dot").isEmpty())
+        GTEST_SKIP() << "there is no dot";
+    const QByteArray fault = faultOf(importedBytes("dot", "digraph {", {.layout = "dot"}));
+    EXPECT_TRUE(fault.startsWith("'dot' did not lay the graph out: ")) << fault.data();
+}
+
+TEST(ReplayableText, has_clusters_nodes_and_all_texts_of_edges)
+{
+    std::optional<ImportFault> fault;
+    const auto replay = replayableText(R"(digraph { graph [bb="0,0,50,60" xdotversion="1.2"];
+subgraph cluster_a { graph [_draw_="P 4 0 0 0 9 9 9 9 0 "]; x [_ldraw_="T 1 2 0 9 1 -x " width=9]; }
+x -> y [_ldraw_="T 1 2 0 9 3 -mid ", _tldraw_="T 3 4 0 9 3 -end "]; })",
+                                       "in", &fault);
+    ASSERT_TRUE(replay);
+    EXPECT_TRUE(replay->contains("subgraph cluster_"));
+    EXPECT_TRUE(replay->contains("-mid  T 3 4 0 9 3 -end")) << replay->data();
+    EXPECT_FALSE(replay->contains("width"));
+    QByteArray drawing;
+    const ORR::Drawing::Job job{.input = *replay, .engine = "gftree"};
+    const auto target = ORR::Drawing::inMemory(&drawing, ORR::Drawing::Format::Svg);
+    EXPECT_EQ(ORR::Drawing::draw(job, target).message, "");
+    EXPECT_TRUE(drawing.contains(">end<")) << drawing.data();
+}
+
+TEST(DotImport, is_told_by_its_look)
+{
+    EXPECT_GT(likenessOfDot("/* a */ // b\n strict digraph \"x\" {"), 50);
+    EXPECT_GT(likenessOfDot(importDataBytes("dot/targets.dot")), 50);
+    EXPECT_LE(likenessOfDot("graph TD\n a --> b"), 50);
+    EXPECT_EQ(likenessOfDot("a -> b"), 0);
+}
+
+TEST(DotImport, ends_no_process_whatever_it_reads)
+{
+    EXPECT_GT(readBrokenImports("dot", "gftree", importDataBytes("dot/targets.dot")), 100);
+}

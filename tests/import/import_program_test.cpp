@@ -1,0 +1,141 @@
+// `orr import` on the real program: options, streams, faults and what is written.
+#include "driver/program_run.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr char sizes[] = "12\tsrc/a\n30\tsrc/b\n42\tsrc\n";
+
+class ImportProgram : public ProgramTest
+{
+protected:
+    ProgramRun import(const QStringList &arguments, const QByteArray &input = sizes) const
+    {
+        return run({.arguments = QStringList(u"import"_s) + arguments,
+                    .input = input,
+                    .command = QStringLiteral(ORR_PROGRAM)});
+    }
+
+    // The use was wrong, and nothing was written.
+    void expectWrongUse(const QStringList &arguments, const QByteArray &message) const
+    {
+        const ProgramRun made = import(arguments);
+        EXPECT_EQ(made.status, 2);
+        EXPECT_EQ(made.output, QByteArray());
+        EXPECT_EQ(made.errors, "orr import: " + message + "\nTry 'orr import --help'.\n");
+    }
+};
+
+} // namespace
+
+TEST_F(ImportProgram, writes_a_graph_that_orrlayout_draws)
+{
+    const ProgramRun made = import({u"du"_s});
+    ASSERT_TRUE(succeeded(made));
+    EXPECT_TRUE(made.output.startsWith("digraph"));
+    const ProgramRun drawing = run({.arguments = {u"-K"_s, u"treemap"_s, u"-T"_s, u"svg"_s},
+                                    .input = made.output,
+                                    .command = QStringLiteral(ORR_LAYOUT_PROGRAM)});
+    ASSERT_TRUE(succeeded(drawing));
+    ASSERT_TRUE(succeeded(import({u"du"_s, u"-o"_s, u"a.svg"_s})));
+    EXPECT_EQ(fileContent(u"a.svg"_s), drawing.output);
+}
+
+TEST_F(ImportProgram, writes_what_the_suffix_says)
+{
+    const QList<QPair<QString, QByteArray>> beginnings = {
+        {u"a.svg"_s, "<?xml"},
+        {u"a.png"_s, "\x89PNG"},
+        {u"a.jpg"_s, "\xff\xd8"},
+        {u"a.pdf"_s, "%PDF"},
+        {u"a.vsdx"_s, "PK"},
+        {u"a.vdx"_s, "<?xml"},
+        {u"a.dot"_s, "digraph \"src\" {"},
+        {u"a.xdot"_s, "digraph \"name\" {"},
+        {u"a.html"_s, "<!DOCTYPE html>"},
+    };
+    for (const auto &[file, beginning] : beginnings) {
+        EXPECT_TRUE(succeeded(import({u"du"_s, u"-o"_s, file}))) << file.toStdString();
+        EXPECT_TRUE(fileContent(file).startsWith(beginning)) << file.toStdString();
+    }
+}
+
+TEST_F(ImportProgram, gives_the_same_bytes_for_the_same_input)
+{
+    writeFile(u"sizes"_s, sizes);
+    const QByteArray once = import({u"du"_s, u"sizes"_s}).output;
+    EXPECT_FALSE(once.isEmpty());
+    EXPECT_EQ(import({u"du"_s, u"sizes"_s}).output, once);
+    EXPECT_EQ(import({u"du"_s, u"-"_s}).output, once);
+}
+
+TEST_F(ImportProgram, tells_wrong_use)
+{
+    expectWrongUse({}, "a format is missing");
+    expectWrongUse({u"du"_s, u"-K"_s, u"umlseq"_s},
+                   "du is drawn as treemap, sunburst, flatbubble, bar, gftree, not as 'umlseq'");
+    expectWrongUse({u"du"_s, u"--layout"_s, u"dot"_s}, "--layout is no option of du");
+    expectWrongUse({u"cvs"_s}, "there is no format 'cvs'; did you mean 'csv'?");
+    expectWrongUse({u"du"_s, u"-o"_s, u"a.bmp"_s},
+                   "'a.bmp' ends in none of .xdot, .jpg, .png, .svg, .vsdx, .vdx, .pdf, .html, "
+                   ".dot");
+    writeFile(u"sizes.dot"_s, sizes);
+    expectWrongUse({u"du"_s, u"-o"_s, u"sizes.dot"_s, u"sizes.dot"_s},
+                   "'sizes.dot' is an input and would be written over");
+    EXPECT_EQ(import({u"du"_s, u"--size"_s, u"12"_s}).status, 2);
+}
+
+TEST_F(ImportProgram, tells_what_a_file_looks_like)
+{
+    writeFile(u"sizes"_s, sizes);
+    expectWrongUse({u"sizes"_s}, "'sizes' is no format but looks like du: try 'du sizes'");
+    const ProgramRun other = import({u"lcov"_s, u"sizes"_s});
+    EXPECT_EQ(other.status, 1);
+    EXPECT_EQ(other.errors, "orr import lcov: sizes looks like du; try 'orr import du'\n");
+}
+
+TEST_F(ImportProgram, passes_over_the_mark_of_an_encoding)
+{
+    EXPECT_EQ(import({u"du"_s}, QByteArray("\xef\xbb\xbf") + sizes).output,
+              import({u"du"_s}).output);
+    EXPECT_TRUE(succeeded(import({u"deps"_s},
+                                 "\xef\xbb\xbf"
+                                 "a\tb\nb\tc\n")));
+}
+
+TEST_F(ImportProgram, tells_what_can_not_be_read)
+{
+    const ProgramRun missing = import({u"du"_s, u"nothing"_s});
+    EXPECT_EQ(missing.status, 2);
+    EXPECT_EQ(missing.errors,
+              "orr import du: 'nothing' can't be read: No such file or directory\n");
+    const ProgramRun aFolder = import({u"du"_s, u"."_s});
+    EXPECT_EQ(aFolder.status, 2);
+    EXPECT_EQ(aFolder.errors, "orr import du: . can't be read: Is a directory\n");
+}
+
+TEST_F(ImportProgram, leaves_what_stood_there_if_a_line_is_broken)
+{
+    writeFile(u"a.svg"_s, "old");
+    const ProgramRun made = import({u"du"_s, u"-o"_s, u"a.svg"_s}, "12\tsrc/a\nno line\n");
+    EXPECT_EQ(made.status, 1);
+    EXPECT_TRUE(made.errors.startsWith("orr import du: standard input:2: "))
+        << made.errors.toStdString();
+    EXPECT_EQ(fileContent(u"a.svg"_s), "old");
+}
+
+TEST_F(ImportProgram, writes_nothing_to_a_terminal_that_it_would_obey)
+{
+    const ProgramRun made = import({u"du"_s}, "12\tsrc/a\n\x1b[2J no line\n");
+    EXPECT_EQ(made.status, 1);
+    EXPECT_FALSE(made.errors.contains('\x1b'));
+}
+
+TEST_F(ImportProgram, lists_the_formats)
+{
+    const ProgramRun list = import({u"--formats"_s});
+    ASSERT_TRUE(succeeded(list));
+    for (const char *const format : {"dot ", "folded ", "mermaid ", "lcov ", "csv "})
+        EXPECT_TRUE(list.output.contains(format)) << format;
+}

@@ -1,0 +1,147 @@
+#include "companion/import/mermaid_import.h"
+
+#include "import/sequence_read.h"
+
+using namespace ORR::Companion;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+ImportResult mermaidRead(const QByteArray &statements)
+{
+    return sequenceRead(readMermaid, "sequenceDiagram\n" + statements);
+}
+
+std::string mermaidSteps(const QByteArray &statements)
+{
+    return stepsOf(mermaidRead(statements));
+}
+
+} // namespace
+
+TEST(MermaidImport, knows_all_arrows)
+{
+    const std::pair<const char *, const char *> arrows[] = {
+        {"A->B: t", "A - B: t\n"},
+        {"A-->B: t", "A -- B: t\n"},
+        {"A->>B: t", "A -> B: t\n"},
+        {"A-->>B: t", "A --> B: t\n"},
+        {"A<<->>B: t", "A <-> B: t\n"},
+        {"A<<-->>B: t", "A <--> B: t\n"},
+        {"A-xB: t", "A -x B: t\n"},
+        {"A--xB: t", "A --x B: t\n"},
+        {"A-)B: t", "A ->> B: t\n"},
+        {"A--)B: t", "A -->> B: t\n"},
+        {"A-|\\B: t", "A -> B: t\n"},
+        {"A--\\\\B: t", "A -->> B: t\n"},
+        {"A/|-B: t", "B -> A: t\n"},
+        {"A//--B: t", "B -->> A: t\n"},
+        {"A->>()B: t", "A -o B: t\n"},
+        {"A()->>()B: t", "A o-o B: t\n"},
+        {"A  ->>  B  :  t ", "A -> B: t\n"},
+        {"A->>A: t", "A -> A: t\n"},
+        {"A->>B", "A -> B: \n"},
+    };
+    for (const auto &[statement, steps] : arrows)
+        EXPECT_EQ(mermaidSteps(statement), steps) << statement;
+}
+
+TEST(MermaidImport, takes_signs_behind_the_arrow_as_bars)
+{
+    EXPECT_EQ(mermaidSteps("A->>+B: ask\nB-->>-A: answer"),
+              "A -> B: ask\n+B\nB --> A: answer\n-B\n");
+}
+
+TEST(MermaidImport, keeps_signs_of_arrows_in_names)
+{
+    EXPECT_EQ(mermaidSteps("api-xml->>user-db: go -> there"), "api-xml -> user-db: go -> there\n");
+    EXPECT_EQ(mermaidSteps("Loop->>Note: t"), "Loop -> Note: t\n");
+    EXPECT_EQ(mermaidSteps("end ->> A: t"), "end -> A: t\n");
+    EXPECT_EQ(mermaidSteps("loop from 5->10 times\nA->>B: t\nend"),
+              "loop [from 5->10 times]\nA -> B: t\nend\n");
+}
+
+TEST(MermaidImport, destroys_with_the_next_message)
+{
+    EXPECT_EQ(mermaidSteps("create participant B\nA->>B: hello\ndestroy B\nA->>C: first\n"
+                           "B-xA: bye"),
+              "create B\nA -> B: hello\nA -> C: first\nB -x A: bye\ndestroy B\n");
+}
+
+TEST(MermaidImport, reads_attributes_of_participants)
+{
+    const ImportResult result = mermaidRead(
+        "participant D@{ \"type\": \"database\", \"alias\": \"as ever\" } as The store\n"
+        "actor P as Somebody<br>else");
+    ASSERT_TRUE(result.picture);
+    const QList<SequenceParticipant> &people = sequenceIn(result).participants;
+    EXPECT_EQ(people[0].kind, SequenceParticipant::Database);
+    EXPECT_EQ(people[0].name, u"The store");
+    EXPECT_EQ(people[1].kind, SequenceParticipant::Actor);
+    EXPECT_EQ(people[1].name, u"Somebody\nelse");
+}
+
+TEST(MermaidImport, reads_boxes_and_their_colours)
+{
+    const ImportResult result = mermaidRead("box rgb(10, 20, 30) In a box\nparticipant A\nend\n"
+                                            "box Green things\nparticipant B\nend\nA->>C: t");
+    ASSERT_TRUE(result.picture);
+    const Sequence &sequence = sequenceIn(result);
+    ASSERT_EQ(sequence.boxes.size(), 2);
+    EXPECT_EQ(sequence.boxes[0].title, u"In a box");
+    EXPECT_EQ(sequence.boxes[0].fill, u"#0A141E");
+    EXPECT_EQ(sequence.boxes[1].title, u"things");
+    EXPECT_EQ(sequence.boxes[1].fill, u"#008000");
+    EXPECT_EQ(sequence.participants[0].box, 0);
+    EXPECT_EQ(sequence.participants[1].box, 1);
+    EXPECT_EQ(sequence.participants[2].box, -1);
+}
+
+TEST(MermaidImport, counts_messages)
+{
+    EXPECT_EQ(mermaidSteps("autonumber 10 5\nA->>B: a\nA->>B:\nautonumber off\nA->>B: c\n"
+                           "autonumber\nA->>B: d"),
+              "A -> B: 10. a\nA -> B: 15\nA -> B: c\nA -> B: 1. d\n");
+}
+
+TEST(MermaidImport, turns_codes_into_characters)
+{
+    EXPECT_EQ(mermaidSteps("A->>B: #9829; #35; #amp; #nonsense; #0; #x; one<br/>two\\nthree"),
+              "A -> B: \u2665 # & #nonsense; #0; #x; one|two|three\n");
+}
+
+TEST(MermaidImport, tells_what_it_cannot_draw_once_with_its_first_line)
+{
+    EXPECT_EQ(sequenceNotes(mermaidRead("A->B: t\nA-->B: t\nA-|\\B: t\nlink A: x @ http://y")),
+              "line 2: a line without a head is drawn with an open one (and 1 more)\n"
+              "line 4: a half of an arrow head is drawn as a whole one\n"
+              "line 5: menus of participants ('link') are not drawn\n");
+}
+
+TEST(MermaidImport, tells_faults_with_their_lines)
+{
+    const std::pair<const char *, const char *> faults[] = {
+        {"A->>B: t\nwhatever", "line 3: 'whatever' is no statement of a sequence diagram"},
+        {"loop\nA->>B: t", "line 2: 'loop' is not closed by an 'end'"},
+        {"A->>B: t\nend", "line 3: 'end' closes nothing"},
+        {"A->>B: t\nelse", "line 3: 'else' stands in no fragment"},
+        {"A->>: t", "line 2: the message 'A->>: t' has no receiver"},
+        {"autonumber x",
+         "line 2: 'autonumber' is followed by a number, the distance to the next, "
+         "or 'off'"},
+        {"participant", "line 2: 'participant' is followed by no name"},
+        {"note beside A: t",
+         "line 2: a note is 'left of', 'right of' or 'over' somebody, with a "
+         "colon and its text behind"},
+        {"box\nparticipant A", "line 3: the last 'box' is not closed by an 'end'"},
+        {"", "line 0: there is nobody in this diagram"},
+    };
+    for (const auto &[statements, fault] : faults)
+        EXPECT_EQ(sequenceFault(mermaidRead(statements)), fault) << statements;
+    EXPECT_EQ(sequenceFault(sequenceRead(readMermaid, "flowchart TD\nA-->B")),
+              "line 1: 'flowchart TD' is no sequence diagram, which begins with "
+              "'sequenceDiagram'");
+    EXPECT_EQ(sequenceFault(sequenceRead(readMermaid, "")),
+              "line 0: there is no "
+              "'sequenceDiagram'");
+}
