@@ -103,6 +103,22 @@ TEST(PlantumlImport, counts_messages)
               "A -> B: 1.1. e\nA -> B: 1.2. f\n");
 }
 
+TEST(PlantumlImport, counts_in_levels)
+{
+    EXPECT_EQ(
+        plantumlSteps("autonumber 1.1.1\nA -> B : a\nA -> B : b\nautonumber inc A\nA -> B : c\n"
+                      "A -> B : d\nautonumber inc B\nA -> B : e"),
+        "A -> B: 1.1.1. a\nA -> B: 1.1.2. b\nA -> B: 2.1.1. c\nA -> B: 2.1.2. d\n"
+        "A -> B: 2.2.1. e\n");
+}
+
+TEST(PlantumlImport, tells_of_times_and_links_that_it_leaves_out)
+{
+    EXPECT_EQ(plantumlSteps("{a} A -> B : t\n{b} B -> A : u\n{a} <-> {b} : 3 ms\n"
+                            "A (10)<- B : v\nurl of A is [[http://x]]"),
+              "A -> B: t\nB -> A: u\nB -> A: v\n");
+}
+
 TEST(PlantumlImport, drops_marks_of_texts)
 {
     EXPECT_EQ(plantumlSteps("A -> B : **b** //s// \"\"c\"\" __u__ ~~w~~ --x-- <color:red>r</color> "
@@ -126,6 +142,8 @@ TEST(PlantumlImport, tells_faults_with_their_lines)
         {"note left : t", "line 2: a note beside a message stands behind none"},
         {"A -> B\nnote left\ntext", "line 5: what is to end with 'end note' does not end"},
         {"box\nparticipant A", "line 4: the last 'box' is not closed by an 'end box'"},
+        {"autonumber 1.1\nautonumber inc C",
+         "line 3: 'autonumber inc C' does not say where the numbers begin"},
         {"autonumber x", "line 2: 'autonumber x' does not say where the numbers begin"},
         {"", "line 0: there is nobody in this diagram"},
     };

@@ -88,6 +88,14 @@ qsizetype likelyPath(const TableBeginning &table)
 
 qsizetype likelyArea(const TableBeginning &table, const CsvColumns &others)
 {
+    // A column of sizes whose first cell is none is a column with a fault, which is told.
+    constexpr std::array<QByteArrayView, 6> names = {"size",   "area",  "bytes",
+                                                     "weight", "value", "count"};
+    for (const QByteArrayView name : names) {
+        const qsizetype column = table.hasNames ? columnNamed(*table.first, name) : -1;
+        if (column >= 0 && column != others.path && column != others.color)
+            return column;
+    }
     for (qsizetype i = 0; i < table.first->size(); ++i) {
         if (i != others.path && i != others.color && table.isNumber(i))
             return i;

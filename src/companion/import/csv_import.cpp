@@ -101,6 +101,7 @@ private:
     WeightTree tree;
     ColumnShades shades;
     qsizetype withoutPath = 0; // records of this source
+    qsizetype pathNote = 0; // the note of them
     QList<ImportFault> notes;
 };
 
@@ -126,8 +127,10 @@ std::optional<ImportFault> CsvTableReader::readRecord(const CsvRecords &records,
             u"there are %1 columns, and %2 are needed"_s.arg(cells.size()).arg(columns.last() + 1));
     const QByteArrayView path = csvCellOf(cells, columns.path);
     if (path.isEmpty()) { // a line of sums, mostly
-        if (withoutPath++ == 0)
+        if (withoutPath++ == 0) {
+            pathNote = notes.size();
             notes.append(records.faultHere({}));
+        }
         return std::nullopt;
     }
     double weight = 1;
@@ -179,6 +182,11 @@ std::optional<ImportFault> CsvTableReader::read(ImportSource &source)
     columns = chosenColumns(first, hasSecond ? cells : first, *options, &why);
     if (!why.isEmpty())
         return {{headFault.place, why}};
+    if (columns.area < 0)
+        notes.append(
+            {headFault.place,
+             u"no column has numbers in the first record of data: every record counts 1, and "
+             "--area would name a column"_s});
     areaName = columnName(columns, first, columns.area);
     colorName = columnName(columns, first, columns.color);
     if (!columns.hasNames) {
@@ -190,9 +198,9 @@ std::optional<ImportFault> CsvTableReader::read(ImportSource &source)
             return fault;
     }
     if (withoutPath == 1)
-        notes.last().sentence = u"a record has no path and is passed over"_s;
+        notes[pathNote].sentence = u"a record has no path and is passed over"_s;
     else if (withoutPath > 1)
-        notes.last().sentence =
+        notes[pathNote].sentence =
             u"%1 records from here on have no path and are passed over"_s.arg(withoutPath);
     withoutPath = 0;
     return records.fault();

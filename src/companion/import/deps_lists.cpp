@@ -1,5 +1,6 @@
 #include "companion/import/deps_lists.h"
 
+#include "companion/import/written_number.h"
 #include "graph/decimal.h"
 
 #include <algorithm>
@@ -75,6 +76,15 @@ bool readDepsLine(QByteArrayView line, DepsLine *read)
             read->head = takeWord(&behind, true);
             return !read->tail.isEmpty() && !read->head.isEmpty()
                 && readWeight(behind, &read->weight);
+        }
+        // A number behind a blank is how often, and anything else is part of the name.
+        behind = behind.trimmed();
+        const qsizetype blank = behind.lastIndexOf(' ');
+        const QByteArrayView last = blank < 0 ? QByteArrayView() : behind.sliced(blank + 1);
+        if (writtenNumber(last)) {
+            if (!readWeight(last, &read->weight))
+                return false;
+            behind = behind.first(blank);
         }
         read->head = wholeWord(behind);
         return !read->tail.isEmpty() && !read->head.isEmpty();

@@ -129,6 +129,7 @@ void readNpmLock(const JsonDocument &document, DepsReading *reading)
     if (missing > 0)
         reading->notes.append(document.faultAt(
             all, u"%1 dependencies are not among the packages and are left out"_s.arg(missing)));
+    reading->meaning.name = document.root()["name"].text();
     reading->meaning.things = u"packages"_s;
 }
 

@@ -43,6 +43,16 @@ void addGraph(const ForeignGraph &graph, Dependencies *all)
         all->need(things[edge.tail], things[edge.head], edgeWeight(edge.values));
 }
 
+// The library has a name for a graph without one, which begins with "%".
+QString foreignTitle(const ForeignGraph &graph)
+{
+    const QByteArray label = graph.values["label"];
+    const bool isPlain = !label.isEmpty() && !graph.values.isHtml("label");
+    if (isPlain)
+        return foreignLabel(graph.values, graph.name, graph.name);
+    return graph.name.startsWith('%') ? QString() : QString::fromUtf8(graph.name);
+}
+
 QString foreignDirection(const ForeignGraph &graph)
 {
     const QByteArray direction = graph.values["rankdir"].toUpper();
@@ -116,6 +126,7 @@ ImportResult readDot(std::vector<ImportSource> &sources, const ImportOptions &op
             return result;
         addGraph(*graph, &all);
         meaning.direction = foreignDirection(*graph);
+        meaning.name = foreignTitle(*graph);
         if (!graph->isDirected)
             result.notes.append(
                 {{.source = source.name()},

@@ -23,11 +23,11 @@ namespace {
 
 namespace Files = std::filesystem;
 
-constexpr char sentence[] = "Make a graph, or a drawing, of what another tool wrote.";
+constexpr char sentence[] = "Make a graph or a drawing of what another tool wrote.";
 constexpr char examples[] = "The formats, with their engines and options: orr import --formats\n\n"
                             "Examples:\n"
-                            "  du -ab src | orr import du -o sizes.svg\n"
-                            "  orr import lcov coverage.info -o coverage.html";
+                            "  du -ab . | orr import du -o sizes.svg\n"
+                            "  orr import dot -o areas.html areas.dot";
 
 struct Asked
 {
@@ -68,9 +68,8 @@ std::optional<int> readArguments(const CommandCall &call, Asked *asked)
 {
     CommandLine line(call, sentence, examples);
     ImportOptions &own = asked->options;
-    line.setName("orr import FORMAT");
     line.keepHelpShort();
-    line.add({"-o", "A graph (.dot), a drawing (by its suffix) or a page (.html)", "FILE"},
+    line.add({"-o", "A graph (.dot), a drawing (.svg ...), a page (.html)", "FILE"},
              &asked->output);
     line.add({"-K", "Engine; else the best one for the format", "ENGINE"}, &asked->engine);
     line.add({"--size", "The page, in points; 1200x800", "WxH", sizeFault}, &asked->size);
@@ -81,8 +80,8 @@ std::optional<int> readArguments(const CommandCall &call, Asked *asked)
     line.add({"--by", "What is counted by, of some formats", "WORD"}, &own.by);
     line.add({"--layout", "Of dot: dot, neato, fdp, circo or kept", "NAME"}, &own.layout);
     line.add({"--path", "Of csv: these are columns, by name or number", "COLUMN"}, &own.path);
-    line.add({"--area", "", "COLUMN"}, &own.area);
-    line.add({"--color", "", "COLUMN"}, &own.color);
+    line.add({"--area", "Likewise", "COLUMN"}, &own.area);
+    line.add({"--color", "Likewise", "COLUMN"}, &own.color);
     line.add({"--separator", "Of csv: between columns, else found", "C"}, &own.separator);
     line.addFlag({"--formats", "List the formats"}, &asked->listsFormats);
     line.add({"FORMAT", "What the input is"}, &asked->format);

@@ -62,6 +62,9 @@ QString readTraceLine(QByteArrayView line, CoverageRecord *record, CoveredFiles 
     if (line.trimmed().isEmpty() || line.startsWith('#') || line.startsWith("TN:"))
         return {};
     if (line.startsWith("SF:")) {
+        if (record->file >= 0)
+            return quotedText(line)
+                + " begins a record within another, which has no end_of_record"_L1;
         *record = {.file = files->file(line.sliced(3).toByteArray())};
         return {};
     }

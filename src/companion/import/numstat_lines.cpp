@@ -134,13 +134,12 @@ std::optional<NumstatChange> numstatChange(QByteArrayView line)
     const QByteArrayView deleted = line.sliced(first + 1, second - first - 1);
     const std::optional<double> plus = lineCount(added);
     const std::optional<double> minus = lineCount(deleted);
-    if (added.isEmpty() || deleted.isEmpty() || !plus || !minus
+    const QByteArrayView path = line.sliced(second + 1);
+    const bool hasTab = path.contains('\t'); // git would have quoted it
+    if (added.isEmpty() || deleted.isEmpty() || !plus || !minus || hasTab
         || (added == "-") != (deleted == "-"))
         return std::nullopt;
-    return {{.added = *plus,
-             .deleted = *minus,
-             .isBinary = added == "-",
-             .path = line.sliced(second + 1)}};
+    return {{.added = *plus, .deleted = *minus, .isBinary = added == "-", .path = path}};
 }
 
 NumstatPath numstatPath(QByteArrayView written)

@@ -19,6 +19,7 @@ const QRegularExpression &messagePattern()
         uR"(^(?:(?:\{[^}]*\}|&)\s*)*)" // an anchor; beside the message before
         uR"((?<from>"[^"]*"(?:\s+as\s+[\w.@]+)?|[\w.@]+(?:\s+as\s+"[^"]*")?|\[|\?)?)"
         uR"((?<fromEnd>\s*[ox](?=[-<\\/]))?\s*)"
+        uR"((?:\((?<early>\d+)\)(?=[<\\/]))?)"
         uR"((?<tail><<|<|\\\\|\\|//|/)?)"
         uR"((?<line>-+)(?:\[(?<style>[^\]]*)\](?<more>-*))?)"
         uR"((?<head>>>|>|\\\\|\\|//|/)?)"
@@ -140,7 +141,7 @@ std::optional<PlantumlMessage> plantumlMessage(const QString &line)
                             .right = endFrom(match.captured(u"to"))};
     message.isDashed = match.capturedLength(u"line") + match.capturedLength(u"more") > 1;
     readStyle(match.captured(u"style"), &message);
-    message.isSlanted = match.capturedLength(u"delay") > 0;
+    message.isSlanted = match.capturedLength(u"delay") > 0 || match.capturedLength(u"early") > 0;
     message.left.head =
         headOf(match.capturedView(u"tail"), match.capturedView(u"fromEnd"), &message.isHalf);
     message.right.head =

@@ -156,6 +156,15 @@ bool PlantumlReader::readSetting(const QString &line)
             return true;
         }
     }
+    static const QRegularExpression duration(u"^\\{[^}]*\\}\\s*<->\\s*\\{[^}]*\\}"_s);
+    if (duration.match(line).hasMatch()) {
+        builder.tell(u"a time between two anchors has no place in the drawing"_s);
+        return true;
+    }
+    if (beginsWithWord(line, u"url")) {
+        builder.tell(u"links of participants are left out"_s);
+        return true;
+    }
     if (beginsWithWord(line, u"<style>")) {
         skipUntil(u"</style>"_s, u"styles are passed over"_s);
         return true;
@@ -207,7 +216,7 @@ bool PlantumlNumbers::read(const QString &words)
     if (!pattern.isEmpty())
         format = plainPlantumlText(pattern);
     if (first == u"inc")
-        return !parts.isEmpty();
+        return raise(rest.value(1));
     const bool resumes = first == u"resume";
     const QString stepWord = rest.value(1);
     if (!stepWord.isEmpty()) {
@@ -231,6 +240,18 @@ bool PlantumlNumbers::read(const QString &words)
             return false;
         parts += int(number);
     }
+    return true;
+}
+
+// "A" is the first part, which lets the parts behind it begin anew; none is the last one.
+bool PlantumlNumbers::raise(const QString &letter)
+{
+    const qsizetype last = parts.size() - 1;
+    const qsizetype part = letter.isEmpty() ? last : letter[0].toUpper().unicode() - u'A';
+    if (part < 0 || part > last || letter.size() > 1)
+        return false;
+    ++parts[part];
+    std::fill(parts.begin() + part + 1, parts.end(), 1);
     return true;
 }
 

@@ -20,6 +20,7 @@ public:
     QString next();
 
 private:
+    bool raise(const QString &letter);
     bool counts = false;
     QList<int> parts; // "1.2.3"; the last one is counted
     QString parting = {}; // between them

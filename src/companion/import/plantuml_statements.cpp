@@ -94,7 +94,8 @@ bool PlantumlReader::readBox(const QString &line)
 {
     static const QRegularExpression begin =
         linePattern(uR"(box(?:\s+("[^"]*"|[^#"\s][^#]*))?\s*(#\w+)?\s*)"_s);
-    if (line.compare(u"end box", Qt::CaseInsensitive) == 0) {
+    if (line.compare(u"end box", Qt::CaseInsensitive) == 0
+        || line.compare(u"endbox", Qt::CaseInsensitive) == 0) {
         isInBox = false;
         return true;
     }

@@ -12,14 +12,15 @@ namespace ORR::Companion {
 
 namespace {
 
-// The time that each service spent in each of its spans, and not waiting for others.
-std::unique_ptr<Picture> timesByService(const TraceTree &tree)
+// The time that each service spent in its spans, or in each of them, and not waiting for others.
+std::unique_ptr<Picture> timesByService(const TraceTree &tree, bool bySpan)
 {
     WeightTree times;
     for (const int span : tree.inOrder()) {
         const TraceSpan &one = tree.spans()[span];
         const WeightTree::Item service = times.child(WeightTree::root, one.service.toUtf8());
-        times.addWeight(times.child(service, one.name.toUtf8()), double(tree.ownTime(span)) * 1e-9);
+        const WeightTree::Item item = bySpan ? times.child(service, one.name.toUtf8()) : service;
+        times.addWeight(item, double(tree.ownTime(span)) * 1e-9);
     }
     const TreeMeaning meaning{.weight = u"own time"_s,
                               .unit = TreeMeaning::Unit::Seconds,
@@ -68,7 +69,7 @@ ImportResult readTrace(std::vector<ImportSource> &sources, const ImportOptions &
     if (options.engine == u"umlseq")
         result.picture = std::make_unique<TraceCalls>(std::move(tree));
     else
-        result.picture = timesByService(tree);
+        result.picture = timesByService(tree, options.engine != u"bar");
     return result;
 }
 

@@ -70,7 +70,7 @@ int runNew(const CommandCall &call)
     std::string engine;
     std::string output = "-";
     CommandLine line(call, sentence, examplesOfUse);
-    line.add({"-o", "Where to write, if nothing is there; - is standard output", "FILE"}, &output);
+    line.add({"-o", "Where to write, if nothing is there yet", "FILE"}, &output);
     line.add({"ENGINE", "What the input is for"}, &engine);
     if (const std::optional<int> status = line.read())
         return *status;

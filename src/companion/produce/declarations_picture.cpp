@@ -319,8 +319,11 @@ QByteArray DeclarationWriter::written(double columnHeight)
 
 } // namespace
 
-WrittenGraph DeclarationsPicture::write(const PictureRequest &request) const
+WrittenGraph DeclarationsPicture::write(const PictureRequest &asked) const
 {
+    PictureRequest request = asked;
+    if (request.title.isEmpty())
+        request.title = u"%1 declarations"_s.arg(all.all().size());
     const double page = request.width * request.height;
     const double room = std::clamp(page / leastBox, 1.0, double(std::max(1, request.most)));
     int count = int(std::min(double(all.all().size()), room));

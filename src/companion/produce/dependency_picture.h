@@ -13,6 +13,7 @@ struct DependencyMeaning
     QString within = QStringLiteral("itself, or within a folder");
     QString things = QStringLiteral("things"); // what is counted where they are folded: "files"
     QString direction = {}; // of a tree, its rankdir; empty if any will do
+    QString name = {}; // of the whole, the title where none is asked for; empty: how many things
 };
 
 // Dependencies as a square of rows that need columns, which bear the numbers of the rows. Folders

@@ -173,10 +173,8 @@ void TreeWriter::writeKey(const GraphText::Id &root)
 QByteArray TreeWriter::written()
 {
     writeDefaults();
-    const GraphText::Id root = text.node(Attributes()
-                                             .label(title.isEmpty() ? u"All"_s : title)
-                                             .number("fontsize", treeTitleSize)
-                                             .text("shape", u"none"));
+    const GraphText::Id root = text.node(
+        Attributes().label(title).number("fontsize", treeTitleSize).text("shape", u"none"));
     for (const int part : std::as_const(levels.order)) {
         if (isDrawn(part))
             writePart(part);

@@ -244,8 +244,13 @@ DependencyPicture::DependencyPicture(Dependencies dependencies, DependencyMeanin
 
 WrittenGraph DependencyPicture::write(const PictureRequest &request) const
 {
-    return request.engine == u"gftree" ? writeDependencyTree(things, words, request)
-                                       : writeMatrix(things, words, request);
+    PictureRequest titled = request;
+    if (titled.title.isEmpty())
+        titled.title = words.name;
+    if (titled.title.isEmpty())
+        titled.title = u"%1 %2"_s.arg(things.thingCount()).arg(words.things);
+    return request.engine == u"gftree" ? writeDependencyTree(things, words, titled)
+                                       : writeMatrix(things, words, titled);
 }
 
 } // namespace ORR::Companion
