@@ -61,9 +61,11 @@ TEST(CsvRecords, find_their_separator)
 TEST(CsvImport, finds_the_columns_of_paths_and_sizes)
 {
     const ImportResult result = treeRead(readCsv, "id,Path,size\n1,a/x,5\n2,a/y,2\n3,a/x,1\n");
-    EXPECT_EQ(weightsOf(result), "a/x 4\na/y 2\n");
-    EXPECT_EQ(csvMeaningOf(result).weight, u"id"_s);
+    EXPECT_EQ(weightsOf(result), "a/x 6\na/y 2\n");
+    EXPECT_EQ(csvMeaningOf(result).weight, u"size"_s); // though others have numbers, too
     EXPECT_EQ(weightsOf(treeRead(readCsv, "what;n\na;1\n")), "a 1\n");
+    EXPECT_EQ(treeFault(treeRead(readCsv, "path,size\na,abc\nb,2\n")),
+              "in:2: 'abc' is no number; the sizes are those of 'size'");
 }
 
 TEST(CsvImport, takes_the_columns_that_are_named)

@@ -135,7 +135,7 @@ std::optional<NumstatChange> numstatChange(QByteArrayView line)
     const std::optional<double> plus = lineCount(added);
     const std::optional<double> minus = lineCount(deleted);
     const QByteArrayView path = line.sliced(second + 1);
-    const bool hasTab = path.contains('\t'); // git would have quoted it
+    const bool hasTab = path.contains('\t') && !path.contains('\0'); // git would have quoted it
     if (added.isEmpty() || deleted.isEmpty() || !plus || !minus || hasTab
         || (added == "-") != (deleted == "-"))
         return std::nullopt;
