@@ -19,7 +19,7 @@ if(ORR_WERROR)
     target_compile_options(orr_options INTERFACE -Werror)
 endif()
 if(ORR_SANITIZE)
-    # What a target is checked for: for both unless its property ORR_CHECKS says "address" or "nothing".
+    # What a target is checked for: for both, unless its property ORR_CHECKS says "address".
     set(checks "$<TARGET_PROPERTY:ORR_CHECKS>")
     target_compile_options(
         orr_options
