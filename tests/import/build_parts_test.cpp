@@ -26,6 +26,8 @@ TEST(WrittenNumber, is_what_tools_write)
     EXPECT_EQ(writtenNumber("+7"), 7);
     EXPECT_EQ(writtenNumber("1e+06"), 1e6);
     EXPECT_EQ(writtenNumber(".5"), 0.5);
+    EXPECT_EQ(writtenNumber("5."), 5);
+    EXPECT_EQ(writtenNumber("123456789012345"), 123456789012345.0);
 }
 
 TEST(WrittenNumber, is_infinite_beyond_double)

@@ -94,6 +94,7 @@ TEST(CsvImport, weighs_every_record_1_without_a_column_of_sizes)
     const ImportResult result = treeRead(readCsv, "path,by\na/x,me\na/x,you\na/y,me\n");
     EXPECT_EQ(weightsOf(result), "a/x 2\na/y 1\n");
     EXPECT_EQ(csvMeaningOf(result).weight, u"records"_s);
+    EXPECT_EQ(result.notes.size(), 1); // that they count
 }
 
 TEST(CsvImport, colours_numbers_on_a_scale)

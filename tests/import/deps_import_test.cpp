@@ -37,11 +37,11 @@ TEST(DepsLine, is_two_names_and_maybe_a_number)
         const char *line, *tail, *head;
         double weight;
     };
-    for (const Case &expected :
-         {Case{"a -> b", "a", "b", 1}, Case{"a b -> c d;", "a b", "c d", 1},
-          Case{"a\tb c\t3", "a", "b c", 3}, Case{"a b 2.5", "a", "b", 2.5},
-          Case{"\"a b\" c", "a b", "c", 1}, Case{"\"a\" -> \"b -> c\" 7", "a", "b -> c", 7},
-          Case{"a\tb\t1e999", "a", "b", 1.7976931348623157e308}}) {
+    for (const Case &expected : {Case{"a -> b", "a", "b", 1}, Case{"a b -> c d;", "a b", "c d", 1},
+                                 Case{"a -> b 3", "a", "b", 3}, Case{"a\tb c\t3", "a", "b c", 3},
+                                 Case{"a b 2.5", "a", "b", 2.5}, Case{"\"a b\" c", "a b", "c", 1},
+                                 Case{"\"a\" -> \"b -> c\" 7", "a", "b -> c", 7},
+                                 Case{"a\tb\t1e999", "a", "b", 1.7976931348623157e308}}) {
         DepsLine read;
         ASSERT_TRUE(readDepsLine(expected.line, &read)) << expected.line;
         EXPECT_EQ(read.tail, expected.tail) << expected.line;
@@ -52,7 +52,8 @@ TEST(DepsLine, is_two_names_and_maybe_a_number)
 
 TEST(DepsLine, is_nothing_else)
 {
-    for (const char *line : {"a", "a -> ", " -> b", "a b c", "a b -1", "a b nan", "\"\" b"}) {
+    for (const char *line :
+         {"a", "a -> ", " -> b", "a b c", "a b -1", "a -> b -5", "a b nan", "\"\" b"}) {
         DepsLine read;
         EXPECT_FALSE(readDepsLine(line, &read)) << line;
     }

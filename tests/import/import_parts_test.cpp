@@ -1,27 +1,12 @@
 #include "companion/import/first_lines.h"
 #include "companion/import/path_walk.h"
 #include "companion/import/tree_result.h"
-#include "companion/import/written_number.h"
 #include "tree_read.h"
 
 #include <QFile>
 
 using namespace ORR::Companion;
 using namespace Qt::StringLiterals;
-
-TEST(StatedNumber, reads_whole_numbers_alone)
-{
-    EXPECT_EQ(writtenNumber("0"), 0);
-    EXPECT_EQ(writtenNumber("123456789012345"), 123456789012345.0);
-    EXPECT_EQ(writtenNumber("-1.5e-3"), -0.0015);
-    EXPECT_EQ(writtenNumber("+7"), 7);
-    EXPECT_EQ(writtenNumber(".5"), 0.5);
-    EXPECT_EQ(writtenNumber("5."), 5);
-    EXPECT_TRUE(std::isinf(*writtenNumber("1e999")));
-    for (const char *none :
-         {"", "-", ".", "e5", "1e", "1x", " 1", "1 ", "nan", "inf", "0x10", "1,5"})
-        EXPECT_FALSE(writtenNumber(none)) << none;
-}
 
 TEST(PathWalk, finds_what_the_tree_finds)
 {

@@ -132,6 +132,14 @@ TEST_F(ImportProgram, writes_nothing_to_a_terminal_that_it_would_obey)
     EXPECT_FALSE(made.errors.contains('\x1b'));
 }
 
+TEST_F(ImportProgram, tells_of_bars_that_are_wider_than_the_page)
+{
+    const QString log = QStringLiteral(ORR_PROJECT_FOLDER "/tests/import/data/numstat/page.log");
+    const QStringList bars = {u"numstat"_s, u"-K"_s, u"bar"_s, log, u"--size"_s};
+    EXPECT_TRUE(import(bars + QStringList(u"120x600"_s)).errors.contains("not 120 x 600"));
+    EXPECT_EQ(import(bars + QStringList(u"600x600"_s)).errors, QByteArray());
+}
+
 TEST_F(ImportProgram, lists_the_formats)
 {
     const ProgramRun list = import({u"--formats"_s});

@@ -74,6 +74,8 @@ TEST(LcovImport, tells_the_line_that_is_broken)
 {
     EXPECT_EQ(faultOfLcov("SF:a\nDA:x,1\nend_of_record\n"),
               u"2: 'DA:x,1' is no line of coverage; DA: is followed by a line and its count"_s);
+    EXPECT_EQ(faultOfLcov("SF:a\nDA:1,1\nSF:b\nend_of_record\n"),
+              u"3: 'SF:b' begins a record within another, which has no end_of_record"_s);
     EXPECT_EQ(faultOfLcov("SF:a\nDA:1,nan\nend_of_record\n"),
               u"2: 'DA:1,nan' is no line of coverage; DA: is followed by a line and its count"_s);
     EXPECT_EQ(faultOfLcov("TN:t\nDA:1,1\n"),

@@ -106,6 +106,7 @@ TEST(NumstatImport, tells_the_line_that_is_broken)
     EXPECT_NE(treeFault(treeRead(readNumstat, "-1\t2\ta\n")), "");
     EXPECT_NE(treeFault(treeRead(readNumstat, "1\t-\ta\n")), "");
     EXPECT_NE(treeFault(treeRead(readNumstat, "1\t2\n")), "");
+    EXPECT_NE(treeFault(treeRead(readNumstat, "1\t2\ta\tb\n")), "");
     EXPECT_EQ(treeFault(treeRead(readNumstat, QByteArray("1\t2\t\0a\0", 7))),
               "in:2: the names of a renamed file are missing");
     EXPECT_EQ(treeFault(treeRead(readNumstat, "some text\n")),

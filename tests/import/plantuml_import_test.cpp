@@ -115,8 +115,8 @@ TEST(PlantumlImport, counts_in_levels)
 TEST(PlantumlImport, tells_of_times_and_links_that_it_leaves_out)
 {
     EXPECT_EQ(plantumlSteps("{a} A -> B : t\n{b} B -> A : u\n{a} <-> {b} : 3 ms\n"
-                            "A (10)<- B : v\nurl of A is [[http://x]]"),
-              "A -> B: t\nB -> A: u\nB -> A: v\n");
+                            "A (10)<- B : v\nurl of A is [[http://x]]\nurl -> A : w"),
+              "A -> B: t\nB -> A: u\nB -> A: v\nurl -> A: w\n");
 }
 
 TEST(PlantumlImport, drops_marks_of_texts)

@@ -1,16 +1,14 @@
 #include "companion/import/import_command.h"
 
 #include "companion/command/command_line.h"
+#include "companion/command/drawn_output.h"
 #include "companion/command/streams.h"
 #include "companion/findings/nearest_word.h"
 #include "companion/import/import_format.h"
 #include "companion/import/import_output.h"
-#include "drawing/environment.h"
 #include "drawing/sudden_end.h"
 #include "drawing/toolkit.h"
 #include "graph/message_text.h"
-#include "output/files/file_name.h"
-#include "output/output.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -217,26 +215,6 @@ std::optional<Misfit> misfitOf(std::vector<ImportSource> &sources, const ImportF
     return std::nullopt;
 }
 
-bool startDrawing(const CommandCall &call)
-{
-    Drawing::startToolkit("orr");
-    Drawing::startApplication(u"orrlayout"_s);
-    const QString fault = Drawing::fontFault();
-    if (!fault.isEmpty())
-        tell(call.name + ": " + fault.trimmed().toStdString() + '\n');
-    return fault.isEmpty();
-}
-
-int write(const CommandCall &call, const std::string &output, const QByteArray &bytes)
-{
-    if (output == "-")
-        return print(call, bytes) ? AllWell : WrongUse;
-    if (Graph::writeOutput(Graph::fileNameText(QByteArray::fromStdString(output)), bytes))
-        return AllWell;
-    tell(call.name + ": '" + output + "' can't be written\n");
-    return WrongUse;
-}
-
 PictureRequest requestOf(const Asked &asked, const ImportFormat &format)
 {
     const auto [width, height] = *sizeOf(asked.size);
@@ -296,7 +274,7 @@ int import(const CommandCall &call, const Asked &asked, const ImportFormat &form
         tell(call.name + ": " + Graph::printableMessage(made.fault).toStdString() + '\n');
         return Failed;
     }
-    return write(call, asked.output, made.bytes);
+    return writeDrawn(call, asked.output, made.bytes);
 }
 
 } // namespace

@@ -34,7 +34,7 @@ ImportSource::ImportSource(const std::string &name) : sourceName(name)
     if (!file)
         readFault = std::strerror(errno);
     struct stat status = {};
-    hasFiles = file && ::fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode);
+    isDirectory = file && ::fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode);
 }
 
 ImportSource::ImportSource(const std::string &name, const QByteArray &bytes)

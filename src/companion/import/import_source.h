@@ -24,7 +24,7 @@ public:
 
     const std::string &name() const { return sourceName; }
     // Whether it is a folder, which has no bytes: reading it is a fault.
-    bool isFolder() const { return hasFiles; }
+    bool isFolder() const { return isDirectory; }
     // Why nothing could be read, or not all of it; empty if all is well. To be asked at the end.
     const std::string &fault() const { return readFault; }
 
@@ -58,7 +58,7 @@ private:
     qsizetype start = 0; // of what was not given yet
     qint64 linesGiven = 0;
     char separator = '\n';
-    bool hasFiles = false;
+    bool isDirectory = false;
     bool hasBegun = false;
 };
 

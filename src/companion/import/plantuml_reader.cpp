@@ -161,7 +161,7 @@ bool PlantumlReader::readSetting(const QString &line)
         builder.tell(u"a time between two anchors has no place in the drawing"_s);
         return true;
     }
-    if (beginsWithWord(line, u"url")) {
+    if (beginsWithWord(line, u"url") && !plantumlMessage(line)) {
         builder.tell(u"links of participants are left out"_s);
         return true;
     }

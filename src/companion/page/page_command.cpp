@@ -1,18 +1,15 @@
 #include "companion/page/page_command.h"
 
 #include "companion/command/command_line.h"
+#include "companion/command/drawn_output.h"
 #include "companion/command/streams.h"
 #include "companion/findings/nearest_word.h"
 #include "companion/page/page_drawing.h"
-#include "drawing/environment.h"
 #include "drawing/layout_table.h"
 #include "drawing/sudden_end.h"
 #include "drawing/toolkit.h"
 #include "graph/message_text.h"
-#include "output/files/file_name.h"
-#include "output/output.h"
 
-#include <cerrno>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -87,17 +84,6 @@ std::string shown(const std::string &file)
     return file == "-" ? "standard input" : '\'' + file + '\'';
 }
 
-// Tells and gives false if there is no font.
-bool startDrawing(const CommandCall &call)
-{
-    Drawing::startToolkit("orr");
-    Drawing::startApplication(u"orrlayout"_s);
-    const QString fault = Drawing::fontFault();
-    if (!fault.isEmpty())
-        tell(call.name + ": " + fault.trimmed().toStdString() + '\n');
-    return fault.isEmpty();
-}
-
 PageRequest requestOf(const PageOptions &options, const QByteArray &input)
 {
     const char *const html = std::getenv("ORR_GVLAYOUT_USE_HTML");
@@ -107,29 +93,6 @@ PageRequest requestOf(const PageOptions &options, const QByteArray &input)
             .title = QString::fromStdString(options.title),
             .fallbackTitle = options.file == "-" ? u"Drawing"_s : QString::fromStdString(stem),
             .htmlLabels = html && std::strcmp(html, "1") == 0};
-}
-
-// Why a file can't be written, as far as the system tells.
-std::string writingFault(const std::string &file)
-{
-    std::error_code ignored;
-    if (Files::is_directory(file, ignored))
-        return std::strerror(EISDIR);
-    const Files::path folder = Files::path(file).parent_path();
-    if (::access(folder.empty() ? "." : folder.c_str(), W_OK) != 0)
-        return std::strerror(errno);
-    return "not all of it arrived";
-}
-
-int write(const CommandCall &call, const std::string &output, const QByteArray &document)
-{
-    if (output == "-")
-        return print(call, document) ? AllWell : WrongUse;
-    const QString name = Graph::fileNameText(QByteArray::fromStdString(output));
-    if (Graph::writeOutput(name, document))
-        return AllWell;
-    tell(call.name + ": '" + output + "' can't be written: " + writingFault(output) + '\n');
-    return WrongUse;
 }
 
 } // namespace
@@ -157,7 +120,7 @@ int runPage(const CommandCall &call)
              + Graph::printableMessage(page.fault).toStdString() + '\n');
         return Failed;
     }
-    return write(call, outputOf(options), page.document);
+    return writeDrawn(call, outputOf(options), page.document);
 }
 
 } // namespace ORR::Companion
