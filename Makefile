@@ -63,7 +63,8 @@ lint: PACKAGES += $(LINT_PACKAGES)
 lint: form
 	cmake --preset lint
 	cmake --build build/lint --target joined_sources
-	run-clang-tidy-14 -p build/lint -quiet -j "$$(nproc)" -header-filter='/src/.*' 'lint/src/.*/Unity/|/src/.*main\.cpp' \
+	cmake/lint_units build/lint 6 build/lint/joined
+	run-clang-tidy-14 -p build/lint/joined -quiet -j "$$(nproc)" -header-filter='/src/.*' \
 	        >build/lint/findings 2>&1 || { cat build/lint/findings; exit 1; }
 
 # Nothing is asked of apt when nothing is missing, nor where there is no apt.

@@ -24,7 +24,7 @@ UmlNode labelled(UmlNode::Kind kind, QSize label)
     return node;
 }
 
-UmlNode activation(int nesting, GridCell cell = {})
+UmlNode activation(int nesting, UmlCell cell = {})
 {
     UmlNode node{UmlNode::Activation, cell};
     node.nesting = nesting;

@@ -21,7 +21,7 @@ QStringList paintNode(DiagramFixture &fixture, const UmlNode &node)
     return fixture.paint(colPos, rowPos);
 }
 
-UmlNode activation(DotNode *node, GridCell cell, int endRow, int nesting = 0)
+UmlNode activation(DotNode *node, UmlCell cell, int endRow, int nesting = 0)
 {
     return {UmlNode::Activation, cell, node, endRow, nesting};
 }
@@ -33,7 +33,7 @@ struct Ends : DiagramFixture
     DotNode *b = node(u"b"_s);
 
     // Of an activation that ends where it begins.
-    void stand(GridCell atA, GridCell atB, int nestingB = 0)
+    void stand(UmlCell atA, UmlCell atB, int nestingB = 0)
     {
         add(activation(a, atA, atA.row));
         add(activation(b, atB, atB.row, nestingB));
@@ -43,8 +43,8 @@ struct Ends : DiagramFixture
     // The calls that draw the edge, without those of its ends.
     QStringList paintEdge(UmlEdge::Kind kind, DotEdge *edge, bool visible = true)
     {
-        const GridCell tail = parts.nodes.at(0).cell;
-        const GridCell head = parts.nodes.at(1).cell;
+        const UmlCell tail = parts.nodes.at(0).cell;
+        const UmlCell head = parts.nodes.at(1).cell;
         const int row = kind == UmlEdge::Message ? head.row : tail.row;
         parts.edges.append({kind, {row, tail.col}, edge, 0, 1, visible});
         return ownCalls();

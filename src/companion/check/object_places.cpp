@@ -13,7 +13,7 @@ bool isSame(const ObjectPlace &a, const ObjectPlace &b)
     return a.grid == b.grid && a.row == b.row && a.col == b.col && a.level == b.level;
 }
 
-bool isBefore(const ObjectPlace &a, const ObjectPlace &b)
+bool liesBefore(const ObjectPlace &a, const ObjectPlace &b)
 {
     if (a.grid != b.grid)
         return std::less<>()(a.grid, b.grid);
@@ -24,7 +24,7 @@ bool isBefore(const ObjectPlace &a, const ObjectPlace &b)
 
 std::vector<SharedPlace> sharedPlaces(std::vector<ObjectPlace> places)
 {
-    std::sort(places.begin(), places.end(), isBefore);
+    std::sort(places.begin(), places.end(), liesBefore);
     std::vector<SharedPlace> shared;
     size_t first = 0;
     for (size_t i = 1; i < places.size(); ++i) {

@@ -31,8 +31,8 @@ void write(const std::filesystem::path &list, const std::filesystem::path &folde
     std::istringstream lines(contentOf(list));
     for (std::string engine, name, title; lines >> engine >> name >> std::ws;) {
         std::getline(lines, title);
-        constants += ORR::Companion::textConstant(engine + "Text", contentOf(folder / name));
-        rows += "        {\"" + engine + "\", \"" + title + "\", " + engine + "Text},\n";
+        constants += ORR::Companion::textConstant(engine + "Example", contentOf(folder / name));
+        rows += "        {\"" + engine + "\", \"" + title + "\", " + engine + "Example},\n";
     }
     std::ofstream file(output, std::ios::binary | std::ios::trunc);
     file << "#include \"companion/examples/examples.h\"\n\nnamespace ORR::Companion {\n\n"

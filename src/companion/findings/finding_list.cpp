@@ -15,7 +15,7 @@ auto order(const Finding &finding)
                     finding.suggestion);
 }
 
-bool isBefore(const Finding &a, const Finding &b)
+bool isToldBefore(const Finding &a, const Finding &b)
 {
     return order(a) < order(b);
 }
@@ -56,7 +56,7 @@ void FindingList::removeFrom(qsizetype offset)
 void FindingList::shorten(OfRule *findings)
 {
     QList<Finding> &kept = findings->kept;
-    std::sort(kept.begin(), kept.end(), isBefore);
+    std::sort(kept.begin(), kept.end(), isToldBefore);
     kept.erase(std::unique(kept.begin(), kept.end(), isTwin), kept.end());
     if (kept.size() <= mostOfRule)
         return;
@@ -75,7 +75,7 @@ QList<Finding> FindingList::take()
             rests += rest(ofRule.rule, ofRule.counted);
     }
     rules.clear();
-    std::sort(told.begin(), told.end(), isBefore);
+    std::sort(told.begin(), told.end(), isToldBefore);
     return told + rests;
 }
 

@@ -41,7 +41,7 @@ bool isGridLine(int index)
 }
 
 // Of a cell whose row or column is no line of the grid.
-QString gridFailure(GridCell cell, const QString &name)
+QString gridFailure(UmlCell cell, const QString &name)
 {
     const bool badRow = !isGridLine(cell.row);
     return u"Unable to lay out the sequence diagram: %1 %2 of %3 is not between 0 and %4\n"_s.arg(
@@ -77,7 +77,7 @@ private:
     void add(const UmlNode &node);
     void add(const UmlEdge &edge);
     template <typename Part>
-    void place(const Part &part, UmlPart own, GridCell cell);
+    void place(const Part &part, UmlPart own, UmlCell cell);
 
     UmlFragment &innermost() { return parts.fragments[open.constLast().index]; }
 
@@ -193,7 +193,7 @@ void Collector::add(const UmlEdge &edge)
 
 // The fragment around a part reaches out to it, and the grid grows to hold it.
 template <typename Part>
-void Collector::place(const Part &part, UmlPart own, GridCell cell)
+void Collector::place(const Part &part, UmlPart own, UmlCell cell)
 {
     if (!open.isEmpty()) {
         innermost().cells.include(cell.row, cell.col);

@@ -142,14 +142,14 @@ UmlExtents extentsOf(const UmlParts &parts)
 
 QList<GridClaim> columnClaims(const UmlParts &parts, const UmlExtents &extents)
 {
-    return claimsOf(parts, extents, [](GridCell cell, const CellExtent &extent, bool spans) {
+    return claimsOf(parts, extents, [](UmlCell cell, const CellExtent &extent, bool spans) {
         return GridClaim{cell.col, extent.xOffset, extent.width, spans};
     });
 }
 
 QList<GridClaim> rowClaims(const UmlParts &parts, const UmlExtents &extents)
 {
-    return claimsOf(parts, extents, [](GridCell cell, const CellExtent &extent, bool) {
+    return claimsOf(parts, extents, [](UmlCell cell, const CellExtent &extent, bool) {
         return GridClaim{cell.row, extent.yOffset, extent.height, false};
     });
 }

@@ -6,7 +6,7 @@ namespace {
 
 constexpr int closingHeight = 5;
 
-UmlNode spacer(GridCell cell, DotNode *node, QSize room, CellAlign xAlign, CellAlign yAlign)
+UmlNode spacer(UmlCell cell, DotNode *node, QSize room, CellAlign xAlign, CellAlign yAlign)
 {
     UmlNode made{UmlNode::Spacer, cell, node};
     made.room = room;

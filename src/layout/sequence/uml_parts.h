@@ -15,7 +15,7 @@
 // labels are those with their padding: 0 without a label, and until the labels are measured.
 namespace ORR::Graph::Layout {
 
-struct GridCell
+struct UmlCell
 {
     int row = 0;
     int col = 0;
@@ -32,7 +32,7 @@ struct UmlNode
     enum Kind { Object, Activation, FoundMessage, Spacer };
 
     Kind kind = Object;
-    GridCell cell;
+    UmlCell cell;
     DotNode *node = nullptr; // null only for the spacer that closes a fragment
     int endRow = 0; // where an activation ends; its own row until a return comes from it
     int nesting = 0; // of an activation
@@ -48,7 +48,7 @@ struct UmlEdge
     enum Kind { LifeLine, Message, Return };
 
     Kind kind = LifeLine;
-    GridCell cell; // always on the column of its tail
+    UmlCell cell; // always on the column of its tail
     DotEdge *edge = nullptr;
     qsizetype tail = 0; // indices of nodes
     qsizetype head = 0;
@@ -84,7 +84,7 @@ struct UmlFragment
     QList<UmlSection> sections = {};
     QList<UmlPart> contents = {}; // in the order in which they were made
 
-    GridCell cell() const { return {row, cells.col}; }
+    UmlCell cell() const { return {row, cells.col}; }
 };
 
 // All of a diagram, each list in the order in which its parts were made. Fragments come before

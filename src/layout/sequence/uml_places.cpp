@@ -22,7 +22,7 @@ int rightSide(const UmlFragment &fragment, const UmlExtents &extents, const Grid
 
 } // namespace
 
-QRect boundsAt(GridCell cell, const CellExtent &extent, const GridAnchors &anchors)
+QRect boundsAt(UmlCell cell, const CellExtent &extent, const GridAnchors &anchors)
 {
     const QPoint anchor = anchors.at(cell);
     return gridRect(qint64(anchor.x()) + extent.xOffset, qint64(anchor.y()) + extent.yOffset,

@@ -19,10 +19,10 @@ struct GridAnchors
 
     int x(int col) const { return columns.value(col); }
     int y(int row) const { return rows.value(row); }
-    QPoint at(GridCell cell) const { return {x(cell.col), y(cell.row)}; }
+    QPoint at(UmlCell cell) const { return {x(cell.col), y(cell.row)}; }
 };
 
-QRect boundsAt(GridCell cell, const CellExtent &extent, const GridAnchors &anchors);
+QRect boundsAt(UmlCell cell, const CellExtent &extent, const GridAnchors &anchors);
 
 // That of an activation reaches down to its end: 0 high without a return, and of a negative height
 // if that comes before the call.

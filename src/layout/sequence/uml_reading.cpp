@@ -11,7 +11,7 @@ std::optional<UmlNode> readNode(const DotGraph *graph, DotNode *node)
     const int kind = Rows::nodeKind.of(graph, node);
     if (kind < 0)
         return {};
-    const GridCell cell{Rows::row.of(graph, node), Rows::col.of(graph, node)};
+    const UmlCell cell{Rows::row.of(graph, node), Rows::col.of(graph, node)};
     UmlNode read{UmlNode::Object, cell, node};
     switch (kind) {
     case Rows::Object:
