@@ -1,6 +1,6 @@
-#include "companion/import/csv_import.h"
+#include "companion/import/trees/csv_import.h"
 
-#include "companion/import/csv_records.h"
+#include "companion/import/trees/csv_records.h"
 #include "tree_read.h"
 
 using namespace ORR::Companion;

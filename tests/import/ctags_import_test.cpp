@@ -1,4 +1,4 @@
-#include "companion/import/ctags_import.h"
+#include "companion/import/graphs/ctags_import.h"
 
 #include "companion/produce/declarations_picture.h"
 #include "import/imported.h"

@@ -1,6 +1,6 @@
-#include "companion/import/deps_import.h"
+#include "companion/import/dependencies/deps_import.h"
 
-#include "companion/import/deps_lists.h"
+#include "companion/import/dependencies/deps_lists.h"
 #include "companion/produce/dependency_picture.h"
 #include "import/imported.h"
 

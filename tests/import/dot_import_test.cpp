@@ -1,8 +1,8 @@
-#include "companion/import/dot_import.h"
+#include "companion/import/graphs/dot_import.h"
 
-#include "companion/import/foreign_graph.h"
-#include "companion/import/foreign_looks.h"
-#include "companion/import/laid_out_graph.h"
+#include "companion/import/graphs/foreign_graph.h"
+#include "companion/import/graphs/foreign_looks.h"
+#include "companion/import/graphs/laid_out_graph.h"
 #include "companion/produce/dependency_picture.h"
 #include "drawing/job.h"
 #include "import/imported.h"

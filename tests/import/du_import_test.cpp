@@ -1,4 +1,4 @@
-#include "companion/import/du_import.h"
+#include "companion/import/trees/du_import.h"
 
 #include "tree_read.h"
 
@@ -89,7 +89,8 @@ TEST(DuImport, adds_up_to_the_total_of_a_folder)
     EXPECT_EQ(weightOfAll(treeRead(readDu, lines, {.by = "bytes"})),
               last.split('\t')[0].toDouble());
     const ImportResult records = treeRead(readDu, statsData("du/import.nul"), {.by = "bytes"});
-    EXPECT_NE(weightsOf(records).find("src/companion/import/json_value.h "), std::string::npos);
+    EXPECT_NE(weightsOf(records).find("src/companion/import/reading/json_value.h "),
+              std::string::npos);
 }
 
 TEST(DuImport, counts_two_folders_once_though_a_line_adds_them_up)

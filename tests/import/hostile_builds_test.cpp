@@ -1,9 +1,9 @@
 // Inputs of builds that are no inputs: bytes without sense, files that are cut off, numbers of any
 // size. Each of them is a picture or a fault, and nothing else.
-#include "companion/import/junit_import.h"
-#include "companion/import/lcov_import.h"
-#include "companion/import/ninja_import.h"
-#include "companion/import/size_import.h"
+#include "companion/import/builds/junit_import.h"
+#include "companion/import/builds/ninja_import.h"
+#include "companion/import/lines/lcov_import.h"
+#include "companion/import/programs/size_import.h"
 #include "import/told_tree.h"
 
 #include <gtest/gtest.h>

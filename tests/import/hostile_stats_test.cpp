@@ -1,8 +1,8 @@
-#include "companion/import/csv_import.h"
-#include "companion/import/du_import.h"
-#include "companion/import/folded_import.h"
-#include "companion/import/line_counts_import.h"
-#include "companion/import/numstat_import.h"
+#include "companion/import/lines/line_counts_import.h"
+#include "companion/import/lines/numstat_import.h"
+#include "companion/import/trees/csv_import.h"
+#include "companion/import/trees/du_import.h"
+#include "companion/import/trees/folded_import.h"
 #include "tree_read.h"
 
 #include <cmath>

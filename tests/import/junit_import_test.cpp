@@ -1,5 +1,5 @@
 // Results of tests in the XML of JUnit.
-#include "companion/import/junit_import.h"
+#include "companion/import/builds/junit_import.h"
 #include "companion/produce/palette.h"
 #include "import/told_tree.h"
 

@@ -1,5 +1,5 @@
 // Coverage as lcov and gcov write it.
-#include "companion/import/lcov_import.h"
+#include "companion/import/lines/lcov_import.h"
 #include "import/told_tree.h"
 
 #include <gtest/gtest.h>

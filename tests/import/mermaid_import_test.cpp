@@ -1,4 +1,4 @@
-#include "companion/import/mermaid_import.h"
+#include "companion/import/sequences/mermaid_import.h"
 
 #include "import/sequence_read.h"
 

@@ -1,6 +1,6 @@
 // Times of builds: ninja's log, and what clang spends its time on.
-#include "companion/import/compile_trace.h"
-#include "companion/import/ninja_import.h"
+#include "companion/import/builds/compile_trace.h"
+#include "companion/import/builds/ninja_import.h"
 #include "import/told_tree.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
-#include "companion/import/numstat_import.h"
+#include "companion/import/lines/numstat_import.h"
 
-#include "companion/import/change_log.h"
-#include "companion/import/numstat_lines.h"
+#include "companion/import/lines/change_log.h"
+#include "companion/import/lines/numstat_lines.h"
 #include "tree_read.h"
 
 using namespace ORR::Companion;

@@ -1,7 +1,7 @@
 // Diagrams of all subjects of their languages: what is read of each, and that it is drawn.
 #include "companion/check/check_text.h"
-#include "companion/import/mermaid_import.h"
-#include "companion/import/plantuml_import.h"
+#include "companion/import/sequences/mermaid_import.h"
+#include "companion/import/sequences/plantuml_import.h"
 #include "companion/produce/drawn_size.h"
 #include "import/sequence_read.h"
 

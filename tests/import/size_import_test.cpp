@@ -1,5 +1,5 @@
 // Tables of size(1) and of bloaty.
-#include "companion/import/size_import.h"
+#include "companion/import/programs/size_import.h"
 #include "import/told_tree.h"
 
 #include <gtest/gtest.h>

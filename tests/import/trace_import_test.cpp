@@ -1,6 +1,6 @@
-#include "companion/import/trace_import.h"
+#include "companion/import/traces/trace_import.h"
 
-#include "companion/import/trace_calls.h"
+#include "companion/import/traces/trace_calls.h"
 #include "companion/produce/tree_picture.h"
 #include "import/sequence_read.h"
 

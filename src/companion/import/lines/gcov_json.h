@@ -1,0 +1,18 @@
+#pragma once
+
+#include "companion/import/lines/covered_files.h"
+#include "companion/import/reading/import_source.h"
+
+#include <optional>
+
+namespace ORR::Companion {
+
+// Whether a text is JSON of gcov: it begins as an object, and has the members that only gcov
+// writes.
+bool isGcovJson(QByteArrayView beginning);
+
+// Adds the lines of all documents of a source. Relative paths are those of the folder in which the
+// compiler ran.
+std::optional<ImportFault> readGcovJson(ImportSource *source, CoveredFiles *files);
+
+} // namespace ORR::Companion

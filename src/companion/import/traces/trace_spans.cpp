@@ -1,0 +1,213 @@
+#include "companion/import/traces/trace_spans.h"
+
+#include "companion/import/reading/json_value.h"
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace ORR::Companion {
+
+namespace {
+
+constexpr qint64 longestTime = qint64(1) << 61; // sums of two are still numbers
+
+// Whole nanoseconds: of 19 digits a double would lose three.
+qint64 wholeNumber(const JsonValue &value, double factor)
+{
+    bool isWhole = false;
+    const qint64 whole = value.bytes().toLongLong(&isWhole);
+    if (isWhole && factor == 1)
+        return std::clamp(whole, -longestTime, longestTime);
+    const double number = value.number() * factor;
+    if (std::isnan(number))
+        return 0;
+    return number >= double(longestTime) ? longestTime
+        : number <= -double(longestTime) ? -longestTime
+                                         : qint64(number);
+}
+
+class SpanReader
+{
+public:
+    SpanReader(const JsonDocument &json, QList<TraceSpan> *found, QList<ImportFault> *told)
+        : document(json), spans(found), notes(told)
+    {
+    }
+
+    bool read(std::optional<ImportFault> *fault);
+
+private:
+    void readResource(const JsonValue &resource);
+    void readOtlpSpan(const JsonValue &value, const QString &service);
+    void readJaegerTrace(const JsonValue &trace);
+    void readJaegerSpan(const JsonValue &value, const JsonValue &processes);
+    void add(TraceSpan span, qint64 duration, const JsonValue &value);
+
+    const JsonDocument &document;
+    QList<TraceSpan> *spans;
+    QList<ImportFault> *notes;
+    qint64 backward = 0; // spans that end before they begin
+};
+
+bool SpanReader::read(std::optional<ImportFault> *fault)
+{
+    const JsonValue root = document.root();
+    const JsonValue resources = root["resourceSpans"];
+    const JsonValue traces = root["data"];
+    if (resources.isArray()) {
+        for (JsonValue one = resources.first(); !one.isMissing(); one = one.next())
+            readResource(one);
+    } else if (traces.isArray()) {
+        for (JsonValue one = traces.first(); !one.isMissing(); one = one.next())
+            readJaegerTrace(one);
+    } else if (root["spans"].isArray()) {
+        readJaegerTrace(root);
+    } else {
+        *fault = document.faultAt(root,
+                                  u"there is neither 'resourceSpans', as OTLP has it, nor "
+                                  "'data' with traces, as Jaeger has it"_s);
+        return false;
+    }
+    return true;
+}
+
+void SpanReader::readResource(const JsonValue &resource)
+{
+    QString service;
+    const JsonValue attributes = resource["resource"]["attributes"];
+    for (JsonValue one = attributes.first(); !one.isMissing(); one = one.next()) {
+        if (one["key"].bytes() == "service.name")
+            service = one["value"]["stringValue"].text();
+    }
+    // The name that scopes had before version 0.16 is still about.
+    for (const char *const word : {"scopeSpans", "instrumentationLibrarySpans"}) {
+        const JsonValue scopes = resource[word];
+        for (JsonValue scope = scopes.first(); !scope.isMissing(); scope = scope.next()) {
+            const JsonValue all = scope["spans"];
+            for (JsonValue span = all.first(); !span.isMissing(); span = span.next())
+                readOtlpSpan(span, service);
+        }
+    }
+}
+
+// A kind is its number or its name.
+TraceSpan::Kind otlpKind(const JsonValue &value)
+{
+    static constexpr const char *names[] = {"SPAN_KIND_INTERNAL", "SPAN_KIND_SERVER",
+                                            "SPAN_KIND_CLIENT", "SPAN_KIND_PRODUCER",
+                                            "SPAN_KIND_CONSUMER"};
+    for (int kind = 0; kind < 5; ++kind) {
+        if (value.number() == kind + 1 || value.bytes() == names[kind])
+            return TraceSpan::Kind(kind);
+    }
+    return TraceSpan::Internal;
+}
+
+void SpanReader::readOtlpSpan(const JsonValue &value, const QString &service)
+{
+    TraceSpan span{.trace = value["traceId"].bytes().toLower(),
+                   .id = value["spanId"].bytes().toLower(),
+                   .parent = value["parentSpanId"].bytes().toLower(),
+                   .service = service,
+                   .name = value["name"].text(),
+                   .kind = otlpKind(value["kind"])};
+    const JsonValue status = value["status"]["code"];
+    span.hasFailed = status.number() == 2 || status.bytes() == "STATUS_CODE_ERROR";
+    span.start = wholeNumber(value["startTimeUnixNano"], 1);
+    add(span, wholeNumber(value["endTimeUnixNano"], 1) - span.start, value);
+}
+
+void SpanReader::readJaegerTrace(const JsonValue &trace)
+{
+    const JsonValue all = trace["spans"];
+    for (JsonValue span = all.first(); !span.isMissing(); span = span.next())
+        readJaegerSpan(span, trace["processes"]);
+}
+
+void SpanReader::readJaegerSpan(const JsonValue &value, const JsonValue &processes)
+{
+    TraceSpan span{.trace = value["traceID"].bytes(),
+                   .id = value["spanID"].bytes(),
+                   .parent = value["parentSpanID"].bytes(),
+                   .name = value["operationName"].text()};
+    const JsonValue process =
+        value["process"].isObject() ? value["process"] : processes[value["processID"].bytes()];
+    span.service = process["serviceName"].text();
+    const JsonValue references = value["references"];
+    for (JsonValue one = references.first(); !one.isMissing(); one = one.next()) {
+        if (span.parent.isEmpty() && one["traceID"].bytes() == span.trace)
+            span.parent = one["spanID"].bytes();
+    }
+    const JsonValue tags = value["tags"];
+    for (JsonValue tag = tags.first(); !tag.isMissing(); tag = tag.next()) {
+        const QByteArray key = tag["key"].bytes();
+        const JsonValue said = tag["value"];
+        if (key == "error")
+            span.hasFailed = said.kind() == JsonValue::True || said.bytes() == "true";
+        static constexpr const char *kinds[] = {"internal", "server", "client", "producer",
+                                                "consumer"};
+        for (int kind = 0; key == "span.kind" && kind < 5; ++kind) {
+            if (said.bytes() == kinds[kind])
+                span.kind = TraceSpan::Kind(kind);
+        }
+    }
+    span.start = wholeNumber(value["startTime"], 1000);
+    add(span, wholeNumber(value["duration"], 1000), value);
+}
+
+void SpanReader::add(TraceSpan span, qint64 duration, const JsonValue &value)
+{
+    if (span.service.isEmpty())
+        span.service = u"(unnamed)"_s;
+    if (duration < 0 && backward++ == 0)
+        notes->append(document.faultAt(value,
+                                       u"a span ends before it begins, and counts as one "
+                                       "that takes no time"_s));
+    span.duration = std::max<qint64>(0, duration);
+    spans->append(span);
+}
+
+// Whether each line is a document of its own, as the collector writes them.
+bool isOneALine(const QByteArray &text)
+{
+    const qsizetype end = text.indexOf('\n');
+    if (end < 0)
+        return false;
+    const QByteArray first = text.first(end).trimmed();
+    return first.startsWith('{') && first.endsWith('}') && text.indexOf('{', end) > 0;
+}
+
+bool readDocument(const QByteArray &text, const ImportPlace &place, QList<TraceSpan> *spans,
+                  QList<ImportFault> *notes, std::optional<ImportFault> *fault)
+{
+    const std::optional<JsonDocument> document = JsonDocument::read(text, place.source, fault);
+    const bool isRead = document && SpanReader(*document, spans, notes).read(fault);
+    if (!isRead && place.line > 0)
+        (*fault)->place.line = place.line;
+    return isRead;
+}
+
+} // namespace
+
+bool readTraceSpans(ImportSource *source, QList<TraceSpan> *spans, QList<ImportFault> *notes,
+                    std::optional<ImportFault> *fault)
+{
+    const QByteArray text = source->rest();
+    ImportPlace place{.source = source->name()};
+    if (!source->fault().empty()) {
+        *fault = ImportFault{place, QString::fromStdString(source->fault())};
+        return false;
+    }
+    if (!isOneALine(text))
+        return readDocument(text, place, spans, notes, fault);
+    for (const QByteArray &line : text.split('\n')) {
+        ++place.line;
+        if (!line.trimmed().isEmpty() && !readDocument(line, place, spans, notes, fault))
+            return false;
+    }
+    return true;
+}
+
+} // namespace ORR::Companion
