@@ -19,4 +19,7 @@ struct DepsReading
     QList<ImportFault> notes = {};
 };
 
+// The fault if the weights of all together are beyond double.
+std::optional<ImportFault> weightFault(const Dependencies &dependencies, const std::string &source);
+
 } // namespace ORR::Companion

@@ -14,6 +14,8 @@ namespace {
 
 constexpr qsizetype shownNames = 12;
 
+constexpr std::array<QByteArrayView, 4> pathNames = {"path", "file", "filename", "name"};
+
 // Whose cells in the first record and the next one are asked for.
 struct TableBeginning
 {
@@ -73,8 +75,7 @@ qsizetype askedColumn(const TableBeginning &table, const std::string &wanted, QS
 
 qsizetype likelyPath(const TableBeginning &table)
 {
-    constexpr std::array<QByteArrayView, 4> names = {"path", "file", "filename", "name"};
-    for (const QByteArrayView name : names) {
+    for (const QByteArrayView name : pathNames) {
         const qsizetype column = table.hasNames ? columnNamed(*table.first, name) : -1;
         if (column >= 0)
             return column;
@@ -122,6 +123,22 @@ CsvColumns chosenColumns(const QList<QByteArray> &first, const QList<QByteArray>
     columns.area =
         options.area.empty() ? likelyArea(table, columns) : askedColumn(table, options.area, why);
     return columns;
+}
+
+bool namesColumns(const ImportOptions &options)
+{
+    return !options.path.empty() || !options.area.empty() || !options.color.empty();
+}
+
+bool hasPathColumn(QByteArrayView line, char separator)
+{
+    QList<QByteArray> names = line.toByteArray().split(separator);
+    for (QByteArray &name : names)
+        name.replace('"', "");
+    if (names.size() < 2 || holdsColumnNumber(names))
+        return false;
+    return std::any_of(pathNames.begin(), pathNames.end(),
+                       [&](QByteArrayView name) { return columnNamed(names, name) >= 0; });
 }
 
 } // namespace ORR::Companion

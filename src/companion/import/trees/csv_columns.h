@@ -28,4 +28,10 @@ struct CsvColumns
 CsvColumns chosenColumns(const QList<QByteArray> &first, const QList<QByteArray> &second,
                          const ImportOptions &options, QString *why);
 
+// Whether the options name any column, and so say that the input is a table.
+bool namesColumns(const ImportOptions &options);
+
+// Whether a line is the names of columns, one of them a name that is taken for that of the paths.
+bool hasPathColumn(QByteArrayView line, char separator);
+
 } // namespace ORR::Companion

@@ -2,6 +2,7 @@
 
 #include "companion/findings/quoted_text.h"
 #include "companion/import/reading/first_lines.h"
+#include "companion/import/reading/text_kind.h"
 #include "companion/import/reading/written_number.h"
 #include "companion/import/trees/csv_columns.h"
 #include "companion/import/trees/csv_records.h"
@@ -161,8 +162,22 @@ char csvSeparatorOf(ImportSource &source, const std::string &asked)
     return asked.size() == 1 && asked != "\"" && asked != "\n" ? asked[0] : '\0';
 }
 
+// A table may be read of nearly any text, so what is clearly none is one only if columns are named.
+std::optional<ImportFault> noTable(ImportSource &source, const ImportOptions &options)
+{
+    const QString kind = namesColumns(options) ? QString() : notTabular(source.beginning());
+    if (kind.isEmpty())
+        return std::nullopt;
+    return {{{.source = source.name()},
+             u"this looks like "_s + kind
+                 + u", not like a table; --path and --area would name its "
+                   "columns if it is one"_s}};
+}
+
 std::optional<ImportFault> CsvTableReader::read(ImportSource &source)
 {
+    if (std::optional<ImportFault> fault = noTable(source, *options))
+        return fault;
     const char separator = csvSeparatorOf(source, options->separator);
     if (separator == '\0')
         return {{{},
@@ -237,10 +252,14 @@ ImportResult CsvTableReader::result(const std::vector<ImportSource> &sources)
 
 int likenessOfCsv(QByteArrayView beginning)
 {
+    if (!notTabular(beginning).isEmpty())
+        return 0;
     const char separator = csvSeparator(beginning);
     const QList<QByteArrayView> lines = firstLines(beginning);
     if (lines.size() < 2)
         return 0;
+    if (hasPathColumn(lines[0], separator))
+        return 75;
     // The first line has names, and some lines have quotes or sums.
     const qsizetype count = lines[1].count(separator);
     const qsizetype even = std::count_if(lines.begin(), lines.end(), [&](QByteArrayView line) {
