@@ -48,6 +48,8 @@ TEST(WrittenNumber, amounts_are_not_below_zero)
     EXPECT_EQ(writtenAmount("0"), 0);
     EXPECT_FALSE(writtenAmount("-1"));
     EXPECT_FALSE(writtenAmount("x"));
+    EXPECT_FALSE(writtenAmount("1e999"));
+    EXPECT_FALSE(writtenSize(QByteArray(400, '9')));
 }
 
 TEST(WrittenNumber, sizes_have_bases)

@@ -123,6 +123,15 @@ TEST(HostileStats, depth_is_no_matter)
     EXPECT_TRUE(isSoundTree(treeRead(readCloc, QByteArray("[").repeated(200000))));
 }
 
+TEST(HostileStats, sums_beyond_double_are_told)
+{
+    const std::string told = "in: its sizes add up to more than a number can hold";
+    EXPECT_EQ(treeFault(treeRead(readFolded, "a 1e308\na 1e308\n")), told);
+    EXPECT_EQ(treeFault(treeRead(readDu, "1e308\ta/b\n1e308\tc\n")), told);
+    EXPECT_EQ(treeFault(treeRead(readCsv, "path,size\na,1e308\na,1e308\n")), told);
+    EXPECT_EQ(treeFault(treeRead(readFolded, "a 1e308\n")), "");
+}
+
 TEST(HostileStats, sums_stay_finite)
 {
     EXPECT_TRUE(isSoundTree(treeRead(readFolded, "a 1e308\na 1e308\nb 1e308\nb;c 1e308\n")));

@@ -49,27 +49,32 @@ bool BuildLog::looksLike(QByteArrayView beginning)
     return beginning.startsWith(logHeading);
 }
 
-std::optional<ImportFault> BuildLog::read(ImportSource *source)
+std::optional<ImportFault> BuildLog::read(ImportSource *source, QList<ImportFault> *notes)
 {
     QByteArrayView line;
     if (!source->nextLine(&line))
         return source->faultHere(u"it is empty"_s);
     if (const QString wrong = versionFault(line); !wrong.isEmpty())
         return source->faultHere(wrong);
+    CountedNote backward;
     while (source->nextLine(&line)) {
         // Builds that are cut off and begin anew may leave a second heading.
         if (line.trimmed().isEmpty() || line.startsWith('#'))
             continue;
-        if (!readEntry(line)) {
+        bool isBackward = false;
+        if (!readEntry(line, &isBackward)) {
             return source->faultHere(
                 quotedText(line)
                 + " is no entry of a log: start, end, time, output and hash between tabs"_L1);
         }
+        if (isBackward)
+            backward.add(source->place());
     }
+    backward.tell(u"steps that end before they begin count as none"_s, notes);
     return std::nullopt;
 }
 
-bool BuildLog::readEntry(QByteArrayView line)
+bool BuildLog::readEntry(QByteArrayView line, bool *isBackward)
 {
     Fields fields;
     if (!splitFields(line, &fields))
@@ -82,8 +87,9 @@ bool BuildLog::readEntry(QByteArrayView line)
     const QByteArray name = output.toByteArray();
     const QByteArray step =
         start.toByteArray() + ' ' + end.toByteArray() + ' ' + hash.toByteArray();
-    // A clock that was set back gives no time below zero; two infinities have none between them.
-    const double milliseconds = *to > *from ? *to - *from : 0;
+    // By a clock that was set back.
+    *isBackward = *to < *from;
+    const double milliseconds = *isBackward ? 0 : *to - *from;
     const auto known = places.constFind(name);
     if (known == places.cend()) {
         places.insert(name, entries.size());

@@ -16,8 +16,9 @@ class BuildLog
 public:
     static bool looksLike(QByteArrayView beginning);
 
-    // Adds a whole log. Its entries are newer than those before.
-    std::optional<ImportFault> read(ImportSource *source);
+    // Adds a whole log. Its entries are newer than those before. Steps that end before they begin
+    // take no time and are told.
+    std::optional<ImportFault> read(ImportSource *source, QList<ImportFault> *notes);
 
     // Calls with the output and the milliseconds of each step, in the order of the outputs' first
     // mention; with the first output of several.
@@ -32,7 +33,7 @@ private:
         double milliseconds;
     };
 
-    bool readEntry(QByteArrayView line);
+    bool readEntry(QByteArrayView line, bool *isBackward);
 
     QList<Entry> entries;
     QHash<QByteArray, qsizetype> places; // of outputs among the entries

@@ -104,7 +104,10 @@ QStringList compileKinds()
 
 bool CompileTrace::looksLike(QByteArrayView beginning)
 {
-    return beginning.trimmed().startsWith('{') && beginning.contains("\"traceEvents\"");
+    const QByteArrayView text = beginning.trimmed();
+    if (text.startsWith('{'))
+        return text.contains("\"traceEvents\"");
+    return text.startsWith('[') && text.contains("\"ph\"") && text.contains("\"ts\"");
 }
 
 WeightTree::Item CompileTrace::itemOf(const TraceEvent &event, WeightTree::Item parent, int kind)

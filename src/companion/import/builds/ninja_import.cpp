@@ -40,14 +40,18 @@ ImportResult readLogs(std::vector<ImportSource> &sources, const ImportOptions &o
                                                    + quotedText(QByteArrayView(options.by)))};
     }
     BuildLog log;
+    QList<ImportFault> notes;
     for (ImportSource &source : sources) {
-        if (std::optional<ImportFault> fault = log.read(&source))
+        if (std::optional<ImportFault> fault = log.read(&source, &notes))
             return {.fault = fault};
     }
     TreeMeaning meaning{.weight = u"build time"_s, .unit = TreeMeaning::Unit::Seconds};
     meaning.color = u"folder"_s;
     meaning.ownName = u"(linking)"_s; // of a program with the name of the folder of its objects
-    return treeResult(treeOf(log, options), meaning, sources, u"no step in it took a time"_s);
+    ImportResult result =
+        treeResult(treeOf(log, options), meaning, sources, u"no step in it took a time"_s);
+    result.notes = notes;
+    return result;
 }
 
 ImportResult readTraces(std::vector<ImportSource> &sources, const ImportOptions &options)

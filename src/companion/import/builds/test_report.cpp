@@ -6,6 +6,7 @@
 #include <QXmlStreamReader>
 
 #include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -122,6 +123,8 @@ QString ReportReader::readTime(const QByteArray &written, double *seconds)
     const std::optional<double> number = writtenNumber(digits);
     if (!number)
         return quotedText(QByteArrayView(written)) + " is no time in seconds"_L1;
+    if (!std::isfinite(*number))
+        return quotedText(QByteArrayView(written)) + " is too large for a number"_L1;
     if (*number < 0)
         report->notes.append(faultHere(u"a time below zero counts as none"_s));
     *seconds = std::max(0.0, *number);

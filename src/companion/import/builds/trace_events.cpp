@@ -112,9 +112,11 @@ std::optional<ImportFault> readTraceEvents(ImportSource *source, QList<TraceEven
         JsonDocument::read(source->rest(), source->name(), &fault);
     if (!document)
         return fault;
-    const JsonValue all = document->root()["traceEvents"];
+    // Either form is that of the published format.
+    const JsonValue root = document->root();
+    const JsonValue all = root.isArray() ? root : root["traceEvents"];
     if (!all.isArray())
-        return document->faultAt(document->root(), u"there are no \"traceEvents\""_s);
+        return document->faultAt(root, u"there are no \"traceEvents\""_s);
     EventReader reader(*document, events);
     for (JsonValue event = all.first(); !event.isMissing(); event = event.next()) {
         fault = reader.add(event);

@@ -1,11 +1,9 @@
 #include "companion/import/dependencies/deps_lists.h"
 
 #include "companion/import/reading/written_number.h"
-#include "graph/decimal.h"
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -40,15 +38,9 @@ bool readWeight(QByteArrayView text, double *weight)
     text = text.trimmed();
     if (text.isEmpty())
         return true;
-    bool isNumber = false;
-    double value = text.toDouble(&isNumber);
-    // What is too large for a double is none to the toolkit.
-    if (!isNumber && text[0] >= '0' && text[0] <= '9' && std::isinf(Graph::numberFrom(text)))
-        value = std::numeric_limits<double>::max();
-    else if (!isNumber || std::isnan(value) || value < 0)
-        return false;
-    *weight = std::min(value, std::numeric_limits<double>::max());
-    return true;
+    const std::optional<double> value = writtenAmount(text);
+    *weight = value.value_or(0);
+    return value.has_value();
 }
 
 // A name in quotes, or all that is there.
@@ -120,7 +112,7 @@ void readDepsList(ImportSource &source, DepsReading *reading)
         if (!readDepsLine(line, &read)) {
             reading->fault = source.faultHere(
                 u"'%1' is no dependency; a line is 'a -> b', or two names with a tab or a blank "
-                "between, and maybe a number of 0 or more"_s.arg(
+                "between, and maybe a finite number of 0 or more"_s.arg(
                     QString::fromUtf8(line.first(std::min(longestToldLine, line.size())))));
             return;
         }

@@ -3,8 +3,7 @@
 #include "companion/findings/quoted_text.h"
 #include "companion/import/lines/numstat_lines.h"
 
-#include <algorithm>
-#include <limits>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -12,12 +11,12 @@ namespace ORR::Companion {
 
 namespace {
 
-constexpr double mostChangedLines = std::numeric_limits<double>::max();
-
-void addLines(ChangedLines *sum, const ChangedLines &lines)
+// False if the sum is beyond double.
+bool addLines(ChangedLines *sum, const ChangedLines &lines)
 {
-    sum->added = std::min(mostChangedLines, sum->added + lines.added);
-    sum->deleted = std::min(mostChangedLines, sum->deleted + lines.deleted);
+    sum->added += lines.added;
+    sum->deleted += lines.deleted;
+    return std::isfinite(sum->all());
 }
 
 // What is behind a word of a head, "Author: "; nothing if the line has another one.
@@ -63,13 +62,13 @@ void ChangeLog::add(const ChangedLines &lines, const QByteArray &path, const QBy
         laterNames[former] = name;
     const bool isNewest = !fileEntries.places.contains(name);
     Entry &file = fileEntries.of(name);
-    addLines(&file.lines, lines);
+    areSumsFinite = addLines(&file.lines, lines) && areSumsFinite;
     if (isNewest)
         file.isGone = lines.added == 0 && lines.deleted > 0;
     if (!author.isEmpty())
-        addLines(&authorEntries.of(author).lines, lines);
+        areSumsFinite = addLines(&authorEntries.of(author).lines, lines) && areSumsFinite;
     if (!month.isEmpty())
-        addLines(&monthEntries.of(month).lines, lines);
+        areSumsFinite = addLines(&monthEntries.of(month).lines, lines) && areSumsFinite;
 }
 
 std::optional<ImportFault> ChangeLog::readChange(ImportSource &source, QByteArrayView line)
@@ -130,6 +129,8 @@ std::optional<ImportFault> ChangeLog::read(ImportSource &source)
             readHead(line);
         if (fault)
             return fault;
+        if (!areSumsFinite)
+            return source.faultHere(u"with these the lines are more than a number can hold"_s);
     }
     // "Gone" is what no line is left of; of the beginning of a log more may have been there.
     for (Entry &file : fileEntries.list)

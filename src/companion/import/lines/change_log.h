@@ -58,6 +58,7 @@ private:
     Entries authorEntries;
     Entries monthEntries;
     QHash<QByteArray, QByteArray> laterNames; // what a file is called at the end of the log
+    bool areSumsFinite = true;
     QByteArray author; // of the commit that is being read
     QByteArray month;
 };

@@ -13,8 +13,15 @@ QByteArray pathOf(const QByteArray &name, const QByteArray &folder)
     return name.startsWith('/') || folder.isEmpty() ? name : folder + '/' + name;
 }
 
+// Every line has these members, and newer versions write who they are.
+bool isWrittenByGcov(QByteArrayView text)
+{
+    return text.contains("\"gcc_version\"")
+        || (text.contains("\"line_number\"") && text.contains("\"unexecuted_block\""));
+}
+
 std::optional<ImportFault> readLines(const JsonDocument &document, JsonValue lines,
-                                     qsizetype number, CoveredFiles *files)
+                                     qsizetype number, CoveredFiles *files, CountedNote *below)
 {
     for (JsonValue line = lines.first(); !line.isMissing(); line = line.next()) {
         const double lineNumber = line["line_number"].number(-1);
@@ -22,12 +29,15 @@ std::optional<ImportFault> readLines(const JsonDocument &document, JsonValue lin
         // Beyond this a double skips whole numbers.
         if (!(lineNumber >= 0 && lineNumber < 0x1p53) || !count.isNumber())
             return document.faultAt(line, u"a line needs its \"line_number\" and \"count\""_s);
+        if (count.number() < 0)
+            below->add(document.faultAt(line, {}).place);
         files->addLine(number, quint64(lineNumber), count.number() > 0);
     }
     return std::nullopt;
 }
 
-std::optional<ImportFault> readDocument(const JsonDocument &document, CoveredFiles *files)
+std::optional<ImportFault> readDocument(const JsonDocument &document, CoveredFiles *files,
+                                        CountedNote *below)
 {
     const JsonValue root = document.root();
     if (!root["files"].isArray())
@@ -37,7 +47,7 @@ std::optional<ImportFault> readDocument(const JsonDocument &document, CoveredFil
         if (!file["file"].isString() || !file["lines"].isArray())
             return document.faultAt(file, u"a file needs its name in \"file\" and its \"lines\""_s);
         const qsizetype number = files->file(pathOf(file["file"].bytes(), folder));
-        if (const auto fault = readLines(document, file["lines"], number, files))
+        if (const auto fault = readLines(document, file["lines"], number, files, below))
             return fault;
     }
     return std::nullopt;
@@ -47,10 +57,11 @@ std::optional<ImportFault> readDocument(const JsonDocument &document, CoveredFil
 
 bool isGcovJson(QByteArrayView beginning)
 {
-    return beginning.trimmed().startsWith('{') && beginning.contains("\"gcc_version\"");
+    return beginning.trimmed().startsWith('{') && isWrittenByGcov(beginning);
 }
 
-std::optional<ImportFault> readGcovJson(ImportSource *source, CoveredFiles *files)
+std::optional<ImportFault> readGcovJson(ImportSource *source, CoveredFiles *files,
+                                        CountedNote *below)
 {
     const QByteArray text = source->rest();
     qsizetype start = 0;
@@ -61,8 +72,11 @@ std::optional<ImportFault> readGcovJson(ImportSource *source, CoveredFiles *file
         std::optional<ImportFault> fault;
         const std::optional<JsonDocument> document =
             JsonDocument::read(text.sliced(start, end - start), source->name(), &fault);
+        const bool isFirstBelow = below->count == 0;
         if (document)
-            fault = readDocument(*document, files);
+            fault = readDocument(*document, files, below);
+        if (isFirstBelow && below->count > 0)
+            below->first.offset += start;
         if (fault) {
             fault->place.offset += start;
             return fault;

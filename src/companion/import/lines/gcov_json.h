@@ -7,12 +7,13 @@
 
 namespace ORR::Companion {
 
-// Whether a text is JSON of gcov: it begins as an object, and has the members that only gcov
-// writes.
+// Whether a text is JSON of gcov: it begins as an object, and has members that only gcov
+// writes, of this version or an older one.
 bool isGcovJson(QByteArrayView beginning);
 
 // Adds the lines of all documents of a source. Relative paths are those of the folder in which the
-// compiler ran.
-std::optional<ImportFault> readGcovJson(ImportSource *source, CoveredFiles *files);
+// compiler ran. Counts below zero are told in `below`.
+std::optional<ImportFault> readGcovJson(ImportSource *source, CoveredFiles *files,
+                                        CountedNote *below);
 
 } // namespace ORR::Companion

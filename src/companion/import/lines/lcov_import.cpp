@@ -8,6 +8,8 @@
 #include "companion/import/trees/tree_result.h"
 
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -21,10 +23,11 @@ struct CoverageRecord
     qsizetype file = -1; // none is open
     double lines = 0; // as its summary says
     double hit = 0;
+    bool isBelowZero = false; // the count that was read last
 };
 
 // "DA:12,3" with a checksum behind it or without.
-bool readLineData(QByteArrayView data, qsizetype file, CoveredFiles *files)
+bool readLineData(QByteArrayView data, CoverageRecord *record, CoveredFiles *files)
 {
     const qsizetype comma = data.indexOf(',');
     if (comma < 0)
@@ -35,9 +38,10 @@ bool readLineData(QByteArrayView data, qsizetype file, CoveredFiles *files)
     bool isLine = false;
     const quint64 line = data.first(comma).toULongLong(&isLine);
     const std::optional<double> times = writtenNumber(count);
-    if (!isLine || !times)
+    if (!isLine || !times || !std::isfinite(*times))
         return false;
-    files->addLine(file, line, *times > 0);
+    files->addLine(record->file, line, *times > 0);
+    record->isBelowZero = *times < 0;
     return true;
 }
 
@@ -78,7 +82,7 @@ QString readTraceLine(QByteArrayView line, CoverageRecord *record, CoveredFiles 
         files->addSummary(record->file, record->hit, record->lines);
         *record = {};
     } else if (line.startsWith("DA:")) {
-        if (!readLineData(line.sliced(3), record->file, files))
+        if (!readLineData(line.sliced(3), record, files))
             return quotedText(line)
                 + " is no line of coverage; DA: is followed by a line and its count"_L1;
     } else if (line.startsWith("LF:")) {
@@ -91,7 +95,8 @@ QString readTraceLine(QByteArrayView line, CoverageRecord *record, CoveredFiles 
     return {};
 }
 
-std::optional<ImportFault> readTracefile(ImportSource *source, CoveredFiles *files)
+std::optional<ImportFault> readTracefile(ImportSource *source, CoveredFiles *files,
+                                         CountedNote *below)
 {
     CoverageRecord record;
     QByteArrayView line;
@@ -99,27 +104,31 @@ std::optional<ImportFault> readTracefile(ImportSource *source, CoveredFiles *fil
         const QString wrong = readTraceLine(line, &record, files);
         if (!wrong.isEmpty())
             return source->faultHere(wrong);
+        if (std::exchange(record.isBelowZero, false))
+            below->add(source->place());
     }
     if (record.file >= 0)
         return source->faultHere(u"the last record has no end_of_record"_s);
     return std::nullopt;
 }
 
-std::optional<ImportFault> readUnpacked(ImportSource *source, CoveredFiles *files)
+std::optional<ImportFault> readUnpacked(ImportSource *source, CoveredFiles *files,
+                                        CountedNote *below)
 {
-    return isGcovJson(source->beginning()) ? readGcovJson(source, files)
-                                           : readTracefile(source, files);
+    return isGcovJson(source->beginning()) ? readGcovJson(source, files, below)
+                                           : readTracefile(source, files, below);
 }
 
-std::optional<ImportFault> readCoverage(ImportSource *source, CoveredFiles *files)
+std::optional<ImportFault> readCoverage(ImportSource *source, CoveredFiles *files,
+                                        CountedNote *below)
 {
     if (!isGzip(source->beginning()))
-        return readUnpacked(source, files);
+        return readUnpacked(source, files, below);
     const std::optional<QByteArray> unpacked = unpackedGzip(source->rest());
     if (!unpacked)
         return source->faultHere(u"it can't be unpacked"_s);
     ImportSource within(source->name(), *unpacked);
-    return readUnpacked(&within, files);
+    return readUnpacked(&within, files, below);
 }
 
 int likenessOfUnpacked(QByteArrayView beginning)
@@ -142,8 +151,9 @@ int likenessOfLcov(QByteArrayView beginning)
 ImportResult readLcov(std::vector<ImportSource> &sources, const ImportOptions & /*options*/)
 {
     CoveredFiles files;
+    CountedNote below;
     for (ImportSource &source : sources) {
-        if (std::optional<ImportFault> fault = readCoverage(&source, &files))
+        if (std::optional<ImportFault> fault = readCoverage(&source, &files, &below))
             return {.fault = fault};
     }
     TreeMeaning meaning{.weight = u"lines"_s, .coloring = TreeMeaning::Coloring::ByShare};
@@ -151,7 +161,9 @@ ImportResult readLcov(std::vector<ImportSource> &sources, const ImportOptions & 
     meaning.scale = TreeMeaning::Scale::BadToGood;
     meaning.share = u"coverage"_s;
     meaning.low = 0.5; // less is as bad, and what is well covered is told apart
-    return treeResult(files.tree(), meaning, sources, u"no line of code is in it"_s);
+    ImportResult result = treeResult(files.tree(), meaning, sources, u"no line of code is in it"_s);
+    below.tell(u"counts below zero are of lines that did not run"_s, &result.notes);
+    return result;
 }
 
 } // namespace ORR::Companion

@@ -6,6 +6,7 @@
 #include "companion/import/reading/written_number.h"
 
 #include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -72,8 +73,7 @@ std::optional<ImportFault> BloatyTable::read(ImportSource *source, QList<ImportF
         return source->faultHere(u"it is empty"_s);
     if (const QString wrong = readHeading(line); !wrong.isEmpty())
         return source->faultHere(wrong);
-    qint64 below = 0;
-    ImportPlace firstBelow;
+    CountedNote below;
     while (source->nextLine(&line)) {
         if (line.trimmed().isEmpty())
             continue;
@@ -86,13 +86,15 @@ std::optional<ImportFault> BloatyTable::read(ImportSource *source, QList<ImportF
         if (!size)
             return source->faultHere(quotedText(QByteArrayView(cells.at(areaColumn)))
                                      + " is no size"_L1);
+        if (!std::isfinite(*size))
+            return source->faultHere(quotedText(QByteArrayView(cells.at(areaColumn)))
+                                     + " is too large for a number"_L1);
         if (*size >= 0)
             addRow(cells, *size);
-        else if (++below == 1)
-            firstBelow = source->place();
+        else
+            below.add(source->place());
     }
-    if (below > 0)
-        notes->append({firstBelow, u"rows below zero are passed over: %1 of them"_s.arg(below)});
+    below.tell(u"rows below zero are passed over"_s, notes);
     return std::nullopt;
 }
 

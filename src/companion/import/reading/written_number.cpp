@@ -91,7 +91,7 @@ std::optional<double> writtenWeight(QByteArrayView written, QString *why)
 std::optional<double> writtenAmount(QByteArrayView text)
 {
     const std::optional<double> number = writtenNumber(text);
-    return number && *number >= 0 ? number : std::nullopt;
+    return number && *number >= 0 && std::isfinite(*number) ? number : std::nullopt;
 }
 
 std::optional<double> writtenSize(QByteArrayView text)
@@ -113,7 +113,7 @@ std::optional<double> writtenSize(QByteArrayView text)
             return std::nullopt;
         size = size * base + digit;
     }
-    return size;
+    return std::isfinite(size) ? std::optional(size) : std::nullopt;
 }
 
 } // namespace ORR::Companion

@@ -1,19 +1,27 @@
 #include "companion/import/trees/tree_result.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <numeric>
+
+using namespace Qt::StringLiterals;
 
 namespace ORR::Companion {
 
 namespace {
 
-bool weighsAnything(const WeightTree &tree)
+// Of a thing whose sum went beyond double it is the largest one, and the whole then goes beyond.
+double weightOfTree(const WeightTree &tree)
 {
+    double sum = 0;
     for (WeightTree::Item item = 0; item < tree.size(); ++item) {
-        if (tree.ownWeight(item) > 0)
-            return true;
+        const double weight = tree.ownWeight(item);
+        sum += weight < std::numeric_limits<double>::max()
+            ? weight
+            : std::numeric_limits<double>::infinity();
     }
-    return false;
+    return sum;
 }
 
 } // namespace
@@ -25,9 +33,12 @@ ImportResult treeResult(WeightTree tree, TreeMeaning meaning,
         if (!source.fault().empty())
             return {.fault = {{{.source = source.name()}, QString::fromStdString(source.fault())}}};
     }
-    if (!weighsAnything(tree)) {
+    const double whole = weightOfTree(tree);
+    if (!(whole > 0) || !std::isfinite(whole)) {
         const std::string name = sources.empty() ? std::string() : sources.front().name();
-        return {.fault = {{{.source = name}, nothing}}};
+        return {.fault = {
+                    {{.source = name},
+                     whole > 0 ? u"its sizes add up to more than a number can hold"_s : nothing}}};
     }
     return {.picture = std::make_unique<TreePicture>(std::move(tree), std::move(meaning))};
 }

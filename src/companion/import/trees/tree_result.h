@@ -12,8 +12,8 @@
 // What importers of trees of weights share.
 namespace ORR::Companion {
 
-// The picture of a tree; a fault if a source could not be read to its end, or if nothing in the
-// tree weighs anything: `nothing` says so.
+// The picture of a tree; a fault if a source could not be read to its end, if nothing in the tree
+// weighs anything (`nothing` says so), or if all of it together is beyond double.
 ImportResult treeResult(WeightTree tree, TreeMeaning meaning,
                         const std::vector<ImportSource> &sources, const QString &nothing);
 
