@@ -1,5 +1,7 @@
 #include "companion/import/graphs/foreign_graph.h"
 
+#include "companion/import/graphs/foreign_text.h"
+
 #include <QHash>
 #include <QRegularExpression>
 
@@ -110,49 +112,6 @@ int keepMessage(char *message)
     if (library.messages.size() < mostMessages)
         library.messages += message;
     return 0;
-}
-
-// What is looked at before the library is: the deepest nesting of braces, or of "<" in HTML,
-// outside of what is quoted or a comment, and the longest string.
-struct Extremes
-{
-    int deepest = 0;
-    qsizetype longest = 0;
-};
-
-Extremes extremesOf(QByteArrayView text)
-{
-    Extremes found;
-    int depth = 0;
-    int html = 0;
-    qsizetype start = 0;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const char c = text[i];
-        const char next = i + 1 < text.size() ? text[i + 1] : '\0';
-        if (html > 0) {
-            html += c == '<' ? 1 : c == '>' ? -1 : 0;
-            found.deepest = std::max(found.deepest, html);
-            found.longest = std::max(found.longest, i - start);
-        } else if (c == '"') {
-            start = i;
-            for (++i; i < text.size() && text[i] != '"'; ++i)
-                i += text[i] == '\\' ? 1 : 0;
-            found.longest = std::max(found.longest, i - start);
-        } else if ((c == '/' && next == '/') || (c == '#' && (i == 0 || text[i - 1] == '\n'))) {
-            const qsizetype end = text.indexOf('\n', i);
-            i = end < 0 ? text.size() : end;
-        } else if (c == '/' && next == '*') {
-            const qsizetype end = text.indexOf("*/", i + 2);
-            i = end < 0 ? text.size() : end + 1;
-        } else if (c == '<') {
-            html = 1;
-            start = i;
-        } else {
-            depth += c == '{' ? 1 : c == '}' ? -1 : 0;
-            found.deepest = std::max(found.deepest, depth);
-        }
-    }
-    return found;
 }
 
 // "Error: <stdin>: syntax error in line 3 near 'x'" and what else was said.
@@ -279,16 +238,15 @@ ForeignGraph GraphCopy::copied()
 }
 
 // What could not be handed to the library at all.
-std::optional<QString> refusal(const QByteArray &text)
+std::optional<QString> refusal(const QByteArray &text, const ForeignTextMeasure &measure)
 {
     if (text.contains('\0'))
         return u"this is no DOT: there is a NUL byte in it"_s;
     if (library.isSpoilt)
         return u"a graph before this one took too much memory"_s;
-    const Extremes extremes = extremesOf(text);
-    if (extremes.longest > longestString)
+    if (measure.longestString > longestString)
         return u"a string is longer than a megabyte"_s;
-    if (extremes.deepest > deepestBraces)
+    if (measure.deepest > deepestBraces)
         return u"braces or HTML are nested deeper than %1 levels"_s.arg(deepestBraces);
     return std::nullopt;
 }
@@ -324,12 +282,15 @@ std::optional<ForeignGraph> readForeignGraph(const QByteArray &text, const std::
                                              const QList<QByteArray> &wanted,
                                              std::optional<ImportFault> *fault)
 {
-    if (const auto refused = refusal(text)) {
+    const ForeignTextMeasure measure = measuredForeignText(text);
+    if (const auto refused = refusal(text, measure)) {
         *fault = ImportFault{{.source = source}, *refused};
         return std::nullopt;
     }
+    // What it has read ahead behind the graph the library would take for the next one's beginning.
+    const QByteArray graphText = text.first(measure.graphEnd);
     Arena arena;
-    library = {.arena = &arena, .messages = {}, .text = &text};
+    library = {.arena = &arena, .messages = {}, .text = &graphText};
     agseterrf(keepMessage);
     agreadline(1);
     bool isTooLarge = false;
@@ -341,6 +302,7 @@ std::optional<ForeignGraph> readForeignGraph(const QByteArray &text, const std::
         return std::nullopt;
     }
     ForeignGraph copy = GraphCopy(graph, wanted).copied();
+    copy.restLine = measure.restLine;
     agclose(graph);
     return copy;
 }

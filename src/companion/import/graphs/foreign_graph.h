@@ -59,6 +59,7 @@ struct ForeignGraph
     QList<Node> nodes;
     QList<Edge> edges;
     QList<Cluster> clusters;
+    qint64 restLine = 0; // on which more than a comment stands behind the graph; 0 if there is none
 };
 
 // The first graph of a text, or what is wrong with it. `wanted` are the names of the attributes

@@ -171,6 +171,10 @@ std::optional<QByteArray> replayableText(const QByteArray &xdot, const std::stri
     const auto graph = readForeignGraph(xdot, source, wanted, fault);
     if (!graph)
         return std::nullopt;
+    if (graph->nodes.isEmpty() && graph->clusters.isEmpty()) {
+        *fault = ImportFault{{}, u"the graph has no nodes"_s};
+        return std::nullopt;
+    }
     return ReplayWriter(*graph).written();
 }
 
