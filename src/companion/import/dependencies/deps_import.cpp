@@ -1,5 +1,6 @@
 #include "companion/import/dependencies/deps_import.h"
 
+#include "companion/findings/quoted_text.h"
 #include "companion/import/dependencies/deps_builds.h"
 #include "companion/import/dependencies/deps_lists.h"
 #include "companion/import/dependencies/deps_packages.h"
@@ -47,7 +48,10 @@ void readDepsFolder(const std::string &name, const ImportOptions &options, DepsR
     const QString folder = QString::fromStdString(name);
     const QString commands = folder + u"/compile_commands.json"_s;
     const QString replies = folder + u"/.cmake/api/v1/reply"_s;
-    if (options.by != "targets" && QFileInfo(commands).isFile()) {
+    const bool hasCommands = QFileInfo(commands).isFile();
+    if (options.by == "files" && !hasCommands) {
+        reading->fault = {{.source = name}, u"there is no compile_commands.json in it"_s};
+    } else if (options.by != "targets" && hasCommands) {
         ImportSource source(commands.toStdString());
         readDepsJson(source.rest(), source.name(), reading);
     } else {
@@ -72,8 +76,23 @@ bool looksLikeNinjaDeps(QByteArrayView beginning)
     return (end < 0 ? beginning : beginning.first(end)).contains(": #deps ");
 }
 
+// The sentence of a fault if `--by` asks for what an input does not have.
+QString strangeWish(const ImportSource &source, const std::string &by)
+{
+    if (!by.empty() && by != "targets" && by != "files")
+        return u"--by can be targets or files, of the folder of a build, not "_s
+            + quotedText(QByteArrayView(by));
+    if (!by.empty() && !isFolder(source.name()))
+        return u"--by is for the folder of a build, and this is a file"_s;
+    return {};
+}
+
 void readDepsSource(ImportSource &source, const ImportOptions &options, DepsReading *reading)
 {
+    if (const QString wish = strangeWish(source, options.by); !wish.isEmpty()) {
+        reading->fault = {{.source = source.name()}, wish};
+        return;
+    }
     if (isFolder(source.name())) {
         readDepsFolder(source.name(), options, reading);
         return;
@@ -124,6 +143,8 @@ ImportResult readDeps(std::vector<ImportSource> &sources, const ImportOptions &o
         return {.fault = ImportFault{{.source = name}, u"nothing in it depends on anything"_s},
                 .notes = reading.notes};
     }
+    if (const auto fault = weightFault(reading.dependencies, sources.front().name()))
+        return {.fault = fault, .notes = reading.notes};
     return {.picture = std::make_unique<DependencyPicture>(std::move(reading.dependencies),
                                                            reading.meaning),
             .notes = reading.notes};

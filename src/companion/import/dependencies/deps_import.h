@@ -7,7 +7,7 @@ namespace ORR::Companion {
 // Dependencies of several tools, told by what they look like; all inputs are drawn as one:
 //
 // - lists: lines `a -> b`, or two names with a tab or blanks between;
-// - npm's package-lock.json, lockfileVersion 2 and 3;
+// - npm's package-lock.json, lockfileVersion 1 to 3;
 // - `cargo metadata --format-version 1`;
 // - compile_commands.json with the rules (-MD) beside the objects, such rules by themselves (*.d),
 //   and `ninja -t deps`;

@@ -1,6 +1,7 @@
 #include "companion/import/dependencies/deps_packages.h"
 
 #include <QHash>
+#include <QSet>
 
 #include <algorithm>
 
@@ -11,6 +12,8 @@ namespace ORR::Companion {
 namespace {
 
 constexpr QByteArrayView modules = "node_modules/";
+// Places grow with the depth; npm itself gets nowhere near.
+constexpr int deepestNesting = 50;
 using PackageHash = QHash<QByteArray, JsonValue>;
 
 // "node_modules/a/node_modules/@b/c" is "@b/c"; a folder of the workspace is itself.
@@ -85,6 +88,78 @@ private:
     QHash<QByteArray, Dependencies::Item> items;
 };
 
+void tellOfMissing(const ImportPlace &place, qsizetype missing, DepsReading *reading)
+{
+    if (missing > 0)
+        reading->notes.append(
+            {place, u"%1 dependencies are not among the packages and are left out"_s.arg(missing)});
+}
+
+// One of the first version of lock files, in which they lie within each other as their folders do.
+struct NestedPackage
+{
+    QByteArray place; // of its folder
+    JsonValue package;
+    int depth = 0;
+};
+
+// All of them, the root first; none if they are nested too deep.
+QList<NestedPackage> nestedPackages(const JsonValue &root)
+{
+    QList<NestedPackage> found{{.place = {}, .package = root}};
+    for (qsizetype i = 0; i < found.size(); ++i) {
+        const NestedPackage around = found[i]; // the list moves as it grows
+        if (around.depth > deepestNesting)
+            return {};
+        const QByteArray folder = around.place.isEmpty() ? QByteArray() : around.place + '/';
+        const JsonValue within = around.package["dependencies"];
+        for (JsonValue one = within.first(); !one.isMissing(); one = one.next())
+            found.append({.place = folder + modules.toByteArray() + one.name(),
+                          .package = one,
+                          .depth = around.depth + 1});
+    }
+    return found;
+}
+
+void readNestedLock(const JsonDocument &document, DepsReading *reading)
+{
+    const JsonValue root = document.root();
+    if (!root["dependencies"].isObject()) {
+        reading->fault = document.faultAt(
+            root, u"this lock file has neither 'packages' nor, as of version 1, 'dependencies'"_s);
+        return;
+    }
+    const QList<NestedPackage> all = nestedPackages(root);
+    if (all.isEmpty()) {
+        reading->fault = document.faultAt(
+            root, u"its packages are nested deeper than %1 levels"_s.arg(deepestNesting));
+        return;
+    }
+    PackageHash packages;
+    NamedPackages named(&reading->dependencies);
+    for (const auto &[place, package, depth] : all) {
+        packages.insert(place, package);
+        named.add(place, npmName(place, package), package["version"].bytes());
+    }
+    QSet<QByteArray> needed;
+    qsizetype missing = 0;
+    for (const auto &[place, package, depth] : all) {
+        const JsonValue names = package["requires"]; // of the root a word
+        for (JsonValue one = names.isObject() ? names.first() : JsonValue(); !one.isMissing();
+             one = one.next()) {
+            const QByteArray found = installedPlace(packages, place, one.name());
+            named.need(place, found);
+            needed.insert(found);
+            missing += found.isEmpty() ? 1 : 0;
+        }
+    }
+    for (const auto &[place, package, depth] : all) {
+        if (!place.isEmpty() && !needed.contains(place))
+            named.need({}, place);
+    }
+    tellOfMissing(document.faultAt(root["dependencies"], {}).place, missing, reading);
+}
+
 // By whom it was asked for to begin with.
 QByteArray cargoGroup(const JsonValue &package)
 {
@@ -95,11 +170,11 @@ QByteArray cargoGroup(const JsonValue &package)
 
 void readNpmLock(const JsonDocument &document, DepsReading *reading)
 {
+    reading->meaning.name = document.root()["name"].text();
+    reading->meaning.things = u"packages"_s;
     const JsonValue all = document.root()["packages"];
     if (!all.isObject()) {
-        reading->fault = document.faultAt(
-            document.root(),
-            u"this lock file has no 'packages'; npm writes them from lockfileVersion 2 on"_s);
+        readNestedLock(document, reading);
         return;
     }
     PackageHash packages;
@@ -126,11 +201,7 @@ void readNpmLock(const JsonDocument &document, DepsReading *reading)
             }
         }
     }
-    if (missing > 0)
-        reading->notes.append(document.faultAt(
-            all, u"%1 dependencies are not among the packages and are left out"_s.arg(missing)));
-    reading->meaning.name = document.root()["name"].text();
-    reading->meaning.things = u"packages"_s;
+    tellOfMissing(document.faultAt(all, {}).place, missing, reading);
 }
 
 void readCargoMetadata(const JsonDocument &document, DepsReading *reading)

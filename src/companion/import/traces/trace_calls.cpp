@@ -16,6 +16,14 @@ namespace {
 // A call, its bar and the answer.
 constexpr int stepsOfCall = 3;
 
+constexpr QStringView failedColor = u"#B3261E";
+
+// The engine has no legends: what the only colour means stands below the title.
+QString withLegend(const QString &title)
+{
+    return (title.isEmpty() ? u"Calls"_s : title) + u"\nred: failed"_s;
+}
+
 class CallWriter
 {
 public:
@@ -141,7 +149,7 @@ void CallWriter::open(const Run &run)
     if (isWork) {
         call.text += u", "_s + durationText(isLoop ? span.duration : run.time);
         call.text += span.hasFailed ? u", failed"_s : QString();
-        call.color = span.hasFailed ? u"#B3261E"_s : QString();
+        call.color = span.hasFailed ? failedColor.toString() : QString();
     }
     sequence.steps.append(call);
     ++callCount;
@@ -167,7 +175,7 @@ void CallWriter::close(const Run &run)
                                  + (span.hasFailed ? u", failed"_s : QString()),
                              .head = SequenceStep::Open,
                              .isDashed = true,
-                             .color = span.hasFailed ? u"#B3261E"_s : QString()});
+                             .color = span.hasFailed ? failedColor.toString() : QString()});
         }
         const bool hasBar =
             !isWork || (!tree.children(run.span).isEmpty() && run.depth < depthLimit);
@@ -247,8 +255,12 @@ Sequence TraceCalls::sequence(int most, QStringList *notes) const
 WrittenGraph TraceCalls::write(const PictureRequest &request) const
 {
     QStringList notes;
-    const SequencePicture picture(sequence(std::max(1, request.most / stepsOfCall), &notes));
-    WrittenGraph graph = picture.write(request);
+    const Sequence drawn = sequence(std::max(1, request.most / stepsOfCall), &notes);
+    PictureRequest titled = request;
+    if (std::any_of(drawn.steps.begin(), drawn.steps.end(),
+                    [](const SequenceStep &step) { return step.color == failedColor; }))
+        titled.title = withLegend(request.title.isEmpty() ? drawn.title : request.title);
+    WrittenGraph graph = SequencePicture(drawn).write(titled);
     graph.notes = notes + graph.notes;
     return graph;
 }

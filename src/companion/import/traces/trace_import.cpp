@@ -34,10 +34,13 @@ std::unique_ptr<Picture> timesByService(const TraceTree &tree, bool bySpan)
 int likenessOfTrace(QByteArrayView beginning)
 {
     const QByteArray text = beginning.toByteArray();
-    if (!text.trimmed().startsWith('{'))
+    if (!text.trimmed().startsWith('{') && !text.trimmed().startsWith('['))
         return 0;
-    if (text.contains("\"resourceSpans\""))
+    if (text.contains("\"resourceSpans\"") || text.contains("\"resource_spans\""))
         return 100;
+    const bool isTempo = text.contains("\"batches\"") && text.contains("\"spans\"");
+    if (isTempo)
+        return 95;
     const bool isJaeger = text.contains("\"spanID\"") && text.contains("\"traceID\"");
     return isJaeger ? 95 : 0;
 }

@@ -13,19 +13,29 @@ namespace {
 
 constexpr qint64 longestTime = qint64(1) << 61; // sums of two are still numbers
 
-// Whole nanoseconds: of 19 digits a double would lose three.
-qint64 wholeNumber(const JsonValue &value, double factor)
+// A member by its name in JSON or, as some encoders are told to write it, that of the definition:
+// "parentSpanId", "parent_span_id".
+JsonValue protoMember(const JsonValue &value, QByteArrayView name)
 {
-    bool isWhole = false;
-    const qint64 whole = value.bytes().toLongLong(&isWhole);
-    if (isWhole && factor == 1)
-        return std::clamp(whole, -longestTime, longestTime);
-    const double number = value.number() * factor;
-    if (std::isnan(number))
-        return 0;
-    return number >= double(longestTime) ? longestTime
-        : number <= -double(longestTime) ? -longestTime
-                                         : qint64(number);
+    const JsonValue member = value[name];
+    if (!member.isMissing())
+        return member;
+    QByteArray defined;
+    for (const char c : name) {
+        const bool isCapital = c >= 'A' && c <= 'Z';
+        defined += isCapital ? QByteArray{"_"} + char(c | 0x20) : QByteArray(1, c);
+    }
+    return value[defined];
+}
+
+// Digits of base 16, in which letters may be of either size. Tempo writes base 64.
+QByteArray otlpId(const JsonValue &value)
+{
+    const QByteArray id = value.bytes();
+    const bool isHex = std::all_of(id.begin(), id.end(), [](char c) {
+        return (c >= '0' && c <= '9') || ((c | 0x20) >= 'a' && (c | 0x20) <= 'f');
+    });
+    return isHex ? id.toLower() : id;
 }
 
 class SpanReader
@@ -39,38 +49,72 @@ public:
     bool read(std::optional<ImportFault> *fault);
 
 private:
+    bool readExport(const JsonValue &whole);
     void readResource(const JsonValue &resource);
     void readOtlpSpan(const JsonValue &value, const QString &service);
     void readJaegerTrace(const JsonValue &trace);
     void readJaegerSpan(const JsonValue &value, const JsonValue &processes);
+    qint64 nanoseconds(const JsonValue &value, double factor);
     void add(TraceSpan span, qint64 duration, const JsonValue &value);
 
     const JsonDocument &document;
     QList<TraceSpan> *spans;
     QList<ImportFault> *notes;
     qint64 backward = 0; // spans that end before they begin
+    qint64 beyond = 0; // times that were cut
 };
 
 bool SpanReader::read(std::optional<ImportFault> *fault)
 {
     const JsonValue root = document.root();
-    const JsonValue resources = root["resourceSpans"];
-    const JsonValue traces = root["data"];
-    if (resources.isArray()) {
-        for (JsonValue one = resources.first(); !one.isMissing(); one = one.next())
-            readResource(one);
-    } else if (traces.isArray()) {
-        for (JsonValue one = traces.first(); !one.isMissing(); one = one.next())
-            readJaegerTrace(one);
-    } else if (root["spans"].isArray()) {
-        readJaegerTrace(root);
+    JsonValue other;
+    if (!root.isArray()) {
+        other = readExport(root) ? JsonValue() : root;
     } else {
-        *fault = document.faultAt(root,
-                                  u"there is neither 'resourceSpans', as OTLP has it, nor "
-                                  "'data' with traces, as Jaeger has it"_s);
-        return false;
+        for (JsonValue one = root.first(); !one.isMissing() && other.isMissing(); one = one.next())
+            other = readExport(one) ? JsonValue() : one;
     }
-    return true;
+    if (other.isMissing())
+        return true;
+    *fault = document.faultAt(other,
+                              u"there is neither 'resourceSpans', as OTLP has it, nor "
+                              "'data' with traces, as Jaeger has it"_s);
+    return false;
+}
+
+// False if it is of no form that is known.
+bool SpanReader::readExport(const JsonValue &whole)
+{
+    const JsonValue inner = whole["trace"].isObject() ? whole["trace"] : whole;
+    const JsonValue sent = protoMember(inner, "resourceSpans");
+    const JsonValue resources = sent.isArray() ? sent : inner["batches"];
+    const JsonValue traces = whole["data"];
+    for (JsonValue one = resources.first(); resources.isArray() && !one.isMissing();
+         one = one.next())
+        readResource(one);
+    for (JsonValue one = traces.first(); traces.isArray() && !one.isMissing(); one = one.next())
+        readJaegerTrace(one);
+    if (whole["spans"].isArray())
+        readJaegerTrace(whole);
+    return resources.isArray() || traces.isArray() || whole["spans"].isArray();
+}
+
+// Of 19 digits a double would lose three. What is too long for a number of nanoseconds is cut, and
+// told once.
+qint64 SpanReader::nanoseconds(const JsonValue &value, double factor)
+{
+    bool isWhole = false;
+    const qint64 whole = value.bytes().toLongLong(&isWhole);
+    const double number = value.number() * factor;
+    if (std::isnan(number))
+        return 0;
+    if (std::abs(number) < double(longestTime))
+        return isWhole && factor == 1 ? whole : qint64(number);
+    if (beyond++ == 0)
+        notes->append(document.faultAt(value,
+                                       u"this time is longer than can be told in nanoseconds, and "
+                                       "is cut"_s));
+    return number > 0 ? longestTime : -longestTime;
 }
 
 void SpanReader::readResource(const JsonValue &resource)
@@ -79,11 +123,11 @@ void SpanReader::readResource(const JsonValue &resource)
     const JsonValue attributes = resource["resource"]["attributes"];
     for (JsonValue one = attributes.first(); !one.isMissing(); one = one.next()) {
         if (one["key"].bytes() == "service.name")
-            service = one["value"]["stringValue"].text();
+            service = protoMember(one["value"], "stringValue").text();
     }
     // The name that scopes had before version 0.16 is still about.
     for (const char *const word : {"scopeSpans", "instrumentationLibrarySpans"}) {
-        const JsonValue scopes = resource[word];
+        const JsonValue scopes = protoMember(resource, word);
         for (JsonValue scope = scopes.first(); !scope.isMissing(); scope = scope.next()) {
             const JsonValue all = scope["spans"];
             for (JsonValue span = all.first(); !span.isMissing(); span = span.next())
@@ -107,16 +151,16 @@ TraceSpan::Kind otlpKind(const JsonValue &value)
 
 void SpanReader::readOtlpSpan(const JsonValue &value, const QString &service)
 {
-    TraceSpan span{.trace = value["traceId"].bytes().toLower(),
-                   .id = value["spanId"].bytes().toLower(),
-                   .parent = value["parentSpanId"].bytes().toLower(),
+    TraceSpan span{.trace = otlpId(protoMember(value, "traceId")),
+                   .id = otlpId(protoMember(value, "spanId")),
+                   .parent = otlpId(protoMember(value, "parentSpanId")),
                    .service = service,
                    .name = value["name"].text(),
                    .kind = otlpKind(value["kind"])};
     const JsonValue status = value["status"]["code"];
     span.hasFailed = status.number() == 2 || status.bytes() == "STATUS_CODE_ERROR";
-    span.start = wholeNumber(value["startTimeUnixNano"], 1);
-    add(span, wholeNumber(value["endTimeUnixNano"], 1) - span.start, value);
+    span.start = nanoseconds(protoMember(value, "startTimeUnixNano"), 1);
+    add(span, nanoseconds(protoMember(value, "endTimeUnixNano"), 1) - span.start, value);
 }
 
 void SpanReader::readJaegerTrace(const JsonValue &trace)
@@ -153,8 +197,8 @@ void SpanReader::readJaegerSpan(const JsonValue &value, const JsonValue &process
                 span.kind = TraceSpan::Kind(kind);
         }
     }
-    span.start = wholeNumber(value["startTime"], 1000);
-    add(span, wholeNumber(value["duration"], 1000), value);
+    span.start = nanoseconds(value["startTime"], 1000);
+    add(span, nanoseconds(value["duration"], 1000), value);
 }
 
 void SpanReader::add(TraceSpan span, qint64 duration, const JsonValue &value)
