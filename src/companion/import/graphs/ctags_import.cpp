@@ -178,11 +178,22 @@ Declarations TagReader::declared()
     return declarations;
 }
 
+// "!_TAG_FILE_FORMAT", or "main<tab>main.c<tab>/^int main()$/;"<tab>f".
+bool isClassicTags(QByteArrayView beginning)
+{
+    if (beginning.startsWith("!_TAG_"))
+        return true;
+    const qsizetype end = beginning.indexOf('\n');
+    const QByteArrayView line = end < 0 ? beginning : beginning.first(end);
+    return line.count('\t') >= 2 && line.contains(";\"");
+}
+
 } // namespace
 
 int likenessOfCtags(QByteArrayView beginning)
 {
-    return beginning.startsWith("{\"_type\": \"") ? 95 : 0;
+    // The classic form is told what to do.
+    return beginning.startsWith("{\"_type\": \"") ? 95 : isClassicTags(beginning) ? 90 : 0;
 }
 
 ImportResult readCtags(std::vector<ImportSource> &sources, const ImportOptions & /*options*/)
@@ -190,6 +201,12 @@ ImportResult readCtags(std::vector<ImportSource> &sources, const ImportOptions &
     ImportResult result;
     TagReader tags;
     for (ImportSource &source : sources) {
+        if (isClassicTags(source.beginning())) {
+            result.fault = ImportFault{
+                {.source = source.name(), .line = 1},
+                u"this is the classic form of tags; 'ctags --output-format=json' writes JSON"_s};
+            return result;
+        }
         QByteArrayView line;
         while (source.nextLine(&line)) {
             if (line.trimmed().isEmpty())
@@ -199,7 +216,6 @@ ImportResult readCtags(std::vector<ImportSource> &sources, const ImportOptions &
                 result.fault = tag->faultAt(tag->root(), u"this is no tag: it has no '_type'"_s);
             if (result.fault) {
                 result.fault->place.line = source.lineNumber();
-                result.fault->place.offset = -1;
                 return result;
             }
             if (tag->root()["_type"].bytes() == "tag")
