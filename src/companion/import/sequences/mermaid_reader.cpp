@@ -1,5 +1,6 @@
 #include "companion/import/sequences/mermaid_reader.h"
 
+#include <QHash>
 #include <QStringList>
 
 #include <algorithm>
@@ -150,6 +151,19 @@ bool MermaidReader::readPeople(const MermaidWords &words)
     return true;
 }
 
+void MermaidReader::beginSection(const MermaidWords &words)
+{
+    static const QHash<QString, QStringList> fragments{{u"else"_s, {u"alt"_s}},
+                                                       {u"and"_s, {u"par"_s, u"par_over"_s}},
+                                                       {u"option"_s, {u"critical"_s}}};
+    const QString around = builder.openKeyword();
+    if (!around.isEmpty() && !fragments.value(words.first).contains(around))
+        builder.fail(u"'%1' stands in '%2', but belongs into '%3'"_s.arg(
+            words.first, around, fragments.value(words.first).constFirst()));
+    else
+        builder.nextSection(words.first, plainMermaidText(words.rest));
+}
+
 bool MermaidReader::readFragment(const MermaidWords &words)
 {
     static const QStringList begins{u"loop"_s,     u"alt"_s,      u"opt"_s,  u"par"_s,
@@ -160,7 +174,7 @@ bool MermaidReader::readFragment(const MermaidWords &words)
         builder.beginFragment(words.first, text, {},
                               words.first == u"par_over" ? u"par"_s : QString());
     } else if (goesOn.contains(words.first)) {
-        builder.nextSection(words.first, text);
+        beginSection(words);
     } else if (words.first == u"rect") {
         const QString color = plainColor(words.rest);
         if (color.isEmpty())

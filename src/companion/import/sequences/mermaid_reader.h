@@ -33,6 +33,7 @@ private:
     bool readHead(const MermaidWords &words);
     bool readPeople(const MermaidWords &words);
     bool readFragment(const MermaidWords &words);
+    void beginSection(const MermaidWords &words);
     bool readTitle(const QString &statement, const MermaidWords &words);
 
     void declare(const QString &word, const QString &rest, bool isCreated);

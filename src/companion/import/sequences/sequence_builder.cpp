@@ -14,6 +14,9 @@ namespace ORR::Companion {
 
 namespace {
 
+// Notes of one diagram.
+constexpr qsizetype mostTold = 20;
+
 QColor uponWhite(const QColor &color)
 {
     const auto mixed = [&](int part) { return 255 - (255 - part) * color.alpha() / 255; };
@@ -136,13 +139,15 @@ void SequenceBuilder::fail(const QString &sentence)
 
 void SequenceBuilder::tell(const QString &sentence)
 {
-    const auto known = told.find(sentence);
-    if (known != told.end()) {
-        ++known->more;
+    const bool isTold = std::any_of(notes.crbegin(), notes.crend(), [&](const ImportFault &note) {
+        return note.place.line == here.line && note.sentence == sentence;
+    });
+    if (isTold)
         return;
-    }
-    told.insert(sentence, Told{.note = notes.size()});
-    notes.append(ImportFault{here, sentence});
+    if (notes.size() < mostTold)
+        notes.append(ImportFault{here, sentence});
+    else
+        untold.add(here);
 }
 
 ImportResult SequenceBuilder::result(const ImportSource &source)
@@ -155,10 +160,7 @@ ImportResult SequenceBuilder::result(const ImportSource &source)
         here = open.constLast().place;
         fail(u"'%1' is not closed by an 'end'"_s.arg(open.constLast().keyword));
     }
-    for (const Told &one : std::as_const(told)) {
-        if (one.more > 0)
-            notes[one.note].sentence += u" (and %1 more)"_s.arg(one.more);
-    }
+    untold.tell(u"from here on there is more that can't be drawn as it is written"_s, &notes);
     if (fault)
         return {.fault = fault, .notes = notes};
     if (sequence.participants.isEmpty()) {

@@ -39,7 +39,8 @@ public:
     // The first one counts.
     void fail(const QString &sentence);
     bool hasFailed() const { return fault.has_value(); }
-    // What can't be drawn as it is written, told once, with the first line that has it.
+    // What can't be drawn as it is written, told for each line that has it; of very many only the
+    // first ones, with how many there are more.
     void tell(const QString &sentence);
 
     // The picture, or the fault, of what was read from a source; to be called once, at the end.
@@ -51,18 +52,13 @@ private:
         QString keyword;
         ImportPlace place;
     };
-    struct Told
-    {
-        qsizetype note;
-        qsizetype more = 0;
-    };
 
     QHash<QString, int> numbers;
     QList<Fragment> open;
     ImportPlace here;
     std::optional<ImportFault> fault;
     QList<ImportFault> notes;
-    QHash<QString, Told> told; // by sentence
+    CountedNote untold;
 };
 
 // The kind of a word: "actor". Any other is a plain one.
