@@ -67,6 +67,24 @@ TEST(DuImport, tells_the_line_that_is_broken)
               "in:1: 'inf' is no number; a line of du begins with a size and a tab");
 }
 
+TEST(DuImport, passes_over_times)
+{
+    EXPECT_EQ(weightsOf(treeRead(readDu,
+                                 "1\t2025-03-01 12:30\ta/x\n2\t2025-03-01\ta/y\n"
+                                 "3\t2025-03-01 12:30:09.123456789 +0100\ta b\n",
+                                 {.by = "bytes"})),
+              "a/x 1\na/y 2\na b 3\n");
+    const QByteArray timed = statsData("du/timed.txt");
+    EXPECT_NE(weightsOf(treeRead(readDu, timed)).find("src/device/"), std::string::npos)
+        << weightsOf(treeRead(readDu, timed));
+    EXPECT_GT(likenessOfDu(timed), 80);
+}
+
+TEST(DuImport, tells_a_path_that_is_missing)
+{
+    EXPECT_EQ(treeFault(treeRead(readDu, "4\ta\n4\t\n")), "in:2: no path stands behind the size");
+}
+
 TEST(DuImport, advises_against_rounded_sizes)
 {
     EXPECT_EQ(treeFault(treeRead(readDu, statsData("du/rounded.txt"))),
@@ -89,8 +107,7 @@ TEST(DuImport, adds_up_to_the_total_of_a_folder)
     EXPECT_EQ(weightOfAll(treeRead(readDu, lines, {.by = "bytes"})),
               last.split('\t')[0].toDouble());
     const ImportResult records = treeRead(readDu, statsData("du/import.nul"), {.by = "bytes"});
-    EXPECT_NE(weightsOf(records).find("src/companion/import/reading/json_value.h "),
-              std::string::npos);
+    EXPECT_NE(weightsOf(records).find("src/companion/import/json_value.h "), std::string::npos);
 }
 
 TEST(DuImport, counts_two_folders_once_though_a_line_adds_them_up)

@@ -54,6 +54,18 @@ QString sizeAdvice(QByteArrayView size, const QString &why)
     return why + u"; a line of du begins with a size and a tab"_s;
 }
 
+// Without the time of --time, in any of its styles: "2025-03-01 12:30<tab>".
+QByteArrayView withoutTime(QByteArrayView path)
+{
+    const qsizetype tab = path.indexOf('\t');
+    const QByteArrayView time = path.first(std::max<qsizetype>(tab, 0));
+    const bool isTime = time.size() >= 10 && time[4] == '-' && time[7] == '-'
+        && std::all_of(time.begin(), time.end(), [](char c) {
+                            return (c >= '0' && c <= '9') || QByteArrayView(" -+:.").contains(c);
+                        });
+    return isTime ? path.sliced(tab + 1) : path;
+}
+
 std::optional<ImportFault> readSizes(ImportSource &source, ListedSizes *sizes)
 {
     PathWalk paths(&sizes->tree, '/', PathWalk::Parts::Folders);
@@ -71,7 +83,10 @@ std::optional<ImportFault> readSizes(ImportSource &source, ListedSizes *sizes)
         const std::optional<double> number = writtenWeight(size, &why);
         if (!number)
             return source.faultHere(sizeAdvice(size, why));
-        sizes->add(paths.at(line.sliced(tab + 1)), *number);
+        const QByteArrayView path = withoutTime(line.sliced(tab + 1));
+        if (path.isEmpty())
+            return source.faultHere(u"no path stands behind the size"_s);
+        sizes->add(paths.at(path), *number);
     }
     return std::nullopt;
 }
