@@ -1,9 +1,9 @@
 // What the importers of builds share, each by itself.
-#include "companion/import/gzip_bytes.h"
-#include "companion/import/object_path.h"
-#include "companion/import/section_kind.h"
-#include "companion/import/symbol_name.h"
-#include "companion/import/written_number.h"
+#include "companion/import/builds/object_path.h"
+#include "companion/import/programs/section_kind.h"
+#include "companion/import/programs/symbol_name.h"
+#include "companion/import/reading/gzip_bytes.h"
+#include "companion/import/reading/written_number.h"
 #include "graph/numbers.h"
 
 #include <gtest/gtest.h>
@@ -48,6 +48,8 @@ TEST(WrittenNumber, amounts_are_not_below_zero)
     EXPECT_EQ(writtenAmount("0"), 0);
     EXPECT_FALSE(writtenAmount("-1"));
     EXPECT_FALSE(writtenAmount("x"));
+    EXPECT_FALSE(writtenAmount("1e999"));
+    EXPECT_FALSE(writtenSize(QByteArray(400, '9')));
 }
 
 TEST(WrittenNumber, sizes_have_bases)

@@ -1,6 +1,6 @@
-#include "companion/import/csv_import.h"
+#include "companion/import/trees/csv_import.h"
 
-#include "companion/import/csv_records.h"
+#include "companion/import/trees/csv_records.h"
 #include "tree_read.h"
 
 using namespace ORR::Companion;
@@ -188,6 +188,31 @@ TEST(CsvImport, takes_the_unit_from_the_name_of_the_column)
     EXPECT_EQ(unitOfColumn("Size_in_Bytes"), TreeMeaning::Unit::Bytes);
     EXPECT_EQ(unitOfColumn("kilobytes"), TreeMeaning::Unit::Count);
     EXPECT_EQ(unitOfColumn("seconds"), TreeMeaning::Unit::Seconds);
+}
+
+TEST(CsvImport, tells_what_is_clearly_no_table_unless_columns_are_named)
+{
+    for (const char *json : {"{\n  \"a\": 1,\n  \"b\": 2\n}\n", "[{\"a\": 1},\n {\"a\": 2}]\n"}) {
+        EXPECT_EQ(treeFault(treeRead(readCsv, json)),
+                  "in: this looks like JSON, not like a table; --path and --area would name its "
+                  "columns if it is one");
+        EXPECT_EQ(likenessOfCsv(json), 0);
+    }
+    EXPECT_NE(treeFault(treeRead(readCsv, statsData("junit/pytest.xml"))).find("like XML"),
+              std::string::npos);
+    EXPECT_NE(treeFault(treeRead(readCsv, statsData("lcov/html_text.cpp.gcov.json.gz")))
+                  .find("like no text"),
+              std::string::npos);
+    EXPECT_EQ(weightsOf(treeRead(readCsv, "{\"a\",1\nb,2\n", {.path = "1", .area = "2"})),
+              "{\"a\" 1\nb 2\n");
+    EXPECT_EQ(weightsOf(treeRead(readCsv, "[a],1\n<b,2\n")), "[a] 1\n<b 2\n");
+}
+
+TEST(CsvImport, is_surer_of_a_table_with_a_column_of_paths)
+{
+    EXPECT_GT(likenessOfCsv("added\tdeleted\tpath\n3\t4\ta\n"), 60);
+    EXPECT_GT(likenessOfCsv("\"File\";code\n\"a\";3\n"), 60);
+    EXPECT_LT(likenessOfCsv(statsData("size/sections.csv")), 60);
 }
 
 TEST(CsvImport, knows_its_inputs)

@@ -1,4 +1,4 @@
-#include "companion/import/ctags_import.h"
+#include "companion/import/graphs/ctags_import.h"
 
 #include "companion/produce/declarations_picture.h"
 #include "import/imported.h"
@@ -84,7 +84,20 @@ TEST(CtagsImport, tells_the_line_that_is_broken)
         importedBytes("ctags", "{\"_type\": \"tag\", \"name\": \"a\"}\n{\"_type\": \n");
     ASSERT_TRUE(result.fault);
     EXPECT_EQ(result.fault->place.line, 2);
+    EXPECT_GE(result.fault->place.offset, 10);
+    EXPECT_EQ(result.fault->place.path, u"$");
     EXPECT_EQ(importedBytes("ctags", "\n{}\n").fault->place.line, 2);
+    EXPECT_EQ(importedBytes("ctags", "\n{}\n").fault->place.offset, 0);
+}
+
+TEST(CtagsImport, tells_what_makes_json_of_the_classic_form)
+{
+    const auto result = importedFile("ctags", "ctags/classic.tags");
+    EXPECT_EQ(faultOf(result),
+              "this is the classic form of tags; 'ctags --output-format=json' writes JSON");
+    EXPECT_GT(likenessOfCtags(importDataBytes("ctags/classic.tags")), 50);
+    EXPECT_EQ(faultOf(importedBytes("ctags", "main\tmain.c\t/^int main()$/;\"\tf\n")),
+              faultOf(result));
 }
 
 TEST(CtagsImport, tells_that_there_is_nothing_to_draw)

@@ -1,6 +1,6 @@
-#include "companion/import/deps_import.h"
+#include "companion/import/dependencies/deps_import.h"
 
-#include "companion/import/deps_lists.h"
+#include "companion/import/dependencies/deps_lists.h"
 #include "companion/produce/dependency_picture.h"
 #include "import/imported.h"
 
@@ -40,8 +40,7 @@ TEST(DepsLine, is_two_names_and_maybe_a_number)
     for (const Case &expected : {Case{"a -> b", "a", "b", 1}, Case{"a b -> c d;", "a b", "c d", 1},
                                  Case{"a -> b 3", "a", "b", 3}, Case{"a\tb c\t3", "a", "b c", 3},
                                  Case{"a b 2.5", "a", "b", 2.5}, Case{"\"a b\" c", "a b", "c", 1},
-                                 Case{"\"a\" -> \"b -> c\" 7", "a", "b -> c", 7},
-                                 Case{"a\tb\t1e999", "a", "b", 1.7976931348623157e308}}) {
+                                 Case{"\"a\" -> \"b -> c\" 7", "a", "b -> c", 7}}) {
         DepsLine read;
         ASSERT_TRUE(readDepsLine(expected.line, &read)) << expected.line;
         EXPECT_EQ(read.tail, expected.tail) << expected.line;
@@ -52,8 +51,8 @@ TEST(DepsLine, is_two_names_and_maybe_a_number)
 
 TEST(DepsLine, is_nothing_else)
 {
-    for (const char *line :
-         {"a", "a -> ", " -> b", "a b c", "a b -1", "a -> b -5", "a b nan", "\"\" b"}) {
+    for (const char *line : {"a", "a -> ", " -> b", "a b c", "a b -1", "a -> b -5", "a b nan",
+                             "\"\" b", "a\tb\t1e999"}) {
         DepsLine read;
         EXPECT_FALSE(readDepsLine(line, &read)) << line;
     }
@@ -86,10 +85,41 @@ TEST(DepsImport, reads_npm_locks_with_the_copy_that_each_package_gets)
     EXPECT_TRUE(result.notes.isEmpty());
 }
 
-TEST(DepsImport, refuses_locks_of_the_first_version)
+TEST(DepsImport, reads_locks_of_the_first_version)
 {
-    const auto result = importedBytes("deps", R"({"lockfileVersion": 1, "dependencies": {}})");
-    EXPECT_TRUE(faultOf(result).contains("lockfileVersion 2"));
+    const auto result = importedFile("deps", "deps/package-lock-1.json");
+    ASSERT_TRUE(result.picture) << faultOf(result).toStdString();
+    const QStringList needs = needsIn(result);
+    for (const char *need : {"ex > finalhandler x 1", "ex > debug x 1", "debug > ms x 1",
+                             "finalhandler > debug 2.6.9 x 1", "debug 2.6.9 > ms 2.0.0 x 1"})
+        EXPECT_TRUE(needs.contains(QString::fromLatin1(need))) << need << " is not in\n"
+                                                               << needs.join('\n').toStdString();
+    EXPECT_FALSE(needs.contains("ex > ms x 1"));
+    EXPECT_TRUE(result.notes.isEmpty());
+    EXPECT_TRUE(faultOf(importedBytes("deps", R"({"lockfileVersion": 1})")).contains("version 1"));
+    QByteArray deep = R"({"lockfileVersion": 1)";
+    deep += QByteArray(R"(, "dependencies": {"a": {"version": "1")").repeated(60)
+        + QByteArray("}}").repeated(60) + '}';
+    EXPECT_EQ(faultOf(importedBytes("deps", deep)),
+              "its packages are nested deeper than 50 levels");
+}
+
+TEST(DepsImport, tells_a_wish_that_its_input_does_not_grant)
+{
+    EXPECT_EQ(faultOf(importedBytes("deps", "a -> b\n", {.by = "targets"})),
+              "--by is for the folder of a build, and this is a file");
+    EXPECT_EQ(faultOf(importedFile("deps", "deps/shapes", {.by = "x"})),
+              "--by can be targets or files, of the folder of a build, not 'x'");
+    EXPECT_TRUE(importedFile("deps", "deps/shapes", {.by = "files"}).picture);
+    EXPECT_EQ(faultOf(importedFile("deps", "dot", {.by = "files"})),
+              "there is no compile_commands.json in it");
+    EXPECT_TRUE(faultOf(importedFile("deps", "dot", {.by = "targets"})).contains("no reply"));
+}
+
+TEST(DepsImport, tells_numbers_that_add_up_beyond_double)
+{
+    EXPECT_EQ(faultOf(importedBytes("deps", "a -> b 1e308\nb -> c 1e308\n")),
+              "its numbers add up to more than a number can hold");
 }
 
 TEST(DepsImport, reads_what_cargo_resolved)

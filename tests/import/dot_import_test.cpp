@@ -1,8 +1,8 @@
-#include "companion/import/dot_import.h"
+#include "companion/import/graphs/dot_import.h"
 
-#include "companion/import/foreign_graph.h"
-#include "companion/import/foreign_looks.h"
-#include "companion/import/laid_out_graph.h"
+#include "companion/import/graphs/foreign_graph.h"
+#include "companion/import/graphs/foreign_looks.h"
+#include "companion/import/graphs/laid_out_graph.h"
 #include "companion/produce/dependency_picture.h"
 #include "drawing/job.h"
 #include "import/imported.h"
@@ -187,6 +187,52 @@ x -> y [_ldraw_="T 1 2 0 9 3 -mid ", _tldraw_="T 3 4 0 9 3 -end "]; })",
     const auto target = ORR::Drawing::inMemory(&drawing, ORR::Drawing::Format::Svg);
     EXPECT_EQ(ORR::Drawing::draw(job, target).message, "");
     EXPECT_TRUE(drawing.contains(">end<")) << drawing.data();
+}
+
+TEST(DotImport, tells_where_more_than_a_graph_begins)
+{
+    const auto restOf = [](const char *text) {
+        const auto result = importedBytes("dot", text);
+        return result.notes.isEmpty() ? qint64(0) : result.notes[0].place.line;
+    };
+    EXPECT_EQ(restOf("digraph {\n a -> b\n}\n// end }\ndigraph { c }\n"), 5);
+    EXPECT_EQ(restOf("digraph { a [label=\"}\" x=<<b>}</b>>] }\n\nrest"), 3);
+    EXPECT_EQ(restOf("/* { */ digraph { subgraph { a } }\n# 1 \"x\"\n /* } */\n"), 0);
+    EXPECT_EQ(labelsIn(importedBytes("dot", "digraph { z }")), QStringList{"z"});
+    EXPECT_EQ(importedBytes("dot", "digraph { a } digraph { b }").notes[0].sentence,
+              u"what stands behind the first graph is passed over, from here on");
+}
+
+TEST(DotImport, leaves_out_what_is_invisible)
+{
+    const auto result = importedBytes(
+        "dot", "digraph { a -> b -> c; b [style=\"filled,invis\"]; a -> c [style=invis]; c -> a }");
+    ASSERT_TRUE(result.picture) << faultOf(result).toStdString();
+    EXPECT_EQ(labelsIn(result), (QStringList{"a", "c"}));
+    EXPECT_EQ(edgesOf(result).edges().size(), 1);
+    ASSERT_EQ(result.notes.size(), 1);
+    EXPECT_EQ(result.notes[0].sentence,
+              u"what is invisible is left out, with its edges: 1 nodes and 3 edges");
+}
+
+TEST(DotImport, tells_weights_that_are_none)
+{
+    const auto result = importedBytes(
+        "dot", "digraph { a -> b [weight=-1] b -> c [weight=\"1e999\"] c -> d [weight=0] d -> e }");
+    ASSERT_EQ(result.notes.size(), 1);
+    EXPECT_EQ(result.notes[0].sentence,
+              u"weights of edges that are no number of 0 or more count as 1: 2 of them");
+}
+
+TEST(DotImport, tells_that_a_graph_without_nodes_can_not_be_drawn)
+{
+    EXPECT_EQ(faultOf(importedBytes("dot", "digraph { }")), "the graph has no nodes");
+    EXPECT_EQ(faultOf(importedBytes("dot", "digraph { }", {.layout = "kept"})),
+              "the graph has no nodes");
+    if (!QStandardPaths::findExecutable("dot").isEmpty()) {
+        EXPECT_EQ(faultOf(importedBytes("dot", "digraph { }", {.layout = "dot"})),
+                  "the graph has no nodes");
+    }
 }
 
 TEST(DotImport, is_told_by_its_look)

@@ -1,4 +1,4 @@
-#include "companion/import/du_import.h"
+#include "companion/import/trees/du_import.h"
 
 #include "tree_read.h"
 
@@ -65,6 +65,24 @@ TEST(DuImport, tells_the_line_that_is_broken)
               "in:1: '-4' is below 0; a line of du begins with a size and a tab");
     EXPECT_EQ(treeFault(treeRead(readDu, "inf\ta\n")),
               "in:1: 'inf' is no number; a line of du begins with a size and a tab");
+}
+
+TEST(DuImport, passes_over_times)
+{
+    EXPECT_EQ(weightsOf(treeRead(readDu,
+                                 "1\t2025-03-01 12:30\ta/x\n2\t2025-03-01\ta/y\n"
+                                 "3\t2025-03-01 12:30:09.123456789 +0100\ta b\n",
+                                 {.by = "bytes"})),
+              "a/x 1\na/y 2\na b 3\n");
+    const QByteArray timed = statsData("du/timed.txt");
+    EXPECT_NE(weightsOf(treeRead(readDu, timed)).find("src/device/"), std::string::npos)
+        << weightsOf(treeRead(readDu, timed));
+    EXPECT_GT(likenessOfDu(timed), 80);
+}
+
+TEST(DuImport, tells_a_path_that_is_missing)
+{
+    EXPECT_EQ(treeFault(treeRead(readDu, "4\ta\n4\t\n")), "in:2: no path stands behind the size");
 }
 
 TEST(DuImport, advises_against_rounded_sizes)

@@ -1,4 +1,4 @@
-#include "companion/import/folded_import.h"
+#include "companion/import/trees/folded_import.h"
 
 #include "tree_read.h"
 

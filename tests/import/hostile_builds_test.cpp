@@ -1,9 +1,9 @@
 // Inputs of builds that are no inputs: bytes without sense, files that are cut off, numbers of any
 // size. Each of them is a picture or a fault, and nothing else.
-#include "companion/import/junit_import.h"
-#include "companion/import/lcov_import.h"
-#include "companion/import/ninja_import.h"
-#include "companion/import/size_import.h"
+#include "companion/import/builds/junit_import.h"
+#include "companion/import/builds/ninja_import.h"
+#include "companion/import/lines/lcov_import.h"
+#include "companion/import/programs/size_import.h"
 #include "import/told_tree.h"
 
 #include <gtest/gtest.h>
@@ -172,7 +172,7 @@ TEST(HostileBuilds, may_have_numbers_of_any_kind)
 TEST(HostileBuilds, have_weights_that_are_drawn)
 {
     const ImportResult result = readBytes(
-        readNinja, "# ninja log v5\n0\t" + QByteArray(400, '9') + "\t1\ta/b\tx\n0\t1\t1\ta/c\ty\n");
+        readNinja, "# ninja log v5\n0\t" + QByteArray(308, '9') + "\t1\ta/b\tx\n0\t1\t1\ta/c\ty\n");
     ASSERT_TRUE(result.picture) << qPrintable(toldFault(result));
     EXPECT_TRUE(std::isfinite(wholeWeight(result)));
     const WrittenGraph graph = result.picture->write({.engine = u"treemap"_s});

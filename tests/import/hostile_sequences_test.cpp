@@ -1,8 +1,8 @@
 // Importers of sequences and inputs that no tool writes: they say what is wrong, or read something
 // that can be drawn.
-#include "companion/import/mermaid_import.h"
-#include "companion/import/plantuml_import.h"
-#include "companion/import/trace_import.h"
+#include "companion/import/sequences/mermaid_import.h"
+#include "companion/import/sequences/plantuml_import.h"
+#include "companion/import/traces/trace_import.h"
 #include "import/sequence_read.h"
 
 #include <QElapsedTimer>

@@ -1,8 +1,8 @@
-#include "companion/import/csv_import.h"
-#include "companion/import/du_import.h"
-#include "companion/import/folded_import.h"
-#include "companion/import/line_counts_import.h"
-#include "companion/import/numstat_import.h"
+#include "companion/import/lines/line_counts_import.h"
+#include "companion/import/lines/numstat_import.h"
+#include "companion/import/trees/csv_import.h"
+#include "companion/import/trees/du_import.h"
+#include "companion/import/trees/folded_import.h"
 #include "tree_read.h"
 
 #include <cmath>
@@ -121,6 +121,15 @@ TEST(HostileStats, depth_is_no_matter)
     const QByteArray folders = "1\t" + QByteArray("a/").repeated(200000) + "b\n";
     EXPECT_TRUE(isSoundTree(treeRead(readDu, folders)));
     EXPECT_TRUE(isSoundTree(treeRead(readCloc, QByteArray("[").repeated(200000))));
+}
+
+TEST(HostileStats, sums_beyond_double_are_told)
+{
+    const std::string told = "in: its sizes add up to more than a number can hold";
+    EXPECT_EQ(treeFault(treeRead(readFolded, "a 1e308\na 1e308\n")), told);
+    EXPECT_EQ(treeFault(treeRead(readDu, "1e308\ta/b\n1e308\tc\n")), told);
+    EXPECT_EQ(treeFault(treeRead(readCsv, "path,size\na,1e308\na,1e308\n")), told);
+    EXPECT_EQ(treeFault(treeRead(readFolded, "a 1e308\n")), "");
 }
 
 TEST(HostileStats, sums_stay_finite)

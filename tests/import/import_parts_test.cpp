@@ -1,6 +1,6 @@
-#include "companion/import/first_lines.h"
-#include "companion/import/path_walk.h"
-#include "companion/import/tree_result.h"
+#include "companion/import/reading/first_lines.h"
+#include "companion/import/trees/path_walk.h"
+#include "companion/import/trees/tree_result.h"
 #include "tree_read.h"
 
 #include <QFile>

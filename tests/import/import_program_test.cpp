@@ -95,6 +95,47 @@ TEST_F(ImportProgram, tells_what_a_file_looks_like)
     EXPECT_EQ(other.errors, "orr import lcov: sizes looks like du; try 'orr import du'\n");
 }
 
+TEST_F(ImportProgram, takes_no_other_format_for_a_table)
+{
+    const std::pair<QString, QByteArray> others[] = {
+        {u"size/sections.csv"_s, "size"},   {u"lcov/parser.info"_s, "lcov"},
+        {u"ninja/ninja_log"_s, "ninja"},    {u"cloc/companion.json"_s, "cloc"},
+        {u"numstat/page.log"_s, "numstat"}, {u"size/objects.txt"_s, "size"},
+    };
+    for (const auto &[name, format] : others) {
+        const QString file = QStringLiteral(ORR_PROJECT_FOLDER "/tests/import/data/") + name;
+        const ProgramRun made = import({u"csv"_s, file});
+        EXPECT_EQ(made.status, 1) << qPrintable(name);
+        EXPECT_EQ(made.output, QByteArray());
+        EXPECT_EQ(made.errors,
+                  "orr import csv: " + file.toUtf8() + " looks like " + format
+                      + "; try 'orr import " + format
+                      + "', or name its columns by --path and --area\n");
+    }
+    const QString table = QStringLiteral(ORR_PROJECT_FOLDER "/tests/import/data/size/sections.csv");
+    EXPECT_TRUE(succeeded(import({u"csv"_s, u"--area"_s, u"filesize"_s, table})));
+    const ProgramRun named = import({u"csv"_s}, "added\tdeleted\tpath\n3\t4\ta\n");
+    EXPECT_TRUE(succeeded(named)) << named.errors.toStdString();
+}
+
+TEST_F(ImportProgram, writes_nothing_where_numbers_go_beyond_double)
+{
+    const std::pair<QString, QByteArray> inputs[] = {
+        {u"du"_s, "1e308\ta/b\n1e308\tc/d\n"},
+        {u"folded"_s, "a;b 1e308\na;c 1e308\n"},
+        {u"csv"_s, "path,size\na,1e308\nb,1e308\n"},
+        {u"deps"_s, "a -> b 1e308\na -> b 1e308\n"},
+        {u"dot"_s, "digraph { a -> b [weight=\"1e308\"] b -> c [weight=\"1e308\"] }"},
+    };
+    for (const auto &[format, input] : inputs) {
+        const ProgramRun made = import({format}, input);
+        EXPECT_EQ(made.status, 1) << qPrintable(format);
+        EXPECT_EQ(made.output, QByteArray()) << qPrintable(format);
+        EXPECT_TRUE(made.errors.contains("add up to more than a number can hold"))
+            << made.errors.toStdString();
+    }
+}
+
 TEST_F(ImportProgram, passes_over_the_mark_of_an_encoding)
 {
     EXPECT_EQ(import({u"du"_s}, QByteArray("\xef\xbb\xbf") + sizes).output,

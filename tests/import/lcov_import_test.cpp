@@ -1,5 +1,5 @@
 // Coverage as lcov and gcov write it.
-#include "companion/import/lcov_import.h"
+#include "companion/import/lines/lcov_import.h"
 #include "import/told_tree.h"
 
 #include <gtest/gtest.h>
@@ -59,8 +59,35 @@ TEST(LcovImport, takes_sums_where_no_line_is_told)
 
 TEST(LcovImport, takes_counts_of_any_size)
 {
-    EXPECT_EQ(toldLcov("SF:a\nDA:1,-5\nDA:2,1e400\nDA:3,18446744073709551616\nend_of_record\n"),
+    EXPECT_EQ(toldLcov("SF:a\nDA:1,0\nDA:2,1e300\nDA:3,18446744073709551616\nend_of_record\n"),
               "a 3 2/3\n");
+    EXPECT_EQ(faultOfLcov("SF:a\nDA:1,1e400\nend_of_record\n"),
+              u"2: 'DA:1,1e400' is no line of coverage; DA: is followed by a line and its count"_s);
+}
+
+TEST(LcovImport, tells_of_counts_below_zero)
+{
+    const ImportResult result =
+        readBytes(readLcov, "SF:a\nDA:1,1\nDA:2,-5\nDA:3,-1\nend_of_record\n");
+    EXPECT_EQ(toldTree(result), "a 3 1/3\n");
+    ASSERT_EQ(result.notes.size(), 1);
+    EXPECT_EQ(result.notes[0].place.line, 3);
+    EXPECT_EQ(result.notes[0].sentence,
+              u"counts below zero are of lines that did not run: 2 of them"_s);
+    const QByteArray first = gcovOf("a", R"({"line_number": 1, "count": 1})") + '\n';
+    const QByteArray second = gcovOf("a", R"({"line_number": 2, "count": -1})");
+    const ImportResult documents = readBytes(readLcov, first + second);
+    EXPECT_EQ(toldTree(documents), "p>a 2 1/2\n");
+    ASSERT_EQ(documents.notes.size(), 1);
+    EXPECT_EQ(documents.notes[0].place.offset, first.size() + second.indexOf("{\"line_number"));
+}
+
+TEST(LcovImport, knows_gcov_without_its_version)
+{
+    const QByteArray text = R"({"format_version": "1", "files": [{"file": "a", "lines": [)"
+                            R"({"line_number": 1, "count": 3, "unexecuted_block": false}]}]})";
+    EXPECT_EQ(likenessOfLcov(text), 100);
+    EXPECT_EQ(toldLcov(text), "a 1 1/1\n");
 }
 
 TEST(LcovImport, passes_over_what_other_versions_write)

@@ -1,4 +1,4 @@
-#include "companion/import/line_counts_import.h"
+#include "companion/import/lines/line_counts_import.h"
 
 #include "tree_read.h"
 

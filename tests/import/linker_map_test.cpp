@@ -1,5 +1,5 @@
 // Maps of GNU ld.
-#include "companion/import/size_import.h"
+#include "companion/import/programs/size_import.h"
 #include "import/told_tree.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "companion/import/mermaid_import.h"
+#include "companion/import/sequences/mermaid_import.h"
 
 #include "import/sequence_read.h"
 
@@ -110,12 +110,24 @@ TEST(MermaidImport, turns_codes_into_characters)
               "A -> B: \u2665 # & #nonsense; #0; #x; one|two|three\n");
 }
 
-TEST(MermaidImport, tells_what_it_cannot_draw_once_with_its_first_line)
+TEST(MermaidImport, tells_each_line_that_it_cannot_draw_as_it_is_written)
 {
-    EXPECT_EQ(sequenceNotes(mermaidRead("A->B: t\nA-->B: t\nA-|\\B: t\nlink A: x @ http://y")),
-              "line 2: a line without a head is drawn with an open one (and 1 more)\n"
-              "line 4: a half of an arrow head is drawn as a whole one\n"
-              "line 5: menus of participants ('link') are not drawn\n");
+    EXPECT_EQ(
+        sequenceNotes(mermaidRead("A->B: t\nA-->B: t; A->B: t\nA-|\\B: t\nlink A: x @ http://y")),
+        "line 2: a line without a head is drawn with an open one\n"
+        "line 3: a line without a head is drawn with an open one\n"
+        "line 4: a half of an arrow head is drawn as a whole one\n"
+        "line 5: menus of participants ('link') are not drawn\n");
+}
+
+TEST(MermaidImport, counts_what_it_tells_no_more)
+{
+    const ImportResult result = mermaidRead(QByteArray("A->B: t\n").repeated(50));
+    ASSERT_EQ(result.notes.size(), 21);
+    EXPECT_EQ(result.notes[19].place.line, 21);
+    EXPECT_EQ(result.notes[20].place.line, 22);
+    EXPECT_EQ(result.notes[20].sentence,
+              u"from here on there is more that can't be drawn as it is written: 30 of them"_s);
 }
 
 TEST(MermaidImport, tells_faults_with_their_lines)
@@ -125,6 +137,9 @@ TEST(MermaidImport, tells_faults_with_their_lines)
         {"loop\nA->>B: t", "line 2: 'loop' is not closed by an 'end'"},
         {"A->>B: t\nend", "line 3: 'end' closes nothing"},
         {"A->>B: t\nelse", "line 3: 'else' stands in no fragment"},
+        {"alt x\nA->>B: t\nand\nend", "line 4: 'and' stands in 'alt', but belongs into 'par'"},
+        {"loop\noption x\nend", "line 3: 'option' stands in 'loop', but belongs into 'critical'"},
+        {"par x\nopt y\nelse\nend\nend", "line 4: 'else' stands in 'opt', but belongs into 'alt'"},
         {"A->>: t", "line 2: the message 'A->>: t' has no receiver"},
         {"autonumber x",
          "line 2: 'autonumber' is followed by a number, the distance to the next, "

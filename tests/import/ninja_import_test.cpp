@@ -1,6 +1,6 @@
 // Times of builds: ninja's log, and what clang spends its time on.
-#include "companion/import/compile_trace.h"
-#include "companion/import/ninja_import.h"
+#include "companion/import/builds/compile_trace.h"
+#include "companion/import/builds/ninja_import.h"
 #include "import/told_tree.h"
 
 #include <gtest/gtest.h>
@@ -69,13 +69,19 @@ TEST(NinjaImport, has_no_time_below_zero)
 {
     EXPECT_EQ(toldLog("9\t0\t1\ta\tab\n0\t1000\t1\tb\tcd\n"), "b 1\n");
     EXPECT_EQ(toldLog("9\t0\t1\ta\tab\n"), "no step in it took a time");
+    const ImportResult result =
+        readBytes(readNinja, "# ninja log v5\n0\t7\t1\ta\tab\n9\t0\t1\tb\tcd\n9\t8\t1\tc\tef\n");
+    ASSERT_EQ(result.notes.size(), 1);
+    EXPECT_EQ(result.notes[0].place.line, 3);
+    EXPECT_EQ(result.notes[0].sentence,
+              u"steps that end before they begin count as none: 2 of them"_s);
 }
 
-TEST(NinjaImport, takes_times_beyond_double)
+TEST(NinjaImport, tells_times_beyond_double)
 {
     const QByteArray huge(400, '9');
-    EXPECT_EQ(toldLog("0\t" + huge + "\t1\ta\tab\n" + huge + '\t' + huge + "\t1\tb\tcd\n"),
-              "a 1.79769e+308\n");
+    EXPECT_NE(toldLog("0\t1\t1\tb\tcd\n0\t" + huge + "\t1\ta\tab\n").find("is no entry of a log"),
+              std::string::npos);
 }
 
 TEST(NinjaImport, has_bars_by_folder_or_output)
@@ -193,6 +199,14 @@ TEST(CompileTrace, tells_the_event_that_is_broken)
               "--by is for logs, and this is a trace");
     EXPECT_EQ(toldBuild(R"({"traceEvents": 1})"), "@0 $: there are no \"traceEvents\"");
     EXPECT_EQ(toldTrace(""), "@16 $.traceEvents: none of these events has a duration");
+}
+
+TEST(CompileTrace, may_be_a_bare_array)
+{
+    const QByteArray events = '[' + eventOf("Source", 0, 4, "a.h") + ']';
+    EXPECT_EQ(likenessOfNinja(events), 100);
+    EXPECT_EQ(toldBuild(events), "a.h 4" + kindNumber("Source (headers)") + '\n');
+    EXPECT_EQ(likenessOfNinja("[{\"a\": 1}]"), 0);
 }
 
 TEST(CompileTrace, of_clang_has_all_its_time)

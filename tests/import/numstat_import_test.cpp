@@ -1,7 +1,7 @@
-#include "companion/import/numstat_import.h"
+#include "companion/import/lines/numstat_import.h"
 
-#include "companion/import/change_log.h"
-#include "companion/import/numstat_lines.h"
+#include "companion/import/lines/change_log.h"
+#include "companion/import/lines/numstat_lines.h"
 #include "tree_read.h"
 
 using namespace ORR::Companion;
@@ -104,6 +104,9 @@ TEST(NumstatImport, tells_the_line_that_is_broken)
         "in:2: '1\tx\tb' is no line of --numstat; added lines, deleted lines and the path are "
         "expected, with tabs between");
     EXPECT_NE(treeFault(treeRead(readNumstat, "-1\t2\ta\n")), "");
+    const QByteArray most(308, '9');
+    EXPECT_EQ(treeFault(treeRead(readNumstat, "1\t1\ta\n" + most + "\t0\tb\n" + most + "\t0\tb\n")),
+              "in:3: with these the lines are more than a number can hold");
     EXPECT_NE(treeFault(treeRead(readNumstat, "1\t-\ta\n")), "");
     EXPECT_NE(treeFault(treeRead(readNumstat, "1\t2\n")), "");
     EXPECT_NE(treeFault(treeRead(readNumstat, "1\t2\ta\tb\n")), "");

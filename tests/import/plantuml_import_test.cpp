@@ -1,4 +1,4 @@
-#include "companion/import/plantuml_import.h"
+#include "companion/import/sequences/plantuml_import.h"
 
 #include "import/sequence_read.h"
 

@@ -1,5 +1,5 @@
 // Tables of size(1) and of bloaty.
-#include "companion/import/size_import.h"
+#include "companion/import/programs/size_import.h"
 #include "import/told_tree.h"
 
 #include <gtest/gtest.h>
@@ -61,10 +61,13 @@ TEST(SizeImport, reads_the_short_table)
               "libx.a>c.o>text 1 #0\nlibx.a>c.o>data 2 #2\nlibx.a>c.o>bss 3 #3\n");
 }
 
-TEST(SizeImport, takes_sizes_beyond_double)
+TEST(SizeImport, tells_sizes_beyond_double)
 {
-    EXPECT_EQ(toldSizes("a :\nsection size addr\n.text " + QByteArray(400, '9') + " 0\n"),
-              ".text 1.79769e+308 #0\n");
+    EXPECT_NE(toldSizes("a :\nsection size addr\n.text " + QByteArray(400, '9') + " 0\n")
+                  .find("is no line of a table of sizes"),
+              std::string::npos);
+    EXPECT_EQ(faultOfSize("sections,vmsize,filesize\n.a,1,2\n.b,1,1e999\n"),
+              u"3: '1e999' is too large for a number"_s);
 }
 
 TEST(SizeImport, tells_the_line_that_is_broken)

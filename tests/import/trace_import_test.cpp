@@ -1,6 +1,6 @@
-#include "companion/import/trace_import.h"
+#include "companion/import/traces/trace_import.h"
 
-#include "companion/import/trace_calls.h"
+#include "companion/import/traces/trace_calls.h"
 #include "companion/produce/tree_picture.h"
 #include "import/sequence_read.h"
 
@@ -140,6 +140,67 @@ TEST(TraceImport, survives_circles_and_odd_times)
     const QByteArray huge = "{\"data\":[{\"spans\":[{\"traceID\":\"t\",\"spanID\":\"1\","
                             "\"operationName\":\"x\",\"startTime\":-1e300,\"duration\":1e300}]}]}";
     EXPECT_NE(callsIn(huge).find("(unnamed): x"), std::string::npos) << callsIn(huge);
+    const ImportResult cut = sequenceRead(readTrace, huge);
+    ASSERT_EQ(cut.notes.size(), 1);
+    EXPECT_EQ(cut.notes[0].place.path, u"$.data[0].spans[0].startTime");
+}
+
+TEST(TraceImport, reads_what_other_encoders_make_of_it)
+{
+    const QByteArray text = otlp({otlpService("a", {otlpSpan("1", "", "first", 0, 1000)}),
+                                  otlpService("b", {otlpSpan("2", "1", "work", 0, 500)})});
+    const std::string whole = callsIn(text);
+    ASSERT_NE(whole.find("a -> b: work"), std::string::npos) << whole;
+    QByteArray defined = text;
+    for (const char *name : {"resource_spans", "scope_spans", "string_value", "trace_id", "span_id",
+                             "parent_span_id", "start_time_unix_nano", "end_time_unix_nano"}) {
+        QByteArray camel = name;
+        for (qsizetype at = camel.indexOf('_'); at >= 0; at = camel.indexOf('_'))
+            camel.replace(at, 2, QByteArray(1, char(camel[at + 1] & ~0x20)));
+        defined.replace('"' + camel + '"', '"' + QByteArray(name) + '"');
+    }
+    ASSERT_FALSE(defined.contains("spanId"));
+    EXPECT_EQ(callsIn(defined), whole);
+    EXPECT_EQ(likenessOfTrace(defined), 100);
+    QByteArray batches = text;
+    batches.replace("resourceSpans", "batches");
+    EXPECT_EQ(callsIn(batches), whole);
+    EXPECT_GT(likenessOfTrace(batches), 50);
+    EXPECT_EQ(callsIn("{\"trace\": " + text + '}'), whole);
+}
+
+TEST(TraceImport, reads_an_array_of_exports)
+{
+    const QByteArray one = otlp({otlpService("a", {otlpSpan("1", "", "first", 0, 1000)})});
+    const QByteArray other = otlp({otlpService("b", {otlpSpan("2", "1", "work", 0, 500)})});
+    const std::string whole = callsIn(one + '\n' + other + '\n');
+    EXPECT_NE(whole.find("a -> b: work"), std::string::npos) << whole;
+    const QByteArray both = "[" + one + ",\n" + other + "]";
+    EXPECT_EQ(callsIn(both), whole);
+    EXPECT_EQ(likenessOfTrace(both), 100);
+    EXPECT_EQ(sequenceRead(readTrace, "[{\"a\": 1}]").fault->place.path, u"$[0]");
+}
+
+TEST(TraceImport, keeps_the_size_of_letters_in_ids_of_base_64)
+{
+    const QByteArray text = otlp(
+        {otlpService("a",
+                     {otlpSpan("aG8=", "", "one", 0, 1000), otlpSpan("Ag8=", "aG8=", "two", 0, 500),
+                      otlpSpan("3", "ag8=", "lost", 0, 10)})});
+    EXPECT_NE(callsIn(text).find("a -> a: two"), std::string::npos) << callsIn(text);
+    EXPECT_NE(callsIn(text).find("[ -> a: lost"), std::string::npos) << callsIn(text);
+}
+
+TEST(TraceImport, says_what_its_colour_means)
+{
+    const auto titleOf = [](const QByteArray &text) {
+        const ImportResult result = sequenceRead(readTrace, text);
+        return result.picture->write({.engine = u"umlseq"_s}).text;
+    };
+    const QByteArray failed = otlpSpan("1", "", "x", 0, 9, ",\"status\":{\"code\":2}");
+    EXPECT_TRUE(titleOf(otlp({otlpService("a", {failed})})).contains("red: failed"));
+    EXPECT_FALSE(
+        titleOf(otlp({otlpService("a", {otlpSpan("1", "", "x", 0, 9)})})).contains("red:"));
 }
 
 TEST(TraceImport, tells_faults_with_their_places)

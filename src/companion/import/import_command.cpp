@@ -6,6 +6,7 @@
 #include "companion/findings/nearest_word.h"
 #include "companion/import/import_format.h"
 #include "companion/import/import_output.h"
+#include "companion/import/trees/csv_columns.h"
 #include "drawing/sudden_end.h"
 #include "drawing/toolkit.h"
 #include "graph/message_text.h"
@@ -143,6 +144,12 @@ std::string strangeOption(const ImportOptions &options, const ImportFormat &form
     return {};
 }
 
+// Who names columns says that it is a table, whatever it looks like.
+bool isSaidToBeTable(const ImportFormat &format, const ImportOptions &options)
+{
+    return words(format.options).contains("--path"_L1) && namesColumns(options);
+}
+
 // What is wrong with the call; empty if nothing is.
 std::string contradiction(const Asked &asked, const ImportFormat *format)
 {
@@ -198,8 +205,16 @@ struct Misfit
     const ImportFormat *likely;
 };
 
-// Any text may be a table: so much has to speak for the other format.
+// Any text may be a table: so much has to speak for the other format, and less than that for the
+// one that was asked for.
+constexpr int withoutDoubt = 100;
 constexpr int surelyAlike = 80;
+constexpr int maybeAlike = 60;
+
+bool isRatherThan(int asked, int other)
+{
+    return other == withoutDoubt ? asked < surelyAlike : other >= surelyAlike && asked < maybeAlike;
+}
 
 std::optional<Misfit> misfitOf(std::vector<ImportSource> &sources, const ImportFormat &format)
 {
@@ -208,8 +223,8 @@ std::optional<Misfit> misfitOf(std::vector<ImportSource> &sources, const ImportF
             continue; // some formats look for their files in it
         const QByteArrayView beginning = source.beginning();
         const ImportFormat *const likely = likelyFormat(beginning);
-        if (likely && likely != &format && format.likeness(beginning) == 0
-            && likely->likeness(beginning) >= surelyAlike)
+        if (likely && likely != &format
+            && isRatherThan(format.likeness(beginning), likely->likeness(beginning)))
             return Misfit{source.name(), likely};
     }
     return std::nullopt;
@@ -299,10 +314,14 @@ int runImport(const CommandCall &call)
     std::vector<ImportSource> sources;
     if (const std::optional<int> status = open(inner, asked.files, &sources))
         return *status;
-    if (const std::optional<Misfit> misfit = misfitOf(sources, *format)) {
+    const std::optional<Misfit> misfit =
+        isSaidToBeTable(*format, asked.options) ? std::nullopt : misfitOf(sources, *format);
+    if (misfit) {
         const std::string likely = misfit->likely->name;
+        const bool mayBeTable = words(format->options).contains("--path"_L1);
         tell(inner.name + ": " + shown(misfit->source) + " looks like " + likely + "; try '"
-             + call.name + ' ' + likely + "'\n");
+             + call.name + ' ' + likely + '\''
+             + (mayBeTable ? ", or name its columns by --path and --area\n" : "\n"));
         return Failed;
     }
     if (!startDrawing(inner))

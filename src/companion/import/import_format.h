@@ -1,7 +1,7 @@
 #pragma once
 
-#include "companion/import/import_fault.h"
-#include "companion/import/import_source.h"
+#include "companion/import/reading/import_fault.h"
+#include "companion/import/reading/import_source.h"
 #include "companion/produce/picture.h"
 
 #include <QList>
