@@ -1,5 +1,5 @@
-// docs/tutorial.md: its lines for a shell, run one after the other, do what they say. So do those of the
-// front page that draw.
+// docs/tutorial.md: its lines for a shell, run one after the other, do what they say. So do those
+// of the front page that draw.
 #include "docs/doc_samples.h"
 #include "driver/program_run.h"
 #include "support/golden.h"
