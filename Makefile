@@ -1,6 +1,6 @@
 # Two commands for Debian 12, as root or as a user with sudo; ./demo and ./check install make before:
 #
-#   make demo    builds the program and draws the examples into out/
+#   make demo    builds the program and draws the examples into out/, where index.html shows them
 #   make check   builds it twice, optimised and with the sanitizers, and runs the tests of both
 #   make form    tells whether the code has its form, and that of pages its types
 #   make lint    the same, and what an analyser finds in src/
