@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 using namespace ORR::Companion;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -80,6 +81,16 @@ TEST(DependencyTree, tells_the_links_that_closed_cycles)
     ASSERT_EQ(drawn.notes.size(), 1);
     EXPECT_TRUE(drawn.notes[0].startsWith(u"One link that closes a cycle is not drawn: "));
     EXPECT_TRUE(drawn.text.contains("label=\"in a cycle\""));
+}
+
+TEST(DependencyTree, folds_what_has_no_room_into_others)
+{
+    const auto drawn = drawnImport(DependencyPicture(circle(3000), {}), "gftree", 600, 400);
+    ASSERT_GE(drawn.notes.size(), 1);
+    const QString others = drawn.notes[0].section(u' ', 0, 0);
+    EXPECT_EQ(drawn.notes[0],
+              others + u" things are folded into others, whose links are not drawn."_s);
+    EXPECT_TRUE(drawn.text.contains("label=\"" + others.toUtf8() + " others\""));
 }
 
 TEST(DependencyPictures, have_the_same_bytes_each_time)

@@ -4,6 +4,7 @@
 #include "tree_read.h"
 
 #include <QFile>
+#include <QTemporaryFile>
 
 using namespace ORR::Companion;
 using namespace Qt::StringLiterals;
@@ -20,6 +21,79 @@ TEST(PathWalk, finds_what_the_tree_finds)
         EXPECT_EQ(walk.at(path), looked.at(path)) << path.toByteArray().toStdString();
         EXPECT_EQ(walked.size(), looked.size());
     }
+}
+
+// What two paths share is found eight bytes at a time.
+TEST(PathWalk, finds_where_paths_differ_at_any_byte)
+{
+    const QByteArray longPath = "folder/of/many/names/that/go/on/and/on";
+    WeightTree walked;
+    WeightTree looked;
+    PathWalk walk(&walked, '/', PathWalk::Parts::Folders);
+    for (qsizetype i = 0; i < longPath.size(); ++i) {
+        QByteArray other = longPath;
+        other[i] = '\xe9';
+        for (const QByteArray &path : {longPath, other, longPath.first(i), longPath + "/more"})
+            EXPECT_EQ(walk.at(path), looked.at(path)) << path.toStdString();
+    }
+    EXPECT_EQ(walked.size(), looked.size());
+}
+
+TEST(WeightTree, finds_the_children_of_few_and_of_many)
+{
+    constexpr int count = 3000;
+    WeightTree tree;
+    const WeightTree::Item few = tree.at("few");
+    const WeightTree::Item many = tree.at("many");
+    for (const int round : {1, 2}) {
+        for (int i = 0; i < count; ++i) {
+            const QByteArray name = QByteArray::number(i);
+            const WeightTree::Item item = tree.child(many, name);
+            EXPECT_EQ(tree.name(item), name) << round;
+            EXPECT_EQ(tree.parent(item), many);
+            tree.child(few, QByteArray::number(i % 7));
+        }
+    }
+    EXPECT_EQ(tree.size(), 3 + count + 7);
+    EXPECT_NE(tree.child(few, QByteArrayView("a\0b", 3)), tree.child(few, "a"));
+}
+
+TEST(WeightTree, has_shares_of_what_they_were_added_to)
+{
+    WeightTree tree;
+    const WeightTree::Item a = tree.at("a");
+    EXPECT_FALSE(tree.hasShares());
+    tree.addShare(a, 1, 2);
+    const WeightTree::Item later = tree.at("later");
+    EXPECT_TRUE(tree.hasShares());
+    EXPECT_EQ(tree.whole(a), 2);
+    EXPECT_EQ(tree.whole(later), 0);
+}
+
+// Pieces are of a quarter of a megabyte; some lines are longer than two.
+TEST(ImportSource, gives_lines_whole_wherever_a_piece_of_the_file_ends)
+{
+    QTemporaryFile file;
+    ASSERT_TRUE(file.open());
+    QList<QByteArray> lines;
+    for (int i = 0; i < 300; ++i)
+        lines.append(QByteArray((i * 7919) % 4000, char('a' + i % 26)));
+    lines.insert(100, QByteArray(600'000, 'x'));
+    file.write(lines.join('\n'));
+    ASSERT_TRUE(file.flush());
+    ImportSource source(file.fileName().toStdString());
+    EXPECT_EQ(source.beginning().size(), 1 << 16);
+    QByteArrayView line;
+    for (const QByteArray &written : std::as_const(lines)) {
+        ASSERT_TRUE(source.nextLine(&line));
+        EXPECT_EQ(line, written);
+    }
+    EXPECT_FALSE(source.nextLine(&line));
+    EXPECT_EQ(source.lineNumber(), lines.size());
+
+    ImportSource whole(file.fileName().toStdString());
+    ASSERT_TRUE(whole.nextLine(&line));
+    EXPECT_EQ(whole.rest(), lines.sliced(1).join('\n'));
 }
 
 TEST(PathWalk, keeps_dots_as_names_where_paths_are_no_folders)

@@ -143,7 +143,35 @@ TEST(SequencePicture, says_why_the_page_is_not_kept)
         graph.notes[0].contains(u"points wide and not 300, as 40 participants stand side by "
                                 "side, and "_s))
         << graph.notes[0].toStdString();
-    EXPECT_TRUE(graph.notes[0].contains(u"points high and not 60, as each of 1 steps has"_s));
+    EXPECT_TRUE(
+        graph.notes[0].contains(u"points high and not 60, as its step has lines of its own"_s));
+}
+
+TEST(SequencePicture, names_what_takes_the_room)
+{
+    using Step = SequenceStep;
+    const auto reasonOf = [](const Sequence &sequence) {
+        const WrittenGraph graph = graphOf(sequence, {.width = 150, .height = 10'000});
+        return graph.notes.value(0).section(u", as "_s, 1).toStdString();
+    };
+    QList<Step> nested;
+    for (int i = 0; i < 60; ++i)
+        nested += {callOf(0, 0), Step{.type = Step::Activate, .to = 0}};
+    EXPECT_EQ(reasonOf(sequenceOf(1, nested)), "calls lie 60 deep on each other");
+
+    QList<Step> framed;
+    for (int i = 0; i < 30; ++i)
+        framed += Step{.type = Step::BeginFragment, .keyword = u"loop"_s};
+    framed += callOf(0, 1);
+    EXPECT_EQ(reasonOf(sequenceOf(2, framed)), "fragments lie 30 deep in each other");
+
+    const Step right = {
+        .type = Step::Note, .from = 1, .to = 1, .text = u"some words"_s, .side = Step::Right};
+    const Step left = {
+        .type = Step::Note, .from = 0, .to = 0, .text = u"more words"_s, .side = Step::Left};
+    EXPECT_EQ(reasonOf(sequenceOf(2, {callOf(0, 1), right, left})), "notes need it");
+    EXPECT_EQ(reasonOf(sequenceOf(9, {callOf(0, 1), right})), "9 participants stand side by side");
+    EXPECT_EQ(reasonOf(sequenceOf(2, {callOf(0, 1)})), "");
 }
 
 TEST(SequencePicture, draws_the_first_of_too_many)

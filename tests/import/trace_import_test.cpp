@@ -110,7 +110,7 @@ TEST(TraceImport, leaves_out_the_deepest_calls_if_there_are_too_many)
     EXPECT_EQ(callsIn(text, 2),
               "[ -> a: one\n+a\na -> b: two (2 calls below)\n+b\n"
               "b -->> a: 1 \u00b5s\n-b\na -->> [: 1 \u00b5s\n-a\n"
-              "calls below level 2 are left out, to draw at most 2");
+              "calls below level 2 are left out, to draw at most 2, each of up to 3 things");
 }
 
 TEST(TraceImport, parts_several_traces)

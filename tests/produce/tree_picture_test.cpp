@@ -285,3 +285,14 @@ TEST(TreePicture, has_dates_in_their_order)
     EXPECT_LT(text.indexOf("2023-12"), text.indexOf("2024-01"));
     EXPECT_LT(text.indexOf("2024-01"), text.indexOf("2024-03"));
 }
+
+TEST(TreePicture, keeps_a_narrow_page_as_a_tree_of_calls)
+{
+    const PictureRequest request = {.engine = u"gftree"_s, .width = 200, .height = 1000};
+    const WrittenGraph graph = calls().write(request);
+    EXPECT_EQ(graph.notes, QStringList());
+    const QSizeF size = drawnSize(graph.text, request.engine);
+    EXPECT_LE(size.width(), 200);
+    EXPECT_GT(size.width(), 100);
+    EXPECT_LE(size.height(), 1000);
+}

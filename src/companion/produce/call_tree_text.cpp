@@ -55,6 +55,7 @@ private:
     GraphText::Id writeNode(int thing, bool hidesSome);
     QString colorWords() const;
     QString labelOf(int thing) const;
+    QString wrappedLines(const QString &words) const;
     QByteArray fillOf(const ShownThing &shown) const;
     double shareOf(int thing) const { return tree[thing].weight / tree.root().weight; }
 
@@ -64,6 +65,7 @@ private:
     LabelRuler ruler{nodeSize};
     GraphText text;
     int labelWidth = widestLabel;
+    bool isNarrow = false;
 };
 
 CallTreeWriter::CallTreeWriter(const TreeJob &treeJob, qint64 most)
@@ -141,13 +143,25 @@ QString CallTreeWriter::labelOf(int thing) const
         QString title = ruler.wrapped(titleOf(job, tree), {labelWidth, labelWidth});
         if (title.isEmpty())
             title = ruler.elided(titleOf(job, tree), labelWidth);
-        const QString weight = weightWithName(shown.weight, job.meaning);
-        return title + u'\n' + weight + u'\n' + colorWords() + u"\ndashed: more in it"_s;
+        const QString words = weightWithName(shown.weight, job.meaning) + u'\n' + colorWords()
+            + u"\ndashed: more in it"_s;
+        return title + u'\n' + (isNarrow ? wrappedLines(words) : words);
     }
     QString numbersLine = percentWords(shareOf(thing));
-    if (shown.own > 0 && shown.own < shown.weight)
+    if (!isNarrow && shown.own > 0 && shown.own < shown.weight)
         numbersLine += u"  (self "_s + percentWords(shown.own / tree.root().weight) + u')';
     return ruler.elided(shown.name, labelWidth, 1) + u'\n' + numbersLine;
+}
+
+QString CallTreeWriter::wrappedLines(const QString &words) const
+{
+    const int anyHeight = 100 * ruler.lineHeight();
+    QStringList lines;
+    for (const QString &line : words.split(u'\n')) {
+        const QString wrapped = ruler.wrapped(line, {labelWidth, anyHeight}, 9);
+        lines.append(wrapped.isEmpty() ? ruler.elided(line, labelWidth) : wrapped);
+    }
+    return lines.join(u'\n');
 }
 
 QByteArray CallTreeWriter::fillOf(const ShownThing &shown) const
@@ -179,7 +193,10 @@ QByteArray CallTreeWriter::write()
     const int most = std::max(2, width / (narrowest + aroundLabel + betweenLevels));
     const int depth = std::min(levels(), most);
     closeBeyond(depth);
-    labelWidth = std::clamp(width / depth - aroundLabel - betweenLevels, narrowest, widestLabel);
+    // Two levels there are also where there is no room for both shares.
+    const int room = width / depth - aroundLabel - betweenLevels;
+    isNarrow = room < narrowest;
+    labelWidth = std::clamp(room, ruler.widthOf(u"99.9 %"_s), widestLabel);
     writeHead();
     QList<Node> left = {{0, {}}};
     while (!left.isEmpty()) {

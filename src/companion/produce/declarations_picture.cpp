@@ -1,5 +1,6 @@
 #include "companion/produce/declarations_picture.h"
 
+#include "companion/produce/declaration_order.h"
 #include "companion/produce/graph_text.h"
 #include "companion/produce/page_fit.h"
 #include "companion/produce/text_fit.h"
@@ -84,8 +85,6 @@ public:
 private:
     using Declaration = Declarations::Declaration;
 
-    void choose(int most);
-    void orderFamilies();
     double heightOf(const Declaration &declaration) const;
     QList<Declarations::Member> shownMembers(const Declaration &declaration) const;
     void writeBox(int declaration, int row, int column);
@@ -104,64 +103,9 @@ private:
 DeclarationWriter::DeclarationWriter(const Declarations &declarations,
                                      const PictureRequest &pageRequest, int most, int mostMembers)
     : all(declarations.all()), request(pageRequest), memberLimit(mostMembers),
-      scope(commonScope(declarations.all())), text(pageRequest.title), boxes(all.size()),
-      heads(all.size())
+      scope(commonScope(declarations.all())), chosen(chosenDeclarations(all, most)),
+      text(pageRequest.title), boxes(all.size()), heads(all.size())
 {
-    choose(most);
-    orderFamilies();
-}
-
-// Those with the most members and bases.
-void DeclarationWriter::choose(int most)
-{
-    chosen.resize(all.size());
-    std::iota(chosen.begin(), chosen.end(), 0);
-    if (chosen.size() <= most)
-        return;
-    QList<qsizetype> worth(all.size(), 0);
-    for (qsizetype i = 0; i < all.size(); ++i) {
-        worth[i] += all[i].members.size();
-        for (const int base : all[i].bases)
-            worth[base] += 5;
-    }
-    std::stable_sort(chosen.begin(), chosen.end(),
-                     [&](int a, int b) { return worth[a] > worth[b]; });
-    chosen.resize(most);
-    std::sort(chosen.begin(), chosen.end());
-}
-
-// What inherits stands behind what it inherits first, and families stand ahead of what is alone.
-void DeclarationWriter::orderFamilies()
-{
-    QList<QList<int>> heirs(all.size());
-    QList<bool> isChosen(all.size(), false);
-    for (const int i : std::as_const(chosen))
-        isChosen[i] = true;
-    QList<int> roots;
-    for (const int i : std::as_const(chosen)) {
-        const QList<int> &bases = all[i].bases;
-        if (!bases.isEmpty() && isChosen[bases.first()])
-            heirs[bases.first()].append(i);
-        else
-            roots.append(i);
-    }
-    std::stable_sort(roots.begin(), roots.end(),
-                     [&](int a, int b) { return heirs[a].isEmpty() < heirs[b].isEmpty(); });
-    QList<int> ordered;
-    QList<bool> isDone(all.size(), false);
-    // What inherits itself in a circle has no root: all of the chosen are gone through in the end.
-    for (const int first : roots + chosen) {
-        QList<int> waiting{first};
-        while (!waiting.isEmpty()) {
-            const int next = waiting.takeLast();
-            if (std::exchange(isDone[next], true))
-                continue;
-            ordered.append(next);
-            for (auto heir = heirs[next].crbegin(); heir != heirs[next].crend(); ++heir)
-                waiting.append(*heir);
-        }
-    }
-    chosen = ordered;
 }
 
 QList<Declarations::Member> DeclarationWriter::shownMembers(const Declaration &declaration) const

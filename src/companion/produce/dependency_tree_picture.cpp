@@ -17,7 +17,7 @@ constexpr int treeTitleSize = 14;
 
 constexpr qsizetype mostToldLinks = 5;
 constexpr int mostDrawn = 400; // more can't be told apart on any page
-constexpr qsizetype mostLines = 200; // nor more lines be followed
+constexpr qsizetype mostLines = 80; // nor more lines be followed, as they run behind each other
 
 // How much room things get, and which way the levels follow each other.
 struct TreeRoom
@@ -58,9 +58,9 @@ private:
     }
     QString nameOf(int part) const;
     QString cutNote() const;
-    // Parts of a folder that stand together for nothing in particular would need and be needed by
-    // all: they are told.
-    bool isDrawn(int part) const { return !folded.parts[part].isRest; }
+    // The others of a folder, which stand together for nothing in particular, would need and be
+    // needed by all: they are there, but without lines.
+    bool hasLines(int part) const { return !folded.parts[part].isRest; }
     PartSort sortOf(const FoldedDependencies::Part &part) const;
     void writeDefaults();
     void writePart(int part);
@@ -84,7 +84,7 @@ TreeWriter::TreeWriter(const Dependencies &dependencies, const DependencyMeaning
 {
     QList<std::pair<int, int>> edges;
     for (const FoldedDependencies::Edge &edge : std::as_const(folded.edges)) {
-        if (edge.tail != edge.head && isDrawn(edge.tail) && isDrawn(edge.head))
+        if (edge.tail != edge.head && hasLines(edge.tail) && hasLines(edge.head))
             edges.append({edge.tail, edge.head});
     }
     levels = levelled(int(folded.parts.size()), edges);
@@ -96,11 +96,18 @@ QString TreeWriter::nameOf(int part) const
     const FoldedDependencies::Part &shown = folded.parts[part];
     if (shown.isThing)
         return things.hasLabel(shown.item) ? things.label(shown.item) : things.path(shown.item);
+    if (shown.isRest) {
+        const QString folder = things.path(shown.item);
+        return u"%1 others"_s.arg(shown.things)
+            + (folder.isEmpty() ? QString() : u" in "_s + folder);
+    }
     return u"%1 (%2 %3)"_s.arg(shown.name).arg(shown.things).arg(words.things);
 }
 
 PartSort TreeWriter::sortOf(const FoldedDependencies::Part &part) const
 {
+    if (part.isRest)
+        return Folder;
     return part.isInCycle ? Circular : part.isThing ? Single : Folder;
 }
 
@@ -155,7 +162,10 @@ void TreeWriter::writePart(int part)
 // Below the title, beside the roots.
 void TreeWriter::writeKey(const GraphText::Id &root)
 {
-    const QString meanings[] = {u"in no cycle"_s, u"in a cycle"_s, u"a folder"_s};
+    const bool hasRest = std::any_of(folded.parts.cbegin(), folded.parts.cend(),
+                                     [](const auto &part) { return part.isRest; });
+    const QString meanings[] = {u"in no cycle"_s, u"in a cycle"_s,
+                                hasRest ? u"a folder, or others"_s : u"a folder"_s};
     for (const PartSort sort : {Single, Circular, Folder}) {
         if (!isThere[sort])
             continue;
@@ -175,14 +185,11 @@ QByteArray TreeWriter::written()
     writeDefaults();
     const GraphText::Id root = text.node(
         Attributes().label(title).number("fontsize", treeTitleSize).text("shape", u"none"));
-    for (const int part : std::as_const(levels.order)) {
-        if (isDrawn(part))
-            writePart(part);
-    }
-    for (const int part : std::as_const(levels.roots)) {
-        if (isDrawn(part))
-            text.edge(root, ids[part], Attributes().text("color", u"#C9D1D9"));
-    }
+    for (const int part : std::as_const(levels.order))
+        writePart(part);
+    for (const int part : std::as_const(levels.roots))
+        text.edge(root, ids[part],
+                  Attributes().text("color", hasLines(part) ? u"#C9D1D9" : u"none"));
     for (const LevelledGraph::Edge &edge : std::as_const(levels.edges)) {
         if (!edge.isImplied)
             text.edge(ids[edge.tail], ids[edge.head]);
@@ -218,8 +225,8 @@ QStringList TreeWriter::notes() const
     for (const FoldedDependencies::Part &part : std::as_const(folded.parts))
         left += part.isRest ? part.things : 0;
     if (left > 0)
-        notes.append(
-            u"%1 %2 have no room in the tree and are left out."_s.arg(left).arg(words.things));
+        notes.append(u"%1 %2 are folded into others, whose links are not drawn."_s.arg(left).arg(
+            words.things));
     if (!levels.cut.isEmpty())
         notes.append(cutNote());
     return notes;

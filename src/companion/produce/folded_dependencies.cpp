@@ -1,5 +1,6 @@
 #include "companion/produce/folded_dependencies.h"
 
+#include "companion/produce/folded_cycles.h"
 #include "companion/produce/strong_components.h"
 
 #include <algorithm>
@@ -52,7 +53,7 @@ private:
     QString nameWithin(Item item, Item around) const;
     QString partName(const Shown &part, Item around) const;
     void addPart(int place);
-    void classifyEdges();
+    void listEdges();
 
     const Dependencies &whole;
     const WeightTree &tree;
@@ -312,32 +313,14 @@ void Folding::listParts()
     }
 }
 
-void Folding::classifyEdges()
+void Folding::listEdges()
 {
-    QList<QList<int>> heads(result.parts.size());
-    for (const auto &[ends, weight] : edges) {
-        const int tail = partOf[ends.first];
-        const int head = partOf[ends.second];
-        result.edges.append({tail, head, weight, FoldedDependencies::Edge::Needs});
-        heads[tail].append(head);
-    }
+    for (const auto &[ends, weight] : edges)
+        result.edges.append(
+            {partOf[ends.first], partOf[ends.second], weight, FoldedDependencies::Edge::Needs});
     std::sort(result.edges.begin(), result.edges.end(), [](const auto &a, const auto &b) {
         return std::pair(a.tail, a.head) < std::pair(b.tail, b.head);
     });
-    const QList<int> component = strongComponents(heads);
-    for (int part = 0; part < result.parts.size(); ++part)
-        result.parts[part].component = component[part];
-    for (FoldedDependencies::Edge &edge : result.edges) {
-        using Edge = FoldedDependencies::Edge;
-        if (edge.tail == edge.head)
-            edge.kind = Edge::Within;
-        else if (component[edge.tail] == component[edge.head])
-            edge.kind = Edge::InCycle;
-        else if (edge.tail < edge.head)
-            edge.kind = Edge::Against;
-        if (edge.kind == Edge::InCycle)
-            result.parts[edge.tail].isInCycle = result.parts[edge.head].isInCycle = true;
-    }
 }
 
 FoldedDependencies Folding::folded()
@@ -350,7 +333,8 @@ FoldedDependencies Folding::folded()
     addEdges();
     orderChildren();
     listParts();
-    classifyEdges();
+    listEdges();
+    findCycles(&result);
     return result;
 }
 

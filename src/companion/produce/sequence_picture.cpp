@@ -1,11 +1,13 @@
 #include "companion/produce/sequence_picture.h"
 
 #include "companion/produce/drawn_size.h"
+#include "companion/produce/sequence_causes.h"
 #include "companion/produce/sequence_writer.h"
 
 #include <QLocale>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -72,30 +74,13 @@ Sequence shortened(const Sequence &whole, int most, QStringList *notes)
     return first;
 }
 
-QByteArray textOf(const Sequence &sequence, const QString &title, const SequenceTextSizes &sizes)
+QByteArray textOf(const Sequence &sequence, const SequenceTextSizes &sizes)
 {
     if (sequence.boxes.isEmpty())
-        return SequenceWriter(sequence, sizes).written(title);
+        return SequenceWriter(sequence, sizes).written(sequence.title);
     SequenceWriter first(sequence, sizes);
-    first.written(title);
-    return SequenceWriter(sequence, sizes).written(title, first.lastRow());
-}
-
-// Why the page is larger than the one that was asked for; empty if it is not.
-QString sizeNote(QSizeF size, const PictureRequest &request, const Sequence &sequence)
-{
-    QStringList reasons;
-    if (size.width() > request.width) {
-        reasons += u"%1 points wide and not %2, as %3 participants stand side by side"_s.arg(
-            counted(qRound64(size.width())), counted(qRound64(request.width)),
-            counted(sequence.participants.size()));
-    }
-    if (size.height() > request.height) {
-        reasons += u"%1 points high and not %2, as each of %3 steps has a line of its own"_s.arg(
-            counted(qRound64(size.height())), counted(qRound64(request.height)),
-            counted(std::count_if(sequence.steps.begin(), sequence.steps.end(), isThing)));
-    }
-    return reasons.isEmpty() ? QString() : u"the drawing is "_s + reasons.join(u", and "_s);
+    first.written(sequence.title);
+    return SequenceWriter(sequence, sizes).written(sequence.title, first.lastRow());
 }
 
 } // namespace
@@ -105,16 +90,21 @@ SequencePicture::SequencePicture(Sequence sequence) : drawn(std::move(sequence))
 WrittenGraph SequencePicture::write(const PictureRequest &request) const
 {
     WrittenGraph graph;
-    const Sequence sequence = shortened(drawn, std::max(1, request.most), &graph.notes);
-    const QString title = request.title.isEmpty() ? sequence.title : request.title;
+    Sequence sequence = shortened(drawn, std::max(1, request.most), &graph.notes);
+    if (!request.title.isEmpty())
+        sequence.title = request.title;
     QSizeF size;
     for (const SequenceTextSizes &sizes : textSizes) {
-        graph.text = textOf(sequence, title, sizes);
+        graph.text = textOf(sequence, sizes);
         size = drawnSize(graph.text, u"umlseq"_s);
         if (size.width() <= request.width)
             break;
     }
-    const QString note = sizeNote(size, request, sequence);
+    const auto measured = [](const Sequence &part) {
+        return drawnSize(textOf(part, *std::rbegin(textSizes)), u"umlseq"_s);
+    };
+    const QString note =
+        sequenceSizeNote(sequence, size, {request.width, request.height}, measured);
     if (!note.isEmpty())
         graph.notes.append(note);
     return graph;

@@ -102,6 +102,14 @@ private:
     QList<int> thingOfSlot;
     QHash<int, int> others; // by what they are in
     QList<QHash<int, double>> ownKinds; // by thing
+    // The one that was added to last: the small things of a large tree come many in a row.
+    struct KindSum
+    {
+        int thing;
+        int kind;
+        double *weight; // valid until another one is looked up
+    };
+    KindSum sum = {};
 };
 
 int ShownTreeBuilder::add(const ShownThing &thing)
@@ -175,12 +183,16 @@ void ShownTreeBuilder::gather()
 
 void ShownTreeBuilder::addToThing(int thing, SlotTree::Slot slot)
 {
-    if (tree.ownWeight(slot) <= 0)
+    const double weight = tree.ownWeight(slot);
+    if (weight <= 0)
         return;
-    while (ownKinds.size() <= thing)
-        ownKinds.append(QHash<int, double>());
-    double &sum = ownKinds[thing][source.kind(tree.itemOf(slot))];
-    sum = saturatedSum(sum, tree.ownWeight(slot));
+    const int kind = source.kind(tree.itemOf(slot));
+    if (!sum.weight || sum.thing != thing || sum.kind != kind) {
+        while (ownKinds.size() <= thing)
+            ownKinds.append(QHash<int, double>());
+        sum = {.thing = thing, .kind = kind, .weight = &ownKinds[thing][kind]};
+    }
+    *sum.weight = saturatedSum(*sum.weight, weight);
 }
 
 // Things come behind those that they are in.

@@ -1,5 +1,7 @@
 #include "companion/produce/slot_tree.h"
 
+#include <QHash>
+
 #include <algorithm>
 #include <limits>
 
@@ -14,10 +16,12 @@ void addSaturated(double *sum, double value)
 
 } // namespace
 
-SlotTree::SlotTree(const WeightTree &weights, bool ownAsChildren) : tree(weights)
+SlotTree::SlotTree(const WeightTree &weightTree, bool ownAsChildren) : tree(weightTree)
 {
     firstOwn = Slot(tree.size());
     sumUp();
+    if (tree.hasShares())
+        sumUpShares();
     if (ownAsChildren)
         addOwnSlots();
     findRoot();
@@ -27,17 +31,25 @@ SlotTree::SlotTree(const WeightTree &weights, bool ownAsChildren) : tree(weights
 // The children of a tree are made after what they are in.
 void SlotTree::sumUp()
 {
-    sums.resize(tree.size());
+    weights.resize(tree.size());
     members.fill(0, tree.size());
     for (Slot slot = 0; slot < tree.size(); ++slot)
-        sums[slot] = {tree.ownWeight(slot), tree.part(slot), tree.whole(slot)};
+        weights[slot] = tree.ownWeight(slot);
     for (Slot slot = Slot(tree.size()) - 1; slot > 0; --slot) {
-        const Sum &sum = sums.at(slot);
-        Sum &parent = sums[tree.parent(slot)];
-        addSaturated(&parent.weight, sum.weight);
-        addSaturated(&parent.part, sum.part);
-        addSaturated(&parent.whole, sum.whole);
-        members[tree.parent(slot)] += sum.weight > 0;
+        addSaturated(&weights[tree.parent(slot)], weights.at(slot));
+        members[tree.parent(slot)] += weights.at(slot) > 0;
+    }
+}
+
+void SlotTree::sumUpShares()
+{
+    shares.resize(tree.size());
+    for (Slot slot = 0; slot < tree.size(); ++slot)
+        shares[slot] = {tree.part(slot), tree.whole(slot)};
+    for (Slot slot = Slot(tree.size()) - 1; slot > 0; --slot) {
+        Share &parent = shares[tree.parent(slot)];
+        addSaturated(&parent.part, shares.at(slot).part);
+        addSaturated(&parent.whole, shares.at(slot).whole);
     }
 }
 
@@ -47,7 +59,9 @@ void SlotTree::addOwnSlots()
         if (tree.ownWeight(item) <= 0 || members.at(item) == 0)
             continue;
         owners.append(item);
-        sums.append({tree.ownWeight(item), tree.part(item), tree.whole(item)});
+        weights.append(tree.ownWeight(item));
+        if (!shares.isEmpty())
+            shares.append({tree.part(item), tree.whole(item)});
         members.append(0);
         ++members[item];
     }
@@ -71,7 +85,7 @@ void SlotTree::findRoot()
     Slot slot = WeightTree::root;
     while (isLink(slot)) {
         WeightTree::Item child = tree.firstChild(slot);
-        while (sums.at(child).weight <= 0)
+        while (weights.at(child) <= 0)
             child = tree.nextSibling(child);
         if (members.at(child) == 0)
             break;
@@ -91,7 +105,7 @@ void SlotTree::joinChains()
 
 bool SlotTree::isShownAtAll(Slot slot) const
 {
-    return slot != top && above[slot] >= 0 && sums[slot].weight > 0 && !isLink(slot);
+    return slot != top && above[slot] >= 0 && weights[slot] > 0 && !isLink(slot);
 }
 
 void SlotTree::keep(qint64 most, double least)
@@ -108,22 +122,21 @@ void SlotTree::keep(qint64 most, double least)
     }
     const qsizetype sorted = std::min<qint64>(slots.size(), std::max<qint64>(most, 1));
     std::partial_sort(slots.begin(), slots.begin() + sorted, slots.end(), [this](Slot a, Slot b) {
-        const double first = sums.at(a).weight;
-        const double second = sums.at(b).weight;
+        const double first = weights.at(a);
+        const double second = weights.at(b);
         return first != second ? first > second : a < b;
     });
 
     // What is folded counts, too; the more is kept of one slot's members, the less.
-    QList<qint32> rest = left;
+    QHash<Slot, qint32> taken; // of one slot's members
     qsizetype best = std::min<qsizetype>(sorted, 1);
     qint64 others = 0;
     for (qsizetype i = 0; i < sorted; ++i) {
         const Slot parent = above.at(slots.at(i));
-        if (i > 0 && sums.at(slots.at(i)).weight < least)
+        if (i > 0 && weights.at(slots.at(i)) < least)
             break;
-        const bool wasOpen = rest.at(parent) < left.at(parent);
-        --rest[parent];
-        others += (rest.at(parent) > 0) - (wasOpen ? 1 : 0);
+        const qint32 keptOfIt = ++taken[parent];
+        others += (keptOfIt < left.at(parent) ? 1 : 0) - (keptOfIt > 1 ? 1 : 0);
         if (i + 1 + others <= most)
             best = i + 1;
     }

@@ -15,22 +15,22 @@ public:
     using Slot = qint32;
 
     // ownAsChildren: whether own weights are slots.
-    SlotTree(const WeightTree &weights, bool ownAsChildren);
+    SlotTree(const WeightTree &weightTree, bool ownAsChildren);
 
     // Keeps the heaviest slots: none lighter than `least`, and as many that there are not more than
     // `most` with what the rest is folded into.
     void keep(qint64 most, double least);
 
-    Slot size() const { return Slot(sums.size()); }
+    Slot size() const { return Slot(weights.size()); }
     bool isOwn(Slot slot) const { return slot >= firstOwn; }
     WeightTree::Item itemOf(Slot slot) const
     {
         return isOwn(slot) ? owners[slot - firstOwn] : slot;
     }
 
-    double weight(Slot slot) const { return sums[slot].weight; }
-    double part(Slot slot) const { return sums[slot].part; }
-    double whole(Slot slot) const { return sums[slot].whole; }
+    double weight(Slot slot) const { return weights[slot]; }
+    double part(Slot slot) const { return shares.isEmpty() ? 0 : shares[slot].part; }
+    double whole(Slot slot) const { return shares.isEmpty() ? 0 : shares[slot].whole; }
     // What is drawn as the slot's own.
     double ownWeight(Slot slot) const;
 
@@ -45,9 +45,8 @@ public:
     bool isOpen(Slot slot) const { return open[slot]; }
 
 private:
-    struct Sum
+    struct Share
     {
-        double weight = 0;
         double part = 0;
         double whole = 0;
     };
@@ -55,6 +54,7 @@ private:
     Slot parentOf(Slot slot) const { return isOwn(slot) ? itemOf(slot) : tree.parent(slot); }
     bool isLink(Slot slot) const; // of a chain, but not its end
     void sumUp();
+    void sumUpShares();
     void addOwnSlots();
     void findRoot();
     void joinChains();
@@ -62,7 +62,9 @@ private:
     const WeightTree &tree;
     Slot firstOwn = 0;
     QList<WeightTree::Item> owners; // of the slots that are own weights
-    QList<Sum> sums;
+    // With all that is in the slots.
+    QList<double> weights;
+    QList<Share> shares; // empty if the tree has none
     QList<qint32> members; // slots right in it that weigh something
     QList<Slot> above;
     QList<bool> kept;

@@ -12,10 +12,10 @@ constexpr double largest = std::numeric_limits<double>::max();
 
 // FNV-1a, eight bytes at a time, and the mixing of MurmurHash3 (Appleby) at the end, without which
 // names that are numbered lie in a row; the same on every run.
-quint32 hashOf(qint32 parent, QByteArrayView name)
+quint32 hashOf(QByteArrayView name)
 {
     constexpr quint64 prime = 0x100000001b3;
-    quint64 hash = (0xcbf29ce484222325 ^ quint64(quint32(parent))) * prime;
+    quint64 hash = 0xcbf29ce484222325;
     const char *bytes = name.data();
     qsizetype left = name.size();
     for (; left >= 8; left -= 8, bytes += 8) {
@@ -31,60 +31,102 @@ quint32 hashOf(qint32 parent, QByteArrayView name)
     return quint32(hash ^ (hash >> 33));
 }
 
+// To twice the places.
+template <typename Slots>
+void grow(Slots *places)
+{
+    const Slots small = std::exchange(*places, Slots(2 * places->size()));
+    const size_t mask = places->size() - 1;
+    for (const auto &slot : small) {
+        if (slot.item == WeightTree::none)
+            continue;
+        size_t place = slot.hash & mask;
+        while ((*places)[place].item != WeightTree::none)
+            place = (place + 1) & mask;
+        (*places)[place] = slot;
+    }
+}
+
+// Few children are found as fast by looking at each.
+constexpr int mostInARow = 4;
+
 } // namespace
 
-WeightTree::WeightTree() : nodes{{.nameStart = 0, .nameLength = 0, .parent = none}}, table(64) { }
+WeightTree::WeightTree() : nodes{{.nameStart = 0, .nameLength = 0, .parent = none}} { }
 
 QByteArrayView WeightTree::name(Item item) const
 {
-    return QByteArrayView(names).sliced(nodes[item].nameStart, nodes[item].nameLength);
+    const Node &node = nodes[item];
+    return {names.constData() + node.nameStart, node.nameLength};
 }
 
 // Where it is in the table, or the free place that it would take.
-qsizetype WeightTree::placeOf(quint32 hash, Item parent, QByteArrayView wanted) const
+size_t WeightTree::placeOf(const ChildTable &table, quint32 hash, QByteArrayView wanted) const
 {
-    const qsizetype mask = table.size() - 1;
-    for (qsizetype place = hash & mask;; place = (place + 1) & mask) {
-        const Slot &slot = table[place];
-        if (slot.item == none)
-            return place;
-        if (slot.hash == hash && nodes[slot.item].parent == parent && name(slot.item) == wanted)
+    const size_t mask = table.places.size() - 1;
+    for (size_t place = hash & mask;; place = (place + 1) & mask) {
+        const Slot &slot = table.places[place];
+        if (slot.item == none || (slot.hash == hash && name(slot.item) == wanted))
             return place;
     }
 }
 
-void WeightTree::grow()
+void WeightTree::makeTable(Item parent)
 {
-    const QList<Slot> small = std::exchange(table, QList<Slot>(2 * table.size()));
-    const qsizetype mask = table.size() - 1;
-    for (const Slot &slot : small) {
-        if (slot.item == none)
-            continue;
-        qsizetype place = slot.hash & mask;
-        while (table[place].item != none)
-            place = (place + 1) & mask;
-        table[place] = slot;
+    constexpr size_t smallest = 16;
+    ChildTable table = {.places = std::vector<Slot>(smallest)};
+    for (Item child = nodes[parent].firstChild; child != none; child = nodes[child].next) {
+        const quint32 hash = hashOf(name(child));
+        table.places[placeOf(table, hash, name(child))] = {.hash = hash, .item = child};
+        ++table.taken;
     }
+    nodes[parent].table = qint32(tables.size());
+    tables.push_back(std::move(table));
+}
+
+WeightTree::Item WeightTree::childInTable(Item parent, QByteArrayView wanted)
+{
+    ChildTable &table = tables[std::as_const(nodes)[parent].table];
+    const quint32 hash = hashOf(wanted);
+    size_t place = placeOf(table, hash, wanted);
+    if (const Item known = table.places[place].item; known != none)
+        return known;
+    if (2 * table.taken >= table.places.size()) {
+        grow(&table.places);
+        place = placeOf(table, hash, wanted);
+    }
+    const Item made = appended(parent, wanted);
+    table.places[place] = {.hash = hash, .item = made};
+    ++table.taken;
+    return made;
+}
+
+WeightTree::Item WeightTree::appended(Item parent, QByteArrayView itsName)
+{
+    const Item made = Item(nodes.size());
+    nodes.append(
+        {.nameStart = names.size(), .nameLength = qint32(itsName.size()), .parent = parent});
+    names += itsName;
+    Node &above = nodes[parent];
+    (above.lastChild == none ? above.firstChild : nodes[above.lastChild].next) = made;
+    above.lastChild = made;
+    return made;
 }
 
 WeightTree::Item WeightTree::child(Item parent, QByteArrayView wanted)
 {
-    const quint32 hash = hashOf(parent, wanted);
-    qsizetype place = placeOf(hash, parent, wanted);
-    if (const Item known = table[place].item; known != none)
-        return known;
-    if (2 * nodes.size() > table.size()) {
-        grow();
-        place = placeOf(hash, parent, wanted);
+    const QList<Node> &known = std::as_const(nodes);
+    if (known[parent].table != none)
+        return childInTable(parent, wanted);
+    int others = 0;
+    for (Item child = known[parent].firstChild; child != none; child = known[child].next) {
+        if (name(child) == wanted)
+            return child;
+        ++others;
     }
-    const Item made = Item(nodes.size());
-    nodes.append(
-        {.nameStart = names.size(), .nameLength = qint32(wanted.size()), .parent = parent});
-    names += wanted;
-    table[place] = {.hash = hash, .item = made};
-    Node &above = nodes[parent];
-    (above.lastChild == none ? above.firstChild : nodes[above.lastChild].next) = made;
-    above.lastChild = made;
+    const Item made = appended(parent, wanted);
+    if (others == mostInARow)
+        makeTable(parent);
     return made;
 }
 
@@ -110,8 +152,11 @@ void WeightTree::addWeight(Item item, double weight)
 
 void WeightTree::addShare(Item item, double part, double whole)
 {
-    nodes[item].part = std::min(largest, nodes[item].part + part);
-    nodes[item].whole = std::min(largest, nodes[item].whole + whole);
+    if (size_t(item) >= shares.size())
+        shares.resize(size_t(nodes.size()));
+    Share &share = shares[item];
+    share.part = std::min(largest, share.part + part);
+    share.whole = std::min(largest, share.whole + whole);
 }
 
 void WeightTree::setKind(Item item, int kind)

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QList>
 #include <QtGlobal>
 
 #include <limits>
+#include <vector>
 
 namespace ORR::Companion {
 
@@ -41,8 +43,10 @@ public:
     Item nextSibling(Item item) const { return nodes[item].next; } // in the order of their making
     QByteArrayView name(Item item) const;
     double ownWeight(Item item) const { return nodes[item].weight; }
-    double part(Item item) const { return nodes[item].part; }
-    double whole(Item item) const { return nodes[item].whole; }
+    // Whether anything was added to what colours are made of.
+    bool hasShares() const { return !shares.empty(); }
+    double part(Item item) const { return shareOf(item).part; }
+    double whole(Item item) const { return shareOf(item).whole; }
     int kind(Item item) const { return nodes[item].kind; } // -1 if none was set
 
 private:
@@ -55,7 +59,12 @@ private:
         Item lastChild = none;
         Item next = none;
         qint32 kind = -1;
+        qint32 table = none; // of its children; none while they are few
         double weight = 0;
+    };
+
+    struct Share
+    {
         double part = 0;
         double whole = 0;
     };
@@ -66,12 +75,24 @@ private:
         Item item = none;
     };
 
-    qsizetype placeOf(quint32 hash, Item parent, QByteArrayView name) const;
-    void grow();
+    // The children of one thing by their names: open addressing. Paths mostly come folder by
+    // folder, and the table of a single folder stays in the cache meanwhile.
+    struct ChildTable
+    {
+        std::vector<Slot> places;
+        size_t taken = 0;
+    };
 
-    QList<Node> nodes;
+    Share shareOf(Item item) const { return size_t(item) < shares.size() ? shares[item] : Share(); }
+    Item appended(Item parent, QByteArrayView name);
+    void makeTable(Item parent);
+    Item childInTable(Item parent, QByteArrayView name);
+    size_t placeOf(const ChildTable &table, quint32 hash, QByteArrayView name) const;
+
+    QList<Node> nodes; // grows where it is, mostly, unlike a vector
+    std::vector<Share> shares; // by item, as far as there are any
+    std::vector<ChildTable> tables;
     QByteArray names; // one after the other
-    QList<Slot> table; // open addressing; by parent and name
 };
 
 } // namespace ORR::Companion

@@ -38,8 +38,21 @@ ImportSource::ImportSource(const std::string &name) : sourceName(name)
 }
 
 ImportSource::ImportSource(const std::string &name, const QByteArray &bytes)
-    : sourceName(name), buffer(bytes)
+    : sourceName(name), buffer(bytes), filled(bytes.size())
 {
+}
+
+// For a piece behind what is left, which goes to the front: the memory stays the same unless a line
+// is longer than it.
+void ImportSource::makeRoom()
+{
+    const qsizetype left = filled - start;
+    if (start > 0)
+        std::memmove(buffer.data(), buffer.constData() + start, size_t(left));
+    start = 0;
+    filled = left;
+    if (buffer.size() < left + pieceSize)
+        buffer.resize(std::max(left + pieceSize, left * 2));
 }
 
 // False at the end.
@@ -47,26 +60,21 @@ bool ImportSource::readMore()
 {
     if (descriptor == -1)
         return false;
-    if (start > 0) {
-        buffer.remove(0, start);
-        start = 0;
-    }
-    if (buffer.size() > longestPiece) {
+    if (filled - start > longestPiece) {
         readFault = "it is too long";
         descriptor = -1;
         return false;
     }
-    const qsizetype held = buffer.size();
-    buffer.resize(held + pieceSize);
+    makeRoom();
     ssize_t count = -1;
     do
-        count = ::read(descriptor, buffer.data() + held, size_t(pieceSize));
+        count = ::read(descriptor, buffer.data() + filled, size_t(pieceSize));
     while (count < 0 && Graph::isWorthAnotherTry(descriptor, POLLIN));
     if (count < 0)
         readFault = std::strerror(errno);
     if (count <= 0)
         descriptor = -1;
-    buffer.resize(held + std::max<ssize_t>(count, 0));
+    filled += std::max<ssize_t>(count, 0);
     return count > 0;
 }
 
@@ -75,38 +83,37 @@ void ImportSource::skipMark()
     constexpr QByteArrayView mark = "\xef\xbb\xbf";
     if (std::exchange(hasBegun, true))
         return;
-    while (buffer.size() < mark.size() && readMore()) { }
-    if (buffer.startsWith(mark))
-        start = mark.size();
+    while (filled - start < mark.size() && readMore()) { }
+    if (unread().startsWith(mark))
+        start += mark.size();
 }
 
 QByteArrayView ImportSource::beginning()
 {
     skipMark();
-    while (buffer.size() - start < beginningSize && readMore()) { }
-    const QByteArrayView left = QByteArrayView(buffer).sliced(start);
-    return left.first(std::min(left.size(), beginningSize));
+    while (filled - start < beginningSize && readMore()) { }
+    return unread().first(std::min(filled - start, beginningSize));
 }
 
 bool ImportSource::nextLine(QByteArrayView *line)
 {
     skipMark();
-    qsizetype searched = start;
-    qsizetype end = -1;
-    while ((end = buffer.indexOf(separator, searched)) < 0) {
-        const qsizetype held = buffer.size() - start;
+    qsizetype searched = 0;
+    const char *found = nullptr;
+    while (!(found = static_cast<const char *>(std::memchr(unread().data() + searched, separator,
+                                                           size_t(filled - start - searched))))) {
+        searched = filled - start;
         if (!readMore()) {
-            if (held == 0)
+            if (searched == 0)
                 return false;
-            end = buffer.size();
             break;
         }
-        searched = held;
     }
-    *line = QByteArrayView(buffer).sliced(start, end - start);
+    const qsizetype length = found ? found - unread().data() : searched;
+    *line = unread().first(length);
     if (separator == '\n' && line->endsWith('\r'))
         line->chop(1);
-    start = std::min(end + 1, buffer.size());
+    start = std::min(start + length + 1, filled);
     ++linesGiven;
     return true;
 }
@@ -116,6 +123,7 @@ QByteArray ImportSource::rest()
     skipMark();
     while (readMore()) { }
     QByteArray all = std::exchange(buffer, {});
+    all.truncate(std::exchange(filled, 0));
     all.remove(0, std::exchange(start, 0));
     return all;
 }

@@ -47,6 +47,8 @@ public:
     ImportFault faultHere(const QString &sentence) const { return {place(), sentence}; }
 
 private:
+    QByteArrayView unread() const { return {buffer.constData() + start, filled - start}; }
+    void makeRoom();
     bool readMore();
     void skipMark();
 
@@ -54,8 +56,9 @@ private:
     std::string readFault;
     Graph::Descriptor file;
     int descriptor = -1; // where more comes from
-    QByteArray buffer;
+    QByteArray buffer; // with room for more behind what was read
     qsizetype start = 0; // of what was not given yet
+    qsizetype filled = 0; // end of what was read
     qint64 linesGiven = 0;
     char separator = '\n';
     bool isDirectory = false;

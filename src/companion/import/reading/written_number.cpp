@@ -63,12 +63,13 @@ int digitValue(char c)
 
 std::optional<double> writtenNumber(QByteArrayView written)
 {
-    if (written.size() <= exactDigits && !written.isEmpty()
-        && pastDigits(written, 0) == written.size()) {
+    if (written.size() <= exactDigits && !written.isEmpty()) {
         qint64 value = 0;
-        for (const char digit : written)
-            value = 10 * value + (digit - '0');
-        return double(value);
+        qsizetype digits = 0;
+        for (; digits < written.size() && isDigit(written[digits]); ++digits)
+            value = 10 * value + (written[digits] - '0');
+        if (digits == written.size())
+            return double(value);
     }
     if (!isNumber(written))
         return std::nullopt;

@@ -248,7 +248,11 @@ Sequence TraceCalls::sequence(int most, QStringList *notes) const
         drawn = std::move(next);
         ++depth;
     }
-    notes->append(u"calls below level %1 are left out, to draw at most %2"_s.arg(depth).arg(most));
+    notes->append(
+        u"calls below level %1 are left out, to draw at most %2, each of up to %3 things"_s
+            .arg(depth)
+            .arg(most)
+            .arg(stepsOfCall));
     return drawn;
 }
 

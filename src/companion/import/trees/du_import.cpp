@@ -16,8 +16,17 @@ namespace ORR::Companion {
 namespace {
 
 constexpr double duBlockSize = 1024;
-constexpr double blocksOfPage = 4;
+constexpr qint64 blocksOfPage = 4;
 constexpr double notListed = -1;
+
+// The remainder of any double takes longer than the rest of a line.
+bool isOfPages(double size)
+{
+    constexpr double exact = 1e15;
+    if (size < exact)
+        return double(qint64(size) / blocksOfPage * blocksOfPage) == size;
+    return std::fmod(size, blocksOfPage) == 0;
+}
 
 // The sizes that were listed, each with all that is below it.
 struct ListedSizes
@@ -28,9 +37,10 @@ struct ListedSizes
 
     void add(WeightTree::Item item, double size)
     {
-        totals.resize(tree.size(), notListed);
+        if (totals.size() < tree.size())
+            totals.resize(tree.size(), notListed);
         totals[item] = std::max(totals[item], 0.0) + size;
-        areOfPages = areOfPages && std::fmod(size, blocksOfPage) == 0;
+        areOfPages = areOfPages && isOfPages(size);
     }
 };
 

@@ -2,8 +2,10 @@
 
 #include "companion/produce/weight_tree.h"
 
-#include <QByteArray>
-#include <QList>
+#include <QByteArrayView>
+
+#include <string>
+#include <vector>
 
 namespace ORR::Companion {
 
@@ -38,8 +40,8 @@ private:
     WeightTree *tree;
     char separator;
     Parts parts;
-    QByteArray last; // the path before
-    QList<Step> steps; // along it
+    std::string last; // the path before
+    std::vector<Step> steps; // along it
 };
 
 } // namespace ORR::Companion
