@@ -288,7 +288,7 @@ struct Call
 std::string templateOf(const std::filesystem::path &path)
 {
     std::string text = contentOf(path);
-    size_t at = 0;
+    size_t at = text.find("<html"); // behind what says what it is
     while ((at = text.find(">\n<", at)) != std::string::npos)
         text.erase(at + 1, 1);
     return text;
