@@ -1,5 +1,6 @@
 #include "output/page_svg.h"
 
+#include "device/text_image.h"
 #include "output/xml_text.h"
 
 #include <algorithm>
@@ -64,6 +65,16 @@ void PageSvg::drawRect(QPoint topLeft, QPoint bottomRight, int radius, Pen *pen,
     } else {
         GroupedSvg::drawRect(topLeft, corner, radius, pen, fill);
     }
+}
+
+void PageSvg::drawText(QPoint topLeft, Text *text)
+{
+    if (out.isOpen() && text) {
+        const QSize size = TextImage::textSize(text, false);
+        middlesOfTexts.push_back(saturatedPoint(qint64(topLeft.x()) + size.width() / 2,
+                                                qint64(topLeft.y()) + size.height() / 2));
+    }
+    GroupedSvg::drawText(topLeft, text);
 }
 
 void PageSvg::primitiveComes(const std::function<CoveredBox()> &box)

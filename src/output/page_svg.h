@@ -38,6 +38,8 @@ public:
     // Valid once the drawing has ended.
     const std::vector<DrawnObject> &objects() const { return drawnObjects; }
     QSize size() const { return pageSize; } // null if it was never begun
+    // Of each plain text, a rich one beyond the limits among them, in the order of the drawing.
+    const std::vector<QPoint> &textMiddles() const { return middlesOfTexts; }
 
     void begin(int width, int height) override;
     // They keep nothing: null.
@@ -47,6 +49,7 @@ public:
     // By its corners, which a browser takes half the time to style; with a radius as it is. What
     // would have a side below zero is not seen in `-T svg`, and has a side of zero here.
     void drawRect(QPoint topLeft, QPoint bottomRight, int radius, Pen *pen, Color *fill) override;
+    void drawText(QPoint topLeft, Text *text) override;
 
 protected:
     void primitiveComes(const std::function<CoveredBox()> &box) override;
@@ -59,6 +62,7 @@ private:
     QString idOfRoot;
     QSize pageSize;
     std::vector<DrawnObject> drawnObjects;
+    std::vector<QPoint> middlesOfTexts;
     std::vector<size_t> openObjects; // those with a group, innermost last
 };
 

@@ -105,10 +105,10 @@ TEST_F(JoinModulesTest, leaves_out_blanks_that_say_nothing)
     writeFile(u"two.js"_s, "if (one)\n    one();\nelse\n    one;\n");
     EXPECT_TRUE(succeeded(join()));
     const QByteArrayList compact{
-        "const one=(a,b)=>a===b?[a- -b]:{a,b}",
+        "let one=(a,b)=>a===b?[a- -b]:{a,b}",
         "two=of in typeof one",
         "three=' = '+\" '= \"",
-        "four=one/2/3<4?/ = / : 0",
+        "four=one/2/3<4?/ = /:0",
         "five=` = ${one ? ` ${ two } ' ` : ' ` '} - `+1",
         "six=a+ ++b-c",
         "seven='\\\\\\' 'in b",

@@ -22,15 +22,20 @@ QByteArray pageOf(const QByteArray &input, const QString &engine)
     return page.document;
 }
 
-// The elements within the drawing, a line each, without groups of objects. The end tags of groups
-// are all alike, so those of rich texts go, too.
+constexpr QByteArrayView darkClass = " class=\"d";
+
+// The elements within the drawing, a line each, without groups of objects and what turns them in
+// the dark. The end tags of groups are all alike, so those of rich texts go, too.
 QByteArrayList primitivesOf(QByteArray document)
 {
     document.replace("><", ">\n<").replace(">\n <", ">\n<");
     qsizetype start = document.indexOf("<svg id=\"drawing\"");
     start = start < 0 ? document.indexOf("<svg") : start;
     const qsizetype end = document.indexOf("</svg>", start);
-    QByteArrayList lines = document.mid(start, end - start).split('\n');
+    document = document.mid(start, end - start);
+    for (qsizetype at = document.indexOf(darkClass); at >= 0; at = document.indexOf(darkClass, at))
+        document.remove(at, document.indexOf('"', at + darkClass.size()) + 1 - at);
+    QByteArrayList lines = document.split('\n');
     lines.removeFirst();
     lines.removeIf(
         [](const QByteArray &line) { return line.startsWith("<g data-kind=") || line == "</g>"; });

@@ -6,8 +6,8 @@
 Of each engine the page of an example (treemap.html) and one with hostile texts everywhere
 (hostile-treemap.html), that of a finished drawing with an object in two pieces (pieces.html), and what a dark
 page has to look at: a finished drawing (lights.html), one with rich texts (rich.html), and heads of lifelines and
-calls without a fill (heads.html, calls.html). Then one with many texts (many.html), one with defaults (defaults.html) and one with an activation that has
-no height (thin.html).
+calls without a fill (heads.html, calls.html). Then one with many texts (many.html), one with defaults (defaults.html), one with an activation that has
+no height (thin.html) and one with 20,000 cells (large.html).
 """
 
 import os
@@ -73,6 +73,10 @@ DEFAULTS = '''digraph { graph [owner="everybody", url="https://a.example/"]; nod
 MANY = 'digraph { graph [width="9600", height="7200"];\n' + ''.join(
     f'n{i} [label="cell {i}", area="1", fillcolor="none"];\n' for i in range(2500)) + '}'
 
+# As many as a page has to open and to move without delay.
+LARGE = 'digraph { graph [width="6400", height="4800"];\n' + ''.join(
+    f'n{i} [label="cell {i}", area="{1 + i % 7}"];\n' for i in range(20000)) + '}'
+
 CALLS = 'digraph { node [fillcolor="none"]; a [label="caller"]; b [label="callee"]; a -> b [label="asks"]; }'
 
 
@@ -97,6 +101,7 @@ def main():
     make_page(orr, THIN.encode(), folder / 'thin.html', '-K', 'umlseq')
     make_page(orr, DEFAULTS.encode(), folder / 'defaults.html', '-K', 'gfdecl')
     make_page(orr, MANY.encode(), folder / 'many.html', '-K', 'treemap')
+    make_page(orr, LARGE.encode(), folder / 'large.html', '-K', 'treemap')
     make_page(orr, CALLS.encode(), folder / 'calls.html', '-K', 'gftree')
 
 

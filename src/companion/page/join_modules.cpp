@@ -185,14 +185,15 @@ private:
         const bool isPattern = line.starts_with("const {") || line.starts_with("const [");
         if (isTopLevel && isPattern)
             refuse(file, "declares several names at once: " + line);
-        // Constants in a row are declared at once.
-        const bool isConstant = line.starts_with("const ") && line.ends_with(';');
-        if (line.starts_with("const ") && endsWithConstant) {
+        // Declarations in a row are made at once.
+        const bool isDeclaration = line.starts_with("const ") || line.starts_with("let ");
+        const bool isWhole = line.ends_with(';');
+        if (isDeclaration && endsWithDeclaration) {
             text.pop_back();
-            line.erase(0, std::string_view("const").size());
+            line.erase(0, line.find(' '));
             line.front() = ',';
         }
-        endsWithConstant = isConstant;
+        endsWithDeclaration = isDeclaration && isWhole;
         ORR::Companion::addScriptLine(line, &text);
     }
 
@@ -216,7 +217,7 @@ private:
 
     std::string file;
     std::string text;
-    bool endsWithConstant = false; // all of which stands in one line
+    bool endsWithDeclaration = false; // all of which stands in one line
     Names declaredNames;
     Names exportedNames;
     std::vector<std::pair<std::string, std::string>> imports; // file and name
@@ -283,11 +284,11 @@ struct Call
     std::vector<std::string> places;
 };
 
-// Without line ends between elements of the body, each of which would be a node there.
+// Without line ends between elements, each of which would be a node.
 std::string templateOf(const std::filesystem::path &path)
 {
     std::string text = contentOf(path);
-    size_t at = text.find("<body>");
+    size_t at = text.find("<html"); // behind what says what it is
     while ((at = text.find(">\n<", at)) != std::string::npos)
         text.erase(at + 1, 1);
     return text;

@@ -8,10 +8,17 @@ namespace ORR::Companion {
 
 namespace {
 
-QByteArray policy()
+QByteArray styleOf(const PageContent &content)
 {
+    return QByteArray(pageTheme.data(), qsizetype(pageTheme.size())) + content.rules;
+}
+
+QByteArray policyOf(const PageContent &content)
+{
+    const QByteArray style = styleOf(content);
     return "default-src 'none'; script-src " + sourceByHash(pageCode) + "; style-src "
-        + sourceByHash(pageTheme) + "; img-src data:; base-uri 'none'; form-action 'none'";
+        + sourceByHash(std::string_view(style))
+        + "; img-src data:; base-uri 'none'; form-action 'none'";
 }
 
 // What a place of the template is for.
@@ -20,9 +27,9 @@ QByteArray contentOf(std::string_view place, const PageContent &content)
     if (place == "title")
         return Graph::xmlEscaped(content.title, Graph::XmlForm::Text);
     if (place == "policy")
-        return policy();
+        return policyOf(content);
     if (place == "theme")
-        return QByteArray(pageTheme.data(), qsizetype(pageTheme.size()));
+        return styleOf(content);
     if (place == "code")
         return QByteArray(pageCode.data(), qsizetype(pageCode.size()));
     return place == "data" ? content.data : content.drawing;

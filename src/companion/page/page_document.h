@@ -11,6 +11,7 @@ struct PageContent
     QString title = {}; // plain text, of one line
     QByteArray drawing = {}; // an SVG element
     QByteArray data = {}; // JSON that is safe within a script element
+    QByteArray rules = {}; // of its own, for the end of the style sheet
 };
 
 // The page: one HTML document that needs nothing else. Its Content-Security-Policy allows its own

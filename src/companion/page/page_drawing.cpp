@@ -1,5 +1,6 @@
 #include "companion/page/page_drawing.h"
 
+#include "companion/page/dark_classes.h"
 #include "companion/page/given_attributes.h"
 #include "companion/page/page_data.h"
 #include "companion/page/page_document.h"
@@ -89,9 +90,11 @@ MadePage makePage(const PageRequest &request)
     Graph::PageSvg device(&content.drawing, content.title, name.isEmpty() ? content.title : name);
     if (const QString fault = draw(request.input, graph, engine, &device); !fault.isEmpty())
         return {{}, fault.trimmed()};
+    const QString engineName = engine ? QString(Drawing::layoutRow(*engine).name) : QString();
     fitForBrowsers(&content.drawing);
-    content.data = pageData(engine ? QString(Drawing::layoutRow(*engine).name) : QString(), *graph,
-                            given, device);
+    content.rules =
+        addDarkClasses(&content.drawing, device.textMiddles(), engineName == u"matrix"_s);
+    content.data = pageData(engineName, *graph, given, device);
     return {pageDocument(content), {}};
 }
 

@@ -2,7 +2,7 @@
 
 import { afterPause } from './elements.js';
 import { isLegendColor } from './legend.js';
-import { isTheme } from './theme.js';
+import { themeIn } from './theme.js';
 
 /** @import {State, Values} from './state.js' */
 /** @import {Objects} from './objects.js' */
@@ -42,7 +42,8 @@ export function mirrorAddress(objects, view, state) {
 function fragmentOf(objects, now) {
     const fields = new URLSearchParams();
     const { x, y, scale } = now.view;
-    if (!now.fitted)
+    // One that fills the window is larger than pages open.
+    if (!now.fitted || scale > 1)
         fields.set('view', [x.toFixed(1), y.toFixed(1), scale.toPrecision(4)].join(','));
     if (now.chosen >= 0)
         fields.set('chosen', objects.key(now.chosen));
@@ -72,7 +73,6 @@ function valuesOf(fragment, objects, view) {
     const object = (/** @type {string} */ name) => objects.find(fields.get(name) ?? '');
     const [x, y, scale] = (fields.get('view') ?? '').split(',').map(Number);
     const color = fields.get('color') ?? '';
-    const theme = fields.get('theme');
     const isPlace = [x, y, scale].every(Number.isFinite) && scale > 0;
     return {
         view: isPlace ? view.kept({ x, y, scale: view.allowed(scale) }) : view.whole(),
@@ -81,7 +81,7 @@ function valuesOf(fragment, objects, view) {
         group: object('group'),
         query: fields.get('query') ?? '',
         color: isLegendColor(objects, color) ? color : '',
-        theme: theme !== null && isTheme(theme) ? theme : 'auto',
+        theme: themeIn(fields),
         table: fields.get('table') === '1',
         keys: fields.get('keys') === 'off' ? 'off' : '',
     };

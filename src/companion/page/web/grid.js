@@ -90,12 +90,3 @@ export function overlap(a, b) {
     return a !== null && a.x <= b.x + b.width && b.x <= a.x + a.width && a.y <= b.y + b.height
         && b.y <= a.y + a.height;
 }
-
-/**
- * @param {Box | null} outer
- * @param {Box} inner
- */
-export function holds(outer, inner) {
-    return outer !== null && outer.x <= inner.x && outer.y <= inner.y
-        && inner.x + inner.width <= outer.x + outer.width && inner.y + inner.height <= outer.y + outer.height;
-}

@@ -24,13 +24,9 @@ export function keepHeads(layer, objects, view, state) {
     });
     for (const { box, copy, i } of heads) {
         layer.append(copy);
-        const draw = () => {
-            const ground = rectOf(box, gap);
-            ground.setAttribute('class', 'head-ground');
-            copy.replaceChildren(ground, ...objects.pieces(i).map(copyOf));
-        };
-        state.follow(['turned'], draw);
-        draw();
+        const ground = rectOf(box, gap);
+        ground.setAttribute('class', 'head-ground');
+        copy.append(ground, ...objects.pieces(i).map(copyOf));
     }
     const place = () => {
         const { scale } = state.now.view;

@@ -87,32 +87,13 @@ export function leavesOf(element) {
 }
 
 /**
- * A paint of a shape or text, which parts of rich texts have from the groups around.
- *
- * @param {Element} leaf
- * @param {string} paint fill or stroke, or its opacity
- */
-export function paintOf(leaf, paint) {
-    return leaf.closest(`[${paint}]`)?.getAttribute(paint) ?? null;
-}
-
-/**
  * Whether a shape has a fill that is seen, or one with more than a part.
  *
  * @param {Element} shape
  * @param {number} [opacity]
  */
 export function isSeen(shape, opacity = 0) {
-    return paintOf(shape, 'fill') !== 'none' && Number(paintOf(shape, 'fill-opacity') ?? 1) > opacity;
-}
-
-/**
- * Whether a shape hides what lies below it; one with half of its fill or less does not.
- *
- * @param {Element} shape
- */
-export function isFilled(shape) {
-    return isSeen(shape, 0.5);
+    return shape.getAttribute('fill') !== 'none' && Number(shape.getAttribute('fill-opacity') ?? 1) > opacity;
 }
 
 /** @param {SVGGeometryElement} shape */
@@ -180,7 +161,7 @@ export class Veil {
         this.objects = objects;
         /** @type {number[] | null} */
         this.lit = null;
-        state.follow(['turned', 'revealed'], () => this.show(this.lit));
+        state.follow(['revealed'], () => this.show(this.lit));
     }
 
     /**
@@ -211,7 +192,8 @@ export class Veil {
             return [];
         for (const group of this.objects.path(i).reverse()) {
             const shape = shapesOf(this.objects.elements[group])[0];
-            if (!shape || !isFilled(shape))
+            // One with half of its fill or less hides nothing.
+            if (!shape || !isSeen(shape, 0.5))
                 continue;
             const ground = rectOf(box, 0);
             ground.setAttribute('fill', shape.getAttribute('fill') ?? '');

@@ -197,6 +197,7 @@ function openPage() {
     const drawing = part('drawing');
     const { objects, fault } = readObjects(drawing, document.getElementById('page-data')?.textContent ?? '');
     const state = new State();
+    followTheme(part('theme'), state);
     document.documentElement.classList.add('live');
     part('bar').hidden = false;
     part('panel').hidden = false;
@@ -208,7 +209,6 @@ function openPage() {
     const rows = keyRows(state, view, parts);
     const showHelp = prepareHelp(rows, state);
     followKeys([...rows, keyRow('', '', showHelp, ['?'])], state);
-    followTheme(part('theme'), objects, state);
     mirrorAddress(objects, view, state);
     parts.panel.update();
 }

@@ -24,7 +24,6 @@
  * @property {boolean} table whether the table stands in the place of the drawing
  * @property {string} theme auto, light or dark
  * @property {string} keys off if those of one character do nothing, else empty
- * @property {number} turned how often lines and texts have been made ready for a dark page
  * @property {number[]} revealed objects some texts of which have just come, of a drawing with many
  */
 
@@ -42,7 +41,6 @@ const initialValues = {
     table: false,
     theme: 'auto',
     keys: '',
-    turned: 0,
     revealed: [],
 };
 

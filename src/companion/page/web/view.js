@@ -3,7 +3,7 @@
  * the browser does without painting anything anew: nothing here looks at the objects.
  */
 
-import { oncePerFrame } from './elements.js';
+import { afterPause, oncePerFrame } from './elements.js';
 import { middleOf } from './grid.js';
 
 /** @import {State, Place} from './state.js' */
@@ -13,6 +13,8 @@ const border = 12;
 const smallestScale = 1 / 64;
 const largestScale = 64;
 const flightTime = 220;
+// How long nothing moves until the drawing is painted at its new scale.
+const sharpTime = 120;
 
 export class View {
     /**
@@ -27,11 +29,21 @@ export class View {
         this.size = size;
         this.bounds = stage.getBoundingClientRect();
         this.flight = 0;
+        // The scale that shows all of the drawing is no larger: pages open in their own size.
+        this.largestFit = 1;
         const place = () => {
             const { scale } = state.now.view;
             paper.style.transform = `translate3d(${this.left}px, ${this.top}px, 0) scale(${scale})`;
         };
-        state.follow(['view'], oncePerFrame(place));
+        const sharpen = afterPause(() => {
+            paper.style.willChange = '';
+        }, sharpTime);
+        state.follow(['view'], oncePerFrame(() => {
+            // While it moves its picture is stretched, which takes as long for any number of objects.
+            paper.style.willChange = 'transform';
+            place();
+            sharpen();
+        }));
         new ResizeObserver(() => this.resized()).observe(stage);
         addEventListener('scroll', () => this.resized(), { passive: true });
         state.change({ view: this.whole() });
@@ -96,13 +108,15 @@ export class View {
         return Math.min(Math.max(scale, smallestScale / 16), largestScale);
     }
 
-    /** The place of the whole drawing, a small one in its own size. */
+    /** The place of the whole drawing, a small one in its own size until the reader wants it larger. */
     whole() {
         const [width, height] = this.size;
-        return this.placeOf({ x: 0, y: 0, width, height }, 1);
+        return this.placeOf({ x: 0, y: 0, width, height }, this.largestFit);
     }
 
+    /** Shows all of the drawing as large as the window has room for. */
     fit() {
+        this.largestFit = largestScale;
         this.flyTo(this.whole(), true);
     }
 
