@@ -137,6 +137,21 @@ void addScriptLine(const std::string &line, std::string *script)
     }
 }
 
+std::string withShortName(const std::string &script)
+{
+    constexpr std::string_view name = "objects";
+    std::string shorter;
+    size_t kept = 0; // what is ahead is in `shorter` already
+    for (size_t at = script.find(name); at != std::string::npos; at = script.find(name, kept)) {
+        const size_t end = at + name.size();
+        const bool isWord = (at == 0 || !isOfWord(script[at - 1])) && !isOfWord(script[end]);
+        const bool isName = isWord && !isAmong(" '\"`", script[end]);
+        shorter += script.substr(kept, at - kept) + (isName ? "O" : std::string(name));
+        kept = end;
+    }
+    return shorter + script.substr(kept);
+}
+
 void addThemeLine(const std::string &line, std::string *theme)
 {
     if (line == "}" && theme->ends_with(';'))

@@ -11,6 +11,10 @@ namespace ORR::Companion {
 // `)` and `]` divides.
 void addScriptLine(const std::string &line, std::string *script);
 
+// The name that nearly all modules use, "objects", as one letter. Texts have the word as well, with
+// a blank or quotes behind it, which no name has.
+std::string withShortName(const std::string &script);
+
 // The same for a style sheet that has one selector, brace or declaration a line.
 void addThemeLine(const std::string &line, std::string *theme);
 

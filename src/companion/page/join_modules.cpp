@@ -249,7 +249,7 @@ std::string joined(const std::filesystem::path &folder)
     }
     if (!unlisted.empty())
         refuse("order.txt", "misses " + *unlisted.begin());
-    return code + "})();\n";
+    return ORR::Companion::withShortName(code + "})();\n");
 }
 
 std::string themeOf(const std::filesystem::path &path)

@@ -87,10 +87,10 @@ export function leavesOf(element) {
 }
 
 /**
- * A paint of a shape or text, which parts of rich texts have from the groups around.
+ * A paint of a shape or text, which they may have from what is around.
  *
  * @param {Element} leaf
- * @param {string} paint fill or stroke, or its opacity
+ * @param {string} paint fill or stroke, or its opacity, or a property of the font
  */
 export function paintOf(leaf, paint) {
     return leaf.closest(`[${paint}]`)?.getAttribute(paint) ?? null;
@@ -161,6 +161,9 @@ export function copyOf(element) {
     const copy = /** @type {SVGElement} */ (element.cloneNode(true));
     for (const name of ['tabindex', 'role', 'aria-label', 'aria-pressed'])
         copy.removeAttribute(name);
+    // What it inherits where it is drawn.
+    for (const name of ['fill', 'stroke', 'font-family', 'font-size'])
+        copy.setAttribute(name, paintOf(element, name) ?? '');
     return copy;
 }
 

@@ -27,7 +27,7 @@ export function followTheme(button, objects, state) {
         button.textContent = `Theme: ${theme}`;
         if (isDark && !turning) {
             turning = new Turning(objects);
-            turn(objects.data.parent.keys());
+            turn(Array(objects.count).keys());
         }
     };
     button.onclick = () => state.change({ theme: themes[(themes.indexOf(state.now.theme) + 1) % themes.length] });
