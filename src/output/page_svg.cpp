@@ -1,6 +1,7 @@
 #include "output/page_svg.h"
 
 #include "device/text_image.h"
+#include "graph/numbers.h"
 #include "output/xml_text.h"
 
 #include <algorithm>
@@ -59,12 +60,24 @@ void PageSvg::drawRect(QPoint topLeft, QPoint bottomRight, int radius, Pen *pen,
     const QPoint corner(std::max(topLeft.x(), bottomRight.x()),
                         std::max(topLeft.y(), bottomRight.y()));
     const bool isSeen = corner.x() > topLeft.x() && corner.y() > topLeft.y();
-    if (isSeen && radius == 0) {
-        drawPolygon({topLeft, {corner.x(), topLeft.y()}, corner, {topLeft.x(), corner.y()}}, pen,
-                    fill);
-    } else {
+    if (!isSeen || radius != 0) {
         GroupedSvg::drawRect(topLeft, corner, radius, pen, fill);
+        return;
     }
+    primitiveComes([&] {
+        CoveredBox box;
+        box.include(topLeft);
+        box.include(corner);
+        return box;
+    });
+    if (!out.isOpen())
+        return;
+    const int width = saturated(qint64(corner.x()) - topLeft.x());
+    const int height = saturated(qint64(corner.y()) - topLeft.y());
+    beginShape(fill);
+    out << " <path d=\"M" << topLeft.x() << "," << topLeft.y() << "h" << width << "v" << height
+        << "h" << -width << "z\"";
+    endShape(pen, fill);
 }
 
 void PageSvg::drawText(QPoint topLeft, Text *text)

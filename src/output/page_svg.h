@@ -46,7 +46,7 @@ public:
     Cluster *createCluster(DotSubgraph *subgraph) override;
     Edge *createEdge(DotEdge *edge) override;
     Node *createNode(DotNode *node) override;
-    // By its corners, which a browser takes half the time to style; with a radius as it is. What
+    // As a path, which a browser takes half the time to style; with a radius as it is. What
     // would have a side below zero is not seen in `-T svg`, and has a side of zero here.
     void drawRect(QPoint topLeft, QPoint bottomRight, int radius, Pen *pen, Color *fill) override;
     void drawText(QPoint topLeft, Text *text) override;

@@ -47,6 +47,10 @@ protected:
     // A rectangle of that size, if there is to be a background.
     void writeBackground(int width, int height);
 
+    // Ahead of the tag of a shape and, with all attributes but its geometry, at its end.
+    void beginShape(const Color *fill);
+    void endShape(const Pen *pen, const Color *fill);
+
     OutputText out;
 
 private:
@@ -57,8 +61,6 @@ private:
         int alpha;
     };
 
-    void beginShape(const Color *fill);
-    void endShape(const Pen *pen, const Color *fill);
     void writePoints(const QList<QPoint> &points);
     void writeStroke(const Pen *pen);
     void writeFill(const Color *fill);

@@ -1,8 +1,10 @@
 // The parts of a page: texts of JSON, labels, what authors gave, the values of charts, the
 // document.
 #include "companion/page/chart_values.h"
+#include "companion/page/compact_drawing.h"
 #include "companion/page/given_attributes.h"
 #include "companion/page/json_text.h"
+#include "companion/page/packed_lists.h"
 #include "companion/page/page_data.h"
 #include "companion/page/page_document.h"
 #include "companion/page/page_drawing.h"
@@ -101,8 +103,8 @@ TEST(GivenAttributes, have_the_defaults_of_all_subgraphs_around)
         return names.join(u' ');
     };
     EXPECT_EQ(chain(graph->findNode(u"a")), u"t p"_s);
-    EXPECT_EQ(chain(graph->findSubgraph(u"d")), u"s r"_s);
-    EXPECT_EQ(chain(graph->findSubgraph(u"c")), u"r"_s);
+    EXPECT_EQ(chain(graph->findSubgraph(u"d")), u""_s);
+    EXPECT_EQ(chain(graph->findSubgraph(u"c")), u""_s);
     EXPECT_EQ(chain(graph->findSubgraph(u"c")->edges.constFirst()), u"q"_s);
 }
 
@@ -171,10 +173,25 @@ TEST(PageData, has_values_and_the_legend_of_a_chart)
         dataOf("digraph { subgraph c { a [area=3]; b [area=1]; } tiny [area=0.00001];"
                " subgraph l { graph [legend=top]; k [label=k, fillcolor=red]; } }",
                u"treemap"_s);
-    EXPECT_EQ(data[u"value"_s], array("[4,3,1,0,0]"));
+    EXPECT_EQ(data[u"value"_s], array("[4,3,1,0,0,1e-05]"));
     EXPECT_EQ(data[u"total"_s], 4.00001);
-    EXPECT_EQ(data[u"parent"_s], array("[-1,0,0,-1,3]"));
+    EXPECT_EQ(data[u"parent"_s], array("[-1,0,0,-1,3,-1]"));
     EXPECT_EQ(data[u"legend"_s], 3);
+}
+
+// Behind what was drawn: subgraphs, nodes, edges, each with the innermost subgraph around it.
+TEST(PageData, has_what_was_too_small_to_be_drawn)
+{
+    const QJsonObject data =
+        dataOf("digraph { subgraph c { a [area=1]; few [area=1e-9, url=u];"
+               " subgraph small { in [area=1e-9, label=\"I\"]; } } a -> few; }",
+               u"treemap"_s);
+    EXPECT_EQ(data[u"box"_s].toArray().size(), 4 * 2);
+    EXPECT_EQ(data[u"undrawn"_s], array("[1,2,\"small\",\"few\",\"in\",\"a->few\"]"));
+    EXPECT_EQ(data[u"parent"_s], array("[-1,0,0,0,2,0]"));
+    EXPECT_EQ(data[u"label"_s], array("[0,0,0,0,\"I\",0]"));
+    EXPECT_EQ(data[u"attributes"_s].toArray().at(3).toArray().at(3), u"u"_s);
+    EXPECT_EQ(data[u"ends"_s], QJsonObject({{u"5"_s, array("[1,3]")}}));
 }
 
 TEST(PageData, has_the_uppermost_object_of_each_column)
@@ -201,6 +218,52 @@ TEST(PageData, is_that_of_a_text_that_brings_its_drawing)
     EXPECT_EQ(data[u"label"_s], array("[\"x\",\"x\"]"));
     EXPECT_EQ(data[u"same"_s], QJsonObject({{u"1"_s, 0}}));
     EXPECT_EQ(data[u"attributes"_s], array("[[0,\"u\"],[0,\"u\"]]"));
+}
+
+TEST(PackedLists, have_what_differs_from_what_came_before)
+{
+    EXPECT_EQ(differences({5, 7, 6, 7}), "[5,2,-1,1]");
+    EXPECT_EQ(differences({1, 2, 3, 1, 5, 2}, 3), "[1,2,3,0,3,-1]");
+    EXPECT_EQ(differences({}), "[]");
+    QString last;
+    EXPECT_EQ(textAfter(&last, u"file_1"_s), "\"#file_1\"");
+    EXPECT_EQ(textAfter(&last, u"file_2"_s), "\"(2\"");
+    EXPECT_EQ(last, u"file_2"_s);
+    EXPECT_EQ(textAfter(&last, u"\U0001F600"_s), "\"#\U0001F600\"");
+    EXPECT_EQ(textAfter(&last, u"\U0001F601"_s), "\"#\U0001F601\""); // the pair stays whole
+}
+
+TEST(CompactDrawing, has_at_its_root_what_most_elements_have)
+{
+    QByteArray drawing =
+        "<svg id=\"drawing\" width=\"9\">\n<g data-kind=\"node\" data-id=\"a\">\n"
+        " <path d=\"M0,0h9v9h-9z\" stroke=\"#000000\" fill=\"#ff0000\"/>\n"
+        " <path d=\"M 0 0 C 1 2, 3 4, 5 6\" stroke=\"#00ff00\" fill=\"none\"/>\n"
+        " <path d=\"M0,0h9v9h-9z\" stroke=\"#000000\" fill=\"none\"/>\n"
+        " <text x=\"1\" y=\"2\" fill=\"#000000\" font-family=\"A\" font-size=\"12\">a</text>\n"
+        " <text x=\"1\" y=\"2\" fill=\"#0000ff\" font-family=\"A\" font-size=\"9\">b</text>\n"
+        "</g>\n</svg>\n";
+    compactDrawing(&drawing);
+    EXPECT_EQ(drawing,
+              "<svg id=\"drawing\" font-family=\"A\" font-size=\"12\" fill=\"#000000\""
+              " stroke=\"#000000\" width=\"9\"><g data-kind=\"node\" data-id=\"a\">"
+              "<path d=\"M0,0h9v9h-9z\" fill=\"#ff0000\"/>"
+              "<path d=\"M0 0C1 2,3 4,5 6\" stroke=\"#00ff00\" fill=\"none\"/>"
+              "<path d=\"M0,0h9v9h-9z\" fill=\"none\"/>"
+              "<text stroke=\"none\" x=\"1\" y=\"2\">a</text>"
+              "<text stroke=\"none\" x=\"1\" y=\"2\" fill=\"#0000ff\" font-family=\"A\""
+              " font-size=\"9\">b</text></g></svg>\n");
+}
+
+// Rich texts bring groups that say what is inherited in them.
+TEST(CompactDrawing, leaves_rich_texts_as_they_are)
+{
+    const QByteArray rich = "<svg id=\"drawing\" width=\"9\"><g fill=\"none\"><text"
+                            " fill=\"#000000\" font-family=\"A\" font-size=\"12\">a</text></g>"
+                            "<path stroke=\"#000000\"/><path stroke=\"#000000\"/></svg>\n";
+    QByteArray drawing = rich;
+    compactDrawing(&drawing);
+    EXPECT_EQ(drawing, rich);
 }
 
 TEST(PageDocument, allows_its_own_script_and_style_by_their_hash)

@@ -11,7 +11,7 @@ import pathlib
 import sys
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / 'page'))
-from packed import own_attributes  # noqa: E402
+from packed import own_attributes, unpacked  # noqa: E402
 
 
 class Page(html.parser.HTMLParser):
@@ -55,6 +55,7 @@ page.feed(sys.stdin.buffer.read().decode('utf-8'))
 page.close()
 data = json.loads(page.kept['data'])
 if 'sets' in data:
+    data = unpacked(data)
     data['attributes'] = own_attributes(data)
 print(json.dumps({
     'elements': page.elements, 'ids': page.ids, 'policy': page.policy, 'name': page.name,

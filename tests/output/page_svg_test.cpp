@@ -184,7 +184,7 @@ TEST_F(PageSvgTest, has_corners_of_rectangles_and_no_side_below_zero)
             device.drawRect({10, 20}, {9, 25}, 2, nullptr, nullptr);
             device.drawRect({10, 20}, {10, 25}, 0, nullptr, nullptr);
         }),
-        " <polygon points=\"10,20 13,20 13,25 10,25\" stroke=\"none\" fill=\"none\"/>\n"
+        " <path d=\"M10,20h3v5h-3z\" stroke=\"none\" fill=\"none\"/>\n"
         " <rect x=\"10\" y=\"20\" width=\"3\" height=\"5\" rx=\"2\" stroke=\"none\" "
         "fill=\"none\"/>\n"
         " <rect x=\"10\" y=\"20\" width=\"3\" height=\"0\" stroke=\"none\" fill=\"none\"/>\n"

@@ -21,6 +21,11 @@ KEYS = {
 }
 
 
+KEPT_PICTURES = pathlib.Path(__file__).resolve().parents[2] / 'docs/pictures'
+# The part of a picture that may differ from the kept one: by letters of another version, not by a part of the page.
+MOST_UNLIKE = 0.02
+
+
 class BrowserError(Exception):
     """What the driver said of a command that failed."""
 
@@ -212,6 +217,39 @@ class Browser:
 
     def screenshot(self, path):
         pathlib.Path(path).write_bytes(base64.b64decode(self._send('GET', '/screenshot')))
+
+    def unlikeness(self, one, other):
+        """The share of squares of eight pixels in which two pictures differ; 1 if their sizes do.
+
+        Another version of the browser smooths letters and lines otherwise, which the mean of a square hardly tells.
+        """
+        pictures = [base64.b64encode(pathlib.Path(path).read_bytes()).decode() for path in (one, other)]
+        return self.run('''const side = 8, most = 20;
+            const squaresOf = async text => {
+                const bytes = Uint8Array.from(atob(text), letter => letter.charCodeAt(0));
+                const picture = await createImageBitmap(new Blob([bytes]));
+                const canvas = new OffscreenCanvas(picture.width, picture.height);
+                const context = canvas.getContext('2d');
+                context.drawImage(picture, 0, 0);
+                const { data, width, height } = context.getImageData(0, 0, picture.width, picture.height);
+                const across = Math.ceil(width / side);
+                const sums = new Float64Array(3 * across * Math.ceil(height / side));
+                for (let y = 0; y < height; ++y) {
+                    for (let x = 0; x < width; ++x) {
+                        for (let k = 0; k < 3; ++k)
+                            sums[3 * (Math.floor(y / side) * across + Math.floor(x / side)) + k] += data[4 * (y * width + x) + k];
+                    }
+                }
+                return { size: `${width} ${height}`, means: sums.map(sum => sum / side ** 2) };
+            };
+            return Promise.all([...arguments].map(squaresOf)).then(([a, b]) => {
+                if (a.size !== b.size) return 1;
+                const count = a.means.length / 3;
+                let different = 0;
+                for (let i = 0; i < count; ++i)
+                    different += [0, 1, 2].some(k => Math.abs(a.means[3 * i + k] - b.means[3 * i + k]) > most);
+                return different / count;
+            });''', *pictures)
 
     def pages_when_printed(self):
         """The number of pages of the printout."""

@@ -6,8 +6,8 @@
 Of each engine the page of an example (treemap.html) and one with hostile texts everywhere
 (hostile-treemap.html), that of a finished drawing with an object in two pieces (pieces.html), and what a dark
 page has to look at: a finished drawing (lights.html), one with rich texts (rich.html), and heads of lifelines and
-calls without a fill (heads.html, calls.html). Then one with many texts (many.html), one with defaults (defaults.html), one with an activation that has
-no height (thin.html) and one with 20,000 cells (large.html).
+calls without a fill (heads.html, calls.html). Then one with many texts (many.html), one with defaults
+(defaults.html), one with an activation that has no height (thin.html), one most of which is too small to be drawn (small.html) and one with 20,000 cells (large.html).
 """
 
 import os
@@ -64,8 +64,13 @@ RICH = '''digraph { graph [xdotversion="1.2", bb="0,0,300,100"];
 
 THIN = 'digraph { a [uml="object", row="0", col="0"]; b [uml="activation", row="1", col="0"]; }'
 
+# Most files of a group are too small to be drawn; of another one not even the group is.
+SMALL = 'digraph { large [area="1000"]; subgraph cluster_s { graph [label="sources"]; main [area="900"];\n' + ''.join(
+    f'speck{i} [area="0.0001", url="src/{i}.c"];\n' for i in range(300)) + (
+    '} subgraph cluster_t { graph [label="tests"]; mote [area="0.0001"]; } }')
+
 DEFAULTS = '''digraph { graph [owner="everybody", url="https://a.example/"]; node [kind="part"]; edge [kind="call"];
-    subgraph cluster_c { graph [team="red team"]; node [level="two"]; subgraph cluster_d { a [kind="whole"]; } b; }
+    subgraph cluster_c { graph [team="red team", file="c.c"]; node [level="two"]; subgraph cluster_d { graph [file="d.c"]; a [kind="whole"]; } b; }
     c; a -> b; }
 '''
 
@@ -100,6 +105,7 @@ def main():
     make_page(orr, RICH.encode(), folder / 'rich.html', ORR_GVLAYOUT_USE_HTML='1')
     make_page(orr, THIN.encode(), folder / 'thin.html', '-K', 'umlseq')
     make_page(orr, DEFAULTS.encode(), folder / 'defaults.html', '-K', 'gfdecl')
+    make_page(orr, SMALL.encode(), folder / 'small.html', '-K', 'treemap')
     make_page(orr, MANY.encode(), folder / 'many.html', '-K', 'treemap')
     make_page(orr, LARGE.encode(), folder / 'large.html', '-K', 'treemap')
     make_page(orr, CALLS.encode(), folder / 'calls.html', '-K', 'gftree')

@@ -1,16 +1,45 @@
-"""The attributes in the table of a page, as its script reads them."""
+"""The table of a page, as its script reads it."""
+
+
+def differences_added(numbers, width):
+    for k in range(width, len(numbers)):
+        numbers[k] += numbers[k - width]
+    return numbers
+
+
+def text_after(last, packed):
+    """A text of which so many units of UTF-16 are those of the last one as its first character tells."""
+    return last.encode('utf-16-le')[:2 * (ord(packed[0]) - 35)].decode('utf-16-le') + packed[1:]
+
+
+def texts(entries):
+    last = ''
+    for entry in entries:
+        last = text_after(last, entry) if isinstance(entry, str) else last
+        yield last if isinstance(entry, str) else entry
+
+
+def unpacked(data):
+    """The table with the lists that are meant by those that stand in the page."""
+    ends = differences_added(data['ends'], 3)
+    more = {'undrawn': list(texts(data['undrawn']))} if 'undrawn' in data else {}
+    return data | more | {
+        'box': differences_added(data['box'], 4), 'parent': differences_added(data['parent'], 1),
+        'label': list(texts(data['label'])),
+        'set': [number for number, count in zip(data['set'][::2], data['set'][1::2]) for _ in range(count)],
+        'ends': {str(ends[k]): ends[k + 1:k + 3] for k in range(0, len(ends), 3)}}
 
 
 def own_attributes(data):
     """Of each object its own ones, as numbers of names and values in turn; 0 for none."""
-    values, texts, last = iter(data['values']), [], {}
+    values, read, last = iter(data['values']), [], {}
 
     def value(name):
         packed = next(values)
         if isinstance(packed, str):
-            texts.append(last.get(name, '').encode('utf-16-le')[:2 * (ord(packed[0]) - 35)].decode('utf-16-le') + packed[1:])
-            packed = len(texts) - 1
-        last[name] = texts[packed]
+            read.append(text_after(last.get(name, ''), packed))
+            packed = len(read) - 1
+        last[name] = read[packed]
         return last[name]
 
     lists = [[part for name in data['sets'][place][1:] for part in (name, value(name))] for place in data['set']]

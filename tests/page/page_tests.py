@@ -18,8 +18,8 @@ import tempfile
 import unittest
 import urllib.parse
 
-from browser import Browser, missing_programs
-from packed import all_attributes, own_attributes
+from browser import Browser, KEPT_PICTURES, MOST_UNLIKE, missing_programs
+from packed import all_attributes, own_attributes, unpacked
 
 ENGINES = ['treemap', 'sunburst', 'flatbubble', 'bar', 'matrix', 'umlseq', 'gftree', 'gfdecl']
 CHARTS = ENGINES[:4]
@@ -83,9 +83,10 @@ class PageCase(unittest.TestCase):
 
     def open(self, name, fragment=''):
         path = self.path(name)
+        self.name = name
         self.browser.open(path, fragment)
         self.text_of_page = path.read_text('utf-8')
-        self.data = json.loads(re.search(r'id="page-data">(.*?)</script>', self.text_of_page, re.S).group(1))
+        self.data = unpacked(json.loads(re.search(r'id="page-data">(.*?)</script>', self.text_of_page, re.S).group(1)))
 
     def frames(self):
         """Waits until what was asked for is on the screen."""
@@ -247,12 +248,34 @@ class EveryPage(PageCase):
             self.browser.open(self.path(engine), f'#theme={theme}')
             self.frames()
             self.assertEqual(self.browser.audit(SETTINGS.axe), [], theme)
-        self.press('n', 'Enter')
-        self.assertEqual(self.browser.audit(SETTINGS.axe), [], 'with an object chosen')
-        self.press('t')
-        self.assertEqual(self.browser.audit(SETTINGS.axe), [], 'with the table')
-        self.press('t', '?')
-        self.assertEqual(self.browser.audit(SETTINGS.axe), [], 'with the dialog of keys')
+            self.press('n', 'Enter')
+            self.assertEqual(self.browser.audit(SETTINGS.axe), [], f'{theme}, with an object held')
+            self.press('z')
+            self.press('/')
+            self.browser.type(QUERIES[engine][0])
+            self.assertTrue(self.browser.wait("return document.querySelector('#marks .found .line') !== null;"))
+            self.assertEqual(self.browser.audit(SETTINGS.axe), [], f'{theme}, with what is found marked')
+            self.click('#table-button')
+            self.assertEqual(self.browser.audit(SETTINGS.axe), [], f'{theme}, with the table')
+            self.click('#table-button')
+            self.click('#help-button')
+            self.assertEqual(self.browser.audit(SETTINGS.axe), [], f'{theme}, with the dialog of keys')
+        if engine in CHARTS:
+            self.audit_group_and_legend()
+
+    def audit_group_and_legend(self):
+        """With the trail of a group and the light of a legend, where there are such."""
+        for theme in ('light', 'dark'):
+            group = self.object('cluster', lambda i: not self.in_legend(i))
+            self.browser.open(self.path(self.name), f'#theme={theme}&group={group}.cluster.{self.identity(group)}')
+            self.frames()
+            self.assertNotEqual(self.browser.text('#trail'), '')
+            self.assertEqual(self.browser.audit(SETTINGS.axe), [], f'{theme}, in a group')
+            if self.browser.count('#drawing [aria-pressed]') > 0:
+                self.browser.run("document.querySelector('#drawing [aria-pressed]').focus();")
+                self.press('Enter')
+                self.assertEqual(self.browser.count('#drawing.dimmed'), 1)
+                self.assertEqual(self.browser.audit(SETTINGS.axe), [], f'{theme}, with a colour lit')
 
     @of_each_engine
     def test_prints_on_one_page(self, engine):
@@ -290,6 +313,7 @@ class EveryPage(PageCase):
             picture = folder / f'page-{engine}-{theme}.png'
             self.browser.screenshot(picture)
             self.assertGreater(picture.stat().st_size, 1000)
+            self.assertLess(self.browser.unlikeness(picture, KEPT_PICTURES / picture.name), MOST_UNLIKE, picture)
 
 
 class Moving(PageCase):
@@ -483,7 +507,7 @@ class Address(PageCase):
     def test_transparent_entry_of_a_legend_is_no_colour(self):
         text = self.path('treemap').read_text('utf-8')
         self.open('treemap')
-        fill = self.browser.run('''return document.querySelector('#drawing [aria-pressed] > polygon').getAttribute('fill');''')
+        fill = self.browser.run('''return document.querySelector('#drawing [aria-pressed] > path').getAttribute('fill');''')
         folder = self.enterContext(tempfile.TemporaryDirectory())
         page = pathlib.Path(folder) / 'transparent.html'
         page.write_text(text.replace(f'fill="{fill}"', f'fill-opacity="0" fill="{fill}"'), 'utf-8')
@@ -567,6 +591,12 @@ class PanelAndSearch(PageCase):
                 self.assertTrue(self.browser.wait(
                     "return new RegExp(arguments[0]).test(document.getElementById('count').textContent);", told), text)
 
+    def test_search_reads_names_of_attributes_and_those_of_the_graph(self):
+        for query, told in (('team', '1 found'), ('kind whole', '1 found'), ('owner', '0 found, and in the graph')):
+            self.open('defaults', f'#query={query}')
+            self.assertTrue(self.browser.wait("return document.getElementById('count').textContent === arguments[0];",
+                                              told), self.browser.text('#count'))
+
     def test_nothing_found_is_told(self):
         self.press('/')
         self.browser.type('zzqqxx')
@@ -593,7 +623,7 @@ class PanelAndSearch(PageCase):
 
 
 class Defaults(PageCase):
-    """Of `node [...]`, `edge [...]` and `graph [...]`, and what the graph itself was given."""
+    """Of `node [...]` and `edge [...]`, and what the graph and groups themselves were given."""
 
     def setUp(self):
         super().setUp()
@@ -614,17 +644,70 @@ class Defaults(PageCase):
         self.assertNotIn('level', c)
         self.assertEqual(self.described('edge', 'a->b')['kind'], 'call')
         inner = self.described('cluster', 'cluster_d')
-        self.assertEqual((inner['team'], inner['owner']), ('red team', 'everybody'))
+        self.assertEqual(set(inner), {'id', 'in', 'file'}, 'what the groups around say is their own')
+        self.assertEqual(self.described('cluster', 'cluster_c')['team'], 'red team')
 
     def test_of_the_graph_are_shown_where_no_object_is(self):
         self.assertIn('everybody', self.browser.panel())
         self.assertEqual(self.browser.run("return document.querySelector('#panel a').href;"), 'https://a.example/')
 
     def test_are_found(self):
-        for query, count in (('two', 2), ('part', 2), ('call', 1), ('red team', 2)):
+        for query, count in (('two', 2), ('part', 2), ('call', 1), ('red team', 1)):
             self.browser.run('location.hash = arguments[0];', f'#query={query}')
             self.assertTrue(self.browser.wait("return document.getElementById('count').textContent === arguments[0];",
                                               f'{count} found'), (query, self.browser.text('#count')))
+
+
+class Undrawn(PageCase):
+    """What is too small to be drawn: 300 nodes of a group, and another group with its node."""
+
+    def setUp(self):
+        super().setUp()
+        self.open('small')
+
+    def test_is_counted(self):
+        self.assertEqual(self.browser.objects('node'), 2)
+        self.assertIn('2 nodes, 1 group; 302 more not drawn by themselves', self.browser.panel())
+
+    def test_is_found_and_marked_at_its_group(self):
+        self.press('/')
+        self.browser.type('speck')
+        self.assertTrue(self.browser.wait("return document.getElementById('count').textContent === '300 found';"))
+        self.assertEqual(self.browser.count('#marks .found .line'), 1)
+        self.press('Enter', 'Enter')
+        self.assertEqual(self.browser.text('#count'), '2 of 300')
+        self.assertIn('Too small to be drawn here.', self.browser.panel())
+        self.assertIn('sources', self.browser.panel())
+        self.assertIn('src/1.c', self.browser.panel())
+        self.assertEqual(self.browser.run("return document.querySelector('#marks .chosen .line').tagName;"), 'path')
+
+    def test_is_in_the_table(self):
+        self.press('t')
+        self.assertIn('of 305', self.browser.text('#table .turner'))
+        self.browser.run('location.hash = "#table=1&query=mote";')
+        self.assertTrue(self.browser.wait("return document.querySelectorAll('#table tbody tr').length === 1;"))
+        self.click('#table tbody button')
+        self.assertIn('Too small to be drawn here.', self.browser.panel())
+        self.assertIn('tests', self.browser.panel())
+
+    def test_group_can_be_chosen_and_zoomed_to_where_it_would_be(self):
+        self.open('small', '#chosen=-.cluster.cluster_t')
+        self.frames()
+        self.assertIn('Too small to be drawn here.', self.browser.panel())
+        self.press('z')
+        self.open('small', '#chosen=-.node.speck7')
+        self.frames()
+        before = self.view()
+        self.press('z')
+        self.assertGreater(self.view()['scale'], before['scale'])
+        self.assertEqual(self.browser.console(), [])
+
+    def test_is_not_what_has_a_place_without_a_height(self):
+        self.open('thin', '#chosen=-.node.b')
+        self.frames()
+        self.assertIn('held', self.browser.panel())
+        self.assertNotIn('drawn', self.browser.panel())
+        self.assertEqual(self.browser.count('#marks .chosen .line'), 1)
 
 
 class ObjectTable(PageCase):
@@ -738,6 +821,17 @@ class Keyboard(PageCase):
                     }
                     return all.filter(one => !seen.has(one)).map(one => one.dataset.id);''')
                 self.assertEqual(seen, [])
+
+    def test_every_object_has_a_role_and_a_name(self):
+        for engine in ENGINES:
+            with self.subTest(engine):
+                self.open(engine)
+                self.assertTrue(self.browser.wait('''return [...document.querySelectorAll('#drawing g[data-kind]')]
+                    .every(one => one.hasAttribute('role') && one.getAttribute('aria-label'));'''))
+                last = self.identity(len(self.data['box']) // 4 - 1)
+                role, name = self.browser.accessible(f'#drawing g[data-id="{last}"]')
+                self.assertIn(role, ('image', 'group', 'button'))
+                self.assertNotEqual(name, '')
 
     def test_focus_is_seen(self):
         self.open('treemap')
@@ -924,13 +1018,25 @@ class Themes(PageCase):
         self.assertEqual(set(numbers), {'rgb(0, 0, 0)'})
 
     def test_fills_stay(self):
-        fills = '''return [...document.querySelectorAll('#drawing polygon[fill]')]
+        fills = '''return [...document.querySelectorAll('#drawing path[fill]')]
             .filter(one => one.getAttribute('fill') !== 'none').map(one => getComputedStyle(one).fill);'''
         self.open('treemap', '#theme=light')
         light = self.browser.run(fills)
         self.open('treemap', '#theme=dark')
         self.assertEqual(self.browser.run(fills), light)
         self.assertGreater(len(light), 0)
+
+    def test_small_drawing_is_printed_large(self):
+        self.open('calls')
+        own = self.browser.run("return Number(document.getElementById('drawing').getAttribute('width'));")
+        self.browser.prefer(media='print')
+        matrix = self.browser.run("return document.getElementById('drawing').getScreenCTM().a;")
+        self.assertGreater(matrix, 2)
+        left, top, right, bottom = self.browser.box('#drawing')
+        self.assertLess(own * matrix, right - left + 1)
+        self.assertLessEqual(bottom, 801)
+        self.browser.prefer(media='')
+        self.assertEqual(self.browser.pages_when_printed(), 1)
 
     def test_print_is_light_and_has_no_chrome(self):
         self.open('treemap', '#theme=dark&view=100,100,4')
@@ -965,7 +1071,7 @@ class Charts(PageCase):
             self.skipTest('the example has no legend')
         entry = self.object('node', self.in_legend)
         color = self.browser.run('''return document.querySelectorAll('#drawing g[data-kind]')[arguments[0]]
-            .querySelector('rect, polygon').getAttribute('fill');''', entry)
+            .querySelector('rect, path').getAttribute('fill');''', entry)
         same = self.browser.run('''return [...document.querySelectorAll('#drawing g[data-kind=node]')].filter(g =>
             [...g.children].find(c => c.localName !== 'text')?.getAttribute('fill') === arguments[0]).length;''', color)
         pressed = f'#drawing g[data-id="{self.identity(entry)}"][aria-pressed=true]'
@@ -1035,6 +1141,18 @@ class Readers(PageCase):
             self.assertLess(bottom, self.browser.box('#stage')[1] + 100)
             x, _, width, _ = self.data['box'][4 * i:4 * i + 4]
             self.assertAlmostEqual((left + right) / 2, view['x'] + (x + width / 2) * view['scale'], delta=2)
+
+
+    def test_heads_that_stay_in_view_can_be_pointed_at(self):
+        self.open('umlseq')
+        self.browser.wheel(500, 400, -500)
+        self.browser.drag((500, 700), (500, 100))
+        self.frames()
+        heads = [self.browser.box(f'#heads .head:nth-child({k + 1})') for k in range(len(self.data['heads']))]
+        k, (left, top, right, bottom) = next((k, box) for k, box in enumerate(heads) if box[0] > 0 and box[2] < 900)
+        self.browser.point((left + right) / 2, (top + bottom) / 2)
+        self.frames()
+        self.assertIn(self.identity(self.data['heads'][k]), self.browser.panel())
 
 
 class Pieces(PageCase):
@@ -1249,7 +1367,7 @@ class Trouble(PageCase):
             data['names'] += ['url']
             data['values'] = ['#' + value for value in values]
             data['sets'] = [[-1] + [len(data['names']) - 1] * len(values), [-1]]
-            data['set'] = [0] + [1] * (len(data['set']) - 1)
+            data['set'] = [0, 1, 1, sum(data['set'][1::2]) - 1]
             written = json.dumps(data).replace('<', '\\u003c')
             return re.sub(r'(id="page-data">).*?(</script>)', lambda m: m.group(1) + written + m.group(2), text, flags=re.S)
         self.browser.open(self.changed(change))

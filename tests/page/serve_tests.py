@@ -19,7 +19,7 @@ import tempfile
 import time
 import unittest
 
-from browser import Browser, missing_programs
+from browser import Browser, KEPT_PICTURES, MOST_UNLIKE, missing_programs
 
 ENGINES = ['treemap', 'sunburst', 'flatbubble', 'bar', 'matrix', 'umlseq', 'gftree', 'gfdecl']
 FORMATS = {'SVG': 'svg', 'PNG': 'png', 'JPG': 'jpg', 'XDOT1.2': 'xdot', 'VSDX': 'vsdx', 'VDX': 'vdx'}
@@ -112,6 +112,15 @@ class ServeCase(unittest.TestCase):
         self.browser.run('''document.getElementById(`${arguments[0]}-button`).click();
             [...document.querySelectorAll(`#${arguments[0]} button`)].find(button =>
                 button.textContent.startsWith(arguments[1])).click();''', menu, entry)
+
+    def click(self, selector):
+        self.browser.run('document.querySelector(arguments[0]).click();', selector)
+
+    def choose_download(self, format):
+        """Chooses the format that begins so, and presses the button beside it."""
+        self.browser.run('''const menu = document.getElementById('format');
+            menu.value = [...menu.options].find(option => option.textContent.startsWith(arguments[0])).value;
+            document.getElementById('download').click();''', format)
 
     def press_button(self, selector, name):
         self.browser.run('''[...document.querySelectorAll(`${arguments[0]} button`)].find(button =>
@@ -218,11 +227,63 @@ class Editing(ServeCase):
         self.serve(graph('alpha', 'beta'))
         self.file.write_text(graph('alpha', 'gamma', 'delta'), 'utf-8')
         self.assertTrue(self.shows('delta'))
-        self.browser.run("document.getElementById('text').focus(); document.execCommand('undo');")
+        self.undo()
         self.assertEqual(self.text(), graph('alpha', 'beta'))
         self.assertTrue(self.shows('beta'))
-        self.browser.run("document.execCommand('redo');")
+        self.assertTrue(self.says('#unsaved', 'not saved'))
+        self.hold_control_and('y')
         self.assertEqual(self.text(), graph('alpha', 'gamma', 'delta'))
+
+    def undo(self):
+        self.browser.run("document.getElementById('text').focus();")
+        self.hold_control_and('z')
+
+    def test_undo_leads_back_over_texts_of_any_size(self):
+        long = graph(*(f'label {i}' for i in range(3000)))
+        self.serve(graph('alpha'))
+        self.file.write_text(long, 'utf-8')
+        self.assertTrue(self.waits('return document.getElementById("text").value === arguments[0];', long))
+        self.fill(graph('typed'))
+        self.choose('examples', 'treemap')
+        self.assertTrue(self.drawn_as('treemap'))
+        example = self.text()
+        for text in (graph('typed'), long, graph('alpha'), graph('alpha')):
+            self.click('#undo')
+            self.assertEqual(self.text(), text)
+        self.assertTrue(self.drawn_as('gftree'))
+        self.assertTrue(self.shows('alpha'))
+        self.assertEqual(self.browser.count('#undo[aria-disabled=true]'), 1)
+        for text in (long, graph('typed'), example, example):
+            self.click('#redo')
+            self.assertEqual(self.text(), text)
+        self.assertEqual(self.browser.count('#redo[aria-disabled=true]'), 1)
+        self.assertTrue(self.drawn_as('treemap'))
+        self.assertEqual(self.browser.run("return document.getElementById('engine').value;"), 'treemap')
+
+    def test_what_is_typed_without_a_pause_is_one_step(self):
+        self.serve(graph('alpha'))
+        self.browser.run("const area = document.getElementById('text'); area.focus(); area.setSelectionRange(0, 0);")
+        self.browser.type('// one')
+        time.sleep(1.2)
+        self.browser.type(' two')
+        self.undo()
+        self.assertEqual(self.text(), '// one' + graph('alpha'))
+        self.undo()
+        self.assertEqual(self.text(), graph('alpha'))
+        self.browser.type('new')
+        self.hold_control_and('y')
+        self.assertEqual(self.text(), 'new' + graph('alpha'))
+
+    def test_line_ends_come_back_with_their_text(self):
+        unix = graph('alpha', 'beta')
+        self.serve(unix)
+        self.file.write_bytes(graph('alpha', 'gamma').replace('\n', '\r\n').encode())
+        self.assertTrue(self.shows('gamma'))
+        self.undo()
+        self.assertTrue(self.shows('beta'))
+        self.hold_control_and('s')
+        self.assertTrue(self.says('#told', 'Saved'))
+        self.assertEqual(self.file.read_bytes(), unix.encode())
 
     def test_a_text_comes_back_from_behind_an_example(self):
         self.serve(graph('alpha'))
@@ -236,7 +297,7 @@ class Editing(ServeCase):
 
     def test_the_first_text_is_not_undone(self):
         self.serve(graph('alpha'))
-        self.browser.run("document.getElementById('text').focus(); document.execCommand('undo');")
+        self.undo()
         self.assertEqual(self.text(), graph('alpha'))
 
     def test_lines_have_their_numbers(self):
@@ -468,7 +529,7 @@ class Files(ServeCase):
         downloads = self.folder / 'downloads'
         downloads.mkdir(exist_ok=True)
         self.browser.command('Browser.setDownloadBehavior', behavior='allow', downloadPath=str(downloads))
-        self.choose('downloads', name)
+        self.choose_download(name)
         file = downloads / f'tree.{ending}'
         end = time.monotonic() + 15
         while not file.exists() and time.monotonic() < end:
@@ -496,7 +557,7 @@ class Files(ServeCase):
         for text, told in (('digraph { a [', 'Unable to parse'), ('\n', 'nothing to draw')):
             with self.subTest(told):
                 self.fill(text)
-                self.choose('downloads', 'Page')
+                self.choose_download('Page')
                 self.assertTrue(self.says('#told', told))
                 self.press_button('#told', 'Dismiss')
         self.assertEqual(list(self.folder.glob('**/*.html')), [])
@@ -504,7 +565,7 @@ class Files(ServeCase):
     def test_a_download_that_fails_is_told(self):
         self.serve(graph('alpha'))
         self.fill('digraph { a [')
-        self.choose('downloads', 'SVG')
+        self.choose_download('SVG')
         self.assertTrue(self.says('#told', 'Dismiss'))
         self.press_button('#told', 'Dismiss')
         self.assertTrue(self.is_gone('#told'))
@@ -662,7 +723,7 @@ class Looks(ServeCase):
         for _ in range(12):
             reached.add(self.browser.run("const {id, localName} = document.activeElement; return id || localName;"))
             self.browser.press('Tab')
-        self.assertLessEqual({'engine', 'examples-button', 'downloads-button', 'theme', 'text', 'button', 'splitter', 'iframe'},
+        self.assertLessEqual({'engine', 'examples-button', 'undo', 'redo', 'format', 'download', 'theme', 'text', 'button', 'splitter', 'iframe'},
                              reached)
 
     def test_one_key_leads_from_pane_to_pane(self):
@@ -692,6 +753,8 @@ class Looks(ServeCase):
             picture = folder / f'serve-{name}.png'
             self.browser.screenshot(picture)
             self.assertGreater(picture.stat().st_size, 1000)
+            if name != 'narrow':
+                self.assertLess(self.browser.unlikeness(picture, KEPT_PICTURES / picture.name), MOST_UNLIKE, picture)
 
 
 def main():

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-// Primitives of `-T svg` as a page has them: rectangles without a radius by their corners, and no
+// Primitives of `-T svg` as a page has them: rectangles without a radius as paths, and no
 // side below zero.
 inline QByteArray withRectsOfPages(const QByteArray &svg)
 {
@@ -17,11 +17,11 @@ inline QByteArray withRectsOfPages(const QByteArray &svg)
         const auto number = [&](int k) { return found.captured(k).toLongLong(); };
         const qint64 right = number(1) + std::max(number(3), 0LL);
         const qint64 bottom = number(2) + std::max(number(4), 0LL);
-        const QString corners = QStringLiteral("<polygon points=\"%1,%2 %3,%2 %3,%4 %1,%4\"")
+        const QString corners = QStringLiteral("<path d=\"M%1,%2h%3v%4h-%3z\"")
                                     .arg(number(1))
                                     .arg(number(2))
-                                    .arg(right)
-                                    .arg(bottom);
+                                    .arg(right - number(1))
+                                    .arg(bottom - number(2));
         const QString none = QStringLiteral("<rect x=\"%1\" y=\"%2\" width=\"%3\" height=\"%4\"")
                                  .arg(number(1))
                                  .arg(number(2))

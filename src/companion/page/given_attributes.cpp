@@ -49,10 +49,10 @@ AttributeMap without(const AttributeMap &attributes, const Leaves &leaves)
     return kept;
 }
 
-// The defaults within a subgraph, -1 for none.
+// The defaults within a subgraph, -1 for none. Its own attributes are no defaults: a url or a file
+// of an outer group is not that of an inner one.
 struct Inner
 {
-    int subgraphs = -1;
     int nodes = -1;
     int edges = -1;
 };
@@ -83,12 +83,8 @@ GivenAttributes::GivenAttributes(const DotGraph &graph)
     QHash<const DotSubgraph *, Inner> inner;
     for (const DotSubgraph *subgraph : subgraphsInPreorder(graph.root())) {
         const Inner outer = inner.value(subgraph->parent);
-        const AttributeMap own = ownOf(subgraph, &DotSubgraph::attributes);
-        keep(subgraph, own);
-        keepDefaults(subgraph, outer.subgraphs);
-        const Inner its{subgraph->subgraphs.isEmpty() ? outer.subgraphs
-                                                      : nested(outer.subgraphs, own),
-                        nested(outer.nodes, ownOf(subgraph, &DotSubgraph::nodeDefaults)),
+        keep(subgraph, ownOf(subgraph, &DotSubgraph::attributes));
+        const Inner its{nested(outer.nodes, ownOf(subgraph, &DotSubgraph::nodeDefaults)),
                         nested(outer.edges, ownOf(subgraph, &DotSubgraph::edgeDefaults))};
         inner.insert(subgraph, its);
         for (const DotNode *node : subgraph->nodes) {

@@ -19,7 +19,7 @@ public:
     // Keeps nothing of the graph but the addresses of its objects.
     explicit GivenAttributes(const Graph::DotGraph &graph);
 
-    // What one subgraph says for all objects of a kind in it, where those around it say something
+    // What one subgraph says for all nodes or edges in it, where those around it say something
     // else or nothing.
     struct Defaults
     {
@@ -29,9 +29,8 @@ public:
 
     // What it was given itself, in the order of the text; empty for an object of no graph.
     Graph::AttributeMap of(const Graph::DotObject *object) const { return given.value(object); }
-    // A subgraph has its defaults from the attributes of those around it.
     const std::vector<Defaults> &defaults() const { return allDefaults; }
-    // The innermost ones of an object, -1 for none.
+    // The innermost ones of a node or an edge, -1 for none.
     int defaultsOf(const Graph::DotObject *object) const { return innermost.value(object, -1); }
 
 private:

@@ -1,28 +1,11 @@
 #include "companion/page/packed_attributes.h"
 
 #include "companion/page/json_text.h"
-
-#include <algorithm>
+#include "companion/page/packed_lists.h"
 
 namespace ORR::Companion {
 
 using namespace Graph;
-
-namespace {
-
-constexpr char16_t noneAlike = u'#';
-constexpr qsizetype mostAlike = u'}' - u'#';
-
-// The characters that two texts begin with, no pair of surrogates taken apart.
-qsizetype alike(const QString &a, const QString &b)
-{
-    const qsizetype most = std::min({a.size(), b.size(), mostAlike});
-    const auto differs = std::mismatch(a.cbegin(), a.cbegin() + most, b.cbegin()).first;
-    const qsizetype count = differs - a.cbegin();
-    return count > 0 && a.at(count - 1).isHighSurrogate() ? count - 1 : count;
-}
-
-} // namespace
 
 void PackedAttributes::add(const DotObject *object, const AttributeMap &own)
 {
@@ -37,7 +20,19 @@ void PackedAttributes::add(const DotObject *object, const AttributeMap &own)
         place = setPlaces.insert(set, allSets.size());
         allSets.append('[' + set + ']');
     }
-    setNumbers += (setNumbers.isEmpty() ? "" : ",") + QByteArray::number(*place);
+    if (runs.isEmpty() || runs.constLast().set != *place)
+        runs.append({*place, 0});
+    ++runs.last().count;
+}
+
+QByteArray PackedAttributes::setOfEach() const
+{
+    QByteArray list;
+    for (const Run &run : runs) {
+        list += (list.isEmpty() ? "" : ",") + QByteArray::number(run.set) + ','
+            + QByteArray::number(run.count);
+    }
+    return '[' + list + ']';
 }
 
 QByteArray PackedAttributes::names() const
@@ -98,10 +93,7 @@ int PackedAttributes::writtenDefaults(int defaults)
 // Whichever form is shorter.
 QByteArray PackedAttributes::packed(const QString &value, qsizetype name)
 {
-    QString &last = lastValues[name];
-    const qsizetype count = alike(last, value);
-    last = value;
-    const QByteArray text = jsonText(QChar(char16_t(noneAlike + count)) + value.sliced(count));
+    const QByteArray text = textAfter(&lastValues[name], value);
     const auto place = known.constFind(value);
     if (place != known.cend()) {
         const QByteArray number = QByteArray::number(*place);

@@ -15,9 +15,8 @@ namespace ORR::Companion {
 //
 // An object has a set, which tells its defaults and the names of its own attributes. Its values
 // stand in a list, those of one object behind those of the one before it: the number of a value
-// that stands in the list already, counted without numbers, or a text. The first character of a
-// text is as much above '#' as the value begins like the last one of the same name; then comes its
-// rest.
+// that stands in the list already, counted without numbers, or a text after the last one of the
+// same name (packed_lists.h).
 class PackedAttributes
 {
 public:
@@ -30,7 +29,7 @@ public:
     // Lists of JSON, once all objects have been added.
     QByteArray names() const;
     QByteArray sets() const; // each the number of its defaults, -1 for none, and numbers of names
-    QByteArray setOfEach() const { return '[' + setNumbers + ']'; }
+    QByteArray setOfEach() const; // the number of a set, then of objects one after another with it
     QByteArray values() const { return '[' + valueList + ']'; }
     // Each the number of those around it, -1 for none, then numbers of names and values in turn.
     QByteArray defaults() const;
@@ -47,7 +46,12 @@ private:
     QHash<QString, qsizetype> nameNumbers;
     QList<QByteArray> allSets;
     QHash<QByteArray, qsizetype> setPlaces;
-    QByteArray setNumbers;
+    struct Run
+    {
+        qsizetype set;
+        qsizetype count;
+    };
+    QList<Run> runs;
     QByteArray valueList;
     QHash<QString, qsizetype> known; // values that stand in the list
     qsizetype textCount = 0; // in the list

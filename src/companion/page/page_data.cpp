@@ -5,11 +5,13 @@
 #include "companion/page/drawn_table.h"
 #include "companion/page/json_text.h"
 #include "companion/page/packed_attributes.h"
+#include "companion/page/packed_lists.h"
 #include "companion/page/plain_label.h"
 #include "layout/attribute_tables.h"
 #include "layout/charts/chart_legend.h"
 #include "layout/sequence/umlseq_attributes.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -38,6 +40,14 @@ const QString *labelOf(const DotGraph &graph, const DrawnTable::Row &row)
     return row.edge ? PaintAttributes::label.find(&graph, row.edge) : nullptr;
 }
 
+// As the drawing writes it.
+QString idOfUndrawn(const DrawnTable::Row &row)
+{
+    if (row.edge)
+        return row.edge->tail->id + "->"_L1 + row.edge->head->id;
+    return row.subgraph ? row.subgraph->id : row.node->id;
+}
+
 // Writes an object of JSON, member by member.
 class DataWriter
 {
@@ -55,8 +65,9 @@ public:
         add("size",
             '[' + QByteArray::number(drawing.size().width()) + ','
                 + QByteArray::number(drawing.size().height()) + ']');
-        addColumn("box", [&](size_t i, const auto &) { return box(drawing.objects()[i].box); });
-        addColumn("parent", [](size_t, const auto &row) { return QByteArray::number(row.parent); });
+        addBoxes();
+        addUndrawn();
+        addParents();
         addTexts();
         addEnds();
         addChart();
@@ -82,21 +93,60 @@ private:
         add(name, '[' + list + ']');
     }
 
-    static QByteArray box(const CoveredBox &box)
+    void addBoxes()
     {
-        if (box.isNull())
-            return "0,0,-1,-1";
-        return QByteArray::number(box.left) + ',' + QByteArray::number(box.top) + ','
-            + QByteArray::number(box.width()) + ',' + QByteArray::number(box.height());
+        QList<int> sides; // what covers nothing is nowhere else than the one before
+        for (const DrawnObject &object : drawing.objects()) {
+            const CoveredBox &box = object.box;
+            const qsizetype before = std::max<qsizetype>(sides.size() - 4, 0);
+            if (!box.isNull())
+                sides << box.left << box.top << box.width() << box.height();
+            else
+                sides << sides.value(before) << sides.value(before + 1) << -1 << -1;
+        }
+        add("box", differences(sides, 4));
+    }
+
+    void addParents()
+    {
+        QList<int> parents;
+        for (const DrawnTable::Row &row : table.rows())
+            parents.append(row.parent);
+        add("parent", differences(parents));
+    }
+
+    // The ids of what has no group in the drawing, and how many of them are subgraphs and nodes.
+    void addUndrawn()
+    {
+        if (table.rows().size() == table.drawnCount())
+            return;
+        int subgraphs = 0;
+        int nodes = 0;
+        QByteArray list;
+        QString last;
+        for (size_t i = table.drawnCount(); i < table.rows().size(); ++i) {
+            const DrawnTable::Row &row = table.rows()[i];
+            subgraphs += row.subgraph ? 1 : 0;
+            nodes += row.node ? 1 : 0;
+            list += ',' + textAfter(&last, idOf(i));
+        }
+        add("undrawn",
+            '[' + QByteArray::number(subgraphs) + ',' + QByteArray::number(nodes) + list + ']');
+    }
+
+    QString idOf(size_t i) const
+    {
+        return i < table.drawnCount() ? drawing.objects()[i].id : idOfUndrawn(table.rows()[i]);
     }
 
     // Labels, and attributes without a label that these tell already.
     void addTexts()
     {
+        QString last;
         addColumn("label", [&](size_t i, const auto &row) {
             const QString label = plainLabelOf(row);
-            const bool isTold = label.isEmpty() || label == drawing.objects()[i].id;
-            return isTold ? QByteArray("0") : jsonText(label);
+            const bool isTold = label.isEmpty() || label == idOf(i);
+            return isTold ? QByteArray("0") : textAfter(&last, label);
         });
         PackedAttributes packed(given);
         for (const DrawnTable::Row &row : table.rows())
@@ -131,16 +181,12 @@ private:
 
     void addEnds()
     {
-        QByteArray list;
+        QList<int> ends;
         for (size_t i = 0; i < table.rows().size(); ++i) {
-            const DotEdge *edge = table.rows()[i].edge;
-            if (!edge)
-                continue;
-            list += (list.isEmpty() ? "\"" : ",\"") + QByteArray::number(qulonglong(i)) + "\":["
-                + QByteArray::number(table.find(edge->tail)) + ','
-                + QByteArray::number(table.find(edge->head)) + ']';
+            if (const DotEdge *edge = table.rows()[i].edge)
+                ends << int(i) << table.find(edge->tail) << table.find(edge->head);
         }
-        add("ends", '{' + list + '}');
+        add("ends", differences(ends, 3));
     }
 
     void addChart()
@@ -163,7 +209,7 @@ private:
         QMap<int, int> heads; // by column
         for (size_t i = 0; i < table.rows().size(); ++i) {
             const DotNode *node = table.rows()[i].node;
-            if (!node || nodeKind.of(&graph, node) != Object)
+            if (i >= table.drawnCount() || !node || nodeKind.of(&graph, node) != Object)
                 continue;
             const int column = col.of(&graph, node);
             const auto head = heads.constFind(column);

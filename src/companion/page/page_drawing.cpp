@@ -1,5 +1,6 @@
 #include "companion/page/page_drawing.h"
 
+#include "companion/page/compact_drawing.h"
 #include "companion/page/dark_classes.h"
 #include "companion/page/given_attributes.h"
 #include "companion/page/page_data.h"
@@ -11,16 +12,11 @@
 #include "output/graph_summary.h"
 #include "output/page_svg.h"
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace ORR::Companion {
 
 namespace {
-
-// Beyond these the page leaves texts out that are too small to be read.
-constexpr qsizetype manyTexts = 2000;
 
 // The message is empty for success.
 QString draw(const QByteArray &input, Graph::DotGraph *graph,
@@ -41,25 +37,6 @@ QString titleOf(const PageRequest &request, const Graph::DotGraph *graph)
             return line;
     }
     return request.fallbackTitle;
-}
-
-// What a drawing is in a browser: quicker there, and the same to look at.
-void fitForBrowsers(QByteArray *drawing)
-{
-    // Browsers make a node of each line end and the blank behind it, which takes as long as an
-    // element. Texts of several lines have two blanks there.
-    drawing->replace(">\n <", "><").replace(">\n<", "><");
-    if (drawing->count("<text") <= manyTexts)
-        return;
-    constexpr QByteArrayView sizeName = "font-size=\"";
-    int largest = 0;
-    for (qsizetype at = drawing->indexOf(sizeName); at >= 0; at = drawing->indexOf(sizeName, at)) {
-        at += sizeName.size();
-        const QByteArrayView digits = QByteArrayView(*drawing).sliced(at);
-        largest = std::max(largest, digits.first(digits.indexOf('"')).toInt());
-    }
-    drawing->insert(QByteArrayView("<svg id=\"drawing\"").size(),
-                    " class=\"many\" data-largest=\"" + QByteArray::number(largest) + '"');
 }
 
 QString engineFault(const QString &engine)
@@ -91,9 +68,9 @@ MadePage makePage(const PageRequest &request)
     if (const QString fault = draw(request.input, graph, engine, &device); !fault.isEmpty())
         return {{}, fault.trimmed()};
     const QString engineName = engine ? QString(Drawing::layoutRow(*engine).name) : QString();
-    fitForBrowsers(&content.drawing);
     content.rules =
         addDarkClasses(&content.drawing, device.textMiddles(), engineName == u"matrix"_s);
+    compactDrawing(&content.drawing);
     content.data = pageData(engineName, *graph, given, device);
     return {pageDocument(content), {}};
 }

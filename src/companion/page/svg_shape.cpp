@@ -38,7 +38,7 @@ public:
     {
         skip();
         qsizetype end = 0;
-        while (end < text.size() && !isBetween(text[end]))
+        while (end < text.size() && !isBetween(text[end]) && !isCommand(text[end]))
             ++end;
         const double value = text.first(end).toDouble();
         text = text.sliced(end);
@@ -52,6 +52,10 @@ public:
 
 private:
     static bool isBetween(char c) { return c == ' ' || c == ',' || c == '\n'; }
+    static bool isCommand(char c)
+    {
+        return c != 'e' && std::isalpha(static_cast<unsigned char>(c));
+    }
     void skip()
     {
         while (!text.isEmpty() && isBetween(text[0]))
@@ -108,6 +112,10 @@ QPainterPath pathOf(QByteArrayView data)
             path.moveTo(numbers.point());
         } else if (command == 'L') {
             path.lineTo(numbers.point());
+        } else if (command == 'h') {
+            path.lineTo(path.currentPosition() + QPointF(numbers.number(), 0));
+        } else if (command == 'v') {
+            path.lineTo(path.currentPosition() + QPointF(0, numbers.number()));
         } else if (command == 'Q') {
             const QPointF control = numbers.point();
             path.quadTo(control, numbers.point());
@@ -121,7 +129,7 @@ QPainterPath pathOf(QByteArrayView data)
             const bool isLarge = numbers.number() != 0;
             const bool isClockwise = numbers.number() != 0;
             addArc(radii, isLarge, isClockwise, numbers.point(), &path);
-        } else if (command == 'Z' && given) {
+        } else if ((command == 'Z' || command == 'z') && given) {
             path.closeSubpath();
         } else {
             numbers.number(); // of what nobody writes
@@ -166,6 +174,21 @@ bool isBox(const std::vector<QPointF> &p)
         && p[3].x() == p[0].x();
 }
 
+// The corners of a path of lines only, without the end of one that is closed; none for others.
+std::vector<QPointF> cornersOf(const QPainterPath &path)
+{
+    std::vector<QPointF> corners;
+    for (int i = 0; i < path.elementCount(); ++i) {
+        const QPainterPath::Element element = path.elementAt(i);
+        if (i == 0 ? !element.isMoveTo() : !element.isLineTo())
+            return {};
+        corners.push_back(element);
+    }
+    if (corners.size() > 1 && corners.back() == corners.front())
+        corners.pop_back();
+    return corners;
+}
+
 // Of a polygon that is a box only its box.
 SvgShape shapeOfPoints(const std::vector<QPointF> &points, const QTransform &plane)
 {
@@ -191,12 +214,16 @@ SvgShape shapeOf(const SvgTag &tag, const QTransform &plane)
     if (tag.name == "polygon" || tag.name == "polyline")
         return shapeOfPoints(pointsOf(tag.attribute("points")), plane);
     QPainterPath outline;
-    if (tag.name == "path")
-        outline = plane.map(pathOf(tag.attribute("d")));
-    else if (tag.name == "rect" || tag.name == "line")
+    if (tag.name == "path") {
+        outline = pathOf(tag.attribute("d"));
+        if (const std::vector<QPointF> corners = cornersOf(outline); isBox(corners))
+            return shapeOfPoints(corners, plane);
+        outline = plane.map(outline);
+    } else if (tag.name == "rect" || tag.name == "line") {
         return {plane.mapRect(rectOf(tag)), {}};
-    else
+    } else {
         outline.addEllipse(plane.mapRect(rectOf(tag)));
+    }
     return {outline.boundingRect(), outline};
 }
 

@@ -62,9 +62,9 @@ function valueColumn(objects) {
 function attributeColumns(objects) {
     const counts = objects.data.names.map((name, k) => ({ name, k, count: 0 }));
     // What is given by default to many says less than what each was given.
-    for (let i = 0; i < objects.count; ++i)
+    for (let i = 0; i < objects.all; ++i)
         objects.setOf(i).slice(1).forEach(k => ++counts[k].count);
-    const fewest = objects.count * rareShare;
+    const fewest = objects.all * rareShare;
     return counts.filter(({ name, count }) => name !== 'label' && count > fewest).sort((a, b) => b.count - a.count)
         .slice(0, mostAttributes).map(({ name }) => attributeColumn(objects, name));
 }
@@ -79,7 +79,7 @@ function attributeColumn(objects, name) {
         objects.attributes(i).find(([its]) => its === name)?.[1] ?? '';
     const number = (/** @type {number} */ i) => text(i).trim() === '' ? -Infinity : Number(text(i));
     let isNumber = true;
-    for (let i = 0; isNumber && i < objects.count; ++i)
+    for (let i = 0; isNumber && i < objects.all; ++i)
         isNumber = !Number.isNaN(number(i));
     return { name, isNumber, text, key: isNumber ? number : text };
 }

@@ -24,6 +24,7 @@ export function keepHeads(layer, objects, view, state) {
     });
     for (const { box, copy, i } of heads) {
         layer.append(copy);
+        objects.copies.set(copy, i);
         const ground = rectOf(box, gap);
         ground.setAttribute('class', 'head-ground');
         copy.append(ground, ...objects.pieces(i).map(copyOf));

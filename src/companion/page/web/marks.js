@@ -87,6 +87,16 @@ export function leavesOf(element) {
 }
 
 /**
+ * A paint of a shape or text, which they may have from what is around.
+ *
+ * @param {Element} leaf
+ * @param {string} paint fill or stroke, or its opacity, or a property of the font
+ */
+export function paintOf(leaf, paint) {
+    return leaf.closest(`[${paint}]`)?.getAttribute(paint) ?? null;
+}
+
+/**
  * Whether a shape has a fill that is seen, or one with more than a part.
  *
  * @param {Element} shape
@@ -142,6 +152,9 @@ export function copyOf(element) {
     const copy = /** @type {SVGElement} */ (element.cloneNode(true));
     for (const name of ['tabindex', 'role', 'aria-label', 'aria-pressed'])
         copy.removeAttribute(name);
+    // What it inherits where it is drawn.
+    for (const name of ['fill', 'stroke', 'font-family', 'font-size'])
+        copy.setAttribute(name, paintOf(element, name) ?? '');
     return copy;
 }
 

@@ -3,18 +3,22 @@
  * object is a number, its place in the document.
  */
 
+import { textAfter, unpack } from './packed.js';
+
 /**
- * The table as it stands in the page. Names of attributes are
+ * The table as it stands in the page, unpacked. Names of attributes are
  * told by their places in `names`. Lists of which nothing else is said have an entry for each object.
  *
  * @typedef {object} PageData
  * @property {string} engine empty for a replayed text
  * @property {[number, number]} size
- * @property {number[]} box four numbers an object; a width below zero where nothing was drawn
+ * @property {number[]} box four numbers a drawn object; a width below zero where nothing was drawn
+ * @property {(number | string)[]} [undrawn] how many groups and nodes without an element come behind the
+ * drawn objects, then the ids of these and of edges
  * @property {number[]} parent
  * @property {(string | 0)[]} label 0 where there is none, or where it is the id
  * @property {string[]} names of attributes
- * @property {(number | string)[]} values of own attributes, packed as unpacked() says
+ * @property {(number | string)[]} values of own attributes, packed as unpacked() reads them
  * @property {number[]} set of each object
  * @property {number[][]} sets their defaults, -1 for none, and the names of own attributes
  * @property {(number | string)[][]} defaults those around them, -1 for none, a name, a value, and so on
@@ -42,9 +46,14 @@ export class Objects {
     constructor(elements, data) {
         this.elements = elements;
         this.data = data;
-        this.count = data.parent.length;
+        /** Of what was drawn. */
+        this.count = elements.length;
+        /** With what was too small to be drawn, which comes behind. */
+        this.all = data.parent.length;
         /** @type {Map<Element, number> | null} */
         this.places = null;
+        /** Copies that stand for objects as well. @type {Map<Element, number>} */
+        this.copies = new Map();
         /** @type {string[][] | null} */
         this.values = null;
         /** @type {Map<number, number[]> | null} */
@@ -68,10 +77,10 @@ export class Objects {
      * @param {EventTarget | null} target
      */
     at(target) {
-        const element = target instanceof Element ? target.closest('g[data-kind]') : null;
+        const element = target instanceof Element ? target.closest('.head') ?? target.closest('g[data-kind]') : null;
         // Made at the first question: each element that a script looks at takes time.
         this.places ??= new Map(Array.from(this.elements, (one, i) => [one, i]));
-        const place = element ? this.places.get(element) : undefined;
+        const place = element ? this.places.get(element) ?? this.copies.get(element) : undefined;
         return place === undefined ? -1 : this.whole(place);
     }
 
@@ -96,12 +105,15 @@ export class Objects {
      */
     pieces(i) {
         const others = Object.entries(this.data.same ?? {}).filter(([, whole]) => whole === i);
-        return [i, ...others.map(([piece]) => Number(piece))].map(piece => this.elements[piece]);
+        return [i, ...others.map(([piece]) => Number(piece))].flatMap(piece => this.elements[piece] ?? []);
     }
 
     /** @param {number} i */
     kind(i) {
-        return this.elements[i].getAttribute('data-kind') ?? '';
+        const [groups, nodes] = this.data.undrawn ?? [];
+        const further = i - this.count;
+        return further < 0 ? this.elements[i].getAttribute('data-kind') ?? ''
+            : further < Number(groups) ? 'cluster' : further < Number(groups) + Number(nodes) ? 'node' : 'edge';
     }
 
     /**
@@ -115,7 +127,7 @@ export class Objects {
 
     /** @param {number} i */
     id(i) {
-        return this.elements[i].getAttribute('data-id') ?? '';
+        return String(this.data.undrawn?.[2 + i - this.count] ?? this.elements[i].getAttribute('data-id') ?? '');
     }
 
     /**
@@ -145,6 +157,28 @@ export class Objects {
         return width >= 0 ? { x, y, width, height } : null;
     }
 
+    /**
+     * The object, or the group around it that is to be seen where it is not; -1 for none.
+     *
+     * @param {number} i
+     */
+    seen(i) {
+        while (i >= 0 && !this.box(i))
+            i = this.parent(i);
+        return i;
+    }
+
+    /**
+     * The object, or the group around it that has an element; -1 for none.
+     *
+     * @param {number} i
+     */
+    drawn(i) {
+        while (i >= this.count)
+            i = this.parent(i);
+        return i;
+    }
+
     /** @param {number} i */
     parent(i) {
         return this.data.parent[i];
@@ -157,7 +191,7 @@ export class Objects {
      */
     path(i) {
         const groups = [];
-        for (let group = this.parent(i); group >= 0 && groups.length < this.count; group = this.parent(group))
+        for (let group = this.parent(i); group >= 0 && groups.length < this.all; group = this.parent(group))
             groups.unshift(group);
         return groups;
     }
@@ -178,8 +212,7 @@ export class Objects {
             const packed = this.data.values[at++];
             if (typeof packed === 'number')
                 return last[name] = texts[packed];
-            // So many characters are those of the last value of this name.
-            last[name] = (last[name] ?? '').slice(0, packed.charCodeAt(0) - 35) + packed.slice(1);
+            last[name] = textAfter(last[name] ?? '', packed);
             texts.push(last[name]);
             return last[name];
         }));
@@ -286,10 +319,10 @@ export class Objects {
         const isIt = i => this.kind(i) === kind && this.id(i) === id;
         if (kind === '')
             return -1;
-        const i = /^\d+$/.test(place) ? Number(place) : this.count;
-        if (i < this.count && isIt(i))
+        const i = /^\d+$/.test(place) ? Number(place) : this.all;
+        if (i < this.all && isIt(i))
             return this.whole(i);
-        for (let other = 0; other < this.count; ++other) {
+        for (let other = 0; other < this.all; ++other) {
             if (isIt(other))
                 return this.whole(other);
         }
@@ -312,10 +345,12 @@ function pairsOf(list) {
  * @param {number} count of elements
  */
 function faultOf(data, count) {
-    const lists = ['box', 'parent', 'label', 'names', 'values', 'set', 'sets', 'defaults', 'root'].map(name => data?.[name]);
-    if (!lists.every(Array.isArray) || typeof data.ends !== 'object' || data.ends === null)
+    const lists = ['box', 'parent', 'label', 'names', 'values', 'set', 'sets', 'defaults', 'root', 'ends'].map(name => data?.[name]);
+    if (!lists.every(Array.isArray))
         return 'is incomplete';
-    const sizes = [data.box.length / 4, data.parent.length, data.label.length, data.set.length];
+    unpack(data);
+    const further = Math.max((data.undrawn?.length ?? 2) - 2, 0);
+    const sizes = [data.box.length / 4, ...[data.parent, data.label, data.set].map(({ length }) => length - further)];
     if (sizes.some(size => size !== count))
         return `does not fit the drawing, which has ${count} objects`;
     return '';

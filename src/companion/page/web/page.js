@@ -65,7 +65,8 @@ function outlineWhatIsMeant(objects, state, marks) {
     for (const name of /** @type {const} */ (['pointed', 'chosen'])) {
         state.follow([name, 'focused'], () => {
             const i = state.now[name];
-            marks.show(name, i < 0 ? [] : outlineOf(objects, i), state.now.focused);
+            const seen = objects.seen(i);
+            marks.show(name, seen < 0 ? [] : outlineOf(objects, seen), state.now.focused);
         });
     }
 }
@@ -78,7 +79,7 @@ function outlineWhatIsMeant(objects, state, marks) {
 function prepareParts(objects, state, view) {
     const choose = (/** @type {number} */ i) => {
         state.change({ chosen: i });
-        const box = objects.box(i);
+        const box = objects.box(objects.seen(i));
         if (box && !state.now.table)
             view.reveal(box);
     };

@@ -59,7 +59,9 @@ export class Panel {
             const name = kind === 'cluster' ? 'group' : kind;
             return count > 0 ? `${figure(count)} ${name}${count === 1 ? '' : 's'}` : '';
         });
-        return counts.filter(text => text !== '').join(', ');
+        const undrawn = this.objects.all - this.objects.count;
+        return counts.filter(text => text !== '').join(', ')
+            + (undrawn > 0 ? `; ${figure(undrawn)} more not drawn by themselves` : '');
     }
 
     /** @param {number} i */
@@ -67,6 +69,8 @@ export class Panel {
         return [
             create('h2', {}, this.objects.name(i)),
             create('p', { class: 'soft' }, this.kindOf(i), this.state.now.chosen === i ? ', held' : ''),
+            ...this.objects.box(i) ? [] : [create('p', {}, this.objects.isChart && this.objects.kind(i) !== 'edge'
+                ? 'Too small to be drawn here.' : 'Not drawn by itself here.')],
             this.list(i),
             ...this.sections.flatMap(section => section(i)),
         ];

@@ -22,8 +22,30 @@ export class Roving {
         this.stop = -1;
         stage.addEventListener('focusin', event => this.focused(objects.at(event.target)));
         stage.addEventListener('focusout', () => state.change({ pointed: -1, focused: false }));
-        state.follow(['chosen'], () => this.stopAt(state.now.chosen));
+        state.follow(['chosen'], () => this.stopAt(objects.drawn(state.now.chosen)));
         this.stopAt(objects.data.parent.indexOf(-1));
+        this.nameAll();
+    }
+
+    /** Gives all objects a role and a name while nothing else is to be done: of many it takes long. */
+    nameAll() {
+        let i = 0;
+        const step = (/** @type {IdleDeadline} */ deadline) => {
+            while (i < this.objects.count && deadline.timeRemaining() > 0)
+                this.name(i++);
+            if (i < this.objects.count)
+                requestIdleCallback(step);
+        };
+        requestIdleCallback(step);
+    }
+
+    /** @param {number} i */
+    name(i) {
+        const element = this.objects.elements[i];
+        if (element.hasAttribute('role'))
+            return;
+        element.setAttribute('role', this.objects.kind(i) === 'cluster' ? 'group' : 'img');
+        element.setAttribute('aria-label', `${this.objects.kindName(i)} ${this.objects.name(i)}`);
     }
 
     /** @param {number} i */
@@ -43,32 +65,29 @@ export class Roving {
      * @param {number} i
      */
     stopAt(i) {
-        if (i < 0 || i === this.stop)
+        if (!this.objects.elements[i] || i === this.stop)
             return;
         const before = this.stop < 0 ? null : this.objects.elements[this.stop];
         if (before?.getAttribute('role') !== 'button')
             before?.removeAttribute('tabindex');
         this.stop = i;
-        const element = this.objects.elements[i];
-        element.setAttribute('tabindex', '0');
-        if (element.hasAttribute('role'))
-            return;
-        element.setAttribute('role', this.objects.kind(i) === 'cluster' ? 'group' : 'img');
-        element.setAttribute('aria-label', `${this.objects.kindName(i)} ${this.objects.name(i)}`);
+        this.objects.elements[i].setAttribute('tabindex', '0');
+        this.name(i);
     }
 
     /** The object that keys start from, -1 for none. */
     get current() {
         const focused = this.objects.at(document.activeElement);
-        return focused >= 0 ? focused : this.state.now.chosen;
+        return focused >= 0 ? focused : this.objects.drawn(this.state.now.chosen);
     }
 
     /** @param {number} i */
     moveTo(i) {
-        if (i < 0)
+        const drawn = this.objects.drawn(i);
+        if (drawn < 0)
             return;
-        this.stopAt(i);
-        const element = this.objects.elements[i];
+        this.stopAt(drawn);
+        const element = this.objects.elements[drawn];
         if (element instanceof SVGElement)
             element.focus({ preventScroll: true });
     }

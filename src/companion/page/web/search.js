@@ -58,8 +58,8 @@ export class Search {
         if (query.trim() === '')
             return '';
         const place = found.indexOf(chosen);
-        return place < 0 ? `${figure(found.length)} found`
-            : `${figure(place + 1)} of ${figure(found.length)}`;
+        return (place < 0 ? `${figure(found.length)} found` : `${figure(place + 1)} of ${figure(found.length)}`)
+            + (this.matches.isInRoot ? ', and in the graph' : '');
     }
 
     /**
@@ -88,7 +88,7 @@ export class Search {
  */
 export function markFound(objects, state, matches, marks, dots) {
     state.follow(['query'], () => {
-        const { found } = matches;
+        const found = [...new Set(matches.found.map(i => objects.seen(i)))].filter(i => i >= 0);
         const isFew = found.length <= mostOutlines;
         marks.show('found', isFew ? found.flatMap(i => outlineOf(objects, i)) : []);
         dots.show(found.flatMap(i => {

@@ -57,7 +57,7 @@ export class Table {
     listed() {
         if (this.state.now.query.trim() !== '')
             return [...this.matches.found];
-        return Array.from({ length: this.objects.count }, (_, i) => i).filter(i => !this.objects.isPiece(i));
+        return Array.from({ length: this.objects.all }, (_, i) => i).filter(i => !this.objects.isPiece(i));
     }
 
     sort() {

@@ -6,7 +6,7 @@
 import { restTime } from './dots.js';
 import { afterPause } from './elements.js';
 import { Grid } from './grid.js';
-import { leavesOf } from './marks.js';
+import { leavesOf, paintOf } from './marks.js';
 
 /** @import {State} from './state.js' */
 /** @import {Objects} from './objects.js' */
@@ -64,7 +64,7 @@ export class Texts {
         let count = 0;
         for (const i of this.grid.touching(this.view.area)) {
             const texts = this.waiting.get(i) ?? this.textsOf(i);
-            const left = texts.filter(text => Number(text.getAttribute('font-size')) < smallest);
+            const left = texts.filter(text => Number(paintOf(text, 'font-size')) < smallest);
             this.waiting.set(i, left);
             if (left.length === texts.length)
                 continue;

@@ -30,7 +30,8 @@ export class Trail {
      * @param {number} i
      */
     enter(i) {
-        const target = i >= 0 && this.objects.isChart ? this.nextStep(i) : i;
+        const seen = this.objects.seen(i);
+        const target = seen >= 0 && this.objects.isChart ? this.nextStep(seen) : seen;
         const box = target < 0 ? null : this.objects.box(target);
         if (!box) {
             this.leave();

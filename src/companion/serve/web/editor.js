@@ -1,23 +1,29 @@
-/**
- * The text area in which the graph is written. What comes from outside goes in as typing does where
- * the browser allows it, so that undo leads back over it.
- */
+/** The text area in which the graph is written. Undo leads back over what comes from outside as well. */
 
-// An undoable insertion takes Chromium a second for 430 lines, and five for 1,100.
-const mostLines = 50;
-const mostInserted = 20_000;
+import { Steps, difference } from './steps.js';
+
+/** @import {Change} from './steps.js' */
 
 export class Editor {
     /** @param {HTMLTextAreaElement} area */
     constructor(area) {
         this.area = area;
+        this.steps = new Steps(area);
+        /** Is told of the engine that goes with a text. @type {(engine: string) => void} */
+        this.engineComes = () => {};
         // A text area has line feeds only; the file keeps what it had.
         this.lineEnd = '\n';
         this.isTyping = true;
-        this.isFilled = false;
         /** @type {((isTyped: boolean) => void)[]} */
         this.followers = [];
         area.addEventListener('input', () => this.tell());
+        area.addEventListener('keydown', event => this.keyPressed(event));
+        area.addEventListener('beforeinput', event => {
+            if (/^history/.test(event.inputType)) {
+                event.preventDefault();
+                this.go(event.inputType === 'historyUndo');
+            }
+        });
     }
 
     /**
@@ -56,26 +62,58 @@ export class Editor {
      * Puts another text in the place of this one, as an edit of the user.
      *
      * @param {string} text
+     * @param {[string, string]} [engines] that of the text before, and that of this one
      */
-    startFrom(text) {
-        this.replace(text);
+    startFrom(text, engines) {
+        this.replace(text, engines);
         this.area.setSelectionRange(0, 0);
         this.area.scrollTo(0, 0);
     }
 
-    /** @param {string} text */
-    replace(text) {
+    /**
+     * @param {string} text
+     * @param {[string, string]} [engines]
+     */
+    replace(text, engines) {
+        const { lineEnd } = this;
+        this.steps.close();
         this.lineEnd = text.includes('\r\n') ? '\r\n' : '\n';
         const change = difference(this.area.value, text.replace(/\r\n?/g, '\n'));
-        if (change.start === change.end && change.text === '')
+        if (change.start === change.end && change.text === '' && !engines)
             return change;
-        // Before the first text there is nothing to go back to.
-        if (!this.isFilled || !insertUndoably(this.area, change)) {
-            this.area.setRangeText(change.text, change.start, change.end);
-            this.tell();
-        }
-        this.isFilled = true;
+        const isFirst = this.area.value === '' && !this.steps.canUndo;
+        this.area.setRangeText(change.text, change.start, change.end);
+        if (isFirst)
+            this.steps.begin();
+        else
+            this.steps.close({ lineEnds: [lineEnd, this.lineEnd], engines });
+        this.tell();
         return change;
+    }
+
+    /** @param {KeyboardEvent} event */
+    keyPressed(event) {
+        const key = event.key.toLowerCase();
+        if ((event.ctrlKey || event.metaKey) && !event.altKey && (key === 'z' || key === 'y')) {
+            event.preventDefault();
+            this.go(key === 'z' && !event.shiftKey);
+        }
+    }
+
+    /**
+     * Takes the last step back, or does it again.
+     *
+     * @param {boolean} isBack
+     */
+    go(isBack) {
+        const step = this.area.readOnly ? undefined : this.steps.go(isBack);
+        if (!step)
+            return;
+        const side = isBack ? 0 : 1;
+        this.lineEnd = step.lineEnds?.[side] ?? this.lineEnd;
+        if (step.engines)
+            this.engineComes(step.engines[side]);
+        this.tell();
     }
 
     /**
@@ -105,44 +143,6 @@ export class Editor {
 }
 
 /**
- * @typedef {object} Change
- * @property {number} start of what goes
- * @property {number} end of what goes
- * @property {string} text that comes
- */
-
-/**
- * What has to change in a text to make it the other one.
- *
- * @param {string} before
- * @param {string} after
- * @returns {Change}
- */
-function difference(before, after) {
-    const shorter = Math.min(before.length, after.length);
-    let start = 0;
-    while (start < shorter && before[start] === after[start])
-        ++start;
-    let kept = 0;
-    while (kept < shorter - start && before.at(-1 - kept) === after.at(-1 - kept))
-        ++kept;
-    // No character outside the first plane is cut in two.
-    if (start > 0 && isHalf(before.charCodeAt(start - 1), 0xd800))
-        --start;
-    if (kept > 0 && isHalf(before.charCodeAt(before.length - kept), 0xdc00))
-        --kept;
-    return { start, end: before.length - kept, text: after.slice(start, after.length - kept) };
-}
-
-/**
- * @param {number} code
- * @param {number} first of the halves of that side
- */
-function isHalf(code, first) {
-    return code >= first && code < first + 0x400;
-}
-
-/**
  * @param {number} place
  * @param {Change} change
  */
@@ -150,25 +150,4 @@ function moved(place, { start, end, text }) {
     if (place <= start)
         return place;
     return place < end ? start : place + text.length - (end - start);
-}
-
-/**
- * The command is old, but it is the only one that undo knows of. It works on what has the focus.
- *
- * @param {HTMLTextAreaElement} area
- * @param {Change} change
- */
-function insertUndoably(area, { start, end, text }) {
-    if (area.readOnly || text.length > mostInserted || text.split('\n').length > mostLines)
-        return false;
-    const focused = document.activeElement;
-    area.focus({ preventScroll: true });
-    area.setSelectionRange(start, end);
-    const isDone = text === '' ? document.execCommand('delete')
-        : document.execCommand('insertText', false, text);
-    if (focused !== area)
-        area.blur();
-    if (focused instanceof HTMLElement)
-        focused.focus({ preventScroll: true });
-    return isDone;
 }

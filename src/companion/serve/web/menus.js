@@ -1,4 +1,4 @@
-/** The menus of the bar: engines, examples, and the drawing as a file. */
+/** The menus of the bar: engines, examples, and the formats of the drawing as a file. */
 
 import { create, createButton, part } from './../../page/web/elements.js';
 import { ask, refusalOf, stateAfter } from './server.js';
@@ -57,8 +57,9 @@ export function followEngine(session, sender) {
  */
 export async function fillExamples(session, editor, sender) {
     const begin = (/** @type {string} */ engine, /** @type {string} */ text) => {
+        const before = sender.engine ?? session.state?.engine ?? '';
         sender.engine = engine;
-        editor.startFrom(text);
+        editor.startFrom(text, [before, engine]);
         sender.send();
     };
     const open = async (/** @type {string} */ engine) => {
@@ -78,27 +79,28 @@ export async function fillExamples(session, editor, sender) {
 }
 
 /**
+ * The formats, of which the button downloads the one that is chosen.
+ *
  * @param {Session} session
  * @param {Sender} sender
  */
-export function fillDownloads(session, sender) {
-    const fetchAs = async (/** @type {string | null} */ given, /** @type {string} */ ending) => {
+export function followFormat(session, sender) {
+    const menu = /** @type {HTMLSelectElement} */ (part('format'));
+    const options = [...formats.map(format => [format, format.toUpperCase()]),
+                     ['html', 'Page (HTML)'], ['dot', 'Text (DOT)']];
+    menu.replaceChildren(...options.map(([value, name]) => create('option', { value }, name)));
+    part('download').addEventListener('click', async () => {
+        const format = menu.value;
         await sender.send();
         if (sender.isAhead) {
             tell('Not downloaded: the server lacks the text.');
             return;
         }
         const stem = session.state?.file.replace(/^.*\//, '').replace(/\.[^.]*$/, '') || 'drawing';
-        const path = given ?? await pathOfPage();
+        const path = format === 'html' ? await pathOfPage() : format === 'dot' ? 'text' : `download/${format}`;
         if (path !== '')
-            await download(path, `${stem}.${ending}`);
-    };
-    fillMenu('downloads', [
-        ...formats.map(format => /** @type {[string, () => void]} */ ([format.toUpperCase(),
-            () => fetchAs(`download/${format}`, format === 'xdot1.2' ? 'xdot' : format)])),
-        ['Page (HTML)', () => fetchAs(null, 'html')],
-        ['Text (DOT)', () => fetchAs('text', 'dot')],
-    ]);
+            await download(path, `${stem}.${format === 'xdot1.2' ? 'xdot' : format}`);
+    });
 }
 
 /**

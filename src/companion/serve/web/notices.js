@@ -38,7 +38,7 @@ export function tell(sentence, choices = {}, goes = false) {
 }
 
 /**
- * Tells that a text was replaced, and offers it again: a long one is nothing that undo leads back to.
+ * Tells that a text was replaced, and offers it again.
  *
  * @param {string} sentence
  * @param {string} text that was replaced; nothing is told of one without content

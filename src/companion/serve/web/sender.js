@@ -40,6 +40,9 @@ export class Sender {
             ++this.edits;
             sendLater();
         });
+        editor.engineComes = engine => {
+            this.engine = engine;
+        };
         session.follow(() => this.followState());
     }
 

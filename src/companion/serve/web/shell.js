@@ -10,7 +10,7 @@ import { Findings } from './findings.js';
 import { Drawing } from './drawing.js';
 import { prepareSplitter } from './splitter.js';
 import { followTheme } from './theme.js';
-import { fillDownloads, fillExamples, followEngine } from './menus.js';
+import { fillExamples, followEngine, followFormat } from './menus.js';
 import { Saving } from './saving.js';
 
 /**
@@ -24,6 +24,16 @@ function focusNextPane(step) {
         .map(selector => document.querySelector(selector)).filter(one => one instanceof HTMLElement);
     const at = panes.findIndex(pane => pane === focused || pane.closest('ol')?.contains(focused));
     panes.at((at + step) % panes.length)?.focus();
+}
+
+/** @param {Editor} editor */
+function followSteps(editor) {
+    part('undo').addEventListener('click', () => editor.go(true));
+    part('redo').addEventListener('click', () => editor.go(false));
+    editor.follow(() => {
+        part('undo').setAttribute('aria-disabled', String(!editor.steps.canUndo));
+        part('redo').setAttribute('aria-disabled', String(!editor.steps.canRedo));
+    });
 }
 
 function openShell() {
@@ -44,10 +54,11 @@ function openShell() {
     new Findings(session, editor, new Numbers(part('numbers'), editor));
     const drawing = new Drawing(part('stage'), session, pressed);
     followNotices(session);
+    followSteps(editor);
     prepareSplitter(part('splitter'), part('panes'));
     followTheme(part('theme'), theme => drawing.follow(theme));
     followEngine(session, sender);
-    fillDownloads(session, sender);
+    followFormat(session, sender);
     fillExamples(session, editor, sender);
     session.run();
 }
