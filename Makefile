@@ -14,7 +14,7 @@ PACKAGES := cmake ninja-build g++ pkg-config \
             libgl-dev libfontconfig-dev libgraphviz-dev libminizip-dev nlohmann-json3-dev zlib1g-dev \
             libcli11-dev fonts-liberation python3 \
             libgtest-dev libvisio-tools libxml2-utils librsvg2-bin poppler-utils qpdf locales strace \
-            python3-jsonschema pre-commit git graphviz
+            python3-jsonschema pre-commit git graphviz mandoc zsh
 
 # To test pages where they are read. An npm that is there already may not be Debian's.
 BROWSER_PACKAGES := chromium chromium-driver

@@ -2,6 +2,7 @@
 
 #include "device/color_value.h"
 #include "layout/attribute_tables.h"
+#include "tools/attribute_words.h"
 
 #include <QStringList>
 
@@ -21,9 +22,14 @@ constexpr QLatin1StringView lastMarker = "<!-- end of attributes -->"_L1;
 constexpr QLatin1StringView colorPage = "colors"_L1;
 
 // A text within a cell.
+QString cell(QString text)
+{
+    return text.replace(u'|', "\\|"_L1);
+}
+
 QString cell(std::string_view text)
 {
-    return QString(latin1(text)).replace(u'|', "\\|"_L1);
+    return cell(QString(latin1(text)));
 }
 
 QString code(const QString &text)
@@ -41,62 +47,21 @@ QString tableHead(const QStringList &titles)
     return tableLine(titles) + tableLine(QStringList(titles.size(), u"---"_s));
 }
 
-QList<AttributeElement> elementsIn(AttributeElements elements)
+QString typeCell(const AttributeRow &row)
 {
-    QList<AttributeElement> listed;
-    for (const AttributeElement element : {AttributeElement::Root, AttributeElement::Cluster,
-                                           AttributeElement::Node, AttributeElement::Edge}) {
-        if (elements.testFlag(element))
-            listed.append(element);
-    }
-    return listed;
-}
-
-QString elementText(AttributeElements elements)
-{
-    QStringList names;
-    for (const AttributeElement element : elementsIn(elements))
-        names += elementName(element);
-    return names.join(u", "_s);
-}
-
-QString typeText(const AttributeRow &row)
-{
-    if (!row.unit.empty())
-        return typeName(row.type) + u", "_s + cell(row.unit);
-    if (row.words.empty())
-        return typeName(row.type);
+    QString text = cell(typeText(row));
+    if (!row.unit.empty() || row.words.empty())
+        return text;
     QStringList words;
     for (const AttributeWord &word : row.words)
         words += code(cell(word.word));
-    return typeName(row.type) + u": "_s + words.join(u", "_s);
-}
-
-// How the elements of a row are looked up: a cluster, a node and the root each in their own way.
-QString lookupText(const AttributeRow &row)
-{
-    QStringList lookups;
-    QList<AttributeElements> elements; // of each lookup
-    for (const AttributeElement element : elementsIn(row.elements)) {
-        const QString lookup = lookupName(row.lookup, element);
-        if (lookups.isEmpty() || lookups.constLast() != lookup) {
-            lookups += lookup;
-            elements += AttributeElements();
-        }
-        elements.last() |= element;
-    }
-    if (lookups.size() == 1)
-        return lookups.constFirst();
-    for (qsizetype i = 0; i < lookups.size(); ++i)
-        lookups[i].prepend(elementText(elements.at(i)) + u": "_s);
-    return lookups.join(u"; "_s);
+    return text + u": "_s + words.join(u", "_s);
 }
 
 QString rowText(const AttributeRow &row)
 {
-    const QString byDefault = row.byDefault.empty() ? u"none"_s : cell(row.byDefault);
-    return tableLine({elementText(row.elements), code(row.name.text()), typeText(row), byDefault,
-                      lookupText(row), cell(row.meaning)});
+    return tableLine({elementText(row.elements), code(row.name.text()), typeCell(row),
+                      cell(defaultText(row)), lookupText(row), cell(row.meaning)});
 }
 
 QString wordText(std::span<const AttributeRow *const> rows)

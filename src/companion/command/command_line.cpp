@@ -1,9 +1,14 @@
 #include "companion/command/command_line.h"
 
 #include "companion/command/argument_faults.h"
+#include "companion/command/command_description.h"
 #include "companion/command/streams.h"
 
 #include <CLI/CLI.hpp>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace ORR::Companion {
 
@@ -35,17 +40,25 @@ public:
     std::string make_positionals(const CLI::App * /*app*/) const override { return {}; }
 };
 
-template <typename Value>
-void addTo(CLI::App *app, const CommandLine::Option &option, Value *value)
+QStringList namesOf(const CLI::Option &option)
 {
-    CLI::Option *const added = app->add_option(option.names, *value, option.sentence);
-    added->type_name(option.type);
-    if (option.check) {
-        const auto fault = [check = option.check](const std::string &given) {
-            return check(given).toStdString();
-        };
-        added->check(CLI::Validator(fault, std::string())); // the help has what the values are
-    }
+    QStringList names;
+    for (const std::string &name : option.get_snames())
+        names += u'-' + QString::fromStdString(name);
+    for (const std::string &name : option.get_lnames())
+        names += "--"_L1 + QString::fromStdString(name);
+    return names;
+}
+
+// What ends the help: paragraphs, of which the last one is the list of examples.
+void describeEnd(const QString &end, CommandDescription *description)
+{
+    constexpr QLatin1StringView heading = "Examples:\n"_L1;
+    description->notes = end.split(u"\n\n"_s, Qt::SkipEmptyParts);
+    if (description->notes.isEmpty() || !description->notes.constLast().startsWith(heading))
+        return;
+    for (const QString &line : description->notes.takeLast().sliced(heading.size()).split(u'\n'))
+        description->examples += line.trimmed();
 }
 
 } // namespace
@@ -61,34 +74,48 @@ CommandLine::CommandLine(const CommandCall &commandCall, const std::string &sent
 
 CommandLine::~CommandLine() = default;
 
+template <typename Value>
+void CommandLine::addBound(const Option &option, Value *value)
+{
+    CLI::Option *const added = app->add_option(option.names, *value, option.sentence);
+    added->type_name(option.type);
+    words[added] = option.check.words;
+    if (option.check.fault) {
+        const auto fault = [check = option.check.fault](const std::string &given) {
+            return check(given).toStdString();
+        };
+        added->check(CLI::Validator(fault, std::string())); // the help has what the values are
+    }
+}
+
 void CommandLine::add(const Option &option, std::string *value)
 {
-    addTo(app.get(), option, value);
+    addBound(option, value);
 }
 
 void CommandLine::add(const Option &option, std::vector<std::string> *values)
 {
-    addTo(app.get(), option, values);
+    addBound(option, values);
 }
 
 void CommandLine::add(const Option &option, int *value)
 {
-    addTo(app.get(), option, value);
+    addBound(option, value);
 }
 
 void CommandLine::add(const Option &option, qint64 *value)
 {
-    addTo(app.get(), option, value);
+    addBound(option, value);
 }
 
 void CommandLine::add(const Option &option, double *value)
 {
-    addTo(app.get(), option, value);
+    addBound(option, value);
 }
 
 void CommandLine::add(const Option &option, std::optional<double> *value)
 {
-    addTo(app.get(), option, value);
+    addBound(option, value);
 }
 
 void CommandLine::addFlag(const Option &option, bool *value)
@@ -119,8 +146,32 @@ void CommandLine::keepHelpShort()
     app->get_help_ptr()->group(std::string()); // whoever reads it has found it
 }
 
+CommandDescription CommandLine::described() const
+{
+    CommandDescription description;
+    description.sentence = QString::fromStdString(app->get_description());
+    for (const CLI::Option *option : std::as_const(*app).get_options()) {
+        const bool isArgument = !option->nonpositional();
+        const bool isFlag = option->get_items_expected_max() == 0;
+        const auto known = words.find(option);
+        (isArgument ? description.arguments : description.options)
+            .append({namesOf(*option), QString::fromStdString(option->get_description()),
+                     QString::fromStdString(isArgument   ? option->get_single_name()
+                                                : isFlag ? std::string()
+                                                         : option->get_type_name()),
+                     known == words.end() ? QStringList() : known->second,
+                     option->get_items_expected_max() > 1});
+    }
+    describeEnd(QString::fromStdString(app->get_footer()), &description);
+    return description;
+}
+
 std::optional<int> CommandLine::read()
 {
+    if (call.description) {
+        *call.description = described();
+        return AllWell;
+    }
     const ArgumentFaults faults = argumentFaults(*app, call.arguments);
     if (faults.asksForHelp)
         return printHelp(call, app->help());

@@ -3,8 +3,10 @@
 #include "companion/command/subcommand.h"
 #include "companion/command/value_checks.h"
 
+#include <QStringList>
 #include <QtGlobal>
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -36,7 +38,7 @@ public:
         const char *names; // "-K" or "-h,--help"; without dashes for what stands without a name
         const char *sentence;
         const char *type = ""; // a word for the value
-        ValueCheck check = {}; // none: anything
+        ValueCheck check = {};
     };
     void add(const Option &option, std::string *value);
     void add(const Option &option, std::vector<std::string> *values);
@@ -58,12 +60,17 @@ public:
 
     // Reads the arguments into what the options are bound to. Nothing if the work can begin;
     // otherwise the status to end with: help was asked for and printed, or the use is wrong, which
-    // was told.
+    // was told, or the call asks for a description alone.
     std::optional<int> read();
 
 private:
+    template <typename Value>
+    void addBound(const Option &option, Value *value);
+    CommandDescription described() const;
+
     const CommandCall &call;
     std::unique_ptr<CLI::App> app;
+    std::map<const CLI::Option *, QStringList> words; // all that a value may be
 };
 
 // Tells on standard error that the use is wrong and what to do, and gives the status for that.

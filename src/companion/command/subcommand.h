@@ -5,11 +5,21 @@
 
 namespace ORR::Companion {
 
+struct CommandDescription;
+
 // The exit statuses of all subcommands.
-enum Status : int {
-    AllWell = 0,
-    Failed = 1, // something failed or was found
-    WrongUse = 2, // options that make no sense, files that can't be read or written
+enum Status : int { AllWell = 0, Failed = 1, WrongUse = 2 };
+
+// One of them in words.
+struct StatusMeaning
+{
+    Status status;
+    const char *meaning;
+};
+inline constexpr StatusMeaning statusMeanings[] = {
+    {AllWell, "All is well."},
+    {Failed, "Something failed or was found."},
+    {WrongUse, "Options make no sense, or files can't be read or written."},
 };
 
 // What a subcommand is called with.
@@ -19,6 +29,8 @@ struct CommandCall
     std::vector<std::string> arguments; // behind the subcommand; bytes, in no particular encoding
     bool hasInput = true; // whether there is a standard input
     bool hasOutput = true; // whether there is a standard output
+    // If there is one, nothing is read or done: it becomes what the command line would take.
+    CommandDescription *description = nullptr;
 };
 
 // One subcommand. Its function reads the arguments, does the work and gives the exit status.

@@ -9,8 +9,13 @@
 // What the value of an option has to be.
 namespace ORR::Companion {
 
-// Says what is wrong with a value, behind the name of the option; empty if nothing is.
-using ValueCheck = std::function<QString(const std::string &value)>;
+struct ValueCheck
+{
+    // Says what is wrong with a value, behind the name of the option; empty if nothing is. None:
+    // anything is right.
+    std::function<QString(const std::string &value)> fault = {};
+    QStringList words = {}; // all that are right, where these are a few
+};
 
 ValueCheck isOneOf(const QStringList &words);
 ValueCheck isWholeNumber(qint64 least, qint64 greatest);

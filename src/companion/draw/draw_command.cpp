@@ -69,13 +69,14 @@ void addSharedOptions(CommandLine *line, DrawOptions *options)
               &options->workers);
     line->add({"--timeout", "Seconds that a drawing may take", "S", isNumber(0.001, longestTime)},
               &options->timeLimit);
-    line->add({"FILE", ""}, &options->files);
+    line->add({"FILE", "What to draw"}, &options->files);
 }
 
 // What only `orr draw` has.
 void addDrawOptions(CommandLine *line, DrawOptions *options)
 {
     line->describe("-o", "Write the only drawing; - is standard output");
+    line->describe("FILE", "What to draw; - for standard input, which needs -o");
     line->add({"--jobs", "Take jobs as JSON lines, answer on output", "FILE"}, &options->jobs);
     line->add(
         {"--memory", "Megabytes that a drawing may take", "MB", isWholeNumber(1, qint64(1) << 30)},

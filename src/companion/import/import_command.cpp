@@ -71,7 +71,7 @@ std::optional<int> readArguments(const CommandCall &call, Asked *asked)
     line.add({"-o", "A graph (.dot), a drawing (.svg ...), a page (.html)", "FILE"},
              &asked->output);
     line.add({"-K", "Engine; else the best one for the format", "ENGINE"}, &asked->engine);
-    line.add({"--size", "The page, in points; 1200x800", "WxH", sizeFault}, &asked->size);
+    line.add({"--size", "The page, in points; 1200x800", "WxH", {sizeFault}}, &asked->size);
     line.add(
         {"--max", "Things drawn, smaller ones together; 2000", "N", isWholeNumber(1, 1'000'000)},
         &asked->most);

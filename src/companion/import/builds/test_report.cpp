@@ -64,9 +64,9 @@ std::optional<ImportFault> ReportReader::read()
     return faultHere(u"this is no XML: "_s + words);
 }
 
-ImportFault ReportReader::faultHere(const QString &sentence) const
+ImportFault ReportReader::faultHere(const QString &words) const
 {
-    return {{.source = name, .line = reader.lineNumber()}, sentence};
+    return {{.source = name, .line = reader.lineNumber()}, words};
 }
 
 QByteArray ReportReader::attribute(QLatin1StringView attributeName) const
