@@ -80,7 +80,7 @@ lint: form
 package: PACKAGES := $(PACKAGE_PACKAGES)
 package: packages
 	cmake --preset package -DCMAKE_CXX_COMPILER_LAUNCHER=$(CCACHE)
-	cmake --build --preset package
+	umask 022; cmake --build --preset package # the archives have the modes of the files
 
 release-check: PACKAGES += $(RELEASE_PACKAGES)
 release-check: packages
