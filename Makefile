@@ -4,15 +4,22 @@
 #   make check   builds it twice, optimised and with the sanitizers, and runs the tests of both
 #   make form    tells whether the code has its form, and that of pages its types
 #   make lint    the same, and what an analyser finds in src/
+#   make package makes the Debian packages, in build/package/packages
+#
+# And, as root, what has to hold before a release, which takes an hour and more:
+#
+#   make release-check   all of these in a bare Debian 12, and the packages tried in another one;
+#                        BASE=FILE names a tar of one, which debootstrap makes otherwise
 #
 # All install the Debian packages that are missing. With CI=true warnings are errors, and there is
 # no ccache.
 
 # To build; to draw the same letters everywhere; to test, with readers and renderers of other hands.
-PACKAGES := cmake ninja-build g++ pkg-config \
-            qt6-base-dev qt6-svg-dev qt6-httpserver-dev qt6-websockets-dev \
-            libgl-dev libfontconfig-dev libgraphviz-dev libminizip-dev nlohmann-json3-dev zlib1g-dev \
-            libcli11-dev fonts-liberation python3 \
+BUILD_PACKAGES := cmake ninja-build g++ pkg-config \
+                  qt6-base-dev qt6-svg-dev qt6-httpserver-dev qt6-websockets-dev \
+                  libgl-dev libfontconfig-dev libgraphviz-dev libminizip-dev nlohmann-json3-dev \
+                  zlib1g-dev libcli11-dev
+PACKAGES := $(BUILD_PACKAGES) fonts-liberation python3 \
             libgtest-dev libvisio-tools libxml2-utils librsvg2-bin poppler-utils qpdf locales strace \
             python3-jsonschema pre-commit git graphviz mandoc zsh
 
@@ -24,13 +31,17 @@ NPM_PACKAGES := $(if $(shell command -v npm),,npm)
 FORM_PACKAGES := clang-format-14
 LINT_PACKAGES := $(FORM_PACKAGES) clang-tidy-14
 
+# To make Debian packages, and to try them.
+PACKAGE_PACKAGES := $(BUILD_PACKAGES) dpkg-dev file git
+RELEASE_PACKAGES := lintian debootstrap
+
 SUDO := $(if $(filter-out 0,$(shell id -u)),sudo)
 CCACHE := $(if $(filter true,$(CI)),,$(shell command -v ccache))
 # Without a cache a whole build is what counts, and many files are compiled as one.
 SETTINGS := -DORR_WERROR=$(if $(filter true,$(CI)),ON,OFF) \
             -DCMAKE_CXX_COMPILER_LAUNCHER=$(CCACHE) -DORR_UNITY=$(if $(CCACHE),OFF,ON)
 
-.PHONY: all demo check form lint packages release release-tests asan-tests
+.PHONY: all demo check form lint package packages release release-check release-tests asan-tests
 all: release
 
 demo: release
@@ -66,6 +77,15 @@ lint: form
 	cmake/lint_units build/lint 6 build/lint/joined
 	run-clang-tidy-14 -p build/lint/joined -quiet -j "$$(nproc)" -header-filter='/src/.*' \
 	        >build/lint/findings 2>&1 || { cat build/lint/findings; exit 1; }
+
+package: PACKAGES := $(PACKAGE_PACKAGES)
+package: packages
+	cmake --preset package -DCMAKE_CXX_COMPILER_LAUNCHER=$(CCACHE)
+	umask 022; cmake --build --preset package # the archives have the modes of the files
+
+release-check: PACKAGES += $(RELEASE_PACKAGES)
+release-check: packages
+	packaging/release_check $(if $(BASE),"$(BASE)")
 
 # Nothing is asked of apt when nothing is missing, nor where there is no apt.
 packages:

@@ -80,7 +80,7 @@ endfunction()
 # Makes a program of nothing but that library, linked whole with what it says it links to: a call into
 # a layer above is an unresolved symbol there, and the build fails.
 function(orr_prove_that_it_stands_alone library)
-    if(ORR_SANITIZE)
+    if(ORR_SANITIZE OR ORR_PACKAGE)
         return() # the layers are those of every other build
     endif()
     add_executable(${library}_stands_alone "${PROJECT_SOURCE_DIR}/cmake/stands_alone.cpp")
@@ -100,20 +100,26 @@ function(orr_add_library name)
     orr_prove_that_it_stands_alone(${name})
 endfunction()
 
-# An installation is <root>/conf and <root>/bin/<platform>/<program>, with a link <root>/bin/<program>.
-# The build tree has the same layout.
-string(TOLOWER "${CMAKE_SYSTEM_NAME}-${CMAKE_SYSTEM_PROCESSOR}" ORR_PLATFORM) # linux-x86_64, say
-file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/bin/${ORR_PLATFORM}")
-file(CREATE_LINK "${PROJECT_SOURCE_DIR}/conf" "${PROJECT_BINARY_DIR}/conf" SYMBOLIC)
-install(DIRECTORY "${PROJECT_SOURCE_DIR}/conf" DESTINATION .)
+# The build tree is laid out as an installation is, and what runs there finds its data in the same way:
+#
+#   bin/<program>, libexec/orrlayout/<program>, lib/<library>
+#   share/orrlayout/conf, share/orrlayout/fonts.conf
+set(ORR_DATA share/orrlayout) # as src/drawing/home_directory.h has it
+file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/${ORR_DATA}")
+file(CREATE_LINK "${PROJECT_SOURCE_DIR}/conf" "${PROJECT_BINARY_DIR}/${ORR_DATA}/conf" SYMBOLIC)
+set(ORR_FONT_CACHE "<cachedir>/var/cache/fontconfig</cachedir><cachedir prefix=\"xdg\">fontconfig</cachedir>")
+configure_file("${PROJECT_SOURCE_DIR}/packaging/fonts.conf.in"
+               "${PROJECT_BINARY_DIR}/${ORR_DATA}/fonts.conf" @ONLY)
+# Of the Debian packages, the one of the programs takes what is said to be of no other.
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME program)
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/conf" DESTINATION "${ORR_DATA}"
+        PATTERN README.md EXCLUDE)
+install(FILES "${PROJECT_BINARY_DIR}/${ORR_DATA}/fonts.conf" DESTINATION "${ORR_DATA}")
 
 # orr_place_program(TARGET)
 #
 # Builds and installs a program where users look for it.
 function(orr_place_program target)
-    set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY
-                                               "${PROJECT_BINARY_DIR}/bin/${ORR_PLATFORM}")
-    file(CREATE_LINK ${ORR_PLATFORM}/${target} "${PROJECT_BINARY_DIR}/bin/${target}" SYMBOLIC)
-    install(TARGETS ${target} RUNTIME DESTINATION bin/${ORR_PLATFORM})
-    install(FILES "${PROJECT_BINARY_DIR}/bin/${target}" DESTINATION bin)
+    set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+    install(TARGETS ${target} RUNTIME DESTINATION bin)
 endfunction()

@@ -9,7 +9,7 @@ namespace ORR::Api {
 // The program that draws.
 std::string workerProgram();
 
-// The root of the installation, which holds `conf`.
+// The folder of the installation's data, which holds `conf`.
 std::string homeDirectory();
 
 } // namespace ORR::Api

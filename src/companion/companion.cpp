@@ -1,6 +1,7 @@
 #include "companion/companion.h"
 
 #include "companion/command/command_line.h"
+#include "companion/command/version.h"
 #include "companion/findings/nearest_word.h"
 #include "companion/subcommands.h"
 
@@ -31,7 +32,7 @@ int runWithoutSubcommand(const CommandCall &call)
 {
     CommandLine line(call, sentence, listOfSubcommands() + '\n' + examples);
     line.setName("orr SUBCOMMAND");
-    line.addVersion({"--version", "Print the version"}, "orr " ORR_VERSION);
+    line.addVersion({"--version", "Print the version"}, programVersionLine);
     if (!call.arguments.empty() && !call.arguments.front().starts_with('-')) {
         QStringList names;
         for (const Subcommand &subcommand : subcommands())

@@ -179,4 +179,9 @@ QString visioTemplateDirectory(const QString &homeDirectory)
                                    : QDir(homeDirectory).filePath(u"conf/orrery/visio/empty"_s);
 }
 
+QString pinnedFontsFile(const QString &homeDirectory)
+{
+    return homeDirectory.isEmpty() ? QString() : QDir(homeDirectory).filePath(u"fonts.conf"_s);
+}
+
 } // namespace ORR::Drawing

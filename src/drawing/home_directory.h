@@ -36,8 +36,9 @@ HomeClues homeClues(const QString &argv0);
 // A program belongs to a root in one of these ways, with its symbolic links resolved or, if that
 // leads nowhere, as it was named:
 //
-//   <root>/bin/<platform>/<program>  as it is installed, and in a build tree
-//   <root>/bin/<program>             likewise, with the root in <root>/share/orrlayout tried first
+//   <prefix>/bin/<program>           as it is installed, and in a build tree, with the root
+//                                    <prefix>/share/orrlayout; else <prefix> itself
+//   <root>/bin/<platform>/<program>  as older installations have it
 //   <root>/<program>                 a folder to be carried around
 //
 // The platform may have any name. A folder to be carried around may lie in one called `bin`, too,
@@ -50,5 +51,9 @@ QString startHome(const QString &argv0);
 
 // Where the empty package lies from which a drawing in VSDX is made; empty without a home.
 QString visioTemplateDirectory(const QString &homeDirectory);
+
+// The configuration of the fonts that is installed with the program: one family, the same on every
+// machine. Empty without a home.
+QString pinnedFontsFile(const QString &homeDirectory);
 
 } // namespace ORR::Drawing

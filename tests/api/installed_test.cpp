@@ -4,6 +4,7 @@
 #include "support/golden.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -134,6 +135,17 @@ TEST_F(Installed, files_name_no_folder_of_the_build)
         EXPECT_FALSE(text.contains(ORR_BUILD_FOLDER)) << name.toStdString();
         EXPECT_FALSE(text.contains("/first")) << name.toStdString();
     }
+}
+
+TEST_F(Installed, data_lie_where_every_prefix_has_them)
+{
+    const QByteArray fonts = readTestFile(prefix() + u"/share/orrlayout/fonts.conf"_s);
+    EXPECT_TRUE(fonts.contains("liberation/LiberationSans-Regular.ttf"));
+    EXPECT_FALSE(fonts.contains(ORR_BUILD_FOLDER));
+    EXPECT_TRUE(QDir(prefix() + u"/share/orrlayout/conf/orrery/visio/empty"_s).exists());
+    for (const QString &program :
+         {u"/bin/orrlayout"_s, u"/bin/orr"_s, u"/libexec/orrlayout/orrlayout-worker"_s})
+        EXPECT_TRUE(QFileInfo(prefix() + program).isExecutable()) << program.toStdString();
 }
 
 TEST(LibraryFile, exports_the_functions_of_the_header_and_nothing_else)

@@ -11,7 +11,7 @@ inline bool isOfDrawing(const ORR::Companion::Finding &finding)
     using namespace ORR::Companion::Rules;
     static constexpr const ORR::Companion::Rule *rules[] = {
         &drawingFails, &blankDrawing,  &largeDrawing,   &leftOutNode,
-        &unseenLabel,  &plainRichText, &missingPicture,
+        &unseenLabel,  &plainRichText, &missingPicture, &replacedFont,
     };
     return std::ranges::find(rules, finding.rule) != std::end(rules);
 }

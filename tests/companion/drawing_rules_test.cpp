@@ -308,6 +308,26 @@ TEST(Foretelling, tells_rich_texts_and_pictures_that_are_not_shown)
             "[missing-picture]"_s));
 }
 
+// The pinned fonts are of one family, which stands for Arial and Helvetica by intention.
+TEST(Foretelling, tells_fonts_that_others_take_the_place_of)
+{
+    const auto drawnIn = [](const QByteArray &family) {
+        return foretold(u"treemap"_s,
+                        "digraph {\n a [area=3 label=a];\n b [area=2 label=b fontname=\"" + family
+                            + "\"]; }");
+    };
+    for (const char *family : {"Arial", "arial", "Helvetica", "Liberation Sans", "sans-serif", ""})
+        EXPECT_EQ(drawnIn(family), QStringList()) << family;
+    EXPECT_EQ(drawnIn("Comic Sans MS"),
+              one(u"3:2 no font 'Comic Sans MS' is there: 'Liberation Sans' takes its place "
+                  "[replaced-font]"_s));
+    EXPECT_EQ(
+        foretold({},
+                 replayed("bb=\"0,0,99,99\"", "_ldraw_=\"F 14 7 -Courier T 10 10 0 30 1 -x \"")),
+        one(u"2:2 no font 'Courier' is there: 'Liberation Sans' takes its place "
+            "[replaced-font]"_s));
+}
+
 TEST(Foretelling, says_the_same_of_texts_with_other_line_ends)
 {
     const QByteArray text = "digraph {\n a [area=\"1000000\"];\n b [area=\"1\"]; }";

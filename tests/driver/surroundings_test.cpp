@@ -40,7 +40,7 @@ protected:
     const QByteArray plainly = draw(fractions, u"svg"_s).output;
     // The build tree is laid out like an installation.
     const QString home =
-        QDir::cleanPath(QFileInfo(QStringLiteral(ORR_PROGRAM)).path() + u"/../.."_s);
+        QDir::cleanPath(QFileInfo(QStringLiteral(ORR_PROGRAM)).path() + u"/../share/orrlayout"_s);
     const QPair<QString, QString> trace{u"DEBUG_ORRHOME_TRACE"_s, u"1"_s};
 };
 
@@ -222,22 +222,33 @@ TEST_F(Surroundings, home_is_found_from_an_installation)
         run({.arguments = {u"--install"_s, QStringLiteral(ORR_BUILD_FOLDER), u"--prefix"_s, prefix},
              .command = QStringLiteral(ORR_CMAKE)});
     ASSERT_EQ(installed.status, 0) << installed.errors.toStdString();
-    const QString platform = QStringLiteral(ORR_PLATFORM);
-    ASSERT_TRUE(platform.startsWith("linux-"_L1)) << platform.toStdString();
-    const QString placed = prefix + u"/bin/"_s + platform + u"/orrlayout"_s;
+    const QString placed = prefix + u"/bin/orrlayout"_s;
+    // Links into it, one behind the other, from the prefix of something else.
+    ASSERT_TRUE(QDir().mkpath(path(u"usr/bin"_s)) && QDir().mkpath(path(u"usr/share/orrlayout"_s)));
     ASSERT_TRUE(QFile::link(placed, path(u"orrlayout"_s)));
+    ASSERT_TRUE(QFile::link(u"../../orrlayout"_s, path(u"usr/bin/draw"_s)));
     const QByteArray package = draw(fractions, u"vsdx"_s).output;
     // As older ones are laid out.
-    ASSERT_TRUE(QDir(prefix).mkpath(u"bin/pc-win64"_s));
-    ASSERT_TRUE(QFile::copy(placed, prefix + u"/bin/pc-win64/orrlayout"_s));
-    const QString programs[]{placed, prefix + u"/bin/orrlayout"_s, path(u"orrlayout"_s),
-                             prefix + u"/bin/pc-win64/orrlayout"_s};
-    for (const QString &program : programs) {
+    const QString older = path(u"older"_s);
+    ASSERT_TRUE(QDir().mkpath(older + u"/bin/pc-win64"_s));
+    ASSERT_TRUE(QFile::link(prefix + u"/share/orrlayout/conf"_s, older + u"/conf"_s));
+    ASSERT_TRUE(QFile::copy(placed, older + u"/bin/pc-win64/orrlayout"_s));
+    const struct
+    {
+        QString program;
+        QString home;
+    } calls[]{
+        {placed, prefix + u"/share/orrlayout"_s},
+        {path(u"orrlayout"_s), prefix + u"/share/orrlayout"_s},
+        {path(u"usr/bin/draw"_s), prefix + u"/share/orrlayout"_s},
+        {older + u"/bin/pc-win64/orrlayout"_s, older},
+    };
+    for (const auto &call : calls) {
         const ProgramRun drawn = run({.arguments = {u"-K"_s, u"treemap"_s, u"-T"_s, u"vsdx"_s},
                                       .input = fractions,
                                       .environment = {trace},
-                                      .command = program});
-        EXPECT_EQ(foundHome(drawn), u"ORRHOME: [%1] from Abs argv0\n"_s.arg(prefix).toUtf8());
+                                      .command = call.program});
+        EXPECT_EQ(foundHome(drawn), u"ORRHOME: [%1] from Abs argv0\n"_s.arg(call.home).toUtf8());
         EXPECT_TRUE(drawn.output == package) << "made from another template";
     }
 }

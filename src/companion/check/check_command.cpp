@@ -5,6 +5,7 @@
 #include "companion/check/rules.h"
 #include "companion/command/command_line.h"
 #include "companion/command/streams.h"
+#include "companion/command/version.h"
 #include "companion/findings/json_printer.h"
 #include "companion/findings/sarif_printer.h"
 #include "companion/findings/text_printer.h"
@@ -77,7 +78,8 @@ QByteArray CheckRun::documentOf(const QList<FileFindings> &all) const
 {
     if (request.format == "json")
         return findingsAsJson(all);
-    return findingsAsSarif(all, {u"orr check"_s, QStringLiteral(ORR_VERSION), checkRules()});
+    return findingsAsSarif(all,
+                           {u"orr check"_s, QString::fromLatin1(programVersion), checkRules()});
 }
 
 void CheckRun::printText(const FileFindings &file)

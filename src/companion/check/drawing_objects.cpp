@@ -2,6 +2,8 @@
 
 #include "companion/check/attribute_values.h"
 #include "companion/check/rules.h"
+#include "companion/findings/quoted_text.h"
+#include "drawing/font_answer.h"
 #include "graph/dot_tokenizer.h"
 #include "layout/attribute_tables.h"
 #include "layout/charts/bubble_attributes.h"
@@ -227,6 +229,20 @@ void findUnshownTexts(const ForetoldDrawing &made, FindingList *findings)
     tell(Rules::missingPicture, made.drawing.missingPictures(),
          u"1 picture is not in its text, or is too large, and is an empty box"_s,
          u"%1 pictures are not in their texts, or are too large, and are empty boxes"_s);
+}
+
+void findReplacedFonts(const ForetoldDrawing &made, FindingList *findings)
+{
+    for (const auto &[family, object] : made.drawing.families()) {
+        const QString replacing = Drawing::replacingFamily(family);
+        if (replacing.isEmpty())
+            continue;
+        Finding finding{&Rules::replacedFont,
+                        "no font "_L1 + quotedText(family) + " is there: "_L1
+                            + quotedText(replacing) + " takes its place"_L1};
+        placeAt(object, made, &finding);
+        findings->add(finding);
+    }
 }
 
 } // namespace ORR::Companion

@@ -59,4 +59,7 @@ void findUnseenLabels(const ForetoldDrawing &made, FindingList *findings);
 // Rich texts and pictures in them that are not shown as they are meant.
 void findUnshownTexts(const ForetoldDrawing &made, FindingList *findings);
 
+// Fonts that are not there, of which others take the place.
+void findReplacedFonts(const ForetoldDrawing &made, FindingList *findings);
+
 } // namespace ORR::Companion

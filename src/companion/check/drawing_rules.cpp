@@ -145,6 +145,7 @@ void tellOf(const ForetoldDrawing &made, FindingList *findings)
         findLeftOutNodes(*leftOut, made, findings);
     findUnseenLabels(made, findings);
     findUnshownTexts(made, findings);
+    findReplacedFonts(made, findings);
 }
 
 } // namespace

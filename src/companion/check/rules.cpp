@@ -192,6 +192,14 @@ constexpr Rule missingPicture{
     "\"data:\", of at most a megabyte and 1600 x 1200 pixels. Nothing is ever read from elsewhere.",
 };
 
+constexpr Rule replacedFont{
+    "replaced-font",
+    Warning,
+    "a font is not there and another one takes its place",
+    "Letters of another width change the drawing, and on a machine that has the font it is another "
+    "one. Name a family that is everywhere, as Arial, for which one of the same widths may stand.",
+};
+
 } // namespace Rules
 
 namespace {
@@ -209,6 +217,7 @@ constexpr const Rule *ownRules[] = {
     &Rules::blankDrawing,      &Rules::largeDrawing,
     &Rules::leftOutNode,       &Rules::unseenLabel,
     &Rules::plainRichText,     &Rules::missingPicture,
+    &Rules::replacedFont,
 };
 
 std::vector<const Rule *> allRules()

@@ -36,6 +36,7 @@ extern const Rule leftOutNode;
 extern const Rule unseenLabel;
 extern const Rule plainRichText;
 extern const Rule missingPicture;
+extern const Rule replacedFont;
 
 } // namespace Rules
 

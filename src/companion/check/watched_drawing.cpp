@@ -19,6 +19,8 @@ namespace {
 
 constexpr std::less<const DotObject *> byAddress; // an order also of objects of several arrays
 
+constexpr size_t mostFamilies = 100; // of a text that names a million nobody reads more
+
 // What a set of points covers.
 class Bounds
 {
@@ -274,10 +276,19 @@ void WatchedDrawing::watchText(QPoint topLeft, const Text *text, bool rich)
         openObjects.back().hasText = true;
     if (text->text().trimmed().isEmpty())
         return;
+    watchFamily(text->font()->family());
     // Measuring takes longer than all the rest, and one text on the page is enough.
     const bool isMeasured = hasFonts && !hasPrimitiveOnPage;
     const QSize size = isMeasured ? textSize(text, rich) : QSize(1, 1);
     watch(QRectF(QPointF(topLeft), QSizeF(size)));
+}
+
+void WatchedDrawing::watchFamily(const QString &family)
+{
+    if (family == lastFamily || drawnFamilies.size() >= mostFamilies)
+        return;
+    lastFamily = family;
+    drawnFamilies.try_emplace(family, innermostObject());
 }
 
 void WatchedDrawing::watch(const QRectF &bounds)
@@ -295,13 +306,18 @@ void WatchedDrawing::watch(const QRectF &bounds)
         hasPrimitiveOnPage = touches(bounds, *begunPage);
 }
 
+const DotObject *WatchedDrawing::innermostObject() const
+{
+    if (openObjects.empty())
+        return nullptr;
+    const Open &innermost = openObjects.back();
+    return innermost.node ? static_cast<const DotObject *>(innermost.node) : innermost.cluster;
+}
+
 void WatchedDrawing::count(Texts *counted, qint64 more) const
 {
-    if (counted->count == 0 && more > 0 && !openObjects.empty()) {
-        const Open &innermost = openObjects.back();
-        counted->first =
-            innermost.node ? static_cast<const DotObject *>(innermost.node) : innermost.cluster;
-    }
+    if (counted->count == 0 && more > 0)
+        counted->first = innermostObject();
     counted->count += more;
 }
 

@@ -5,6 +5,7 @@
 #include <QRectF>
 #include <QSize>
 
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -55,6 +56,11 @@ public:
     // Pictures of the other rich texts that the texts don't hold, which are empty boxes.
     const Texts &missingPictures() const { return missing; }
 
+    // The families of texts that are drawn, the first hundred, each with the object for which the
+    // first such text is, null for none.
+    using Families = std::map<QString, const Graph::DotObject *>;
+    const Families &families() const { return drawnFamilies; }
+
     void begin(int width, int height) override;
     QString end() override;
     void drawBezier(const QList<QPoint> &points, Pen *pen, Color *fill) override;
@@ -91,6 +97,8 @@ private:
     void watchShape(const QRectF &bounds);
     void watchText(QPoint topLeft, const Text *text, bool rich);
     void watch(const QRectF &bounds);
+    void watchFamily(const QString &family);
+    const Graph::DotObject *innermostObject() const;
     void count(Texts *counted, qint64 more) const;
 
     const Graph::DotGraph *graph = nullptr; // null for a replay
@@ -105,6 +113,8 @@ private:
     std::vector<const Graph::DotObject *> unlabelledObjects;
     Texts tooDear;
     Texts missing;
+    Families drawnFamilies;
+    QString lastFamily;
 };
 
 } // namespace ORR::Companion

@@ -38,6 +38,14 @@ class ShortHelp : public CLI::Formatter
 {
 public:
     std::string make_positionals(const CLI::App * /*app*/) const override { return {}; }
+
+    // Without the empty line above it.
+    std::string make_group(std::string group, bool isPositional,
+                           std::vector<const CLI::Option *> options) const override
+    {
+        return CLI::Formatter::make_group(std::move(group), isPositional, std::move(options))
+            .substr(1);
+    }
 };
 
 QStringList namesOf(const CLI::Option &option)

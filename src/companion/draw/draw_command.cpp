@@ -6,7 +6,10 @@
 #include "companion/findings/terminal_text.h"
 #include "companion/jobs/worker.h"
 #include "drawing/format_table.h"
+#include "drawing/home_directory.h"
 #include "output/files/file_name.h"
+
+#include <QFile>
 
 #include <algorithm>
 #include <cerrno>
@@ -48,6 +51,7 @@ struct DrawOptions
     std::optional<double> scale;
     std::string background;
     bool embedded = false;
+    std::string fonts;
     double timeLimit = 0;
     qint64 memoryLimit = 0;
 };
@@ -81,6 +85,9 @@ void addDrawOptions(CommandLine *line, DrawOptions *options)
     line->add(
         {"--memory", "Megabytes that a drawing may take", "MB", isWholeNumber(1, qint64(1) << 30)},
         &options->memoryLimit);
+    line->add({"--fonts", "machine (usual) or pinned, which are alike anywhere", "FONTS",
+               isOneOf({u"machine"_s, u"pinned"_s})},
+              &options->fonts);
     line->addFlag({"--changed", "Draw only what has changed since"}, &options->onlyChanged);
     line->add({"--shard", "Draw this of so many equal parts", "I/N"}, &options->shard);
     line->add({"--report", "Write a JSON line for each drawing", "FILE"}, &options->report);
@@ -204,6 +211,19 @@ std::string readExtras(const DrawOptions &options, DrawRequest *request)
     return {};
 }
 
+// Has the process and its workers take the fonts that are asked for. Gives what is wrong.
+std::string takeFonts(const std::string &fonts)
+{
+    if (fonts != "pinned")
+        return {};
+    const auto clues = Drawing::homeClues(QString::fromLocal8Bit(program_invocation_name));
+    const QString file = Drawing::pinnedFontsFile(Drawing::findHome(clues).directory);
+    if (!QFile::exists(file))
+        return "--fonts: there is no fonts.conf in the installation";
+    ::setenv("FONTCONFIG_FILE", QFile::encodeName(file).constData(), 1);
+    return {};
+}
+
 std::optional<std::string> given(const std::string &text)
 {
     return text.empty() ? std::nullopt : std::optional(text);
@@ -228,6 +248,8 @@ std::string readRequest(const DrawOptions &options, DrawRequest *request)
         fault = readKinds(options, &request->kinds);
     if (fault.empty())
         fault = readExtras(options, request);
+    if (fault.empty())
+        fault = takeFonts(options.fonts);
     if (!fault.empty())
         return fault;
     const std::optional<Shard> shard = readShard(options.shard);

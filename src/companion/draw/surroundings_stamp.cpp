@@ -1,5 +1,6 @@
 #include "companion/draw/surroundings_stamp.h"
 
+#include "companion/command/version.h"
 #include "drawing/home_directory.h"
 
 #include <QCryptographicHash>
@@ -67,7 +68,7 @@ void addTemplates(QCryptographicHash *hash, const QString &home)
 QByteArray surroundingsStamp()
 {
     QCryptographicHash hash(QCryptographicHash::Sha1);
-    hash.addData(QByteArrayView(ORR_VERSION "\n"));
+    hash.addData(QByteArray(programVersion) + '\n');
     addFile(&hash, "/proc/self/exe");
     const auto clues = Drawing::homeClues(QString::fromLocal8Bit(program_invocation_name));
     addTemplates(&hash, Drawing::findHome(clues).directory);
