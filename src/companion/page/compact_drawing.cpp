@@ -11,9 +11,9 @@ namespace {
 // Beyond these the page leaves texts out that are too small to be read.
 constexpr qsizetype manyTexts = 2000;
 
-constexpr QByteArrayView root = "<svg id=\"drawing\"";
-constexpr QByteArrayView family = " font-family=\"";
-constexpr QByteArrayView size = " font-size=\"";
+constexpr QByteArrayView rootTag = "<svg id=\"drawing\"";
+constexpr QByteArrayView familyStart = " font-family=\"";
+constexpr QByteArrayView sizeStart = " font-size=\"";
 
 // What follows a name and the quotes before its value.
 QByteArrayView valueAt(const QByteArray &drawing, qsizetype start)
@@ -27,8 +27,8 @@ QByteArray markOfMany(const QByteArray &drawing)
     if (drawing.count("<text") <= manyTexts)
         return {};
     int largest = 0;
-    for (qsizetype at = drawing.indexOf(size); at >= 0; at = drawing.indexOf(size, at)) {
-        at += size.size();
+    for (qsizetype at = drawing.indexOf(sizeStart); at >= 0; at = drawing.indexOf(sizeStart, at)) {
+        at += sizeStart.size();
         largest = std::max(largest, valueAt(drawing, at).toInt());
     }
     return " class=\"many\" data-largest=\"" + QByteArray::number(largest) + '"';
@@ -40,11 +40,12 @@ QByteArray commonFont(const QByteArray &drawing)
 {
     QHash<QByteArray, qsizetype> counts;
     QByteArray common;
-    for (qsizetype at = drawing.indexOf(family); at >= 0; at = drawing.indexOf(family, at + 1)) {
-        qsizetype end = drawing.indexOf('"', at + family.size()) + 1;
-        if (!QByteArrayView(drawing).sliced(end).startsWith(size))
+    for (qsizetype at = drawing.indexOf(familyStart); at >= 0;
+         at = drawing.indexOf(familyStart, at + 1)) {
+        qsizetype end = drawing.indexOf('"', at + familyStart.size()) + 1;
+        if (!QByteArrayView(drawing).sliced(end).startsWith(sizeStart))
             continue;
-        end = drawing.indexOf('"', end + size.size()) + 1;
+        end = drawing.indexOf('"', end + sizeStart.size()) + 1;
         const QByteArray font = drawing.sliced(at, end - at);
         if (++counts[font] > counts.value(common))
             common = font;
@@ -109,7 +110,7 @@ void compactDrawing(QByteArray *drawing)
     const bool hasRichTexts = drawing->count("<g ") > drawing->count("<g data-kind=");
     if (!hasRichTexts)
         ofRoot += takeInherited(drawing);
-    drawing->insert(root.size(), ofRoot);
+    drawing->insert(rootTag.size(), ofRoot);
 }
 
 } // namespace ORR::Companion
