@@ -21,7 +21,7 @@ BUILD_PACKAGES := cmake ninja-build g++ pkg-config \
                   zlib1g-dev libcli11-dev
 PACKAGES := $(BUILD_PACKAGES) fonts-liberation python3 \
             libgtest-dev libvisio-tools libxml2-utils librsvg2-bin poppler-utils qpdf locales strace \
-            python3-jsonschema pre-commit git graphviz mandoc zsh
+            python3-jsonschema pre-commit git graphviz mandoc man-db zsh fish
 
 # To test pages where they are read. An npm that is there already may not be Debian's.
 BROWSER_PACKAGES := chromium chromium-driver
