@@ -35,6 +35,8 @@ OBJECTS = {
     'gftree': (63, 62, 0),
     'gfdecl': (38, 5, 15),
 }
+# How many more are listed and found: what is too small, and edges that others stand for.
+UNDRAWN = {'treemap': 7, 'sunburst': 47, 'umlseq': 6}
 # A query in each, and how many objects it finds.
 QUERIES = {
     'treemap': ('replay', 8),
@@ -135,6 +137,11 @@ class PageCase(unittest.TestCase):
         self.frames()
 
 
+def listed_of(engine):
+    """How many objects the table of an engine's example has."""
+    return sum(OBJECTS[engine]) + UNDRAWN.get(engine, 0)
+
+
 def of_each_engine(test):
     """Runs a test on the page of each engine."""
     @functools.wraps(test)
@@ -157,7 +164,7 @@ class EveryPage(PageCase):
     def test_has_an_entry_for_each_object(self, engine):
         drawn = tuple(self.browser.objects(kind) for kind in ('node', 'edge', 'cluster'))
         self.assertEqual(drawn, OBJECTS[engine])
-        self.assertEqual(len(self.data['parent']), sum(OBJECTS[engine]))
+        self.assertEqual(len(self.data['parent']), listed_of(engine))
         self.assertEqual(len(self.data['box']), 4 * sum(OBJECTS[engine]))
 
     @of_each_engine
@@ -208,7 +215,7 @@ class EveryPage(PageCase):
         self.assertEqual(self.browser.text('#panel.held'), '')
         self.assertAlmostEqual(self.view()['scale'] / fitted['scale'], 1.25, delta=0.01)
         self.press('0', 't')
-        self.assertEqual(self.browser.count('#table tbody tr'), min(sum(OBJECTS[engine]), 200))
+        self.assertEqual(self.browser.count('#table tbody tr'), min(listed_of(engine), 200))
         self.press('t')
         self.assertEqual(self.view(), fitted)
 
