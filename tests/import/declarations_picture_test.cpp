@@ -1,8 +1,11 @@
 #include "companion/produce/declarations_picture.h"
 
+#include "companion/produce/palette.h"
 #include "import/imported.h"
 
 #include <gtest/gtest.h>
+
+#include <QRegularExpression>
 
 using namespace ORR::Companion;
 
@@ -40,6 +43,24 @@ TEST(DeclarationsPicture, leaves_out_the_scope_that_all_are_in)
     EXPECT_TRUE(drawn.text.contains("label=\"Type0\""));
     EXPECT_TRUE(drawn.text.contains("label=\"protected\""));
     EXPECT_EQ(drawn.text.count(" -> "), 1);
+}
+
+TEST(DeclarationsPicture, has_fills_that_any_reader_tells_apart)
+{
+    Declarations declarations = manyTypes(1, 4);
+    for (const char *kind : {"enum", "interface", "file"})
+        declarations.declare(QString::fromLatin1(kind), kind);
+    const QString text = drawnImport(DeclarationsPicture(declarations), "gfdecl").text;
+    static const QRegularExpression fillOf(QStringLiteral("fillcolor=\"(#[0-9A-F]{6})\""));
+    QSet<QByteArray> fills;
+    for (const QRegularExpressionMatch &match : fillOf.globalMatch(text))
+        fills.insert(match.captured(1).toLatin1());
+    EXPECT_EQ(fills.size(), 7); // four kinds, three sorts of access
+    for (auto one = fills.cbegin(); one != fills.cend(); ++one) {
+        for (auto other = std::next(one); other != fills.cend(); ++other)
+            EXPECT_GE(deuteranopeDistance(*one, *other), 10)
+                << one->constData() << ' ' << other->constData();
+    }
 }
 
 TEST(DeclarationsPicture, leaves_out_members_ahead_of_types)

@@ -120,6 +120,46 @@ TEST(MermaidImport, tells_each_line_that_it_cannot_draw_as_it_is_written)
         "line 5: menus of participants ('link') are not drawn\n");
 }
 
+TEST(MermaidImport, tells_of_bars_that_end_without_a_beginning)
+{
+    EXPECT_EQ(sequenceNotes(mermaidRead("A->>+B: t\nB-->>-A: u\nA->>-B: v\ndeactivate B\n"
+                                        "participant C as Cee<br>of two\ndeactivate C")),
+              "line 4: 'A' is not active, so no bar ends here\n"
+              "line 5: 'B' is not active, so no bar ends here\n"
+              "line 7: 'Cee of two' is not active, so no bar ends here\n");
+    EXPECT_EQ(sequenceNotes(mermaidRead("activate A\nA->>+A: t\nA->>-A: u\ndeactivate A\n"
+                                        "A->>+B: t\ndestroy B\nA-xB: u\ndeactivate B")),
+              "line 9: 'B' is not active, so no bar ends here\n");
+}
+
+TEST(MermaidImport, tells_of_creations_and_ends_without_a_message)
+{
+    EXPECT_EQ(sequenceNotes(mermaidRead("create participant B\nA->>C: t\ndestroy C")),
+              "line 4: no message destroys 'C'\nline 2: no message creates 'B'\n");
+    EXPECT_EQ(sequenceNotes(mermaidRead("create participant B\nB->>A: t\nA->>B: u")),
+              "line 3: 'B' sends a message before one creates it\n");
+    EXPECT_EQ(sequenceNotes(mermaidRead("create actor B\nA->>C: t\nA->>B: u\nB->>A: v\n"
+                                        "destroy B\nB-xA: w")),
+              "");
+}
+
+TEST(MermaidImport, tells_of_directives)
+{
+    EXPECT_EQ(
+        sequenceNotes(sequenceRead(readMermaid,
+                                   "%%{init: { \"theme\": \"dark\" } }%%\n"
+                                   "sequenceDiagram\n%% A comment\nA->>B: t\n%%{wrap\n}%%\n")),
+        "line 1: directives ('%%{') change nothing in the drawing\n"
+        "line 5: directives ('%%{') change nothing in the drawing\n");
+}
+
+TEST(MermaidImport, names_the_file_that_is_empty)
+{
+    const ImportResult result = sequenceRead(readMermaid, "");
+    EXPECT_EQ(sequenceFault(result), "line 0: there is no 'sequenceDiagram'");
+    EXPECT_EQ(result.fault->place.source, "in");
+}
+
 TEST(MermaidImport, counts_what_it_tells_no_more)
 {
     const ImportResult result = mermaidRead(QByteArray("A->B: t\n").repeated(50));

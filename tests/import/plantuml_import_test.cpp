@@ -119,6 +119,39 @@ TEST(PlantumlImport, tells_of_times_and_links_that_it_leaves_out)
               "A -> B: t\nB -> A: u\nB -> A: v\nurl -> A: w\n");
 }
 
+TEST(PlantumlImport, tells_of_settings_that_change_nothing)
+{
+    EXPECT_EQ(
+        sequenceNotes(plantumlRead("skinparam {\nshadowing false\n}\nskinparam monochrome true\n"
+                                   "scale 2\nleft to right direction\nhide unlinked\n"
+                                   "hide footbox\ntop to bottom direction\nA -> B : t\n"
+                                   "scale -> hide : t")),
+        "line 2: 'skinparam' changes nothing in the drawing\n"
+        "line 5: 'skinparam' changes nothing in the drawing\n"
+        "line 6: 'scale' changes nothing in the drawing\n"
+        "line 7: 'left to right direction' changes nothing in the drawing\n"
+        "line 8: 'hide' changes nothing in the drawing\n");
+}
+
+TEST(PlantumlImport, tells_of_bars_and_creations_that_have_no_message)
+{
+    EXPECT_EQ(sequenceNotes(plantumlRead("create C\nA -> B ++ : t\nB --> A -- : u\n"
+                                         "A -> B -- : v\ndeactivate B")),
+              "line 5: 'A' is not active, so no bar ends here\n"
+              "line 6: 'B' is not active, so no bar ends here\n"
+              "line 2: no message creates 'C'\n");
+    EXPECT_EQ(sequenceNotes(plantumlRead("autoactivate on\nA --> B : t\nA -> C ** : u\n"
+                                         "C --> A : v\nA -> C !! : w")),
+              "");
+}
+
+TEST(PlantumlImport, names_the_file_that_is_empty)
+{
+    const ImportResult result = sequenceRead(readPlantuml, "");
+    EXPECT_EQ(sequenceFault(result), "line 0: there is no '@startuml'");
+    EXPECT_EQ(result.fault->place.source, "in");
+}
+
 TEST(PlantumlImport, drops_marks_of_texts)
 {
     EXPECT_EQ(plantumlSteps("A -> B : **b** //s// \"\"c\"\" __u__ ~~w~~ --x-- <color:red>r</color> "

@@ -13,6 +13,15 @@ double lightnessOf(const QByteArray &color)
     return labColor(linearColor(color)).lightness;
 }
 
+void expectToldApart(const QList<QByteArray> &fills)
+{
+    for (qsizetype i = 0; i < fills.size(); ++i) {
+        for (qsizetype j = 0; j < i; ++j)
+            EXPECT_GE(deuteranopeDistance(fills.at(i), fills.at(j)), 10)
+                << fills.at(i).constData() << ' ' << fills.at(j).constData();
+    }
+}
+
 } // namespace
 
 // Pairs of the data that the authors of the paper have published to test implementations by.
@@ -59,12 +68,18 @@ TEST(Palette, has_fills_that_any_reader_tells_apart)
 {
     const QList<QByteArray> &fills = kindFills();
     ASSERT_GE(fills.size(), 10);
-    for (qsizetype i = 0; i < fills.size(); ++i) {
-        for (qsizetype j = 0; j < i; ++j)
-            EXPECT_GE(deuteranopeDistance(fills.at(i), fills.at(j)), 10)
-                << fills.at(i).constData() << ' ' << fills.at(j).constData();
-    }
+    expectToldApart(fills);
     EXPECT_EQ(fills.constLast(), neutralFill());
+}
+
+TEST(Palette, has_scales_whose_steps_any_reader_tells_apart)
+{
+    for (const ColorScale scale : {ColorScale::Rising, ColorScale::Diverging}) {
+        QList<QByteArray> steps = {unscaledFill()};
+        for (int step = 0; step < scaleSteps; ++step)
+            steps.append(scaleFill(scale, double(step) / (scaleSteps - 1)));
+        expectToldApart(steps);
+    }
 }
 
 TEST(Palette, is_light_enough_for_black_letters)
@@ -105,5 +120,5 @@ TEST(Palette, ends_where_its_scales_end)
     EXPECT_EQ(scaleFill(ColorScale::Rising, -1), scaleFill(ColorScale::Rising, 0));
     EXPECT_EQ(scaleFill(ColorScale::Rising, 7), scaleFill(ColorScale::Rising, 1));
     EXPECT_EQ(scaleFill(ColorScale::Rising, std::numeric_limits<double>::quiet_NaN()),
-              neutralFill());
+              unscaledFill());
 }

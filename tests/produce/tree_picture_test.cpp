@@ -77,6 +77,18 @@ TreePicture pictureOf(const QList<std::pair<QByteArray, double>> &paths)
     return {tree, {.weight = u"size"_s, .unit = TreeMeaning::Unit::Bytes, .color = u"folder"_s}};
 }
 
+// Folders of many files of the same size: which of them the engine takes for the larger one, and
+// with it the size of the whole, is a matter of their last digits.
+TreePicture equalInFolders()
+{
+    WeightTree tree;
+    for (int i = 0; i < 5000; ++i)
+        tree.addWeight(
+            tree.at("main/dir_" + QByteArray::number(i % 50) + "/y" + QByteArray::number(i)),
+            4 * (1 + i % 9));
+    return {tree, {.weight = u"size"_s, .unit = TreeMeaning::Unit::Bytes, .color = u"folder"_s}};
+}
+
 TreePicture nestedDeep()
 {
     WeightTree tree;
@@ -118,6 +130,7 @@ std::vector<PictureSample> pictureSamples()
                                   {QByteArray("nul\0nul", 7), 1}})});
     samples.push_back({"deep", nestedDeep()});
     samples.push_back({"equal", equalOnes()});
+    samples.push_back({"equal in folders", equalInFolders()});
     return samples;
 }
 

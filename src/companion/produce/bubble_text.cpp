@@ -1,9 +1,12 @@
 #include "companion/produce/chart_disc.h"
+#include "companion/produce/drawn_size.h"
 #include "companion/produce/label_ruler.h"
 #include "companion/produce/number_words.h"
+#include "companion/produce/page_fit.h"
 #include "companion/produce/palette.h"
 #include "companion/produce/tree_paint.h"
 #include "companion/produce/tree_texts.h"
+#include "graph/decimal.h"
 #include "graph/numbers.h"
 #include "layout/charts/bubble_places.h"
 
@@ -36,7 +39,8 @@ class BubbleWriter
 public:
     BubbleWriter(const TreeJob &treeJob, double leastShare);
 
-    WrittenGraph write();
+    // With a disc of that part of what the page has room for.
+    WrittenGraph write(double part);
 
 private:
     struct Place
@@ -100,9 +104,11 @@ QList<int> BubbleWriter::innerFirst() const
     return things;
 }
 
+// As the text will have it: circles of equal size are packed otherwise where their last digits say
+// which of them is the larger one.
 double BubbleWriter::radiusOf(const ShownThing &shown) const
 {
-    return std::sqrt(shown.weight * scale / std::numbers::pi);
+    return Graph::numberThroughText(std::sqrt(shown.weight * scale / std::numbers::pi));
 }
 
 // The radius of the whole as the engine packs it: groups before single circles.
@@ -211,11 +217,11 @@ void BubbleWriter::writeMembers()
     }
 }
 
-WrittenGraph BubbleWriter::write()
+WrittenGraph BubbleWriter::write(double part)
 {
     const DiscRoom room = discRoom(job, tree, paint, u"area"_s, 0);
-    QStringList notes = room.notes;
-    const double radius = room.diameter / 2.0;
+    const int diameter = Graph::truncated(room.diameter * part);
+    const double radius = diameter / 2.0;
     int depth = mostDepth;
     closeDeep(depth);
     bool isFitting = tree.root().weight <= 0 || fitInto(radius);
@@ -223,19 +229,44 @@ WrittenGraph BubbleWriter::write()
         closeDeep(depth /= 2);
         isFitting = fitInto(radius);
     }
-    if (!isFitting)
-        notes.append(tooSmallPage(job.request, u"there are too many things for it"_s));
-    writeHead(room.diameter);
+    writeHead(diameter);
     writeMembers();
     room.key.write(&text);
-    return {text.finished(), notes};
+    return {text.finished(), room.notes};
+}
+
+PageFit fitOf(const QByteArray &text, const PictureRequest &request)
+{
+    const QSizeF size = drawnSize(text, request.engine);
+    return {.text = text,
+            .size = size,
+            .fits = size.width() <= request.width && size.height() <= request.height};
+}
+
+// How much smaller what is drawn has to be, and a little more, since a legend does not shrink.
+double shrinking(const QSizeF &size, const PictureRequest &request)
+{
+    const double excess = std::max(size.width() - request.width, size.height() - request.height);
+    const double side = std::min(size.width(), size.height());
+    return std::clamp(0.98 * (side - excess) / side, 0.1, 0.98);
 }
 
 } // namespace
 
+// Whatever the engine packs otherwise than was foreseen is seen by what it draws.
 WrittenGraph bubbleText(const TreeJob &job)
 {
-    return BubbleWriter(job, leastBubble(job.request)).write();
+    constexpr int mostTries = 3; // each is a drawing
+    double part = 1;
+    for (int i = 1;; ++i) {
+        WrittenGraph written = BubbleWriter(job, leastBubble(job.request)).write(part);
+        const PageFit fit = fitOf(written.text, job.request);
+        if (fit.fits || i == mostTries) {
+            written.notes += pageNotes(fit, job.request, u"there are too many things for it"_s);
+            return written;
+        }
+        part *= shrinking(fit.size, job.request);
+    }
 }
 
 } // namespace ORR::Companion

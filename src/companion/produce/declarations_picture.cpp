@@ -37,21 +37,22 @@ struct AccessLook
     const char *line;
     const char *fill;
 };
-// By their numbers.
+// By their numbers. All of these fills and those of kinds are told apart as those of the palette
+// are; members whose access is not said are as those that all may use.
 constexpr AccessLook accessLooks[] = {
     {"public", "#7FA8CC", "#F2F8FD"},
     {"protected", "#B9A13A", "#FBF0A8"},
     {"private", "#B56A3C", "#EDB58E"},
-    {"", "#9AA5B1", "#FAFAFA"},
+    {"", "#9AA5B1", "#F2F8FD"},
 };
 
 QString fillOfKind(const QString &kind)
 {
     if (kind == u"enum")
-        return u"#F7E3A1"_s;
+        return u"#CCF2D0"_s;
     if (kind == u"interface" || kind == u"trait" || kind == u"protocol")
         return u"#93B3E8"_s;
-    return kind == u"file" || kind == u"elsewhere" ? u"#DADADA"_s : u"#CFE4F7"_s;
+    return kind == u"file" || kind == u"elsewhere" ? u"#C8C8C8"_s : u"#C6DDF5"_s;
 }
 
 // The scope that all types are in, with what parts it from their names; maybe empty.

@@ -17,8 +17,8 @@ struct Channels
     int blue;
 };
 
-constexpr std::array rising = {Channels{0xEE, 0xF3, 0xFA}, Channels{0xA9, 0xC8, 0xE8},
-                               Channels{0x4A, 0x7F, 0xC1}};
+constexpr std::array rising = {Channels{0xEE, 0xF3, 0xFA}, Channels{0x99, 0xB2, 0xDA},
+                               Channels{0x3C, 0x78, 0xC0}};
 constexpr std::array diverging = {Channels{0xE0, 0x7B, 0x39}, Channels{0xEA, 0xE6, 0xDE},
                                   Channels{0x6E, 0x9F, 0xDB}};
 
@@ -66,10 +66,16 @@ QByteArray neutralFill()
     return "#DCDFE3";
 }
 
+// Darker than the other grey, which is too near to the pale steps of the scales.
+QByteArray unscaledFill()
+{
+    return "#B8B8B8";
+}
+
 QByteArray scaleFill(ColorScale scale, double place)
 {
     if (place != place)
-        return neutralFill();
+        return unscaledFill();
     return between(scale == ColorScale::Rising ? rising : diverging, place);
 }
 

@@ -16,8 +16,13 @@ const QList<QByteArray> &kindFills();
 // The grey of what has no sort, or of many.
 QByteArray neutralFill();
 
-// A fill on a scale, place from 0 to 1 (beyond: its end). `Rising` goes from pale to dark blue,
-// `Diverging` from orange over a pale grey to blue.
+// The grey of what has no place on a scale.
+QByteArray unscaledFill();
+
+// A fill on a scale, place from 0 to 1 (beyond: its end; not a number: `unscaledFill`). `Rising`
+// goes from pale to dark blue, `Diverging` from orange over a pale grey to blue. A scale has room
+// for `scaleSteps` steps, evenly spread, that are told apart as other fills are.
+constexpr int scaleSteps = 5;
 enum class ColorScale { Rising, Diverging };
 QByteArray scaleFill(ColorScale scale, double place);
 

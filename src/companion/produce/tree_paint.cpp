@@ -12,7 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int scaleSteps = 5; // few enough to tell one from the other
 constexpr qsizetype mostEntries = 16;
 constexpr double leastTold = 0.001; // of the whole; a smaller share of a colour is not seen
 
@@ -114,7 +113,7 @@ QByteArray TreePaint::stepFill(int step) const
 QByteArray TreePaint::shareFill(double part, double whole) const
 {
     if (!(whole > 0))
-        return neutralFill();
+        return unscaledFill();
     const double place = (part / whole - numbers.low) / (numbers.high - numbers.low);
     return stepFill(std::clamp(Graph::truncated(place * scaleSteps), 0, scaleSteps - 1));
 }
@@ -141,7 +140,7 @@ void TreePaint::tellScale(const ShownTree &tree)
     // Without any whole a thing has no share.
     for (int thing = 0; thing < tree.size(); ++thing) {
         if (tree[thing].children.isEmpty() && !(tree[thing].whole > 0)) {
-            keyEntries.append({u"none"_s, neutralFill()});
+            keyEntries.append({u"none"_s, unscaledFill()});
             break;
         }
     }

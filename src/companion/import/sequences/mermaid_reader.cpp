@@ -20,6 +20,7 @@ MermaidWords mermaidWords(const QString &line)
 ImportResult MermaidReader::read(ImportSource *source)
 {
     sourceName = source->name();
+    builder.setPlace(source->place());
     QByteArrayView bytes;
     while (!builder.hasFailed() && source->nextLine(&bytes)) {
         builder.setPlace(source->place());
@@ -29,6 +30,8 @@ ImportResult MermaidReader::read(ImportSource *source)
         builder.fail(u"there is no 'sequenceDiagram'"_s);
     if (isInBox)
         builder.fail(u"the last 'box' is not closed by an 'end'"_s);
+    for (auto one = doomed.cbegin(); !builder.hasFailed() && one != doomed.cend(); ++one)
+        builder.tell(*one, u"no message destroys '%1'"_s.arg(builder.nameOf(one.key())));
     return builder.result(*source);
 }
 
@@ -51,6 +54,7 @@ bool MermaidReader::passOver(const QString &line)
     }
     if (line.startsWith(u"%%{")) {
         isInDirective = !line.endsWith(u"}%%");
+        builder.tell(u"directives ('%%{') change nothing in the drawing"_s);
         return true;
     }
     return line.isEmpty() || line.startsWith(u"%%") || line.startsWith(u"```");
@@ -138,11 +142,11 @@ bool MermaidReader::readPeople(const MermaidWords &words)
         declare(isKind ? created.first : u"participant"_s, isKind ? created.rest : words.rest,
                 true);
     } else if (words.first == u"destroy") {
-        doomed.append(builder.participant(words.rest));
+        doomed.insert(builder.participant(words.rest), builder.place());
     } else if (words.first == u"activate") {
         builder.add({.type = SequenceStep::Activate, .to = builder.participant(words.rest)});
     } else if (words.first == u"deactivate") {
-        builder.add({.type = SequenceStep::Deactivate, .to = builder.participant(words.rest)});
+        builder.endBar(builder.participant(words.rest));
     } else if (words.first == u"note") {
         readNote(words.rest);
     } else {

@@ -4,7 +4,7 @@
 #include "companion/import/sequences/mermaid_message.h"
 #include "companion/import/sequences/sequence_builder.h"
 
-#include <QList>
+#include <QMap>
 #include <QString>
 
 #include <string>
@@ -51,7 +51,7 @@ private:
     bool isInDescription = false;
     bool isInDirective = false;
     bool isInBox = false;
-    QList<int> doomed; // whom the next message with them destroys
+    QMap<int, ImportPlace> doomed; // whom the next message with them destroys, and where it says so
     double number = 0; // of the next message; none while `counts` is false
     double step = 1;
     bool counts = false;

@@ -147,9 +147,9 @@ void MermaidReader::addMessage(const MermaidMessage &message)
     if (message.activates)
         builder.add({.type = SequenceStep::Activate, .to = arrow.to});
     if (message.deactivates)
-        builder.add({.type = SequenceStep::Deactivate, .to = arrow.from});
+        builder.endBar(arrow.from);
     for (const int end : {arrow.from, arrow.to}) {
-        if (doomed.removeAll(end) > 0)
+        if (doomed.remove(end) > 0)
             builder.add({.type = SequenceStep::Destroy, .to = end});
     }
 }

@@ -80,7 +80,11 @@ void PlantumlReader::addBars(const PlantumlMessage &message, int from, int to)
         calls.append({from, to});
     }
     if (closes && from >= 0) {
-        builder.add({.type = SequenceStep::Deactivate, .to = from});
+        // That an answer has no bar to end is no wonder: any dashed arrow is one.
+        if (message.marks.contains(u"--"))
+            builder.endBar(from);
+        else
+            builder.add({.type = SequenceStep::Deactivate, .to = from});
         // The one that the message itself has opened is not meant.
         for (qsizetype i = calls.size() - (opens ? 2 : 1); i >= 0; --i) {
             if (calls[i].to == from) {

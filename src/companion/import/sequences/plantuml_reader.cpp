@@ -22,11 +22,20 @@ bool beginsWithWord(const QString &line, QStringView word)
         && (line.size() == word.size() || !line[word.size()].isLetterOrNumber());
 }
 
+// What has no effect since drawings are that way: time runs downward, and nobody's head stands
+// again at the foot.
+bool isAsDrawn(const QString &line)
+{
+    return beginsWithWord(line, u"top to bottom direction")
+        || QString(line).remove(u' ').compare(u"hidefootbox", Qt::CaseInsensitive) == 0;
+}
+
 } // namespace
 
 ImportResult PlantumlReader::read(ImportSource *source)
 {
     QByteArrayView bytes;
+    builder.setPlace(source->place());
     while (!isEnded && !builder.hasFailed() && source->nextLine(&bytes)) {
         const QString line = continued + QString::fromUtf8(bytes).trimmed();
         continued.clear();
@@ -143,14 +152,16 @@ bool PlantumlReader::readSetting(const QString &line)
             end < 0 ? line : line.first(end)));
         return true;
     }
-    static const QStringList silent{u"skinparam"_s,
-                                    u"hide"_s,
-                                    u"show"_s,
-                                    u"scale"_s,
-                                    u"left to right direction"_s,
-                                    u"top to bottom direction"_s};
-    for (const QString &word : silent) {
+    static const QStringList looks{u"skinparam"_s,
+                                   u"hide"_s,
+                                   u"show"_s,
+                                   u"scale"_s,
+                                   u"left to right direction"_s,
+                                   u"top to bottom direction"_s};
+    for (const QString &word : looks) {
         if (beginsWithWord(line, word) && !plantumlMessage(line)) {
+            if (!isAsDrawn(line))
+                builder.tell(u"'%1' changes nothing in the drawing"_s.arg(word));
             if (line.endsWith(u'{'))
                 block = {.kind = Block::Skipped, .end = u"}"_s};
             return true;

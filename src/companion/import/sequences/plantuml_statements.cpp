@@ -133,8 +133,10 @@ bool PlantumlReader::readBars(const QString &line)
     }
     if (last != calls.rend())
         calls.erase(std::next(last).base());
-    builder.add(
-        {.type = word == u"destroy" ? SequenceStep::Destroy : SequenceStep::Deactivate, .to = who});
+    if (word == u"destroy")
+        builder.add({.type = SequenceStep::Destroy, .to = who});
+    else
+        builder.endBar(who);
     return true;
 }
 

@@ -102,6 +102,50 @@ int SequenceBuilder::participant(const QString &id)
     return made;
 }
 
+QString SequenceBuilder::nameOf(int participant) const
+{
+    return sequence.participants[participant].name.simplified();
+}
+
+void SequenceBuilder::follow(const SequenceStep &message)
+{
+    if (unborn.contains(message.from))
+        tell(u"'%1' sends a message before one creates it"_s.arg(nameOf(message.from)));
+    unborn.remove(message.from);
+    unborn.remove(message.to);
+}
+
+void SequenceBuilder::add(const SequenceStep &step)
+{
+    switch (step.type) {
+    case SequenceStep::Message:
+        follow(step);
+        break;
+    case SequenceStep::Create:
+        unborn.insert(step.to, here);
+        break;
+    case SequenceStep::Activate:
+        ++bars[step.to];
+        break;
+    case SequenceStep::Deactivate:
+        bars[step.to] = std::max(0, bars[step.to] - 1);
+        break;
+    case SequenceStep::Destroy:
+        bars.remove(step.to);
+        break;
+    default:
+        break;
+    }
+    sequence.steps.append(step);
+}
+
+void SequenceBuilder::endBar(int participant)
+{
+    if (bars.value(participant) == 0)
+        tell(u"'%1' is not active, so no bar ends here"_s.arg(nameOf(participant)));
+    add({.type = SequenceStep::Deactivate, .to = participant});
+}
+
 void SequenceBuilder::beginFragment(const QString &keyword, const QString &guard,
                                     const QString &color, const QString &tag)
 {
@@ -137,17 +181,17 @@ void SequenceBuilder::fail(const QString &sentence)
         fault = ImportFault{here, sentence};
 }
 
-void SequenceBuilder::tell(const QString &sentence)
+void SequenceBuilder::tell(const ImportPlace &place, const QString &sentence)
 {
     const bool isTold = std::any_of(notes.crbegin(), notes.crend(), [&](const ImportFault &note) {
-        return note.place.line == here.line && note.sentence == sentence;
+        return note.place.line == place.line && note.sentence == sentence;
     });
     if (isTold)
         return;
     if (notes.size() < mostTold)
-        notes.append(ImportFault{here, sentence});
+        notes.append(ImportFault{place, sentence});
     else
-        untold.add(here);
+        untold.add(place);
 }
 
 ImportResult SequenceBuilder::result(const ImportSource &source)
@@ -160,6 +204,8 @@ ImportResult SequenceBuilder::result(const ImportSource &source)
         here = open.constLast().place;
         fail(u"'%1' is not closed by an 'end'"_s.arg(open.constLast().keyword));
     }
+    for (auto one = unborn.cbegin(); !fault && one != unborn.cend(); ++one)
+        tell(*one, u"no message creates '%1'"_s.arg(nameOf(one.key())));
     untold.tell(u"from here on there is more that can't be drawn as it is written"_s, &notes);
     if (fault)
         return {.fault = fault, .notes = notes};

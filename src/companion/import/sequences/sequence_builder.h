@@ -5,6 +5,7 @@
 #include "companion/produce/sequence.h"
 
 #include <QHash>
+#include <QMap>
 #include <QString>
 
 #include <optional>
@@ -21,11 +22,17 @@ public:
     // The number of a participant, which is made if it is not known.
     int participant(const QString &id);
     bool isKnown(const QString &id) const { return numbers.contains(id); }
+    // As it is told: in one line.
+    QString nameOf(int participant) const;
     SequenceParticipant &at(int participant) { return sequence.participants[participant]; }
 
     // Where the line stands that is read now.
     void setPlace(const ImportPlace &place) { here = place; }
-    void add(const SequenceStep &step) { sequence.steps.append(step); }
+    const ImportPlace &place() const { return here; }
+    // Messages of those whom none has created yet are told, and so is at the end whom none creates.
+    void add(const SequenceStep &step);
+    // Ends the innermost bar of a participant; that there is none is told.
+    void endBar(int participant);
 
     // A fragment is told by its word when it is not closed.
     void beginFragment(const QString &keyword, const QString &guard, const QString &color = {},
@@ -41,7 +48,9 @@ public:
     bool hasFailed() const { return fault.has_value(); }
     // What can't be drawn as it is written, told for each line that has it; of very many only the
     // first ones, with how many there are more.
-    void tell(const QString &sentence);
+    void tell(const QString &sentence) { tell(here, sentence); }
+    // The same of a line that was read before.
+    void tell(const ImportPlace &place, const QString &sentence);
 
     // The picture, or the fault, of what was read from a source; to be called once, at the end.
     ImportResult result(const ImportSource &source);
@@ -53,7 +62,11 @@ private:
         ImportPlace place;
     };
 
+    void follow(const SequenceStep &message);
+
     QHash<QString, int> numbers;
+    QHash<int, int> bars; // how many of a participant are open
+    QMap<int, ImportPlace> unborn; // whom no message has created, and where one is to
     QList<Fragment> open;
     ImportPlace here;
     std::optional<ImportFault> fault;
