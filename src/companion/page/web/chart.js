@@ -5,14 +5,14 @@ import { create, entry, figure } from './elements.js';
 /** @import {Objects} from './objects.js' */
 
 /**
- * Whether an object stands for a value, which the legend does not.
+ * Whether an object stands for a value, which neither edges nor the legend do.
  *
  * @param {Objects} objects
  * @param {number} i
  */
 export function hasShare(objects, i) {
     const { legend } = objects.data;
-    return objects.isChart && legend !== i && (legend < 0 || !objects.path(i).includes(legend));
+    return objects.isChart && objects.kind(i) !== 'edge' && legend !== i && (legend < 0 || !objects.path(i).includes(legend));
 }
 
 /** @param {Objects} objects */

@@ -13,7 +13,7 @@ const panStep = 60;
  * @property {string} shown
  * @property {string} meaning
  * @property {() => void} action
- * @property {boolean} [inDrawing] only where no other part has the focus
+ * @property {boolean} [inDrawing] not where a part that scrolls has the focus
  */
 
 /**
@@ -28,7 +28,7 @@ export function keyRow(shown, meaning, action, keys = [shown]) {
 }
 
 /**
- * The arrows move the drawing, unless another part has the focus and wants them.
+ * The arrows move the drawing, unless a part that they scroll has the focus.
  *
  * @param {View} view
  * @returns {KeyRow[]}
@@ -50,7 +50,7 @@ function isTaken(event, row) {
     const target = event.target instanceof Element ? event.target : null;
     if (target?.closest('input, textarea, select'))
         return event.key !== 'Escape';
-    return row.inDrawing === true && target !== document.body && !target?.closest('#stage');
+    return row.inDrawing === true && !!target?.closest('#table, #panel');
 }
 
 /**

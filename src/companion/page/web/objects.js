@@ -127,7 +127,7 @@ export class Objects {
 
     /** @param {number} i */
     id(i) {
-        return String(this.data.undrawn?.[2 + i - this.count] ?? this.elements[i].getAttribute('data-id') ?? '');
+        return String(i < this.count ? this.elements[i].getAttribute('data-id') ?? '' : this.data.undrawn?.[2 + i - this.count]);
     }
 
     /**

@@ -24,20 +24,19 @@ export class Pointing {
         this.view = view;
         /** @type {Grid | null} */
         this.lines = null;
-        /** @type {PointerEvent | null} */
-        let last = null;
         const look = oncePerFrame(() => {
+            const last = view.pointer;
             const spot = last && view.pointAt(last.clientX, last.clientY);
             state.change({ pointed: last ? this.objectOf(last) : -1, focused: false, spot });
         });
         stage.addEventListener('pointermove', event => {
             if (event.pointerType === 'touch' || event.buttons !== 0)
                 return;
-            last = event;
+            view.pointer = event;
             look();
         });
         stage.addEventListener('pointerleave', () => {
-            last = null;
+            view.pointer = null;
             look();
         });
     }

@@ -29,6 +29,8 @@ export class View {
         this.size = size;
         this.bounds = stage.getBoundingClientRect();
         this.flight = 0;
+        /** Over the stage. @type {PointerEvent | null} */
+        this.pointer = null;
         // The scale that shows all of the drawing is no larger: pages open in their own size.
         this.largestFit = 1;
         const place = () => {
@@ -178,13 +180,14 @@ export class View {
     }
 
     /**
-     * Zooms around the middle of the stage.
+     * Zooms around the pointer, or the middle of the stage where none is over it.
      *
      * @param {number} factor
      */
     zoom(factor) {
         const { left, top, width, height } = this.bounds;
-        this.zoomAt(factor, left + width / 2, top + height / 2);
+        const { clientX, clientY } = this.pointer ?? { clientX: left + width / 2, clientY: top + height / 2 };
+        this.zoomAt(factor, clientX, clientY);
     }
 
     /** @param {Place} place */
