@@ -38,6 +38,14 @@ TEST(ClocImport, adds_up_to_the_sum_that_is_told)
     EXPECT_EQ(weightOfAll(treeRead(readCloc, statsData("cloc/both.json"))), 2113);
 }
 
+TEST(ClocImport, reads_names_of_any_bytes)
+{
+    EXPECT_EQ(weightsOf(treeRead(readCloc,
+                                 "{\"caf\xe9.c\": {\"code\": 2, \"language\": \"C\"},"
+                                 "\"caf\xe8.c\": {\"code\": 3, \"language\": \"C\"}}")),
+              "caf\u00e9.c 2 #0\ncaf\u00e8.c 3 #0\n");
+}
+
 TEST(ClocImport, tells_the_place_of_what_is_wrong)
 {
     EXPECT_EQ(treeFault(treeRead(readCloc, R"({"a.c": {"code": "x", "language": "C"}})")),

@@ -194,7 +194,7 @@ TEST(CompileTrace, tells_the_event_that_is_broken)
     EXPECT_EQ(toldTrace(R"({"ph": "X", "ts": 1e308, "dur": "1e999"})"),
               place + "an event needs a duration of 0 or above in \"dur\"");
     EXPECT_EQ(toldTrace(R"({"ph": "X", "ts": 1, "dur": 1e999})"),
-              "@50 $.traceEvents[0]: a number is beyond what can be held");
+              "@45 $.traceEvents[0].dur: a number is beyond what can be held");
     EXPECT_EQ(toldTrace("", {.engine = u"bar"_s, .by = "output"}),
               "--by is for logs, and this is a trace");
     EXPECT_EQ(toldBuild(R"({"traceEvents": 1})"), "@0 $: there are no \"traceEvents\"");
