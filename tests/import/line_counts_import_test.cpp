@@ -83,6 +83,10 @@ TEST(SccImport, tells_the_place_of_what_is_wrong)
               "in@25 $[0].Files[0]: the file has no name");
     EXPECT_EQ(treeFault(treeRead(readScc, R"([{"Name": "C", "Code": 1}, 3])")),
               "in@27 $[1]: lines of code are expected, as a number");
+    EXPECT_EQ(treeFault(treeRead(readScc, R"([{"Name": "C", "Code": 1, "Files": 3}])")),
+              "in@35 $[0].Files: an array is expected here, and this is a number");
+    EXPECT_EQ(treeFault(treeRead(readScc, R"([{"Name": 7, "Code": 1}])")),
+              "in@10 $[0].Name: a string is expected here, and this is a number");
     EXPECT_EQ(treeFault(treeRead(readScc, "{}")),
               "in@0 $: the array of languages that scc writes is expected");
 }
@@ -109,6 +113,10 @@ TEST(TokeiImport, tells_the_place_of_what_is_wrong)
 {
     EXPECT_EQ(treeFault(treeRead(readTokei, R"({"C": {"reports": [{"stats": {"code": 3}}]}})")),
               "in@19 $.C.reports[0]: the file has no name");
+    EXPECT_EQ(treeFault(treeRead(readTokei, R"({"C": {"code": 3, "reports": {}}})")),
+              "in@29 $.C.reports: an array is expected here, and this is an object");
+    EXPECT_EQ(treeFault(treeRead(readTokei, R"({"C": {"reports": [{"name": 7, "stats": {}}]}})")),
+              "in@28 $.C.reports[0].name: a string is expected here, and this is a number");
     EXPECT_EQ(treeFault(treeRead(readTokei, R"({"C": {}})")),
               "in@6 $.C: lines of code are expected, as a number");
     EXPECT_EQ(treeFault(treeRead(readTokei, "[1]")),
