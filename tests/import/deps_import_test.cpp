@@ -183,6 +183,30 @@ TEST(DepsImport, tells_commands_without_rules)
     EXPECT_TRUE(faultOf(result).contains("ninja -t deps"));
 }
 
+TEST(DepsImport, tells_members_that_are_something_else)
+{
+    const auto told = [](const QByteArray &text) {
+        const auto result = importedBytes("deps", text);
+        return result.fault ? '@' + QByteArray::number(result.fault->place.offset) + ' '
+                + result.fault->place.path.toUtf8() + ": " + result.fault->sentence.toUtf8()
+                            : QByteArray("no fault");
+    };
+    EXPECT_EQ(
+        told(R"({"lockfileVersion":3,"packages":{"":{"dependencies":5},"node_modules/a":7}})"),
+        "@72 $.packages.node_modules/a: an object is expected here, and this is a number");
+    EXPECT_EQ(told(R"({"lockfileVersion":3,"packages":{"":{"dependencies":5}}})"),
+              "@52 $.packages..dependencies: an object is expected here, and this is a number");
+    EXPECT_EQ(told(R"({"lockfileVersion":3,"packages":[]})"),
+              "@32 $.packages: an object is expected here, and this is an array");
+    EXPECT_EQ(told(R"({"lockfileVersion":1,"requires":true,"dependencies":{"a":{"requires":[]}}})"),
+              "@69 $.dependencies.a.requires: an object is expected here, and this is an array");
+    EXPECT_EQ(told(R"({"packages":[{"id":1}],"resolve":{"nodes":[]}})"),
+              "@19 $.packages[0].id: a string is expected here, and this is a number");
+    EXPECT_EQ(
+        told(R"({"packages":[],"resolve":{"nodes":[{"id":"a","dependencies":{}}]}})"),
+        "@60 $.resolve.nodes[0].dependencies: an array is expected here, and this is an object");
+}
+
 TEST(DepsImport, is_told_by_its_look)
 {
     for (const char *name : {"deps/package-lock.json", "deps/cargo.json", "deps/includes.deps",

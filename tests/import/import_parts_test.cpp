@@ -1,4 +1,5 @@
 #include "companion/import/reading/first_lines.h"
+#include "companion/import/strange_input.h"
 #include "companion/import/trees/path_walk.h"
 #include "companion/import/trees/tree_result.h"
 #include "tree_read.h"
@@ -142,6 +143,67 @@ TEST(LikelyFormat, is_that_of_the_data_of_each)
         EXPECT_STREQ(format == nullptr ? "none" : format->name, name) << file;
     }
     EXPECT_EQ(likelyFormat("some text\nof no format\n"), nullptr);
+}
+
+namespace {
+
+// "csv", with "!" where it is not worth to be read; empty if nothing is strange.
+std::string strangeLooks(const char *format, const QByteArray &bytes)
+{
+    std::vector<ImportSource> sources;
+    sources.emplace_back("in", bytes);
+    const QList<StrangeInput> strange =
+        strangeInputs(sources, *importFormat(QString::fromLatin1(format)));
+    if (strange.isEmpty())
+        return {};
+    EXPECT_EQ(strange[0].source, "in");
+    return strange[0].looks().toStdString() + (strange[0].isSure ? "!" : "");
+}
+
+} // namespace
+
+TEST(StrangeInput, is_of_another_format)
+{
+    const QByteArray table = "path,size\na,1\nb,2\n";
+    for (const char *format : {"lcov", "du", "folded", "numstat", "junit", "dot"})
+        EXPECT_EQ(strangeLooks(format, table), "csv") << format;
+    EXPECT_EQ(strangeLooks("csv", table), "");
+    EXPECT_EQ(strangeLooks("lcov", "12\tsrc/a\n"), "du!");
+    EXPECT_EQ(strangeLooks("folded", "no format that is known\n"), "");
+}
+
+TEST(StrangeInput, is_of_no_format)
+{
+    const std::pair<QByteArray, const char *> inputs[] = {
+        {"\x89PNG\r\n\x1a\n", "a PNG picture!"},
+        {"\xff\xd8\xff\xe0", "a JPEG picture!"},
+        {"%PDF-1.7\n", "a PDF!"},
+        {QByteArray("\x7f"
+                    "ELF\2\1\1\0\0",
+                    9),
+         "a program or library (ELF)!"},
+        {"\x1f\x8b\x08", "a file that gzip packed; unpack it first!"},
+        {"\xff\xfe"
+         "1",
+         "text in UTF-16; UTF-8 is read!"},
+        {"<?xml version=\"1.0\"?>\n<!-- of tests -->\n<coverage line-rate=\"1\"/>",
+         "XML with <coverage>"},
+        {"<?xml version=\"1.0\"?>", "XML"},
+        {"{\"a\": 1}", "JSON"},
+    };
+    for (const ImportFormat &format : importFormats()) {
+        for (const auto &[bytes, looks] : inputs)
+            EXPECT_EQ(strangeLooks(format.name, bytes), looks) << format.name;
+    }
+}
+
+TEST(StrangeInput, is_none_of_the_data_of_each)
+{
+    EXPECT_EQ(strangeLooks("lcov", statsData("lcov/html_text.cpp.gcov.json.gz")), "");
+    EXPECT_EQ(strangeLooks("junit", statsData("junit/pytest.xml")), "");
+    EXPECT_EQ(strangeLooks("du", statsData("du/import.nul")), "");
+    EXPECT_EQ(strangeLooks("folded", "<module>;<listcomp> 3\n"), "");
+    EXPECT_EQ(strangeLooks("dot", "graph { a -- b }"), "");
 }
 
 TEST(TreeResult, tells_a_source_that_could_not_be_read)

@@ -95,6 +95,36 @@ TEST_F(ImportProgram, tells_what_a_file_looks_like)
     EXPECT_EQ(other.errors, "orr import lcov: sizes looks like du; try 'orr import du'\n");
 }
 
+TEST_F(ImportProgram, tells_what_a_broken_file_looks_like)
+{
+    const ProgramRun table = import({u"lcov"_s}, "path,size\na,1\nb,2\n");
+    EXPECT_EQ(table.status, 1);
+    EXPECT_EQ(table.output, QByteArray());
+    EXPECT_TRUE(table.errors.startsWith("orr import lcov: standard input:1: "))
+        << table.errors.toStdString();
+    EXPECT_TRUE(table.errors.endsWith("; the input looks like csv\n"))
+        << table.errors.toStdString();
+    const ProgramRun report = import({u"junit"_s}, "<?xml version='1.0'?><coverage/>");
+    EXPECT_EQ(report.status, 1);
+    EXPECT_TRUE(report.errors.endsWith("; the input looks like XML with <coverage>\n"))
+        << report.errors.toStdString();
+    const ProgramRun object = import({u"deps"_s}, "{\"a\": 1}");
+    EXPECT_EQ(object.status, 1);
+    EXPECT_FALSE(object.errors.contains("looks like")) << object.errors.toStdString();
+}
+
+TEST_F(ImportProgram, reads_no_picture)
+{
+    const ProgramRun picture = import({u"du"_s}, QByteArray("\x89PNG\r\n\x1a\n\0\0", 10));
+    EXPECT_EQ(picture.status, 1);
+    EXPECT_EQ(picture.errors, "orr import du: standard input looks like a PNG picture\n");
+    const ProgramRun table = import({u"csv"_s}, QByteArray("\x1f\x8b\x08\0", 4));
+    EXPECT_EQ(table.status, 1);
+    EXPECT_EQ(table.errors,
+              "orr import csv: standard input looks like a file that gzip packed; unpack it "
+              "first\n");
+}
+
 TEST_F(ImportProgram, takes_no_other_format_for_a_table)
 {
     const std::pair<QString, QByteArray> others[] = {

@@ -38,6 +38,14 @@ TEST(ClocImport, adds_up_to_the_sum_that_is_told)
     EXPECT_EQ(weightOfAll(treeRead(readCloc, statsData("cloc/both.json"))), 2113);
 }
 
+TEST(ClocImport, reads_names_of_any_bytes)
+{
+    EXPECT_EQ(weightsOf(treeRead(readCloc,
+                                 "{\"caf\xe9.c\": {\"code\": 2, \"language\": \"C\"},"
+                                 "\"caf\xe8.c\": {\"code\": 3, \"language\": \"C\"}}")),
+              "caf\u00e9.c 2 #0\ncaf\u00e8.c 3 #0\n");
+}
+
 TEST(ClocImport, tells_the_place_of_what_is_wrong)
 {
     EXPECT_EQ(treeFault(treeRead(readCloc, R"({"a.c": {"code": "x", "language": "C"}})")),
@@ -75,6 +83,10 @@ TEST(SccImport, tells_the_place_of_what_is_wrong)
               "in@25 $[0].Files[0]: the file has no name");
     EXPECT_EQ(treeFault(treeRead(readScc, R"([{"Name": "C", "Code": 1}, 3])")),
               "in@27 $[1]: lines of code are expected, as a number");
+    EXPECT_EQ(treeFault(treeRead(readScc, R"([{"Name": "C", "Code": 1, "Files": 3}])")),
+              "in@35 $[0].Files: an array is expected here, and this is a number");
+    EXPECT_EQ(treeFault(treeRead(readScc, R"([{"Name": 7, "Code": 1}])")),
+              "in@10 $[0].Name: a string is expected here, and this is a number");
     EXPECT_EQ(treeFault(treeRead(readScc, "{}")),
               "in@0 $: the array of languages that scc writes is expected");
 }
@@ -101,6 +113,10 @@ TEST(TokeiImport, tells_the_place_of_what_is_wrong)
 {
     EXPECT_EQ(treeFault(treeRead(readTokei, R"({"C": {"reports": [{"stats": {"code": 3}}]}})")),
               "in@19 $.C.reports[0]: the file has no name");
+    EXPECT_EQ(treeFault(treeRead(readTokei, R"({"C": {"code": 3, "reports": {}}})")),
+              "in@29 $.C.reports: an array is expected here, and this is an object");
+    EXPECT_EQ(treeFault(treeRead(readTokei, R"({"C": {"reports": [{"name": 7, "stats": {}}]}})")),
+              "in@28 $.C.reports[0].name: a string is expected here, and this is a number");
     EXPECT_EQ(treeFault(treeRead(readTokei, R"({"C": {}})")),
               "in@6 $.C: lines of code are expected, as a number");
     EXPECT_EQ(treeFault(treeRead(readTokei, "[1]")),

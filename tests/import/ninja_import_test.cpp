@@ -194,7 +194,11 @@ TEST(CompileTrace, tells_the_event_that_is_broken)
     EXPECT_EQ(toldTrace(R"({"ph": "X", "ts": 1e308, "dur": "1e999"})"),
               place + "an event needs a duration of 0 or above in \"dur\"");
     EXPECT_EQ(toldTrace(R"({"ph": "X", "ts": 1, "dur": 1e999})"),
-              "@50 $.traceEvents[0]: a number is beyond what can be held");
+              "@45 $.traceEvents[0].dur: a number is beyond what can be held");
+    EXPECT_EQ(toldTrace(R"({"ph": "X", "ts": 1, "dur": 1, "name": 7})"),
+              "@56 $.traceEvents[0].name: a string is expected here, and this is a number");
+    EXPECT_EQ(toldTrace("7"),
+              "@17 $.traceEvents[0]: an object is expected here, and this is a number");
     EXPECT_EQ(toldTrace("", {.engine = u"bar"_s, .by = "output"}),
               "--by is for logs, and this is a trace");
     EXPECT_EQ(toldBuild(R"({"traceEvents": 1})"), "@0 $: there are no \"traceEvents\"");

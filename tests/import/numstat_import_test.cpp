@@ -68,6 +68,19 @@ TEST(NumstatImport, reads_records_that_end_with_nul)
               "src/companion/command/options.h 1 3/1\n");
 }
 
+TEST(NumstatImport, reads_paths_of_any_bytes_in_records)
+{
+    const QByteArray records("5\t0\ttab\there\0"
+                             "2\t1\tfeed\nhere\0"
+                             "3\t0\t\"quoted\"\0"
+                             "1\t0\t\0old\tname\0new\tname\0",
+                             63);
+    ASSERT_TRUE(records.endsWith(QByteArray("new\tname\0", 9)));
+    EXPECT_EQ(weightsOf(treeRead(readNumstat, records)),
+              "tab\there 5 5/1\nfeed\nhere 1 3/1\n\"quoted\" 3 3/1\nnew\tname 1 1/1\n");
+    EXPECT_EQ(likenessOfNumstat(records), 80);
+}
+
 TEST(NumstatImport, tells_authors_and_months)
 {
     EXPECT_EQ(weightsOf(treeRead(readNumstat, threeCommits, {.by = "author"})),
@@ -95,6 +108,22 @@ TEST(NumstatImport, tells_what_the_heads_do_not)
               "as git log writes them without --format");
     EXPECT_EQ(treeFault(treeRead(readNumstat, "1\t1\ta\n", {.by = "year"})),
               ": the changes are those of each 'file', 'author' or 'month', not 'year'");
+}
+
+TEST(NumstatImport, tells_dates_without_a_month)
+{
+    const QByteArray recent = "commit 2\nDate:   3 weeks ago\n\n5\t5\ta\n";
+    EXPECT_EQ(treeFault(treeRead(readNumstat, recent, {.by = "month"})),
+              "in:2: '3 weeks ago' tells no month; 'git log --date=iso' writes dates that do");
+    EXPECT_EQ(treeFault(treeRead(readNumstat, recent)), "");
+    const ImportResult mixed = treeRead(
+        readNumstat, recent + "commit 1\nDate:   Aug 31 2025\n\n4\t0\ta\n", {.by = "month"});
+    EXPECT_EQ(weightsOf(mixed), "2025-08 4 4/4\n");
+    ASSERT_EQ(mixed.notes.size(), 1);
+    EXPECT_EQ(mixed.notes[0].place.line, 2);
+    EXPECT_EQ(mixed.notes[0].sentence.toStdString(),
+              "commits whose dates tell no month, as '3 weeks ago', are left out; 'git log "
+              "--date=iso' writes dates that do: 1 of them");
 }
 
 TEST(NumstatImport, tells_the_line_that_is_broken)
@@ -176,6 +205,13 @@ TEST(MonthOfDate, reads_the_forms_of_dates)
     EXPECT_EQ(monthOfDate("Mon, 1 Dec 2025 12:00:00 +0200"), "2025-12");
     EXPECT_EQ(monthOfDate("2025-01-02T03:04:05Z"), "2025-01");
     EXPECT_EQ(monthOfDate("2025-01-02"), "2025-01");
+    EXPECT_EQ(monthOfDate("1756677599"), "2025-08");
+    EXPECT_EQ(monthOfDate("1756677600 +0200"), "2025-09");
+    EXPECT_EQ(monthOfDate("1756677599 +0200"), "2025-08");
+    EXPECT_EQ(monthOfDate("1756684800 -0001"), "2025-08");
+    EXPECT_EQ(monthOfDate("99999999999"), "5138-11");
+    EXPECT_EQ(monthOfDate("999999999999"), "");
+    EXPECT_EQ(monthOfDate("20250901"), "");
     EXPECT_EQ(monthOfDate("3 weeks ago"), "");
     EXPECT_EQ(monthOfDate(""), "");
 }

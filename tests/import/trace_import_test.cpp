@@ -215,6 +215,34 @@ TEST(TraceImport, tells_faults_with_their_places)
     EXPECT_EQ(faultOf("{\"resourceSpans\": []}\n{\"resourceSpans\": x}\n").place.line, 2);
 }
 
+TEST(TraceImport, tells_members_that_are_something_else)
+{
+    const auto told = [](const QByteArray &text) {
+        const ImportResult result = sequenceRead(readTrace, text);
+        return result.fault ? '@' + std::to_string(result.fault->place.offset) + ' '
+                + result.fault->place.path.toStdString() + ": "
+                + result.fault->sentence.toStdString()
+                            : "no fault";
+    };
+    const auto toldOfSpan = [&](const QByteArray &members) {
+        return told("{\"resourceSpans\":[{\"scopeSpans\":[{\"spans\":[{" + members + "}]}]}]}");
+    };
+    const std::string span = "$.resourceSpans[0].scopeSpans[0].spans[0].";
+    EXPECT_EQ(toldOfSpan(R"("startTimeUnixNano":"x","endTimeUnixNano":{})"),
+              "@64 " + span + "startTimeUnixNano: a number is expected here, and this is 'x'");
+    EXPECT_EQ(toldOfSpan(R"("endTimeUnixNano":{})"),
+              "@62 " + span + "endTimeUnixNano: a number is expected here, and this is an object");
+    EXPECT_EQ(toldOfSpan(R"("spanId":7)"),
+              "@53 " + span + "spanId: a string is expected here, and this is a number");
+    EXPECT_EQ(toldOfSpan(R"("startTimeUnixNano":null,"endTimeUnixNano":"12")"), "no fault");
+    EXPECT_EQ(told(R"({"resourceSpans":7})"),
+              "@17 $.resourceSpans: an array is expected here, and this is a number");
+    EXPECT_EQ(told(R"({"data":[{"spans":[{"startTime":true}]}]})"),
+              "@32 $.data[0].spans[0].startTime: a number is expected here, and this is true");
+    EXPECT_EQ(told(R"({"data":[{"spans":[[]]}]})"),
+              "@19 $.data[0].spans[0]: an object is expected here, and this is an array");
+}
+
 TEST(TraceImport, weighs_what_is_no_waiting_by_service)
 {
     std::vector<ImportSource> sources;

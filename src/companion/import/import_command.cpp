@@ -6,6 +6,7 @@
 #include "companion/findings/nearest_word.h"
 #include "companion/import/import_format.h"
 #include "companion/import/import_output.h"
+#include "companion/import/strange_input.h"
 #include "companion/import/trees/csv_columns.h"
 #include "drawing/sudden_end.h"
 #include "drawing/toolkit.h"
@@ -198,38 +199,6 @@ void tellOf(const CommandCall &call, const ImportFault &fault)
          + Graph::printableMessage(fault.sentence).toStdString() + '\n');
 }
 
-// An input that is not of the format that was asked for, and what it looks like.
-struct Misfit
-{
-    std::string source;
-    const ImportFormat *likely;
-};
-
-// Any text may be a table: so much has to speak for the other format, and less than that for the
-// one that was asked for.
-constexpr int withoutDoubt = 100;
-constexpr int surelyAlike = 80;
-constexpr int maybeAlike = 60;
-
-bool isRatherThan(int asked, int other)
-{
-    return other == withoutDoubt ? asked < surelyAlike : other >= surelyAlike && asked < maybeAlike;
-}
-
-std::optional<Misfit> misfitOf(std::vector<ImportSource> &sources, const ImportFormat &format)
-{
-    for (ImportSource &source : sources) {
-        if (source.isFolder())
-            continue; // some formats look for their files in it
-        const QByteArrayView beginning = source.beginning();
-        const ImportFormat *const likely = likelyFormat(beginning);
-        if (likely && likely != &format
-            && isRatherThan(format.likeness(beginning), likely->likeness(beginning)))
-            return Misfit{source.name(), likely};
-    }
-    return std::nullopt;
-}
-
 PictureRequest requestOf(const Asked &asked, const ImportFormat &format)
 {
     const auto [width, height] = *sizeOf(asked.size);
@@ -261,8 +230,34 @@ std::optional<int> open(const CommandCall &call, const std::vector<std::string> 
     return std::nullopt;
 }
 
+// A fault in an input that looks like something else is most often that; the fault may say it.
+void tellOf(const CommandCall &call, ImportFault fault, const QList<StrangeInput> &strange)
+{
+    const bool isOfJson = fault.place.offset >= 0;
+    for (const StrangeInput &one : strange) {
+        const bool isTold =
+            fault.sentence.contains("looks like"_L1) || (isOfJson && one.kind == "JSON"_L1);
+        if (one.source == fault.place.source && !isTold)
+            fault.sentence += u"; the input looks like "_s + one.looks();
+    }
+    tellOf(call, fault);
+}
+
+// Nothing of the format that was asked for can be in it.
+void tellOf(const CommandCall &call, const StrangeInput &strange, const ImportFormat &format)
+{
+    std::string message =
+        call.name + ": " + shown(strange.source) + " looks like " + strange.looks().toStdString();
+    if (strange.likely) {
+        message += "; try 'orr import " + std::string(strange.likely->name) + '\'';
+        if (words(format.options).contains("--path"_L1))
+            message += ", or name its columns by --path and --area";
+    }
+    tell(message + '\n');
+}
+
 int import(const CommandCall &call, const Asked &asked, const ImportFormat &format,
-           std::vector<ImportSource> &sources)
+           std::vector<ImportSource> &sources, const QList<StrangeInput> &strange)
 {
     const PictureRequest request = requestOf(asked, format);
     ImportOptions options = asked.options;
@@ -278,7 +273,8 @@ int import(const CommandCall &call, const Asked &asked, const ImportFormat &form
     for (const ImportFault &note : result.notes)
         tellOf(call, note);
     if (result.fault || !result.picture) {
-        tellOf(call, result.fault.value_or(ImportFault{{}, u"there is nothing to draw"_s}));
+        tellOf(call, result.fault.value_or(ImportFault{{}, u"there is nothing to draw"_s}),
+               strange);
         return Failed;
     }
     const WrittenGraph graph = result.picture->write(request);
@@ -314,19 +310,18 @@ int runImport(const CommandCall &call)
     std::vector<ImportSource> sources;
     if (const std::optional<int> status = open(inner, asked.files, &sources))
         return *status;
-    const std::optional<Misfit> misfit =
-        isSaidToBeTable(*format, asked.options) ? std::nullopt : misfitOf(sources, *format);
-    if (misfit) {
-        const std::string likely = misfit->likely->name;
-        const bool mayBeTable = words(format->options).contains("--path"_L1);
-        tell(inner.name + ": " + shown(misfit->source) + " looks like " + likely + "; try '"
-             + call.name + ' ' + likely + '\''
-             + (mayBeTable ? ", or name its columns by --path and --area\n" : "\n"));
-        return Failed;
+    const QList<StrangeInput> strange = isSaidToBeTable(*format, asked.options)
+        ? QList<StrangeInput>()
+        : strangeInputs(sources, *format);
+    for (const StrangeInput &one : strange) {
+        if (one.isSure) {
+            tellOf(inner, one, *format);
+            return Failed;
+        }
     }
     if (!startDrawing(inner))
         return Failed;
-    return import(inner, asked, *format, sources);
+    return import(inner, asked, *format, sources, strange);
 }
 
 } // namespace ORR::Companion

@@ -13,7 +13,8 @@ namespace ORR::Companion {
 
 struct TraceEvent;
 
-// What compilations spent their time on, as clang's -ftime-trace tells it: a tree of events within
+// What compilations spent their time on, as -ftime-trace of clang 9 and later tells it (tried with
+// 14; in the Trace Event Format, see trace_events.h): a tree of events within
 // each other with the seconds of each beside those within it, or those of each kind of event.
 class CompileTrace
 {

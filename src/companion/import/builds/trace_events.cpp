@@ -1,6 +1,6 @@
 #include "companion/import/builds/trace_events.h"
 
-#include "companion/import/reading/json_value.h"
+#include "companion/import/reading/json_kinds.h"
 
 #include <QHash>
 
@@ -28,35 +28,43 @@ QByteArray keyOf(JsonValue event, std::initializer_list<QByteArrayView> names)
     return key;
 }
 
-TraceEvent eventAt(JsonValue event, double start, double end)
-{
-    return {.start = start,
-            .end = end,
-            .thread = keyOf(event, {"pid", "tid"}),
-            .name = event["name"].bytes(),
-            .detail = event["args"]["detail"].bytes()};
-}
-
 class EventReader
 {
 public:
     EventReader(const JsonDocument &text, QList<TraceEvent> *read)
-        : document(text), events(read) { }
+        : document(text), kinds(&text), events(read)
+    {
+    }
 
     std::optional<ImportFault> add(JsonValue event);
+    // Of the last one, too.
+    const std::optional<ImportFault> &faultOfKind() const { return kinds.fault(); }
 
 private:
+    TraceEvent eventAt(JsonValue event, double start, double end);
     std::optional<ImportFault> addComplete(JsonValue event, double start);
     void addEnd(JsonValue event, double end);
 
     const JsonDocument &document;
+    JsonKinds kinds;
     QList<TraceEvent> *events;
     QHash<QByteArray, QList<TraceEvent>> begun; // and not ended yet, the newest last
 };
 
+TraceEvent EventReader::eventAt(JsonValue event, double start, double end)
+{
+    return {.start = start,
+            .end = end,
+            .thread = keyOf(event, {"pid", "tid"}),
+            .name = kinds.string(event["name"]).bytes(),
+            .detail = event["args"]["detail"].bytes()};
+}
+
 std::optional<ImportFault> EventReader::add(JsonValue event)
 {
-    const QByteArray phase = event["ph"].bytes();
+    if (const std::optional<ImportFault> &strange = kinds.fault())
+        return strange;
+    const QByteArray phase = kinds.string(kinds.object(event)["ph"]).bytes();
     const bool isComplete = phase == "X";
     const bool isBeginning = phase == "b" || phase == "B";
     const bool isEnd = phase == "e" || phase == "E";
@@ -123,6 +131,8 @@ std::optional<ImportFault> readTraceEvents(ImportSource *source, QList<TraceEven
         if (fault)
             return fault;
     }
+    if (reader.faultOfKind())
+        return reader.faultOfKind();
     if (events->isEmpty())
         return document->faultAt(all, u"none of these events has a duration"_s);
     std::stable_sort(events->begin(), events->end(), isBefore);

@@ -1,5 +1,7 @@
 #include "companion/import/dependencies/deps_packages.h"
 
+#include "companion/import/reading/json_kinds.h"
+
 #include <QHash>
 #include <QSet>
 
@@ -104,7 +106,7 @@ struct NestedPackage
 };
 
 // All of them, the root first; none if they are nested too deep.
-QList<NestedPackage> nestedPackages(const JsonValue &root)
+QList<NestedPackage> nestedPackages(const JsonValue &root, JsonKinds *kinds)
 {
     QList<NestedPackage> found{{.place = {}, .package = root}};
     for (qsizetype i = 0; i < found.size(); ++i) {
@@ -112,10 +114,10 @@ QList<NestedPackage> nestedPackages(const JsonValue &root)
         if (around.depth > deepestNesting)
             return {};
         const QByteArray folder = around.place.isEmpty() ? QByteArray() : around.place + '/';
-        const JsonValue within = around.package["dependencies"];
+        const JsonValue within = kinds->object(around.package["dependencies"]);
         for (JsonValue one = within.first(); !one.isMissing(); one = one.next())
             found.append({.place = folder + modules.toByteArray() + one.name(),
-                          .package = one,
+                          .package = kinds->object(one),
                           .depth = around.depth + 1});
     }
     return found;
@@ -129,7 +131,8 @@ void readNestedLock(const JsonDocument &document, DepsReading *reading)
             root, u"this lock file has neither 'packages' nor, as of version 1, 'dependencies'"_s);
         return;
     }
-    const QList<NestedPackage> all = nestedPackages(root);
+    JsonKinds kinds(&document);
+    const QList<NestedPackage> all = nestedPackages(root, &kinds);
     if (all.isEmpty()) {
         reading->fault = document.faultAt(
             root, u"its packages are nested deeper than %1 levels"_s.arg(deepestNesting));
@@ -139,14 +142,14 @@ void readNestedLock(const JsonDocument &document, DepsReading *reading)
     NamedPackages named(&reading->dependencies);
     for (const auto &[place, package, depth] : all) {
         packages.insert(place, package);
-        named.add(place, npmName(place, package), package["version"].bytes());
+        named.add(place, npmName(place, package), kinds.string(package["version"]).bytes());
     }
     QSet<QByteArray> needed;
     qsizetype missing = 0;
     for (const auto &[place, package, depth] : all) {
-        const JsonValue names = package["requires"]; // of the root a word
-        for (JsonValue one = names.isObject() ? names.first() : JsonValue(); !one.isMissing();
-             one = one.next()) {
+        // Of the root a word.
+        const JsonValue names = place.isEmpty() ? JsonValue() : kinds.object(package["requires"]);
+        for (JsonValue one = names.first(); !one.isMissing(); one = one.next()) {
             const QByteArray found = installedPlace(packages, place, one.name());
             named.need(place, found);
             needed.insert(found);
@@ -158,6 +161,7 @@ void readNestedLock(const JsonDocument &document, DepsReading *reading)
             named.need({}, place);
     }
     tellOfMissing(document.faultAt(root["dependencies"], {}).place, missing, reading);
+    reading->fault = kinds.fault();
 }
 
 // By whom it was asked for to begin with.
@@ -172,26 +176,28 @@ void readNpmLock(const JsonDocument &document, DepsReading *reading)
 {
     reading->meaning.name = document.root()["name"].text();
     reading->meaning.things = u"packages"_s;
-    const JsonValue all = document.root()["packages"];
+    JsonKinds kinds(&document);
+    const JsonValue all = kinds.object(document.root()["packages"]);
     if (!all.isObject()) {
-        readNestedLock(document, reading);
+        if (!(reading->fault = kinds.fault()))
+            readNestedLock(document, reading);
         return;
     }
     PackageHash packages;
     NamedPackages named(&reading->dependencies);
     for (JsonValue package = all.first(); !package.isMissing(); package = package.next()) {
+        kinds.object(package);
         packages.insert(package.name(), package);
         if (package["link"].kind() != JsonValue::True)
-            named.add(package.name(), npmName(package.name(), package), package["version"].bytes());
+            named.add(package.name(), npmName(package.name(), package),
+                      kinds.string(package["version"]).bytes());
     }
     qsizetype missing = 0;
     for (JsonValue package = all.first(); !package.isMissing(); package = package.next()) {
         for (const QByteArrayView list :
              {QByteArrayView("dependencies"), QByteArrayView("devDependencies"),
               QByteArrayView("optionalDependencies"), QByteArrayView("peerDependencies")}) {
-            const JsonValue needed = package[list];
-            if (!needed.isObject())
-                continue;
+            const JsonValue needed = kinds.object(package[list]);
             for (JsonValue one = needed.first(); !one.isMissing(); one = one.next()) {
                 const QByteArray place = installedPlace(packages, package.name(), one.name());
                 if (place.isEmpty())
@@ -202,6 +208,7 @@ void readNpmLock(const JsonDocument &document, DepsReading *reading)
         }
     }
     tellOfMissing(document.faultAt(all, {}).place, missing, reading);
+    reading->fault = kinds.fault();
 }
 
 void readCargoMetadata(const JsonDocument &document, DepsReading *reading)
@@ -213,15 +220,23 @@ void readCargoMetadata(const JsonDocument &document, DepsReading *reading)
             u"nothing is resolved here; leave out --no-deps where it is written"_s);
         return;
     }
+    JsonKinds kinds(&document);
     NamedPackages named(&reading->dependencies);
-    const JsonValue packages = document.root()["packages"];
-    for (JsonValue one = packages.first(); !one.isMissing(); one = one.next())
-        named.add(one["id"].bytes(), cargoGroup(one) + one["name"].bytes(), one["version"].bytes());
-    for (JsonValue node = nodes.first(); !node.isMissing(); node = node.next()) {
-        const JsonValue needed = node["dependencies"];
-        for (JsonValue id = needed.first(); !id.isMissing(); id = id.next())
-            named.need(node["id"].bytes(), id.bytes());
+    const JsonValue packages = kinds.array(document.root()["packages"]);
+    for (JsonValue one = packages.first(); !one.isMissing(); one = one.next()) {
+        const JsonValue package = kinds.object(one);
+        named.add(kinds.string(package["id"]).bytes(),
+                  cargoGroup(package) + kinds.string(package["name"]).bytes(),
+                  kinds.string(package["version"]).bytes());
     }
+    for (JsonValue one = nodes.first(); !one.isMissing(); one = one.next()) {
+        const JsonValue node = kinds.object(one);
+        const QByteArray tail = kinds.string(node["id"]).bytes();
+        const JsonValue needed = kinds.array(node["dependencies"]);
+        for (JsonValue id = needed.first(); !id.isMissing(); id = id.next())
+            named.need(tail, kinds.string(id).bytes());
+    }
+    reading->fault = kinds.fault();
     reading->meaning.things = u"packages"_s;
 }
 

@@ -1,5 +1,7 @@
 #include "companion/import/dependencies/deps_builds.h"
 
+#include "companion/import/reading/json_kinds.h"
+
 #include <QDir>
 #include <QFile>
 #include <QHash>
@@ -80,9 +82,11 @@ void TargetReader::add(const JsonDocument &target)
     }
     items.insert(id,
                  dependencies.thingIn(dependencies.group(root["paths"]["source"].bytes()), name));
-    const JsonValue list = root["dependencies"];
+    JsonKinds kinds(&target);
+    const JsonValue list = kinds.array(root["dependencies"]);
     for (JsonValue one = list.first(); !one.isMissing(); one = one.next())
-        needs.append({id, one["id"].bytes()});
+        needs.append({id, kinds.string(kinds.object(one)["id"]).bytes()});
+    reading->fault = kinds.fault();
 }
 
 void TargetReader::read(const JsonValue &targets)

@@ -39,7 +39,17 @@ ChangeLog::Entry &ChangeLog::Entries::of(const QByteArray &name)
     return list.last();
 }
 
-void ChangeLog::readHead(QByteArrayView line)
+void ChangeLog::readDate(const ImportSource &source, QByteArrayView date)
+{
+    month = monthOfDate(date);
+    if (!month.isEmpty())
+        return;
+    if (undatedHeads.count == 0)
+        firstUndated = date.toByteArray();
+    undatedHeads.add(source.place());
+}
+
+void ChangeLog::readHead(const ImportSource &source, QByteArrayView line)
 {
     if (line.startsWith("commit ")) {
         author.clear();
@@ -48,9 +58,9 @@ void ChangeLog::readHead(QByteArrayView line)
         const qsizetype mail = who->lastIndexOf(" <");
         author = (mail < 0 ? *who : who->first(mail)).toByteArray();
     } else if (const auto when = behindWord(line, "Date:")) {
-        month = monthOfDate(*when);
+        readDate(source, *when);
     } else if (const auto written = behindWord(line, "AuthorDate:")) {
-        month = monthOfDate(*written);
+        readDate(source, *written);
     }
 }
 
@@ -100,12 +110,12 @@ std::optional<ImportFault> ChangeLog::readRecord(ImportSource &source, QByteArra
 {
     while (!record.isEmpty() && !isNumstatMeant(record)) {
         const qsizetype end = record.indexOf('\n');
-        readHead(end < 0 ? record : record.first(end));
+        readHead(source, end < 0 ? record : record.first(end));
         record = end < 0 ? QByteArrayView() : record.sliced(end + 1);
     }
     if (record.isEmpty())
         return std::nullopt;
-    const std::optional<NumstatChange> change = numstatChange(record);
+    const std::optional<NumstatChange> change = numstatRecordChange(record);
     if (!change || change->path.isEmpty())
         return readChange(source, record);
     add({.added = change->added, .deleted = change->deleted}, change->path.toByteArray(), {});
@@ -126,7 +136,7 @@ std::optional<ImportFault> ChangeLog::read(ImportSource &source)
         else if (isNumstatMeant(line))
             fault = readChange(source, line);
         else
-            readHead(line);
+            readHead(source, line);
         if (fault)
             return fault;
         if (!areSumsFinite)

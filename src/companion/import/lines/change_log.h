@@ -38,6 +38,9 @@ public:
     // Empty if the heads of the commits do not tell them.
     const QList<Entry> &authors() const { return authorEntries.list; }
     const QList<Entry> &months() const { return monthEntries.list; }
+    // The dates in heads that tell no month, and the first of them.
+    const CountedNote &undated() const { return undatedHeads; }
+    const QByteArray &undatedText() const { return firstUndated; }
 
 private:
     struct Entries
@@ -51,13 +54,16 @@ private:
 
     std::optional<ImportFault> readRecord(ImportSource &source, QByteArrayView record);
     std::optional<ImportFault> readChange(ImportSource &source, QByteArrayView line);
-    void readHead(QByteArrayView line);
+    void readHead(const ImportSource &source, QByteArrayView line);
+    void readDate(const ImportSource &source, QByteArrayView date);
     void add(const ChangedLines &lines, const QByteArray &path, const QByteArray &former);
 
     Entries fileEntries;
     Entries authorEntries;
     Entries monthEntries;
     QHash<QByteArray, QByteArray> laterNames; // what a file is called at the end of the log
+    CountedNote undatedHeads;
+    QByteArray firstUndated;
     bool areSumsFinite = true;
     QByteArray author; // of the commit that is being read
     QByteArray month;

@@ -1,6 +1,6 @@
 #include "companion/import/lines/line_counts_import.h"
 
-#include "companion/import/reading/json_value.h"
+#include "companion/import/reading/json_kinds.h"
 #include "companion/import/trees/tree_result.h"
 
 #include <algorithm>
@@ -20,7 +20,7 @@ class LineCounts
 {
 public:
     explicit LineCounts(const JsonDocument *read, WeightTree *weights, KindNames *names)
-        : document(read), tree(weights), languages(names)
+        : document(read), kinds(read), tree(weights), languages(names)
     {
     }
 
@@ -36,6 +36,8 @@ public:
     {
         return add(tree->child(WeightTree::root, name), place, name, code);
     }
+    // What is of another kind is missing, and a fault in the end.
+    JsonKinds &expected() { return kinds; }
     CountsFault fault(const JsonValue &value, const QString &words) const
     {
         return document->faultAt(value, words);
@@ -57,6 +59,7 @@ private:
     }
 
     const JsonDocument *document;
+    JsonKinds kinds;
     WeightTree *tree;
     KindNames *languages;
 };
@@ -78,6 +81,8 @@ ImportResult readCounts(std::vector<ImportSource> &sources, CountsReader reader)
             return {.fault = std::move(fault)};
         LineCounts counts(&*document, &tree, &languages);
         fault = reader(document->root(), &counts);
+        if (counts.expected().fault())
+            fault = counts.expected().fault(); // which may have led to the other
         if (fault)
             return {.fault = std::move(fault)};
     }
@@ -128,12 +133,13 @@ CountsFault readClocRoot(const JsonValue &root, LineCounts *counts)
 
 CountsFault readSccLanguage(const JsonValue &language, LineCounts *counts)
 {
-    const JsonValue files = language["Files"];
+    JsonKinds &expected = counts->expected();
+    const JsonValue files = expected.array(language["Files"]);
+    const QByteArray name = expected.string(language["Name"]).bytes();
     if (files.count() == 0)
-        return counts->addLanguage(language, language["Name"].bytes(), language["Code"]);
+        return counts->addLanguage(language, name, language["Code"]);
     return eachCounted(files, [&](const JsonValue &file) {
-        return counts->addFile(file, file["Location"].bytes(), language["Name"].bytes(),
-                               file["Code"]);
+        return counts->addFile(file, expected.string(file["Location"]).bytes(), name, file["Code"]);
     });
 }
 
@@ -150,8 +156,10 @@ CountsFault readSccRoot(const JsonValue &root, LineCounts *counts)
 CountsFault readTokeiReports(const JsonValue &reports, const QByteArray &language,
                              LineCounts *counts)
 {
-    return eachCounted(reports, [&](const JsonValue &report) {
-        return counts->addFile(report, report["name"].bytes(), language, report["stats"]["code"]);
+    JsonKinds &expected = counts->expected();
+    return eachCounted(expected.array(reports), [&](const JsonValue &report) {
+        return counts->addFile(report, expected.string(report["name"]).bytes(), language,
+                               expected.object(report["stats"])["code"]);
     });
 }
 
@@ -161,13 +169,14 @@ CountsFault readTokeiLanguage(const JsonValue &language, LineCounts *counts)
     const QByteArray name = language.name();
     if (name == "Total")
         return std::nullopt;
-    if (language["reports"].count() == 0)
+    const JsonValue reports = counts->expected().array(language["reports"]);
+    if (reports.count() == 0)
         return counts->addLanguage(language, name, language["code"]);
-    if (CountsFault fault = readTokeiReports(language["reports"], name, counts))
+    if (CountsFault fault = readTokeiReports(reports, name, counts))
         return fault;
-    return eachCounted(language["children"], [&](const JsonValue &within) {
-        return readTokeiReports(within, name, counts);
-    });
+    return eachCounted(
+        counts->expected().object(language["children"]),
+        [&](const JsonValue &within) { return readTokeiReports(within, name, counts); });
 }
 
 CountsFault readTokeiRoot(const JsonValue &root, LineCounts *counts)

@@ -83,13 +83,22 @@ ImportResult changedGroupsResult(QList<ChangeLog::Entry> groups,
 
 ImportResult changedMonthsResult(const ChangeLog &log, const std::vector<ImportSource> &sources)
 {
+    const QString unread = quotedText(QByteArrayView(log.undatedText()));
+    const QString advice = u"'git log --date=iso' writes dates that do"_s;
+    if (log.months().isEmpty() && log.undated().count > 0)
+        return {.fault =
+                    ImportFault{log.undated().first, unread + u" tells no month; "_s + advice}};
     QList<ChangeLog::Entry> months = log.months();
     std::sort(months.begin(), months.end(),
               [](const auto &a, const auto &b) { return a.name < b.name; });
-    return changedGroupsResult(
+    ImportResult result = changedGroupsResult(
         std::move(months), sources,
         u"no line 'Date:' tells the month of a change; the heads of commits are "
         "expected as git log writes them without --format"_s);
+    log.undated().tell(u"commits whose dates tell no month, as "_s + unread + u", are left out; "_s
+                           + advice,
+                       &result.notes);
+    return result;
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <QList>
 
 #include <array>
+#include <chrono>
 #include <cmath>
 
 namespace ORR::Companion {
@@ -114,6 +115,30 @@ bool areCountDigits(QByteArrayView text)
     return !text.isEmpty();
 }
 
+// "+0530" in seconds; 0 for anything else.
+int zoneSeconds(QByteArrayView zone)
+{
+    if (zone.size() != 5 || (zone[0] != '+' && zone[0] != '-') || !areCountDigits(zone.sliced(1)))
+        return 0;
+    const int seconds = 3600 * zone.sliced(1, 2).toInt() + 60 * zone.sliced(3, 2).toInt();
+    return zone[0] == '-' ? -seconds : seconds;
+}
+
+// Seconds since 1970: not as short as years and days without signs between, nor so long that years
+// have five digits.
+bool areEpochSeconds(QByteArrayView text)
+{
+    return text.size() >= 9 && text.size() <= 11 && areCountDigits(text);
+}
+
+QByteArray monthOfSeconds(qint64 seconds)
+{
+    using namespace std::chrono;
+    const year_month_day day(floor<days>(sys_seconds(std::chrono::seconds(seconds))));
+    return QByteArray::number(int(day.year())) + '-'
+        + QByteArray::number(unsigned(day.month())).rightJustified(2, '0');
+}
+
 } // namespace
 
 bool isNumstatMeant(QByteArrayView line)
@@ -126,20 +151,29 @@ bool isNumstatMeant(QByteArrayView line)
 
 std::optional<NumstatChange> numstatChange(QByteArrayView line)
 {
-    const qsizetype first = line.indexOf('\t');
-    const qsizetype second = first < 0 ? -1 : line.indexOf('\t', first + 1);
+    const std::optional<NumstatChange> change = numstatRecordChange(line);
+    // Of the beginning of a log of -z, a line may end within a path of one of several records.
+    const bool hasTab = change && change->path.contains('\t') && !change->path.contains('\0');
+    return hasTab ? std::nullopt : change;
+}
+
+std::optional<NumstatChange> numstatRecordChange(QByteArrayView record)
+{
+    const qsizetype first = record.indexOf('\t');
+    const qsizetype second = first < 0 ? -1 : record.indexOf('\t', first + 1);
     if (second < 0)
         return std::nullopt;
-    const QByteArrayView added = line.first(first);
-    const QByteArrayView deleted = line.sliced(first + 1, second - first - 1);
+    const QByteArrayView added = record.first(first);
+    const QByteArrayView deleted = record.sliced(first + 1, second - first - 1);
     const std::optional<double> plus = lineCount(added);
     const std::optional<double> minus = lineCount(deleted);
-    const QByteArrayView path = line.sliced(second + 1);
-    const bool hasTab = path.contains('\t') && !path.contains('\0'); // git would have quoted it
-    if (added.isEmpty() || deleted.isEmpty() || !plus || !minus || hasTab
+    if (added.isEmpty() || deleted.isEmpty() || !plus || !minus
         || (added == "-") != (deleted == "-"))
         return std::nullopt;
-    return {{.added = *plus, .deleted = *minus, .isBinary = added == "-", .path = path}};
+    return {{.added = *plus,
+             .deleted = *minus,
+             .isBinary = added == "-",
+             .path = record.sliced(second + 1)}};
 }
 
 NumstatPath numstatPath(QByteArrayView written)
@@ -163,9 +197,13 @@ QByteArray monthOfDate(QByteArrayView date)
 {
     constexpr std::array<QByteArrayView, 12> months = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                                        "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+    const QList<QByteArrayView> pieces = datePieces(date);
+    // --date=unix and raw: "1756720800", and with a zone behind
+    if (!pieces.isEmpty() && areEpochSeconds(pieces.first()))
+        return monthOfSeconds(pieces.first().toLongLong() + zoneSeconds(pieces.last()));
     QByteArray year;
     QByteArray month;
-    for (const QByteArrayView piece : datePieces(date)) {
+    for (const QByteArrayView piece : pieces) {
         // --date=iso and short: "2025-09-01"
         if (piece.size() >= 7 && areCountDigits(piece.first(4)) && piece[4] == '-'
             && areCountDigits(piece.sliced(5, 2)))

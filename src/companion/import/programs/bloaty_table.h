@@ -11,8 +11,9 @@
 
 namespace ORR::Companion {
 
-// A table of bloaty: a column for each of the things by which it took programs apart, and their
-// sizes in the file and in memory.
+// A table of bloaty 1.1, written with --csv (described in its manual,
+// https://github.com/google/bloaty/blob/main/doc/using.md): a column for each of the things by
+// which it took programs apart, and their sizes in the file and in memory.
 class BloatyTable
 {
 public:

@@ -9,8 +9,10 @@
 
 namespace ORR::Companion {
 
-// What a linker put where, as GNU ld tells it: the pieces of a program's sections, each from an
-// object, which may be in an archive.
+// What a linker put where, as GNU ld of binutils 2.40 tells it by -Map=FILE ("Command-line Options"
+// in its manual, https://sourceware.org/binutils/docs/ld/; the form of the file is that of its
+// English messages): the pieces of a program's sections, each from an object, which may be in an
+// archive.
 class LinkerMap
 {
 public:

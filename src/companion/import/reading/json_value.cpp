@@ -1,11 +1,11 @@
 #include "companion/import/reading/json_value.h"
 
+#include "companion/import/reading/json_bytes.h"
 #include "graph/decimal.h"
 
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -16,31 +16,6 @@ namespace {
 
 // Of a longer path the middle is left out.
 constexpr qsizetype shownPathEnds = 8;
-
-// Goes through bytes and lets others see how far it came.
-class CountingIterator
-{
-public:
-    using iterator_category = std::input_iterator_tag;
-    using value_type = char;
-    using difference_type = std::ptrdiff_t;
-    using pointer = const char *;
-    using reference = const char &;
-
-    CountingIterator(const char *first, const char **seen) : byte(first), reached(seen) { }
-    reference operator*() const { return *byte; }
-    CountingIterator &operator++()
-    {
-        *reached = ++byte;
-        return *this;
-    }
-    bool operator==(const CountingIterator &other) const { return byte == other.byte; }
-    bool operator!=(const CountingIterator &other) const { return byte != other.byte; }
-
-private:
-    const char *byte;
-    const char **reached;
-};
 
 } // namespace
 
@@ -54,8 +29,8 @@ public:
     using string_t = nlohmann::json::string_t;
     using binary_t = nlohmann::json::binary_t;
 
-    JsonBuilder(JsonDocument *made, const char *first, const char *const *seen)
-        : document(made), begin(first), reached(seen), told(first)
+    JsonBuilder(JsonDocument *made, const char *first, const JsonProgress *seen)
+        : document(made), begin(first), progress(seen), told(first)
     {
     }
 
@@ -85,13 +60,13 @@ public:
     bool key(const string_t &name)
     {
         pendingName = QByteArray::fromStdString(name);
-        told = *reached;
+        told = progress->byte;
         return true;
     }
     bool parse_error(size_t position, const std::string & /*token*/,
                      const nlohmann::detail::exception &error)
     {
-        faultOffset = qint64(position);
+        faultOffset = qint64(position) - progress->added;
         faultWords = QString::fromUtf8(error.what());
         return false;
     }
@@ -103,10 +78,11 @@ private:
     bool open(JsonValue::Kind kind);
     bool close();
     qint64 nextStart() const;
+    QString nextPath() const;
 
     JsonDocument *document;
     const char *begin;
-    const char *const *reached;
+    const JsonProgress *progress;
     const char *told; // how far the reader was at the event before
     qint32 current = -1; // the array or object that is open
     QByteArray pendingName;
@@ -119,7 +95,7 @@ private:
 qint64 JsonBuilder::nextStart() const
 {
     const char *start = told;
-    while (start < *reached && QByteArrayView(" \t\r\n,:").contains(*start))
+    while (start < progress->byte && QByteArrayView(" \t\r\n,:").contains(*start))
         ++start;
     return start - begin;
 }
@@ -138,7 +114,7 @@ bool JsonBuilder::add(JsonValue::Kind kind, const QByteArray &bytes)
         above.lastChild = made;
         ++above.count;
     }
-    told = *reached;
+    told = progress->byte;
     return true;
 }
 
@@ -152,18 +128,30 @@ bool JsonBuilder::open(JsonValue::Kind kind)
 bool JsonBuilder::close()
 {
     current = document->nodes[current].parent;
-    told = *reached;
+    told = progress->byte;
     return true;
+}
+
+// Of the value that would be added next.
+QString JsonBuilder::nextPath() const
+{
+    const JsonValue around(document, current);
+    if (around.isArray())
+        return around.path() + u'[' + QString::number(around.count()) + u']';
+    return around.isObject() ? around.path() + u'.' + QString::fromUtf8(pendingName)
+                             : around.path();
 }
 
 ImportFault JsonBuilder::fault() const
 {
-    const JsonValue around(document, current);
-    const ImportPlace place{
-        .source = document->source, .offset = faultOffset, .path = around.path()};
+    ImportPlace place{.source = document->source, .offset = faultOffset, .path = {}};
     // The reader of the library gives up on it.
-    if (faultWords.startsWith("[json.exception.out_of_range"_L1))
+    if (faultWords.startsWith("[json.exception.out_of_range"_L1)) {
+        place.offset = nextStart();
+        place.path = nextPath();
         return {place, u"a number is beyond what can be held"_s};
+    }
+    place.path = JsonValue(document, current).path();
     // "[json.exception.parse_error.101] parse error at line 1, column 2: what; last read: ..."
     qsizetype start = faultWords.indexOf(u": "_s);
     const QString words = start < 0 ? faultWords : faultWords.sliced(start + 2);
@@ -176,11 +164,11 @@ std::optional<JsonDocument> JsonDocument::read(const QByteArray &text, const std
     JsonDocument document;
     document.source = source;
     const char *const begin = text.constData();
-    const char *reached = begin;
-    JsonBuilder builder(&document, begin, &reached);
-    const bool isRead =
-        nlohmann::json::sax_parse(CountingIterator(begin, &reached),
-                                  CountingIterator(begin + text.size(), &reached), &builder);
+    const char *const end = begin + text.size();
+    JsonProgress progress{.byte = begin};
+    JsonBuilder builder(&document, begin, &progress);
+    const bool isRead = nlohmann::json::sax_parse(JsonBytes(begin, end, &progress),
+                                                  JsonBytes(end, end, &progress), &builder);
     if (isRead)
         return document;
     *fault = builder.fault();

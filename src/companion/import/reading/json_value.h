@@ -29,7 +29,8 @@ public:
     bool isString() const { return kind() == String; }
     bool isNumber() const { return kind() == Number; }
 
-    // The bytes of a string, in UTF-8; empty for anything else.
+    // The bytes of a string, in UTF-8, where those that are none are taken for Latin-1; empty for
+    // anything else.
     QByteArray bytes() const;
     QString text() const { return QString::fromUtf8(bytes()); }
     // A number, also one that a string holds, as some tools write large ones; else `other`. Beyond

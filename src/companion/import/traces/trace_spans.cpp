@@ -1,6 +1,6 @@
 #include "companion/import/traces/trace_spans.h"
 
-#include "companion/import/reading/json_value.h"
+#include "companion/import/reading/json_kinds.h"
 
 #include <algorithm>
 #include <cmath>
@@ -42,7 +42,7 @@ class SpanReader
 {
 public:
     SpanReader(const JsonDocument &json, QList<TraceSpan> *found, QList<ImportFault> *told)
-        : document(json), spans(found), notes(told)
+        : document(json), kinds(&json), spans(found), notes(told)
     {
     }
 
@@ -54,10 +54,11 @@ private:
     void readOtlpSpan(const JsonValue &value, const QString &service);
     void readJaegerTrace(const JsonValue &trace);
     void readJaegerSpan(const JsonValue &value, const JsonValue &processes);
-    qint64 nanoseconds(const JsonValue &value, double factor);
+    qint64 nanoseconds(const JsonValue &written, double factor);
     void add(TraceSpan span, qint64 duration, const JsonValue &value);
 
     const JsonDocument &document;
+    JsonKinds kinds;
     QList<TraceSpan> *spans;
     QList<ImportFault> *notes;
     qint64 backward = 0; // spans that end before they begin
@@ -74,8 +75,9 @@ bool SpanReader::read(std::optional<ImportFault> *fault)
         for (JsonValue one = root.first(); !one.isMissing() && other.isMissing(); one = one.next())
             other = readExport(one) ? JsonValue() : one;
     }
-    if (other.isMissing())
-        return true;
+    *fault = kinds.fault();
+    if (other.isMissing() || *fault)
+        return !*fault;
     *fault = document.faultAt(other,
                               u"there is neither 'resourceSpans', as OTLP has it, nor "
                               "'data' with traces, as Jaeger has it"_s);
@@ -86,14 +88,13 @@ bool SpanReader::read(std::optional<ImportFault> *fault)
 bool SpanReader::readExport(const JsonValue &whole)
 {
     const JsonValue inner = whole["trace"].isObject() ? whole["trace"] : whole;
-    const JsonValue sent = protoMember(inner, "resourceSpans");
-    const JsonValue resources = sent.isArray() ? sent : inner["batches"];
-    const JsonValue traces = whole["data"];
-    for (JsonValue one = resources.first(); resources.isArray() && !one.isMissing();
-         one = one.next())
-        readResource(one);
-    for (JsonValue one = traces.first(); traces.isArray() && !one.isMissing(); one = one.next())
-        readJaegerTrace(one);
+    const JsonValue sent = kinds.array(protoMember(inner, "resourceSpans"));
+    const JsonValue resources = sent.isArray() ? sent : kinds.array(inner["batches"]);
+    const JsonValue traces = kinds.array(whole["data"]);
+    for (JsonValue one = resources.first(); !one.isMissing(); one = one.next())
+        readResource(kinds.object(one));
+    for (JsonValue one = traces.first(); !one.isMissing(); one = one.next())
+        readJaegerTrace(kinds.object(one));
     if (whole["spans"].isArray())
         readJaegerTrace(whole);
     return resources.isArray() || traces.isArray() || whole["spans"].isArray();
@@ -101,8 +102,9 @@ bool SpanReader::readExport(const JsonValue &whole)
 
 // Of 19 digits a double would lose three. What is too long for a number of nanoseconds is cut, and
 // told once.
-qint64 SpanReader::nanoseconds(const JsonValue &value, double factor)
+qint64 SpanReader::nanoseconds(const JsonValue &written, double factor)
 {
+    const JsonValue value = kinds.number(written);
     bool isWhole = false;
     const qint64 whole = value.bytes().toLongLong(&isWhole);
     const double number = value.number() * factor;
@@ -120,18 +122,18 @@ qint64 SpanReader::nanoseconds(const JsonValue &value, double factor)
 void SpanReader::readResource(const JsonValue &resource)
 {
     QString service;
-    const JsonValue attributes = resource["resource"]["attributes"];
+    const JsonValue attributes = kinds.array(kinds.object(resource["resource"])["attributes"]);
     for (JsonValue one = attributes.first(); !one.isMissing(); one = one.next()) {
         if (one["key"].bytes() == "service.name")
-            service = protoMember(one["value"], "stringValue").text();
+            service = kinds.string(protoMember(one["value"], "stringValue")).text();
     }
     // The name that scopes had before version 0.16 is still about.
     for (const char *const word : {"scopeSpans", "instrumentationLibrarySpans"}) {
-        const JsonValue scopes = protoMember(resource, word);
+        const JsonValue scopes = kinds.array(protoMember(resource, word));
         for (JsonValue scope = scopes.first(); !scope.isMissing(); scope = scope.next()) {
-            const JsonValue all = scope["spans"];
+            const JsonValue all = kinds.array(kinds.object(scope)["spans"]);
             for (JsonValue span = all.first(); !span.isMissing(); span = span.next())
-                readOtlpSpan(span, service);
+                readOtlpSpan(kinds.object(span), service);
         }
     }
 }
@@ -151,13 +153,13 @@ TraceSpan::Kind otlpKind(const JsonValue &value)
 
 void SpanReader::readOtlpSpan(const JsonValue &value, const QString &service)
 {
-    TraceSpan span{.trace = otlpId(protoMember(value, "traceId")),
-                   .id = otlpId(protoMember(value, "spanId")),
-                   .parent = otlpId(protoMember(value, "parentSpanId")),
+    TraceSpan span{.trace = otlpId(kinds.string(protoMember(value, "traceId"))),
+                   .id = otlpId(kinds.string(protoMember(value, "spanId"))),
+                   .parent = otlpId(kinds.string(protoMember(value, "parentSpanId"))),
                    .service = service,
-                   .name = value["name"].text(),
+                   .name = kinds.string(value["name"]).text(),
                    .kind = otlpKind(value["kind"])};
-    const JsonValue status = value["status"]["code"];
+    const JsonValue status = kinds.object(value["status"])["code"];
     span.hasFailed = status.number() == 2 || status.bytes() == "STATUS_CODE_ERROR";
     span.start = nanoseconds(protoMember(value, "startTimeUnixNano"), 1);
     add(span, nanoseconds(protoMember(value, "endTimeUnixNano"), 1) - span.start, value);
@@ -165,35 +167,36 @@ void SpanReader::readOtlpSpan(const JsonValue &value, const QString &service)
 
 void SpanReader::readJaegerTrace(const JsonValue &trace)
 {
-    const JsonValue all = trace["spans"];
+    const JsonValue all = kinds.array(trace["spans"]);
+    const JsonValue processes = kinds.object(trace["processes"]);
     for (JsonValue span = all.first(); !span.isMissing(); span = span.next())
-        readJaegerSpan(span, trace["processes"]);
+        readJaegerSpan(kinds.object(span), processes);
 }
 
 void SpanReader::readJaegerSpan(const JsonValue &value, const JsonValue &processes)
 {
-    TraceSpan span{.trace = value["traceID"].bytes(),
-                   .id = value["spanID"].bytes(),
-                   .parent = value["parentSpanID"].bytes(),
-                   .name = value["operationName"].text()};
+    TraceSpan span{.trace = kinds.string(value["traceID"]).bytes(),
+                   .id = kinds.string(value["spanID"]).bytes(),
+                   .parent = kinds.string(value["parentSpanID"]).bytes(),
+                   .name = kinds.string(value["operationName"]).text()};
     const JsonValue process =
         value["process"].isObject() ? value["process"] : processes[value["processID"].bytes()];
-    span.service = process["serviceName"].text();
-    const JsonValue references = value["references"];
+    span.service = kinds.string(process["serviceName"]).text();
+    const JsonValue references = kinds.array(value["references"]);
     for (JsonValue one = references.first(); !one.isMissing(); one = one.next()) {
         if (span.parent.isEmpty() && one["traceID"].bytes() == span.trace)
             span.parent = one["spanID"].bytes();
     }
-    const JsonValue tags = value["tags"];
+    const JsonValue tags = kinds.array(value["tags"]);
     for (JsonValue tag = tags.first(); !tag.isMissing(); tag = tag.next()) {
         const QByteArray key = tag["key"].bytes();
         const JsonValue said = tag["value"];
         if (key == "error")
             span.hasFailed = said.kind() == JsonValue::True || said.bytes() == "true";
-        static constexpr const char *kinds[] = {"internal", "server", "client", "producer",
+        static constexpr const char *names[] = {"internal", "server", "client", "producer",
                                                 "consumer"};
         for (int kind = 0; key == "span.kind" && kind < 5; ++kind) {
-            if (said.bytes() == kinds[kind])
+            if (said.bytes() == names[kind])
                 span.kind = TraceSpan::Kind(kind);
         }
     }
