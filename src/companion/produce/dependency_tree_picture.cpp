@@ -4,6 +4,7 @@
 #include "companion/produce/level_order.h"
 #include "companion/produce/page_fit.h"
 #include "companion/produce/text_fit.h"
+#include "graph/numbers.h"
 
 #include <algorithm>
 
@@ -62,8 +63,10 @@ private:
     // needed by all: they are there, but without lines.
     bool hasLines(int part) const { return !folded.parts[part].isRest; }
     PartSort sortOf(const FoldedDependencies::Part &part) const;
+    int textSizeOf(const ThingLook &look) const;
     void writeDefaults();
     void writePart(int part);
+    void writeLink(int tail, int head);
     void writeKey(const GraphText::Id &root);
 
     const Dependencies &things;
@@ -111,6 +114,14 @@ PartSort TreeWriter::sortOf(const FoldedDependencies::Part &part) const
     return part.isInCycle ? Circular : part.isThing ? Single : Folder;
 }
 
+// In a room with smaller texts those of the author are smaller as well.
+int TreeWriter::textSizeOf(const ThingLook &look) const
+{
+    if (look.textSize <= 0)
+        return room.textSize;
+    return std::max(1, Graph::rounded(look.textSize * room.textSize / rooms[0].textSize));
+}
+
 void TreeWriter::writeDefaults()
 {
     text.graph(Attributes()
@@ -134,29 +145,33 @@ void TreeWriter::writePart(int part)
     const PartSort sort = sortOf(shown);
     const ThingLook look = shown.isThing ? things.look(shown.item) : ThingLook();
     const QString label = nameOf(part);
+    const int textSize = textSizeOf(look);
     QStringList lines;
     for (const QStringView line : QStringView(label).split(u'\n'))
-        lines.append(elidedLine(line.toString(), room.textSize, room.widestName, Qt::ElideLeft));
+        lines.append(elidedLine(line.toString(), textSize, room.widestName, Qt::ElideLeft));
     Attributes attributes;
     attributes.label(lines.join(u'\n'));
-    if (look.isEmpty()) {
+    if (!look.hasPaint()) {
         isThere[sort] = true;
         attributes.text("fillcolor", QString::fromLatin1(sortFills[sort]));
-    } else {
-        attributes.text("fillcolor", look.fill.isEmpty() ? u"#FFFFFF"_s : look.fill);
-        const std::pair<const char *, QString> given[] = {{"color", look.line},
-                                                          {"fontcolor", look.letters},
-                                                          {"shape", look.shape},
-                                                          {"style", look.style}};
-        for (const auto &[name, value] : given) {
-            if (!value.isEmpty())
-                attributes.text(name, value);
-        }
-        if (look.twoLines)
-            attributes.text("peripheries", u"2");
     }
+    addLook(look, &attributes);
+    if (look.textSize > 0)
+        attributes.number("fontsize", textSize);
     attributes.fact(u"path", things.path(shown.item));
+    addFacts(look.facts, &attributes);
     ids[part] = text.node(attributes);
+}
+
+// Links of what stands for several things are no single ones, and have no looks.
+void TreeWriter::writeLink(int tail, int head)
+{
+    Attributes attributes;
+    const FoldedDependencies::Part &from = folded.parts[tail];
+    const FoldedDependencies::Part &to = folded.parts[head];
+    if (from.isThing && to.isThing)
+        addLook(things.linkLook(from.item, to.item), &attributes);
+    text.edge(ids[tail], ids[head], attributes);
 }
 
 // Below the title, beside the roots.
@@ -192,7 +207,7 @@ QByteArray TreeWriter::written()
                   Attributes().text("color", hasLines(part) ? u"#C9D1D9" : u"none"));
     for (const LevelledGraph::Edge &edge : std::as_const(levels.edges)) {
         if (!edge.isImplied)
-            text.edge(ids[edge.tail], ids[edge.head]);
+            writeLink(edge.tail, edge.head);
     }
     writeKey(root);
     return text.finished();
