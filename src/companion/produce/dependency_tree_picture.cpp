@@ -75,6 +75,7 @@ private:
     const TreeRoom &room;
     FoldedDependencies folded;
     LevelledGraph levels;
+    QList<LevelledGraph::Edge> loops; // of things to themselves
     GraphText text;
     QList<GraphText::Id> ids;
     bool isThere[3] = {};
@@ -87,6 +88,8 @@ TreeWriter::TreeWriter(const Dependencies &dependencies, const DependencyMeaning
 {
     QList<std::pair<int, int>> edges;
     for (const FoldedDependencies::Edge &edge : std::as_const(folded.edges)) {
+        if (edge.tail == edge.head && folded.parts[edge.tail].isThing)
+            loops.append({edge.tail, edge.head});
         if (edge.tail != edge.head && hasLines(edge.tail) && hasLines(edge.head))
             edges.append({edge.tail, edge.head});
     }
@@ -215,15 +218,16 @@ QByteArray TreeWriter::written()
 
 QString TreeWriter::cutNote() const
 {
+    const QList<LevelledGraph::Edge> cut = loops + levels.cut;
+    if (cut.isEmpty())
+        return {};
     QStringList told;
-    for (const LevelledGraph::Edge &edge :
-         levels.cut.first(std::min(mostToldLinks, levels.cut.size())))
+    for (const LevelledGraph::Edge &edge : cut.first(std::min(mostToldLinks, cut.size())))
         told.append(nameOf(edge.tail) + u" -> "_s + nameOf(edge.head));
-    if (levels.cut.size() > mostToldLinks)
-        told.append(u"%1 more"_s.arg(levels.cut.size() - mostToldLinks));
-    return (levels.cut.size() == 1
-                ? u"One link that closes a cycle is not drawn: "_s
-                : u"%1 links that close cycles are not drawn: "_s.arg(levels.cut.size()))
+    if (cut.size() > mostToldLinks)
+        told.append(u"%1 more"_s.arg(cut.size() - mostToldLinks));
+    return (cut.size() == 1 ? u"One link that closes a cycle is not drawn: "_s
+                            : u"%1 links that close cycles are not drawn: "_s.arg(cut.size()))
         + told.join(u", "_s) + u'.';
 }
 
@@ -239,11 +243,15 @@ QStringList TreeWriter::notes() const
     qsizetype left = 0;
     for (const FoldedDependencies::Part &part : std::as_const(folded.parts))
         left += part.isRest ? part.things : 0;
+    if (folded.parts.size() == 1 && folded.parts[0].things > 1)
+        notes.append(u"All %1 %2 are one box: parts of them have more links, or take more room, "
+                     u"than can be shown."_s.arg(folded.parts[0].things)
+                         .arg(words.things));
     if (left > 0)
         notes.append(u"%1 %2 are folded into others, whose links are not drawn."_s.arg(left).arg(
             words.things));
-    if (!levels.cut.isEmpty())
-        notes.append(cutNote());
+    notes.append(cutNote());
+    notes.removeAll(QString());
     return notes;
 }
 
@@ -265,23 +273,30 @@ WrittenGraph writeDependencyTree(const Dependencies &dependencies, const Depende
     while (most > 1
            && TreeWriter(dependencies, meaning, fitting, rooms[0], most).lineCount() > mostLines)
         most = 2 * most / 3;
-    const auto fitted = [&](const TreeRoom &room, int tries) {
-        const auto write = [&](int count) {
-            return TreeWriter(dependencies, meaning, fitting, room, count).written();
+    const auto fitted = [&](const TreeRoom &room, int count, int tries) {
+        const auto write = [&](int parts) {
+            return TreeWriter(dependencies, meaning, fitting, room, parts).written();
         };
-        return fitToPage(fitting, most, write, tries);
+        return fitToPage(fitting, count, write, tries);
     };
     const TreeRoom *room = nullptr;
     PageFit fit;
     for (const TreeRoom &tried : rooms) {
-        const PageFit whole = fitted(tried, 1);
+        const PageFit whole = fitted(tried, most, 1);
         if (fit.fits || (room && overflow(whole, request) > overflow(fit, request)))
             continue;
         room = &tried;
         fit = whole;
     }
     if (!fit.fits)
-        fit = fitted(*room, 12);
+        fit = fitted(*room, most, 12);
+    // Slightly too large each time, the tries are used up in small steps, and the last one of them
+    // is the whole as one box.
+    for (int fewer = most / 2; fit.most == 1 && fewer > 1; fewer /= 2) {
+        const PageFit some = fitted(*room, fewer, 1);
+        if (some.fits)
+            fit = some;
+    }
     return {fit.text,
             pageNotes(fit, request, u"a tree of one folder has no less"_s)
                 + TreeWriter(dependencies, meaning, fitting, *room, fit.most).notes()};
