@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 using namespace ORR::Companion;
 using namespace Qt::StringLiterals;
 
@@ -15,6 +17,22 @@ Dependencies circle(int length)
     for (int i = 0; i < length; ++i) {
         const Dependencies::Item item = dependencies.thing(QByteArray::number(i));
         dependencies.need(item, dependencies.thing(QByteArray::number((i + 1) % length)));
+    }
+    return dependencies;
+}
+
+// A thousand links between any files of 8 folders.
+Dependencies tangle(unsigned seed, unsigned files)
+{
+    std::mt19937 random(seed);
+    Dependencies dependencies;
+    const auto anyFile = [&] {
+        const QByteArray folder = QByteArray::number(uint(random() % 8));
+        return dependencies.thing(folder + "/f" + QByteArray::number(uint(random() % files)));
+    };
+    for (int i = 0; i < 1000; ++i) {
+        const Dependencies::Item tail = anyFile();
+        dependencies.need(tail, anyFile());
     }
     return dependencies;
 }
@@ -81,6 +99,33 @@ TEST(DependencyTree, tells_the_links_that_closed_cycles)
     ASSERT_EQ(drawn.notes.size(), 1);
     EXPECT_TRUE(drawn.notes[0].startsWith(u"One link that closes a cycle is not drawn: "));
     EXPECT_TRUE(drawn.text.contains("label=\"in a cycle\""));
+}
+
+TEST(DependencyTree, tells_the_links_of_things_to_themselves)
+{
+    Dependencies dependencies = layers();
+    dependencies.need(dependencies.thing("base/one"), dependencies.thing("base/one"));
+    const auto drawn = drawnImport(DependencyPicture(dependencies, {}), "gftree");
+    EXPECT_EQ(drawn.notes,
+              QStringList{u"One link that closes a cycle is not drawn: base/one -> base/one."_s});
+}
+
+TEST(DependencyTree, shows_folders_that_all_need_each_other)
+{
+    for (const unsigned seed : {47U, 59U, 90U}) {
+        const auto drawn = drawnImport(DependencyPicture(tangle(seed, 1000), {}), "gftree");
+        EXPECT_GE(drawn.text.count(" path=\""), 8) << seed;
+        EXPECT_TRUE(drawn.notes.join(u' ').contains(u"links that close cycles")) << seed;
+        EXPECT_LE(drawn.size.width(), 1200) << seed;
+    }
+}
+
+TEST(DependencyTree, says_why_all_is_one_box)
+{
+    const auto drawn = drawnImport(DependencyPicture(tangle(1, 1), {}), "gftree", 130, 80);
+    EXPECT_TRUE(drawn.notes.contains(u"All 8 things are one box: parts of them have more links, "
+                                     u"or take more room, than can be shown."_s))
+        << drawn.notes.join(u' ').toStdString();
 }
 
 TEST(DependencyTree, folds_what_has_no_room_into_others)

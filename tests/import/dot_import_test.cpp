@@ -12,6 +12,7 @@
 #include <QStandardPaths>
 
 using namespace ORR::Companion;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -61,6 +62,84 @@ TEST(DotImport, maps_looks)
     EXPECT_TRUE(look.twoLines);
     EXPECT_EQ(look.fill, u"#add8e6");
     EXPECT_EQ(look.letters, u"#ff0000");
+}
+
+TEST(DotImport, maps_lines_and_fonts_of_nodes)
+{
+    const auto result = importedBytes("dot", R"(digraph {
+  a [style="bold,dashed" fontname="Times-Roman,serif" fontsize=20];
+  b [fontname="Courier-BoldOblique" fontsize="-3"] })");
+    ASSERT_TRUE(result.picture);
+    const ThingLook look = edgesOf(result).look(1);
+    EXPECT_EQ(look.style, u"dashed");
+    EXPECT_EQ(look.width, 2);
+    EXPECT_EQ(look.family, u"Times");
+    EXPECT_EQ(look.textSize, 20);
+    const QByteArray text = drawnImport(*result.picture, "gftree").text;
+    EXPECT_TRUE(text.contains("penwidth=\"2\" fontname=\"Times\" fontsize=\"20\"")) << text.data();
+    EXPECT_TRUE(text.contains("label=\"in no cycle\"")) << "b has a font, yet no colours";
+    EXPECT_TRUE(text.contains("fontname=\"Courier\" path=\"b\"")) << text.data();
+}
+
+TEST(DotImport, maps_looks_of_edges)
+{
+    const auto result = importedBytes("dot", R"(digraph { edge [style=dashed];
+  a -> b [color=green style=dotted penwidth=2.6 arrowhead=vee];
+  a -> c [style=bold]; a -> d [dir=both style=solid]; a -> e [arrowhead=none];
+  a -> f [dir=back arrowhead=normal] })");
+    ASSERT_TRUE(result.picture);
+    const QByteArray text = drawnImport(*result.picture, "gftree").text;
+    for (const char *look :
+         {"[color=\"#008000\" style=\"dotted\" penwidth=\"3\" arrowhead=\"normal\"]",
+          "[penwidth=\"2\"]", "[arrowhead=\"normal\"]"})
+        EXPECT_TRUE(text.contains(look)) << look << " is not in " << text.data();
+    EXPECT_EQ(text.count("[style=\"dashed\"]"), 2) << text.data();
+    EXPECT_FALSE(importedBytes("dot", "graph { a -- b [arrowhead=vee] }")
+                     .picture->write({.engine = u"gftree"_s})
+                     .text.contains("arrowhead"));
+}
+
+TEST(DotImport, takes_the_look_of_the_first_of_several_edges)
+{
+    const auto result =
+        importedBytes("dot", "digraph { a -> b a -> b [color=red] a -> b [color=blue] }");
+    ASSERT_TRUE(result.picture);
+    EXPECT_EQ(edgesOf(result).linkLook(1, 2).color, u"#ff0000");
+    EXPECT_TRUE(edgesOf(result).linkLook(2, 1).isEmpty());
+}
+
+TEST(DotImport, keeps_widths_and_sizes_that_are_none_away)
+{
+    const auto result = importedBytes("dot", R"(digraph {
+  a -> b [penwidth="1e999"]; b -> c [penwidth="nan"]; c -> d [penwidth="1e9"]; d -> e [penwidth=0];
+  a [fontsize="1e999"]; b [fontsize="1e9"]; c [fontsize=nan] })");
+    ASSERT_TRUE(result.picture);
+    const Dependencies &all = edgesOf(result);
+    EXPECT_EQ(all.linkLook(1, 2).width, 0);
+    EXPECT_EQ(all.linkLook(2, 3).width, 0);
+    EXPECT_EQ(all.linkLook(3, 4).width, 50);
+    EXPECT_EQ(all.linkLook(4, 5).width, 1);
+    EXPECT_EQ(all.look(1).textSize, 0);
+    EXPECT_EQ(all.look(2).textSize, 100);
+    EXPECT_EQ(all.look(3).textSize, 0);
+    EXPECT_LE(drawnImport(*result.picture, "gftree").size.width(), 1200);
+}
+
+TEST(DotImport, hands_links_and_tooltips_on)
+{
+    const auto result = importedBytes("dot", R"(digraph g {
+  a [URL="a.html#\N" href="other" tooltip="of \G"]; b [href="b.html"];
+  a -> b [label="calls" tooltip="\T to \H" URL="x?\E"] })");
+    ASSERT_TRUE(result.picture);
+    const QByteArray tree = drawnImport(*result.picture, "gftree").text;
+    for (const char *facts :
+         {"path=\"a\" url=\"a.html#a\" tooltip=\"of g\"", "path=\"b\" url=\"b.html\"",
+          "[label=\"calls\" url=\"x?a->b\" tooltip=\"a to b\"]"})
+        EXPECT_TRUE(tree.contains(facts)) << facts << " is not in " << tree.data();
+    const QByteArray matrix = drawnImport(*result.picture, "matrix").text;
+    for (const char *facts : {"path=\"a\" url=\"a.html#a\" tooltip=\"of g\"",
+                              "count=\"1\" url=\"x?a->b\" tooltip=\"a to b\""})
+        EXPECT_TRUE(matrix.contains(facts)) << facts << " is not in " << matrix.data();
 }
 
 TEST(DotImport, knows_colours)

@@ -31,7 +31,7 @@ Dependencies::Item Dependencies::thingIn(Item group, QByteArrayView name)
 
 void Dependencies::need(Item tail, Item head, double weight)
 {
-    const quint64 key = quint64(quint32(tail)) << 32 | quint32(head);
+    const quint64 key = linkKey(tail, head);
     const auto found = linkOf.constFind(key);
     if (found == linkOf.cend()) {
         linkOf.insert(key, links.size());
@@ -40,6 +40,13 @@ void Dependencies::need(Item tail, Item head, double weight)
     }
     double &sum = links[*found].weight;
     sum = std::min(std::numeric_limits<double>::max(), sum + weight);
+}
+
+void Dependencies::setLinkLook(Item tail, Item head, const LinkLook &look)
+{
+    const quint64 key = linkKey(tail, head);
+    if (!linkLooks.contains(key))
+        linkLooks.insert(key, look);
 }
 
 QString Dependencies::label(Item item) const

@@ -1,28 +1,12 @@
 #pragma once
 
+#include "companion/produce/dependency_looks.h"
 #include "companion/produce/weight_tree.h"
 
 #include <QHash>
 #include <QString>
 
 namespace ORR::Companion {
-
-// How an author wants a thing to be drawn; what is empty is the picture's own.
-struct ThingLook
-{
-    QString fill = {};
-    QString line = {};
-    QString letters = {}; // colour of the text
-    QString shape = {};
-    QString style = {};
-    bool twoLines = false; // around it
-
-    bool isEmpty() const
-    {
-        return fill.isEmpty() && line.isEmpty() && letters.isEmpty() && shape.isEmpty()
-            && style.isEmpty() && !twoLines;
-    }
-};
 
 // Things with paths that need each other: files that include files, targets that link targets,
 // packages. What things have in front of their names are the groups that they are in. An edge runs
@@ -49,6 +33,8 @@ public:
     void setLook(Item item, const ThingLook &look) { looks.insert(item, look); }
     // The weight is above or equal to 0 and finite.
     void need(Item tail, Item head, double weight = 1);
+    // Of several between the same two the first one that has a look.
+    void setLinkLook(Item tail, Item head, const LinkLook &look);
 
     // Things and groups, by their names.
     const WeightTree &items() const { return tree; }
@@ -58,17 +44,23 @@ public:
     QString label(Item item) const; // its name if none was set
     bool hasLabel(Item item) const { return labels.contains(item); }
     ThingLook look(Item item) const { return looks.value(item); }
+    LinkLook linkLook(Item tail, Item head) const { return linkLooks.value(linkKey(tail, head)); }
     // With "/" between the names.
     QString path(Item item) const;
 
 private:
     void mark(Item item);
+    static quint64 linkKey(Item tail, Item head)
+    {
+        return quint64(quint32(tail)) << 32 | quint32(head);
+    }
 
     WeightTree tree;
     QList<Edge> links;
     QHash<quint64, qsizetype> linkOf; // by both ends
     QHash<Item, QString> labels;
     QHash<Item, ThingLook> looks;
+    QHash<quint64, LinkLook> linkLooks; // by both ends
     qsizetype things = 0;
 };
 

@@ -4,6 +4,7 @@
 #include "companion/produce/level_order.h"
 #include "companion/produce/page_fit.h"
 #include "companion/produce/text_fit.h"
+#include "graph/numbers.h"
 
 #include <algorithm>
 
@@ -62,8 +63,10 @@ private:
     // needed by all: they are there, but without lines.
     bool hasLines(int part) const { return !folded.parts[part].isRest; }
     PartSort sortOf(const FoldedDependencies::Part &part) const;
+    int textSizeOf(const ThingLook &look) const;
     void writeDefaults();
     void writePart(int part);
+    void writeLink(int tail, int head);
     void writeKey(const GraphText::Id &root);
 
     const Dependencies &things;
@@ -72,6 +75,7 @@ private:
     const TreeRoom &room;
     FoldedDependencies folded;
     LevelledGraph levels;
+    QList<LevelledGraph::Edge> loops; // of things to themselves
     GraphText text;
     QList<GraphText::Id> ids;
     bool isThere[3] = {};
@@ -84,6 +88,8 @@ TreeWriter::TreeWriter(const Dependencies &dependencies, const DependencyMeaning
 {
     QList<std::pair<int, int>> edges;
     for (const FoldedDependencies::Edge &edge : std::as_const(folded.edges)) {
+        if (edge.tail == edge.head && folded.parts[edge.tail].isThing)
+            loops.append({edge.tail, edge.head});
         if (edge.tail != edge.head && hasLines(edge.tail) && hasLines(edge.head))
             edges.append({edge.tail, edge.head});
     }
@@ -111,6 +117,14 @@ PartSort TreeWriter::sortOf(const FoldedDependencies::Part &part) const
     return part.isInCycle ? Circular : part.isThing ? Single : Folder;
 }
 
+// In a room with smaller texts those of the author are smaller as well.
+int TreeWriter::textSizeOf(const ThingLook &look) const
+{
+    if (look.textSize <= 0)
+        return room.textSize;
+    return std::max(1, Graph::rounded(look.textSize * room.textSize / rooms[0].textSize));
+}
+
 void TreeWriter::writeDefaults()
 {
     text.graph(Attributes()
@@ -134,29 +148,33 @@ void TreeWriter::writePart(int part)
     const PartSort sort = sortOf(shown);
     const ThingLook look = shown.isThing ? things.look(shown.item) : ThingLook();
     const QString label = nameOf(part);
+    const int textSize = textSizeOf(look);
     QStringList lines;
     for (const QStringView line : QStringView(label).split(u'\n'))
-        lines.append(elidedLine(line.toString(), room.textSize, room.widestName, Qt::ElideLeft));
+        lines.append(elidedLine(line.toString(), textSize, room.widestName, Qt::ElideLeft));
     Attributes attributes;
     attributes.label(lines.join(u'\n'));
-    if (look.isEmpty()) {
+    if (!look.hasPaint()) {
         isThere[sort] = true;
         attributes.text("fillcolor", QString::fromLatin1(sortFills[sort]));
-    } else {
-        attributes.text("fillcolor", look.fill.isEmpty() ? u"#FFFFFF"_s : look.fill);
-        const std::pair<const char *, QString> given[] = {{"color", look.line},
-                                                          {"fontcolor", look.letters},
-                                                          {"shape", look.shape},
-                                                          {"style", look.style}};
-        for (const auto &[name, value] : given) {
-            if (!value.isEmpty())
-                attributes.text(name, value);
-        }
-        if (look.twoLines)
-            attributes.text("peripheries", u"2");
     }
+    addLook(look, &attributes);
+    if (look.textSize > 0)
+        attributes.number("fontsize", textSize);
     attributes.fact(u"path", things.path(shown.item));
+    addFacts(look.facts, &attributes);
     ids[part] = text.node(attributes);
+}
+
+// Links of what stands for several things are no single ones, and have no looks.
+void TreeWriter::writeLink(int tail, int head)
+{
+    Attributes attributes;
+    const FoldedDependencies::Part &from = folded.parts[tail];
+    const FoldedDependencies::Part &to = folded.parts[head];
+    if (from.isThing && to.isThing)
+        addLook(things.linkLook(from.item, to.item), &attributes);
+    text.edge(ids[tail], ids[head], attributes);
 }
 
 // Below the title, beside the roots.
@@ -192,7 +210,7 @@ QByteArray TreeWriter::written()
                   Attributes().text("color", hasLines(part) ? u"#C9D1D9" : u"none"));
     for (const LevelledGraph::Edge &edge : std::as_const(levels.edges)) {
         if (!edge.isImplied)
-            text.edge(ids[edge.tail], ids[edge.head]);
+            writeLink(edge.tail, edge.head);
     }
     writeKey(root);
     return text.finished();
@@ -200,15 +218,16 @@ QByteArray TreeWriter::written()
 
 QString TreeWriter::cutNote() const
 {
+    const QList<LevelledGraph::Edge> cut = loops + levels.cut;
+    if (cut.isEmpty())
+        return {};
     QStringList told;
-    for (const LevelledGraph::Edge &edge :
-         levels.cut.first(std::min(mostToldLinks, levels.cut.size())))
+    for (const LevelledGraph::Edge &edge : cut.first(std::min(mostToldLinks, cut.size())))
         told.append(nameOf(edge.tail) + u" -> "_s + nameOf(edge.head));
-    if (levels.cut.size() > mostToldLinks)
-        told.append(u"%1 more"_s.arg(levels.cut.size() - mostToldLinks));
-    return (levels.cut.size() == 1
-                ? u"One link that closes a cycle is not drawn: "_s
-                : u"%1 links that close cycles are not drawn: "_s.arg(levels.cut.size()))
+    if (cut.size() > mostToldLinks)
+        told.append(u"%1 more"_s.arg(cut.size() - mostToldLinks));
+    return (cut.size() == 1 ? u"One link that closes a cycle is not drawn: "_s
+                            : u"%1 links that close cycles are not drawn: "_s.arg(cut.size()))
         + told.join(u", "_s) + u'.';
 }
 
@@ -224,11 +243,15 @@ QStringList TreeWriter::notes() const
     qsizetype left = 0;
     for (const FoldedDependencies::Part &part : std::as_const(folded.parts))
         left += part.isRest ? part.things : 0;
+    if (folded.parts.size() == 1 && folded.parts[0].things > 1)
+        notes.append(u"All %1 %2 are one box: parts of them have more links, or take more room, "
+                     u"than can be shown."_s.arg(folded.parts[0].things)
+                         .arg(words.things));
     if (left > 0)
         notes.append(u"%1 %2 are folded into others, whose links are not drawn."_s.arg(left).arg(
             words.things));
-    if (!levels.cut.isEmpty())
-        notes.append(cutNote());
+    notes.append(cutNote());
+    notes.removeAll(QString());
     return notes;
 }
 
@@ -250,23 +273,30 @@ WrittenGraph writeDependencyTree(const Dependencies &dependencies, const Depende
     while (most > 1
            && TreeWriter(dependencies, meaning, fitting, rooms[0], most).lineCount() > mostLines)
         most = 2 * most / 3;
-    const auto fitted = [&](const TreeRoom &room, int tries) {
-        const auto write = [&](int count) {
-            return TreeWriter(dependencies, meaning, fitting, room, count).written();
+    const auto fitted = [&](const TreeRoom &room, int count, int tries) {
+        const auto write = [&](int parts) {
+            return TreeWriter(dependencies, meaning, fitting, room, parts).written();
         };
-        return fitToPage(fitting, most, write, tries);
+        return fitToPage(fitting, count, write, tries);
     };
     const TreeRoom *room = nullptr;
     PageFit fit;
     for (const TreeRoom &tried : rooms) {
-        const PageFit whole = fitted(tried, 1);
+        const PageFit whole = fitted(tried, most, 1);
         if (fit.fits || (room && overflow(whole, request) > overflow(fit, request)))
             continue;
         room = &tried;
         fit = whole;
     }
     if (!fit.fits)
-        fit = fitted(*room, 12);
+        fit = fitted(*room, most, 12);
+    // Slightly too large each time, the tries are used up in small steps, and the last one of them
+    // is the whole as one box.
+    for (int fewer = most / 2; fit.most == 1 && fewer > 1; fewer /= 2) {
+        const PageFit some = fitted(*room, fewer, 1);
+        if (some.fits)
+            fit = some;
+    }
     return {fit.text,
             pageNotes(fit, request, u"a tree of one folder has no less"_s)
                 + TreeWriter(dependencies, meaning, fitting, *room, fit.most).notes()};

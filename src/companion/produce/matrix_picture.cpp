@@ -121,9 +121,11 @@ void MatrixWriter::writePart(int part)
     columns.append(text.node(Attributes().label(number)));
     text.endGroup();
     text.beginGroup(hidden(u"y"));
-    rows.append(text.node(Attributes()
-                              .label(name + count + u"  "_s + number)
-                              .fact(u"path", things.path(shown.item))));
+    Attributes row;
+    row.label(name + count + u"  "_s + number).fact(u"path", things.path(shown.item));
+    if (shown.isThing)
+        addFacts(things.look(shown.item).facts, &row);
+    rows.append(text.node(row));
     text.endGroup();
 }
 
@@ -196,6 +198,10 @@ void MatrixWriter::writeEdges()
         Attributes attributes = fillOf(edge.kind);
         attributes.label(lineWidth(count, countSize) <= room ? count : QString());
         attributes.fact(u"count", QString::number(edge.weight, 'g', 15));
+        const FoldedDependencies::Part &tail = folded.parts[edge.tail];
+        const FoldedDependencies::Part &head = folded.parts[edge.head];
+        if (tail.isThing && head.isThing)
+            addFacts(things.linkLook(tail.item, head.item).facts, &attributes);
         text.edge(rows[edge.tail], columns[edge.head], attributes);
     }
 }

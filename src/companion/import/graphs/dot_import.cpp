@@ -61,17 +61,23 @@ ForeignOmissions addGraph(const ForeignGraph &graph, Dependencies *all)
         const Dependencies::Item group = node.cluster < 0 ? WeightTree::root : groups[node.cluster];
         things.append(all->thingIn(group, node.name));
         all->setLabel(things.last(), foreignLabel(node.values, node.name, graph.name));
-        const ThingLook look = foreignLook(node.values);
+        const ThingLook look = foreignLook(graph, node);
         if (!look.isEmpty())
             all->setLook(things.last(), look);
     }
     for (const ForeignGraph::Edge &edge : graph.edges) {
         const bool isSeen = !isInvisible(edge.values) && things[edge.tail] != WeightTree::none
             && things[edge.head] != WeightTree::none;
-        if (isSeen)
-            all->need(things[edge.tail], things[edge.head], edgeWeight(edge.values, &left));
-        else
+        if (!isSeen) {
             ++left.edges;
+            continue;
+        }
+        const Dependencies::Item tail = things[edge.tail];
+        const Dependencies::Item head = things[edge.head];
+        all->need(tail, head, edgeWeight(edge.values, &left));
+        const LinkLook look = foreignLinkLook(graph, edge);
+        if (!look.isEmpty())
+            all->setLinkLook(tail, head, look);
     }
     return left;
 }

@@ -132,14 +132,18 @@ ImportFault libraryFault(const std::string &source)
 class GraphCopy
 {
 public:
-    GraphCopy(Agraph_t *root, const QList<QByteArray> &wantedNames)
-        : graph(root), wanted(wantedNames)
-    {
-    }
+    GraphCopy(Agraph_t *root, const QList<QByteArray> &wantedNames);
 
     ForeignGraph copied();
 
 private:
+    // An attribute that is wanted and that objects of a kind have.
+    struct Wanted
+    {
+        QByteArray name;
+        Agsym_t *symbol;
+    };
+
     ForeignGraph::Values valuesOf(void *object, int kind) const;
     QByteArray decoded(const char *text) const;
     void copyClusters();
@@ -147,12 +151,23 @@ private:
     void copyEdges();
 
     Agraph_t *graph;
-    const QList<QByteArray> &wanted;
+    QList<Wanted> wanted[3]; // by the kind: graphs, nodes and edges
     bool isLatin1 = false;
     ForeignGraph copy;
     QHash<quint64, int> clusterOf; // by the node's number: the innermost
     QHash<quint64, int> nodePlaces;
 };
+
+GraphCopy::GraphCopy(Agraph_t *root, const QList<QByteArray> &wantedNames) : graph(root)
+{
+    for (const int kind : {AGRAPH, AGNODE, AGEDGE}) {
+        for (const QByteArray &name : wantedNames) {
+            QByteArray key = name; // the library takes no constant ones
+            if (Agsym_t *symbol = agattr(graph, kind, key.data(), nullptr))
+                wanted[kind].append({name, symbol});
+        }
+    }
+}
 
 QByteArray GraphCopy::decoded(const char *text) const
 {
@@ -162,10 +177,8 @@ QByteArray GraphCopy::decoded(const char *text) const
 ForeignGraph::Values GraphCopy::valuesOf(void *object, int kind) const
 {
     ForeignGraph::Values values;
-    for (const QByteArray &name : wanted) {
-        QByteArray key = name; // the library takes no constant ones
-        Agsym_t *symbol = agattr(graph, kind, key.data(), nullptr);
-        char *value = symbol ? agxget(object, symbol) : nullptr;
+    for (const auto &[name, symbol] : wanted[kind]) {
+        char *value = agxget(object, symbol);
         if (!value || *value == '\0')
             continue;
         values.add(name, decoded(value));

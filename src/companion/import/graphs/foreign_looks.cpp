@@ -1,11 +1,16 @@
 #include "companion/import/graphs/foreign_looks.h"
 
+#include "graph/numbers.h"
+
 #include <QColor>
 #include <QHash>
+#include <QRegularExpression>
 #include <QStringList>
 
 #include <algorithm>
 #include <array>
+#include <initializer_list>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -88,7 +93,16 @@ QString textOfRecord(const QString &label)
     return withTrimmedLines(text);
 }
 
-QString withoutEscapes(const QString &label, const QString &name, const QString &graph)
+// What the escapes of a text stand for.
+struct EscapedNames
+{
+    QString object; // a node, or an edge as "tail->head"
+    QString graph;
+    QString tail = {};
+    QString head = {};
+};
+
+QString withoutEscapes(const QString &label, const EscapedNames &names)
 {
     QString text;
     for (qsizetype i = 0; i < label.size(); ++i) {
@@ -99,10 +113,14 @@ QString withoutEscapes(const QString &label, const QString &name, const QString 
         const QChar c = label[++i];
         if (c == u'n' || c == u'l' || c == u'r')
             text += u'\n';
-        else if (c == u'N' || c == u'L')
-            text += name;
+        else if (c == u'N' || c == u'L' || c == u'E')
+            text += names.object;
         else if (c == u'G')
-            text += graph;
+            text += names.graph;
+        else if (c == u'T')
+            text += names.tail;
+        else if (c == u'H')
+            text += names.head;
         else
             text += c;
     }
@@ -130,12 +148,109 @@ QString foreignShape(const QByteArray &shape)
     return shapes.value(shape, u"rectangle"_s);
 }
 
+QString textOf(const ForeignGraph::Values &values, const char *name, const EscapedNames &names)
+{
+    const QString given = QString::fromUtf8(values[name]);
+    return values.isHtml(name) ? textOfMarkup(given) : withoutEscapes(given, names);
+}
+
+QList<AuthorFact> foreignFacts(const ForeignGraph::Values &values, const EscapedNames &names)
+{
+    QList<AuthorFact> facts;
+    const char *link = values["URL"].isEmpty() ? "href" : "URL";
+    const std::pair<const char *, QString> given[] = {{link, u"url"_s}, {"tooltip", u"tooltip"_s}};
+    for (const auto &[name, fact] : given) {
+        const QString value = textOf(values, name, names);
+        if (!value.trimmed().isEmpty())
+            facts.append({fact, value});
+    }
+    return facts;
+}
+
+QString wordsWithin(const QByteArray &style, std::initializer_list<const char *> known)
+{
+    QStringList words;
+    for (const char *word : known) {
+        if (style.contains(word))
+            words.append(QString::fromLatin1(word));
+    }
+    return words.join(u',');
+}
+
+// Of lines, in points; 0 if nothing is said.
+int foreignWidth(const ForeignGraph::Values &values)
+{
+    constexpr double widest = 50;
+    constexpr int boldWidth = 2;
+    bool isNumber = false;
+    const double width = values["penwidth"].toDouble(&isNumber);
+    if (isNumber && width >= 0)
+        return std::max(1, Graph::rounded(std::min(width, widest)));
+    return values["style"].contains("bold") ? boldWidth : 0;
+}
+
+// The first of several, without the names of faces that PostScript's have behind a hyphen.
+QString foreignFamily(const QByteArray &name)
+{
+    static const QRegularExpression faces(u"-(Roman|Regular|Bold|Italic|Oblique)+$"_s);
+    return QString::fromUtf8(name).section(u',', 0, 0).trimmed().remove(faces);
+}
+
+double foreignTextSize(const QByteArray &size)
+{
+    constexpr double largest = 100;
+    bool isNumber = false;
+    const double points = size.toDouble(&isNumber);
+    return isNumber && points > 0 ? std::clamp(points, 1.0, largest) : 0;
+}
+
+bool hasArrow(const ForeignGraph::Values &values, bool isDirected)
+{
+    const QByteArray direction = values["dir"];
+    const QByteArray head = values["arrowhead"];
+    if (head == "none")
+        return false;
+    if (direction.isEmpty())
+        return isDirected && !head.isEmpty();
+    return direction == "forward" || direction == "both";
+}
+
+bool hasPaint(const ForeignGraph::Values &values)
+{
+    for (const char *name :
+         {"shape", "style", "color", "fillcolor", "fontcolor", "penwidth", "peripheries"}) {
+        if (!values[name].isEmpty())
+            return true;
+    }
+    return false;
+}
+
+ThingLook foreignPaint(const ForeignGraph::Values &values)
+{
+    const QByteArray style = values["style"];
+    const QByteArray shape = values["shape"].toLower();
+    ThingLook look{.line = foreignColor(values["color"]),
+                   .letters = foreignColor(values["fontcolor"]),
+                   .shape = foreignShape(shape),
+                   .style = wordsWithin(style, {"rounded", "dashed", "dotted"}),
+                   .width = foreignWidth(values),
+                   .twoLines = shape.startsWith("double") || values["peripheries"] == "2"};
+    if (style.contains("filled") || style.contains("radial"))
+        look.fill = foreignColor(values["fillcolor"]);
+    if (look.fill.isEmpty() && style.contains("filled"))
+        look.fill = look.line.isEmpty() ? u"#d3d3d3"_s : look.line;
+    if (look.style.isEmpty())
+        look.style = u"solid"_s;
+    return look;
+}
+
 } // namespace
 
 QList<QByteArray> lookedAtAttributes()
 {
-    return {"label",     "shape",       "style",  "color",  "fillcolor",
-            "fontcolor", "peripheries", "weight", "rankdir"};
+    return {"label",    "shape",    "style",       "color",    "fillcolor", "fontcolor",
+            "fontname", "fontsize", "peripheries", "penwidth", "arrowhead", "dir",
+            "weight",   "rankdir",  "URL",         "href",     "tooltip"};
 }
 
 QString foreignColor(const QByteArray &value)
@@ -172,32 +287,36 @@ QString foreignLabel(const ForeignGraph::Values &values, const QByteArray &name,
     if (values.isHtml("label"))
         return textOfMarkup(given);
     const bool isRecord = values["shape"].toLower().endsWith("record");
-    return withoutEscapes(isRecord ? textOfRecord(given) : given, QString::fromUtf8(name),
-                          QString::fromUtf8(graph));
+    return withoutEscapes(isRecord ? textOfRecord(given) : given,
+                          {QString::fromUtf8(name), QString::fromUtf8(graph)});
 }
 
-ThingLook foreignLook(const ForeignGraph::Values &values)
+ThingLook foreignLook(const ForeignGraph &graph, const ForeignGraph::Node &node)
 {
-    const QByteArray style = values["style"];
-    const QByteArray shape = values["shape"].toLower();
-    if (shape.isEmpty() && style.isEmpty() && values["color"].isEmpty()
-        && values["fillcolor"].isEmpty() && values["fontcolor"].isEmpty())
-        return {};
-    ThingLook look{.line = foreignColor(values["color"]),
-                   .letters = foreignColor(values["fontcolor"]),
-                   .shape = foreignShape(shape),
-                   .twoLines = shape.startsWith("double") || values["peripheries"] == "2"};
-    if (style.contains("filled") || style.contains("radial"))
-        look.fill = foreignColor(values["fillcolor"]);
-    if (look.fill.isEmpty() && style.contains("filled"))
-        look.fill = look.line.isEmpty() ? u"#d3d3d3"_s : look.line;
-    QStringList words;
-    for (const char *word : {"rounded", "dashed", "dotted", "invis"}) {
-        if (style.contains(word))
-            words.append(QString::fromLatin1(word));
-    }
-    look.style = words.isEmpty() ? u"solid"_s : words.join(u',');
+    const ForeignGraph::Values &values = node.values;
+    ThingLook look;
+    if (hasPaint(values))
+        look = foreignPaint(values);
+    look.family = foreignFamily(values["fontname"]);
+    look.textSize = foreignTextSize(values["fontsize"]);
+    look.facts =
+        foreignFacts(values, {QString::fromUtf8(node.name), QString::fromUtf8(graph.name)});
     return look;
+}
+
+LinkLook foreignLinkLook(const ForeignGraph &graph, const ForeignGraph::Edge &edge)
+{
+    const ForeignGraph::Values &values = edge.values;
+    const QString tail = QString::fromUtf8(graph.nodes[edge.tail].name);
+    const QString head = QString::fromUtf8(graph.nodes[edge.head].name);
+    const EscapedNames names{tail + (graph.isDirected ? u"->"_s : u"--"_s) + head,
+                             QString::fromUtf8(graph.name), tail, head};
+    return {.color = foreignColor(values["color"]),
+            .style = wordsWithin(values["style"], {"dashed", "dotted"}),
+            .width = foreignWidth(values),
+            .hasArrow = hasArrow(values, graph.isDirected),
+            .label = textOf(values, "label", names),
+            .facts = foreignFacts(values, names)};
 }
 
 } // namespace ORR::Companion

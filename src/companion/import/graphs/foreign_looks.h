@@ -19,6 +19,9 @@ QString foreignColor(const QByteArray &value);
 QString foreignLabel(const ForeignGraph::Values &values, const QByteArray &name,
                      const QByteArray &graph);
 
-ThingLook foreignLook(const ForeignGraph::Values &values);
+// How nodes and edges are drawn, and what is told of them: `url` of URL or href, and `tooltip`.
+// An arrow is one that the graph asks for: without a word all edges would have one.
+ThingLook foreignLook(const ForeignGraph &graph, const ForeignGraph::Node &node);
+LinkLook foreignLinkLook(const ForeignGraph &graph, const ForeignGraph::Edge &edge);
 
 } // namespace ORR::Companion
