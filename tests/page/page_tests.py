@@ -375,6 +375,22 @@ class Moving(PageCase):
         self.assertAlmostEqual(after['x'] - before['x'], 60, delta=20)
         self.assertAlmostEqual(after['y'] - before['y'], 40, delta=20)
 
+    def test_keys_zoom_to_the_pointer(self):
+        self.browser.point(400, 300)
+        before = self.view()
+        self.press('+', '+')
+        after = self.view()
+        self.assertGreater(after['scale'], before['scale'] * 1.5)
+        for axis, place in (('x', 400), ('y', 300)):
+            at_first = (place - before[axis]) / before['scale']
+            self.assertAlmostEqual((place - after[axis]) / after['scale'], at_first, delta=0.5)
+
+    def test_arrows_move_behind_a_button(self):
+        self.browser.run("document.getElementById('zoom-in').focus();")
+        before = self.view()
+        self.press('ArrowLeft')
+        self.assertAlmostEqual(self.view()['x'] - before['x'], 60, delta=0.5)
+
     def test_keys_zoom_move_and_fit(self):
         fitted = self.view()
         self.press('+')
@@ -687,6 +703,15 @@ class Undrawn(PageCase):
         self.assertIn('sources', self.browser.panel())
         self.assertIn('src/1.c', self.browser.panel())
         self.assertEqual(self.browser.run("return document.querySelector('#marks .chosen .line').tagName;"), 'path')
+
+    def test_leaves_what_is_drawn_its_names(self):
+        drawn = self.browser.run("""
+            return [...document.querySelectorAll('#drawing g[data-kind]')].map(({ dataset }) => [dataset.kind, dataset.id]);""")
+        self.assertEqual(len(drawn), 3)
+        for kind, name in drawn:
+            self.open('small', f'#chosen=-.{kind}.{name}')
+            self.frames()
+            self.assertIn(name, self.browser.text('#panel.held'))
 
     def test_is_in_the_table(self):
         self.press('t')
