@@ -148,13 +148,10 @@ TEST_F(DocPictures, of_the_front_page_are_the_examples)
     EXPECT_EQ(shown, ORR::Drawing::layoutNames());
 }
 
-// But for those of imports, which lie on white as soon as they are renewed.
 TEST_F(DocPictures, have_no_transparent_ground)
 {
     int seen = 0;
     for (const QFileInfo &file : pictures({u"*.png"_s})) {
-        if (file.fileName().startsWith("import-"_L1))
-            continue;
         ++seen;
         EXPECT_FALSE(QImage(file.filePath()).hasAlphaChannel()) << file.fileName().toStdString();
     }

@@ -23,7 +23,7 @@ KEYS = {
 
 KEPT_PICTURES = pathlib.Path(__file__).resolve().parents[2] / 'docs/pictures'
 # The part of a picture that may differ from the kept one: by letters of another version, not by a part of the page.
-MOST_UNLIKE = 0.02
+MOST_UNLIKE = 0.015
 
 
 class BrowserError(Exception):
