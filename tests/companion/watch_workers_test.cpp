@@ -3,6 +3,7 @@
 #include "support/golden.h"
 
 #include <QElapsedTimer>
+#include <QFile>
 
 #include <csignal>
 
@@ -22,6 +23,18 @@ protected:
                 ::usleep(1000);
             EXPECT_NE(::kill(pid_t(process), 0), 0);
         }
+    }
+
+    // The processor time of a process so far, in ticks of the system; 0 if there is none of it.
+    static qint64 ticksOf(qint64 process)
+    {
+        QFile file(u"/proc/%1/stat"_s.arg(process));
+        if (!file.open(QIODevice::ReadOnly))
+            return 0;
+        // Behind the name, which may hold anything, come the state and ten more numbers.
+        const QByteArray status = file.readAll();
+        const QByteArrayList numbers = status.sliced(status.lastIndexOf(')') + 2).split(' ');
+        return numbers.value(11).toLongLong() + numbers.value(12).toLongLong();
     }
 
     // Waits until it has so many processes: workers and checks.
@@ -92,8 +105,12 @@ TEST_F(WatchWorkersTest, that_crash_fail_one_drawing)
     start({u"-K"_s, u"flatbubble"_s, u"-j"_s, u"1"_s, u"a.dot"_s});
     ASSERT_TRUE(says(" drawn in "));
     ASSERT_TRUE(hasChildren(1));
+    const qint64 worker = children().constFirst();
+    const qint64 drawn = ticksOf(worker);
     replaceFile(u"a.dot"_s, slowGraph());
     ASSERT_TRUE(hasChildren(2));
+    // One that is killed before it draws would be replaced, and nothing said.
+    ASSERT_TRUE(waitFor([&] { return ticksOf(worker) > drawn + 10; }));
     for (const qint64 child : children())
         ASSERT_EQ(::kill(pid_t(child), SIGKILL), 0);
     EXPECT_TRUE(says("'a.dot': the worker was ended by signal 9 (Killed)\n"));

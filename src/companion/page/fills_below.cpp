@@ -3,7 +3,6 @@
 #include "graph/numbers.h"
 
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 namespace ORR::Companion {
@@ -18,11 +17,9 @@ constexpr int mostLooks = 500; // of one question into one list
 template <typename Wanted>
 qsizetype lastOf(const std::vector<size_t> &list, Wanted wanted)
 {
-    for (const size_t i : list | std::views::reverse | std::views::take(mostLooks)) {
-        if (wanted(i))
-            return qsizetype(i);
-    }
-    return -1;
+    const auto end = list.size() > mostLooks ? list.rbegin() + mostLooks : list.rend();
+    const auto found = std::find_if(list.rbegin(), end, wanted);
+    return found == end ? -1 : qsizetype(*found);
 }
 
 // Of boxes that may be lines, which the toolkit's own comparisons leave out.

@@ -23,8 +23,10 @@ constexpr double notListed = -1;
 bool isOfPages(double size)
 {
     constexpr double exact = 1e15;
-    if (size < exact)
-        return double(qint64(size) / blocksOfPage * blocksOfPage) == size;
+    if (size < exact) {
+        const auto whole = qint64(size);
+        return double(whole) == size && whole % blocksOfPage == 0;
+    }
     return std::fmod(size, blocksOfPage) == 0;
 }
 
