@@ -38,11 +38,13 @@ protected:
     // Names of all files in the folder, also the hidden ones.
     QStringList allFiles() const;
 
+    // Whether it comes true while what the program says is read.
+    testing::AssertionResult waitFor(const std::function<bool()> &condition);
+
     QProcess program;
     QByteArray errors;
     QByteArray output;
 
 private:
-    testing::AssertionResult waitFor(const std::function<bool()> &condition);
     void listen();
 };
