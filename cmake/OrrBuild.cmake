@@ -26,6 +26,9 @@ if(ORR_SANITIZE)
         INTERFACE "$<$<STREQUAL:${checks},>:-fsanitize=address,undefined>"
                   "$<$<STREQUAL:${checks},address>:-fsanitize=address>"
                   -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    if(ORR_FEWER_CHECKS)
+        target_compile_options(orr_options INTERFACE -fno-sanitize=null,alignment)
+    endif()
     target_link_options(orr_options INTERFACE -fsanitize=address,undefined)
     set(ORR_SANITIZER_SOURCES "${PROJECT_SOURCE_DIR}/cmake/sanitizer_options.cpp")
 endif()
