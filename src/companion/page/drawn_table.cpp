@@ -77,8 +77,8 @@ void DrawnTable::enterUndrawn(const DotGraph &graph)
             return true;
         },
         [&](const DotSubgraph *) { around.removeLast(); });
-    for (const std::vector<Row> &rows : {nodes, edges}) {
-        for (const Row &row : rows) {
+    for (const std::vector<Row> *const rows : {&nodes, &edges}) {
+        for (const Row &row : *rows) {
             places.insert(row.object(), int(allRows.size()));
             allRows.push_back(row);
         }
